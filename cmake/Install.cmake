@@ -1,0 +1,10 @@
+# The package that find_package(vxlib) finds.
+include(CMakePackageConfigHelpers)
+
+install(TARGETS vxlib EXPORT vxlibTargets ARCHIVE DESTINATION lib)
+install(EXPORT vxlibTargets NAMESPACE vxlib:: DESTINATION lib/cmake/vxlib)
+configure_package_config_file(cmake/vxlibConfig.cmake.in ${PROJECT_BINARY_DIR}/vxlibConfig.cmake
+  INSTALL_DESTINATION lib/cmake/vxlib)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/vxlibConfigVersion.cmake COMPATIBILITY SameMinorVersion)
+install(FILES ${PROJECT_BINARY_DIR}/vxlibConfig.cmake ${PROJECT_BINARY_DIR}/vxlibConfigVersion.cmake
+  DESTINATION lib/cmake/vxlib)

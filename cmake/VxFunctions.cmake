@@ -1,0 +1,40 @@
+# Helper functions of the build.
+
+# The options that everything of ours is compiled with.
+function(vx_compile_options target)
+  target_compile_options(${target} PRIVATE -Wall -Wextra -Wpedantic -Wshadow)
+  if(VX_STRICT)
+    target_compile_options(${target} PRIVATE -Werror)
+  endif()
+  if(VX_SANITIZE)
+    target_compile_options(${target} PUBLIC -fsanitize=${VX_SANITIZE} -fno-omit-frame-pointer -fno-sanitize-recover=all)
+    target_link_options(${target} PUBLIC -fsanitize=${VX_SANITIZE})
+  endif()
+endfunction()
+
+# A subsystem: one target, assembled into the library. Files are named from the subsystem's folder.
+#   vx_subsystem(<folder> SOURCES <files> HEADERS <files>)
+function(vx_subsystem folder)
+  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS" ${ARGN})
+  if(ARG_SOURCES)
+    add_library(vx_${folder} OBJECT ${ARG_SOURCES})
+    target_compile_features(vx_${folder} PUBLIC cxx_std_20)
+    target_include_directories(vx_${folder} PRIVATE ${PROJECT_SOURCE_DIR})
+    set_target_properties(vx_${folder} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    vx_compile_options(vx_${folder})
+    target_sources(vxlib PRIVATE $<TARGET_OBJECTS:vx_${folder}>)
+  endif()
+  foreach(header ${ARG_HEADERS})
+    get_filename_component(sub ${header} DIRECTORY)
+    install(FILES ${header} DESTINATION include/vxlib/${folder}/${sub})
+  endforeach()
+endfunction()
+
+# A program of ours that uses the library.
+#   vx_program(<name> <sources>)
+function(vx_program name)
+  add_executable(${name} ${ARGN})
+  target_include_directories(${name} PRIVATE ${PROJECT_SOURCE_DIR})
+  target_link_libraries(${name} PRIVATE vxlib)
+  vx_compile_options(${name})
+endfunction()

@@ -1,0 +1,26 @@
+// Lists of texts, with the forms in which a list travels as one text.
+//
+//   TVxStringList        the row type of every table and the work list of all text routines
+//   TVxStringPairList    a sorted list of keys, each with a second text and object beside it
+//   TOldStringList       the older list, without ownership and without a rule of case
+//   QuotedStr, DequotedStr, CommatextToCelltext   the primitives of quoting
+//
+// The forms (commatext, lighttext, offsettext, intellitext, celltext, csv text and the serial form
+// with free characters) are told in objects/uVxClasses/TextForms.h.
+//
+// Example:
+//   vx::TVxStringList row;
+//   row.SetCommatext(u"4711,\"Max Meier\",Bonn");
+//   row.Put(2, u"Köln");
+//   vx::String line = row.GetCommatext();       // u"4711,\"Max Meier\",Köln"
+//
+// Pitfalls:
+//   - Commatext: a blank ends a cell that does not stand in quotes, just as a comma does.
+//   - Lists do not own the objects of their items unless told.
+//   - A sorted list is extended by Add alone; Insert and Put raise EStringListError.
+#pragma once
+
+#include "objects/uVxClasses/TOldStringList.h"
+#include "objects/uVxClasses/TVxStringList.h"
+#include "objects/uVxClasses/TVxStringPairList.h"
+#include "objects/uVxClasses/TextForms.h"

@@ -1,0 +1,164 @@
+#include "objects/uVxClasses/Entries.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#include "platform/Exceptions.h"
+
+namespace vx {
+
+namespace {
+
+void* Reallocate(void* Memory, size_t Bytes) {
+  void* memory = std::realloc(Memory, Bytes);
+  if (!memory) throw std::bad_alloc();
+  return memory;
+}
+
+// Texts may be moved as bytes; so may pointers.
+template <typename T>
+void MoveItems(T* To, const T* From, int Count) noexcept {
+  if (Count > 0) {
+    std::memmove(static_cast<void*>(To), static_cast<const void*>(From), static_cast<size_t>(Count) * sizeof(T));
+  }
+}
+
+}  // namespace
+
+void TEntries::ResizeTexts(int Capacity) {
+  bool isNew = !FTexts;
+  size_t bytes = sizeof(THeader) + static_cast<size_t>(Capacity) * sizeof(String);
+  void* memory = Reallocate(isNew ? nullptr : static_cast<void*>(Header()), bytes);
+  if (isNew) ::new (memory) THeader{1, 0};
+  FTexts = reinterpret_cast<String*>(static_cast<THeader*>(memory) + 1);
+}
+
+void TEntries::CopyTexts(int Capacity) {
+  TEntries copy;
+  copy.ResizeTexts(Capacity);
+  for (int i = 0; i < FCount; ++i) ::new (copy.FTexts + i) String(FTexts[i]);
+  copy.FCount = FCount;
+  std::swap(FTexts, copy.FTexts);
+  copy.FCapacity = FCapacity;
+  FCapacity = Capacity;
+}
+
+void TEntries::DropTexts() noexcept {
+  if (!FTexts) return;
+  THeader* header = Header();
+  if (header->Refs.load(std::memory_order_acquire) == 1 || header->Refs.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    for (int i = 0; i < FCount; ++i) FTexts[i].~String();
+    std::free(static_cast<void*>(header));
+  }
+  FTexts = nullptr;
+}
+
+void TEntries::SetCapacity(int Value) {
+  if (Value == FCapacity) return;
+  if (Value == 0) {
+    Clear();
+    return;
+  }
+  if (FObjects && Value > FCapacity) {
+    FObjects = static_cast<TObject**>(Reallocate(static_cast<void*>(FObjects), static_cast<size_t>(Value) * sizeof(TObject*)));
+  }
+  if (IsShared()) {
+    CopyTexts(Value);
+  } else {
+    ResizeTexts(Value);
+  }
+  FCapacity = Value;
+}
+
+void TEntries::Grow() {
+  int64_t wanted = int64_t{FCapacity} + (FCapacity > 64 ? FCapacity / 4 : FCapacity > 8 ? 16 : 4);
+  if (FCapacity == INT32_MAX) throw EStringListError(FormatListError(SListCapacityError, FCapacity));
+  SetCapacity(static_cast<int>(std::min<int64_t>(wanted, INT32_MAX)));
+}
+
+void TEntries::MakeObjects() {
+  FObjects = static_cast<TObject**>(Reallocate(nullptr, static_cast<size_t>(FCapacity) * sizeof(TObject*)));
+  std::fill_n(FObjects, FCapacity, nullptr);
+}
+
+void TEntries::SetObject(int Index, TObject* Object) {
+  if (!FObjects) {
+    if (!Object) return;
+    MakeObjects();
+  }
+  FObjects[Index] = Object;
+}
+
+void TEntries::Insert(int Index, String Text, TObject* Object) {
+  if (FCount == FCapacity) Grow();
+  Unshare();
+  if (Object && !FObjects) MakeObjects();
+  MoveItems(FTexts + Index + 1, FTexts + Index, FCount - Index);
+  ::new (FTexts + Index) String(std::move(Text));
+  if (FObjects) {
+    MoveItems(FObjects + Index + 1, FObjects + Index, FCount - Index);
+    FObjects[Index] = Object;
+  }
+  ++FCount;
+}
+
+void TEntries::Erase(int Index) {
+  Unshare();
+  FTexts[Index].~String();
+  --FCount;
+  MoveItems(FTexts + Index, FTexts + Index + 1, FCount - Index);
+  if (FObjects) MoveItems(FObjects + Index, FObjects + Index + 1, FCount - Index);
+}
+
+void TEntries::Exchange(int A, int B) {
+  Unshare();
+  FTexts[A].swap(FTexts[B]);
+  if (FObjects) std::swap(FObjects[A], FObjects[B]);
+}
+
+void TEntries::TakeAll(std::span<String> Texts) {
+  int count = static_cast<int>(Texts.size());
+  if (count == 0) return;
+  if (count > FCapacity - FCount) {
+    if (count > INT32_MAX - FCount) throw EStringListError(FormatListError(SListCapacityError, INT32_MAX));
+    SetCapacity(FCount + count);
+  }
+  Unshare();
+  MoveItems(FTexts + FCount, Texts.data(), count);
+  for (String& text : Texts) ::new (&text) String();  // its characters have another holder now
+  if (FObjects) std::fill_n(FObjects + FCount, count, nullptr);
+  FCount += count;
+}
+
+void TEntries::CopyFrom(const TEntries& Other) {
+  if (&Other == this) return;
+  TEntries copy;
+  copy.FCapacity = Other.FCapacity;
+  if (Other.FObjects) {
+    copy.MakeObjects();
+    MoveItems(copy.FObjects, Other.FObjects, Other.FCount);
+  }
+  if (Other.FTexts) Other.Header()->Refs.fetch_add(1, std::memory_order_relaxed);
+  copy.FTexts = Other.FTexts;
+  copy.FCount = Other.FCount;
+  swap(copy);
+}
+
+void TEntries::Clear() noexcept {
+  DropTexts();
+  std::free(static_cast<void*>(FObjects));
+  FObjects = nullptr;
+  FCount = 0;
+  FCapacity = 0;
+}
+
+void TEntries::swap(TEntries& Other) noexcept {
+  std::swap(FTexts, Other.FTexts);
+  std::swap(FObjects, Other.FObjects);
+  std::swap(FCount, Other.FCount);
+  std::swap(FCapacity, Other.FCapacity);
+}
+
+}  // namespace vx

@@ -1,0 +1,76 @@
+// The storage of the lists of texts: items and, only once a list needs them, their objects.
+#pragma once
+
+#include <atomic>
+#include <span>
+
+#include "platform/String.h"
+#include "platform/TObject.h"
+
+namespace vx {
+
+// Two flat arrays of the same length. Most lists never hold an object, so that the objects have an
+// array only from the first one on. A copy shares the array of texts until one of both changes, so that
+// copying a table copies no cell. Indexes are not checked. Frees no object.
+class TEntries {
+ public:
+  TEntries() noexcept = default;
+  ~TEntries() { Clear(); }
+  TEntries(const TEntries&) = delete;
+  TEntries& operator=(const TEntries&) = delete;
+
+  int Count() const noexcept { return FCount; }
+  int Capacity() const noexcept { return FCapacity; }
+  // Value must not lie below the count. std::bad_alloc leaves all as it was.
+  void SetCapacity(int Value);
+
+  const String& Text(int Index) const noexcept { return FTexts[Index]; }
+  // The text for writing.
+  String& MutableText(int Index) {
+    Unshare();
+    return FTexts[Index];
+  }
+  TObject* Object(int Index) const noexcept { return FObjects ? FObjects[Index] : nullptr; }
+  void SetObject(int Index, TObject* Object);
+  std::span<const String> Texts() const noexcept { return {FTexts, static_cast<size_t>(FCount)}; }
+  // Empty if no entry ever had an object, otherwise one for each text.
+  std::span<TObject* const> Objects() const noexcept {
+    return {FObjects, FObjects ? static_cast<size_t>(FCount) : 0};
+  }
+
+  // Grows by the lists' rule when full.
+  void Insert(int Index, String Text, TObject* Object);
+  void Erase(int Index);
+  void Exchange(int A, int B);
+  // Appends the texts, moving them out; their objects are absent.
+  void TakeAll(std::span<String> Texts);
+  // Becomes a copy of Other.
+  void CopyFrom(const TEntries& Other);
+  void Clear() noexcept;
+  void swap(TEntries& Other) noexcept;
+
+ private:
+  // Stands in front of the array of texts.
+  struct THeader {
+    std::atomic<uint32_t> Refs;
+    uint32_t Unused;
+  };
+  THeader* Header() const noexcept { return reinterpret_cast<THeader*>(FTexts) - 1; }
+  bool IsShared() const noexcept { return FTexts && Header()->Refs.load(std::memory_order_acquire) != 1; }
+  void Unshare() {
+    if (IsShared()) CopyTexts(FCapacity);
+  }
+  // Changes to an array of its own with that capacity.
+  void CopyTexts(int Capacity);
+  void ResizeTexts(int Capacity);
+  void DropTexts() noexcept;
+  void Grow();
+  void MakeObjects();
+
+  String* FTexts = nullptr;
+  TObject** FObjects = nullptr;
+  int FCount = 0;
+  int FCapacity = 0;
+};
+
+}  // namespace vx

@@ -1,0 +1,29 @@
+// The older list of texts, for code that needs neither ownership nor a rule of case.
+#pragma once
+
+#include "objects/uVxClasses/TTextList.h"
+
+namespace vx {
+
+// Always compares without regard to case and never frees an object.
+class TOldStringList : public TTextList {
+ public:
+  String ClassName() const override { return u"TOldStringList"; }
+
+  // On a text that a sorted list has already, and ignores, the existing item gets Object.
+  int AddObject(const String& Text, TObject* Object) override;
+  // Puts an item without object in, with no regard to a sorted list's order: for derived lists.
+  virtual void InsertItem(int Index, const String& Text);
+
+  using TTextList::AddStrings;
+  // Copies texts and objects; from a TOldStringList also the rule of duplicates and the flag Sorted,
+  // with no new ordering.
+  void Assign(const TStrings& Source) override;
+  // A new list with the same texts, objects and flags.
+  virtual std::unique_ptr<TOldStringList> Duplicate() const;
+
+ protected:
+  void InsertEntry(int Index, const String& Text, TObject* Object) override;
+};
+
+}  // namespace vx

@@ -1,0 +1,80 @@
+#include "objects/uVxClasses/TVxStringList.h"
+
+#include <typeinfo>
+
+#include "platform/Collation.h"
+#include "platform/Exceptions.h"
+
+namespace vx {
+
+TVxStringList::TVxStringList(bool OwnsObjects, bool Sorted, TDuplicates Duplicates, bool CaseSensitive)
+    : FCaseSensitive(CaseSensitive), FOwnsObject(OwnsObjects) {
+  FSorted = Sorted;
+  FDuplicates = Duplicates;
+}
+
+TVxStringList::~TVxStringList() {
+  if (FOwnsObject) TTextList::Clear();
+}
+
+void TVxStringList::SetCaseSensitive(bool Value) {
+  if (Value == FCaseSensitive) return;
+  FCaseSensitive = Value;
+  if (FSorted) {
+    SetSorted(false);
+    SetSorted(true);
+  }
+}
+
+int TVxStringList::CompareStrings(std::u16string_view A, std::u16string_view B) const {
+  return FCaseSensitive ? AnsiCompareStr(A, B) : AnsiCompareText(A, B);
+}
+
+bool TVxStringList::TakesPlainly() const { return !FSorted && typeid(*this) == typeid(TVxStringList); }
+
+void TVxStringList::InsertItem(int Index, const String& Text, TObject* Object) {
+  if (Index != FEntries.Count()) CheckIndex(Index);
+  FEntries.Insert(Index, Text, Object);
+}
+
+void TVxStringList::Assign(const TStrings& Source) {
+  if (&Source == this) return;
+  const TVxStringList* other = dynamic_cast<const TVxStringList*>(&Source);
+  if (other && TakesPlainly()) {
+    BeginUpdate();
+    TEntries copy;
+    copy.CopyFrom(other->FEntries);
+    if (FOwnsObject) Clear();
+    FEntries.swap(copy);
+    EndUpdate();
+  } else {
+    TStrings::Assign(Source);
+  }
+  if (!other) return;
+  FCaseSensitive = other->FCaseSensitive;
+  FDuplicates = other->FDuplicates;
+  FSorted = other->FSorted;
+}
+
+std::unique_ptr<TVxStringList> TVxStringList::Duplicate() const {
+  auto result = std::make_unique<TVxStringList>();
+  result->Assign(*this);
+  return result;
+}
+
+std::unordered_map<int, String> TVxStringList::ConvertToDictionary() const {
+  std::unordered_map<int, String> result;
+  for (int i = 0; i < FEntries.Count(); ++i) result.emplace(i, FEntries.Text(i));
+  return result;
+}
+
+void TVxStringList::TakeCells(std::span<String> Cells) {
+  if (FEntries.Count() > 0) Clear();
+  if (TakesPlainly()) {
+    FEntries.TakeAll(Cells);
+  } else {
+    for (const String& cell : Cells) Add(cell);
+  }
+}
+
+}  // namespace vx

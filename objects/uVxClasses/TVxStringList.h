@@ -1,0 +1,57 @@
+// The list of texts that every table row is.
+#pragma once
+
+#include "objects/uVxClasses/TTextList.h"
+
+namespace vx {
+
+// Beside what all lists of texts share: an order with or without regard to case, and objects that the
+// list may own. All flags are off and duplicates are ignored unless told.
+class TVxStringList : public TTextList {
+ public:
+  TVxStringList() = default;
+  TVxStringList(bool OwnsObjects, bool Sorted, TDuplicates Duplicates, bool CaseSensitive);
+  // Objects that the list owns are freed after the list has been emptied, so that their destructors
+  // see a consistent list.
+  ~TVxStringList() override;
+  String ClassName() const override { return u"TVxStringList"; }
+
+  // A list that owns its objects frees an object when its item goes, and one that it does not take
+  // because Text is there already.
+  bool GetOwnsObjects() const noexcept { return FOwnsObject; }
+  void SetOwnsObjects(bool Value) noexcept { FOwnsObject = Value; }
+  // The rule of CompareStrings: AnsiCompareStr with regard to case, else AnsiCompareText. Changing it
+  // orders a sorted list anew.
+  bool GetCaseSensitive() const noexcept { return FCaseSensitive; }
+  void SetCaseSensitive(bool Value);
+
+  // Puts an item in with no regard to a sorted list's order: for derived lists.
+  virtual void InsertItem(int Index, const String& Text, TObject* Object);
+
+  using TTextList::AddStrings;
+  // Copies texts and objects; from a TVxStringList also the rule of case, the rule of duplicates and
+  // the flag Sorted, with no new ordering. Ownership stays as it was.
+  void Assign(const TStrings& Source) override;
+  // A new list with the same texts, objects and flags.
+  virtual std::unique_ptr<TVxStringList> Duplicate() const;
+  // The items by their index.
+  std::unordered_map<int, String> ConvertToDictionary() const;
+  // The items become the cells number First to Last of an offsettext, counted from 0.
+  void ParseOffsettext(std::u16string_view Text, int First, int Last) { SetCells(ReadOffsettext(Text, First, Last)); }
+  // Replaces the items by Cells, which are moved from: for readers of table files.
+  void TakeCells(std::span<String> Cells);
+
+ protected:
+  int CompareStrings(std::u16string_view A, std::u16string_view B) const override;
+  void InsertEntry(int Index, const String& Text, TObject* Object) override { InsertItem(Index, Text, Object); }
+  void FreeObject(TObject* Object) override {
+    if (FOwnsObject) delete Object;
+  }
+  bool TakesPlainly() const override;
+
+ private:
+  bool FCaseSensitive = false;
+  bool FOwnsObject = false;
+};
+
+}  // namespace vx

@@ -1,0 +1,336 @@
+#include "objects/uVxClasses/TextForms.h"
+
+#include <algorithm>
+#include <cstring>
+
+#include "objects/uVxClasses/CellReader.h"
+#include "platform/Scan.h"
+
+namespace vx {
+
+namespace {
+
+constexpr char16_t kDegree = u'\u00B0';
+constexpr char16_t kBar = u'|';
+constexpr char16_t kEsc = 27;
+constexpr char16_t kDoubleQuote = u'"';
+
+const char16_t* EndOf(std::u16string_view Text) { return Text.data() + Text.size(); }
+
+size_t CountUnit(std::u16string_view Text, char16_t Unit) {
+  return static_cast<size_t>(std::count(Text.begin(), Text.end(), Unit));
+}
+
+char16_t* Put(char16_t* Target, std::u16string_view Text) {
+  std::memcpy(Target, Text.data() ? Text.data() : u"", Text.size() * sizeof(char16_t));
+  return Target + Text.size();
+}
+
+char16_t* PutQuoted(char16_t* Target, std::u16string_view Text, char16_t Quote) {
+  *Target++ = Quote;
+  const char16_t* pos = Text.data();
+  const char16_t* end = EndOf(Text);
+  while (pos != end) {
+    const char16_t* quote = scan::FindUnit(pos, end, Quote);
+    const char16_t* next = quote == end ? end : quote + 1;
+    Target = Put(Target, {pos, static_cast<size_t>(next - pos)});
+    if (quote != end) *Target++ = Quote;
+    pos = next;
+  }
+  *Target++ = Quote;
+  return Target;
+}
+
+// Copies Count units in which each pair of Quotes stands for one.
+void PutWithoutPairs(char16_t* Target, const char16_t* Text, size_t Count, char16_t Quote) {
+  const char16_t* end = Text + Count;
+  while (Text != end) {
+    const char16_t* quote = scan::FindUnit(Text, end, Quote);
+    const char16_t* next = quote == end ? end : quote + 1;
+    Target = Put(Target, {Text, static_cast<size_t>(next - Text)});
+    Text = quote == end ? end : quote + 2;
+  }
+}
+
+String WithoutPairs(const char16_t* Text, size_t Count, size_t Pairs, char16_t Quote) {
+  if (Pairs == 0) return String(std::u16string_view(Text, Count));
+  return String::Build(Count - Pairs,
+                       [&](char16_t* target) { PutWithoutPairs(target, Text, Count, Quote); });
+}
+
+// Joins the cells by Delimiter; those for which NeedsQuotes holds stand in Quotes. The text is
+// sized first and then filled.
+template <typename TNeedsQuotes>
+String Join(std::span<const String> Cells, char16_t Delimiter, char16_t Quote, TNeedsQuotes NeedsQuotes) {
+  if (Cells.empty()) return {};
+  if (Cells.size() == 1 && Cells[0].empty()) return String(2, Quote);
+  constexpr size_t kRemembered = 64;
+  bool remembered[kRemembered];
+  size_t total = Cells.size() - 1;
+  for (size_t i = 0; i < Cells.size(); ++i) {
+    std::u16string_view cell = Cells[i];
+    bool quoted = NeedsQuotes(cell);
+    if (i < kRemembered) remembered[i] = quoted;
+    total += cell.size() + (quoted ? CountUnit(cell, Quote) + 2 : 0);
+  }
+  return String::Build(total, [&](char16_t* target) {
+    for (size_t i = 0; i < Cells.size(); ++i) {
+      std::u16string_view cell = Cells[i];
+      if (i > 0) *target++ = Delimiter;
+      bool quoted = i < kRemembered ? remembered[i] : NeedsQuotes(cell);
+      target = quoted ? PutQuoted(target, cell, Quote) : Put(target, cell);
+    }
+  });
+}
+
+// Cells of a text for TCellReader.
+struct TTextSource {
+  using Unit = char16_t;
+  template <bool kLines>
+  const char16_t* TakeUnquoted(const char16_t* First, const char16_t* Last) {
+    const char16_t* stop = scan::FindBlankOr(First, Last, Delimiter);
+    Cells.emplace_back(std::u16string_view(First, static_cast<size_t>(stop - First)));
+    return stop;
+  }
+  const char16_t* NextQuote(const char16_t* First, const char16_t* Last) const {
+    return scan::FindUnit(First, Last, Quote);
+  }
+  void TakeEmpty() { Cells.emplace_back(); }
+  void TakeQuoted(const char16_t* Text, size_t Count, size_t Pairs) {
+    Cells.push_back(WithoutPairs(Text, Count, Pairs, Quote));
+  }
+  char16_t Delimiter;
+  char16_t Quote;
+  TCells Cells;
+};
+
+// Reads the quoted cell at Pos of a lighttext and moves Pos behind it.
+String TakeQuotedCell(const char16_t*& Pos, const char16_t* End, char16_t Quote) {
+  TTextSource source{kBar, Quote, {}};
+  TCellReader<false, TTextSource> reader(source, Pos, End);
+  Pos = reader.ReadQuoted();
+  return std::move(source.Cells.back());
+}
+
+int HexDigit(char16_t Unit) {
+  if (Unit >= u'0' && Unit <= u'9') return Unit - u'0';
+  if (Unit >= u'A' && Unit <= u'F') return Unit - u'A' + 10;
+  if (Unit >= u'a' && Unit <= u'f') return Unit - u'a' + 10;
+  return 0;  // any other unit adds nothing but counts as a place
+}
+
+// Writes Value in hexadecimal digits without leading zeros; returns how many.
+int PutHex(char16_t (&Target)[8], uint32_t Value) {
+  int digits = Value == 0 ? 1 : (32 - std::countl_zero(Value) + 3) / 4;
+  for (int i = digits - 1; i >= 0; --i, Value >>= 4) Target[i] = u"0123456789ABCDEF"[Value & 15];
+  return digits;
+}
+
+// Calls Take(cell) for each cell of an offsettext until it returns false. The result is whether
+// the reading moved from the start of the text.
+template <typename TTake>
+bool WalkOffsettext(std::u16string_view Text, TTake Take) {
+  constexpr size_t kLongestPrefix = 10;
+  size_t pos = 0;
+  uint64_t length = 0;
+  bool hasLength = false;
+  while (pos < Text.size() && Text[pos] != 0) {
+    size_t start = pos;
+    while (pos < Text.size() && Text[pos] != kDegree && Text[pos] != 0 && pos - start <= kLongestPrefix) ++pos;
+    if (pos - start > kLongestPrefix) return true;
+    if (pos == Text.size() || Text[pos] != kDegree) break;
+    if (pos > start || !hasLength) {
+      length = 0;
+      for (size_t i = start; i < pos; ++i) length = length << 4 | static_cast<uint64_t>(HexDigit(Text[i]));
+      hasLength = true;
+    }
+    ++pos;
+    size_t taken = static_cast<size_t>(std::min<uint64_t>(length, Text.size() - pos));
+    if (!Take(Text.substr(pos, taken))) return true;
+    pos += taken;
+  }
+  return pos > 0;
+}
+
+}  // namespace
+
+String QuotedStr(std::u16string_view Text, char16_t Quote) {
+  size_t total = Text.size() + CountUnit(Text, Quote) + 2;
+  return String::Build(total,
+                       [&](char16_t* target) { PutQuoted(target, Text, Quote); });
+}
+
+String DequotedStr(std::u16string_view Text, char16_t Quote, int& Consumed) {
+  Consumed = 0;
+  if (Text.empty() || Text[0] != Quote) return {};
+  String result;
+  const char16_t* pos = Text.data() + 1;
+  const char16_t* end = EndOf(Text);
+  bool closed = false;
+  while (pos != end && !closed) {
+    const char16_t* quote = scan::FindUnit(pos, end, Quote);
+    const char16_t* behind = std::find_if(quote, end, [&](char16_t unit) { return unit != Quote; });
+    result += {pos, static_cast<size_t>(quote - pos)};
+    result += String(static_cast<int>((behind - quote) / 2), Quote);
+    closed = (behind - quote) % 2 == 1;
+    pos = behind;
+  }
+  Consumed = static_cast<int>(pos - Text.data());
+  return result;
+}
+
+String CommatextToCelltext(std::u16string_view Text) { return WriteCellText(ReadCommatext(Text)); }
+
+String WriteCommatext(std::span<const String> Cells) { return WriteSerialize(Cells, u',', kDoubleQuote); }
+TCells ReadCommatext(std::u16string_view Text) { return ReadSerialize(Text, u',', kDoubleQuote); }
+
+String WriteSerialize(std::span<const String> Cells, char16_t Delimiter, char16_t Quote) {
+  return Join(Cells, Delimiter, Quote, [&](std::u16string_view cell) {
+    const char16_t* found = scan::FindBlankOr(cell.data(), EndOf(cell), Delimiter, Quote);
+    return found != EndOf(cell) && *found != 0;  // a code unit 0 ends the look for what needs quotes
+  });
+}
+
+TCells ReadSerialize(std::u16string_view Text, char16_t Delimiter, char16_t Quote) {
+  TTextSource source{Delimiter, Quote, {}};
+  TCellReader<false, TTextSource> reader(source, Text.data(), EndOf(Text));
+  reader.ReadRow();
+  return std::move(source.Cells);
+}
+
+String WriteLighttext(std::span<const String> Cells) {
+  return Join(Cells, kBar, kDegree, [](std::u16string_view cell) {
+    cell = cell.substr(0, cell.find(u'\0'));
+    return scan::FindEither(cell.data(), EndOf(cell), kBar, kDegree) != EndOf(cell);
+  });
+}
+
+TCells ReadLighttext(std::u16string_view Text) {
+  TCells cells;
+  const char16_t* pos = Text.data();
+  const char16_t* end = EndOf(Text);
+  while (pos != end && *pos != 0) {
+    if (*pos == kDegree) {
+      cells.push_back(TakeQuotedCell(pos, end, kDegree));
+    } else {
+      const char16_t* stop = scan::FindEither(pos, end, kBar, 0);
+      cells.emplace_back(std::u16string_view(pos, static_cast<size_t>(stop - pos)));
+      pos = stop;
+    }
+    if (pos != end && *pos == kBar && ++pos == end) cells.emplace_back();
+  }
+  return cells;
+}
+
+String WriteOffsettext(std::span<const String> Cells) {
+  char16_t digits[8];
+  auto prefix = [&, last = -1](const String& cell) mutable {
+    if (cell.size() == last) return 0;
+    last = cell.size();
+    return PutHex(digits, static_cast<uint32_t>(last));
+  };
+  size_t total = 0;
+  for (auto length = prefix; const String& cell : Cells) {
+    total += static_cast<size_t>(length(cell)) + 1 + static_cast<size_t>(cell.size());
+  }
+  return String::Build(total, [&](char16_t* target) {
+    for (const String& cell : Cells) {
+      int count = prefix(cell);
+      target = Put(target, {digits, static_cast<size_t>(count)});
+      *target++ = kDegree;
+      target = Put(target, cell);
+    }
+  });
+}
+
+TCells ReadOffsettext(std::u16string_view Text) { return ReadOffsettext(Text, 0, INT32_MAX); }
+
+TCells ReadOffsettext(std::u16string_view Text, int First, int Last) {
+  TCells cells;
+  if (Last < 0) return cells;
+  int index = 0;
+  bool moved = WalkOffsettext(Text, [&](std::u16string_view cell) {
+    if (index >= First) cells.emplace_back(cell);
+    return index++ < Last;
+  });
+  if (First == 0 && cells.empty() && moved) cells.emplace_back(Text);
+  return cells;
+}
+
+String WriteIntellitext(std::span<const String> Cells) {
+  if (Cells.empty()) return {};
+  const String& middle = Cells[Cells.size() / 2];
+  if (scan::FindUnit(middle.begin(), middle.end(), kDegree) != middle.end()) return WriteOffsettext(Cells);
+  constexpr size_t kLong = 500;
+  size_t step = Cells.size() >= 11 ? Cells.size() / 10 : 1;
+  size_t sum = 0;
+  for (size_t i = 0; i < Cells.size(); i += step) {
+    sum += static_cast<size_t>(Cells[i].size());
+    if (sum > kLong) return WriteOffsettext(Cells);
+  }
+  return WriteLighttext(Cells);
+}
+
+TCells ReadIntellitext(std::u16string_view Text) {
+  if (Text.size() >= 3 && Text[0] != kDegree) {
+    size_t found = Text.substr(0, 9).find(kDegree);
+    if (found != Text.npos && Text[found - 1] != kBar) return ReadOffsettext(Text);
+  }
+  return ReadLighttext(Text);
+}
+
+String WriteCellText(std::span<const String> Cells) {
+  if (Cells.empty()) return {};
+  size_t total = Cells.size() - 1;
+  for (const String& cell : Cells) total += static_cast<size_t>(cell.size());
+  return String::Build(total, [&](char16_t* target) {
+    for (size_t i = 0; i < Cells.size(); ++i) {
+      if (i > 0) *target++ = u'\n';
+      target = Put(target, Cells[i]);
+    }
+  });
+}
+
+TCells ReadCellText(std::u16string_view Text) {
+  TCells cells;
+  if (Text.empty()) return cells;
+  for (;;) {
+    size_t end = Text.find(u'\n');
+    cells.emplace_back(Text.substr(0, end));
+    if (end == Text.npos) return cells;
+    Text.remove_prefix(end + 1);
+  }
+}
+
+String WriteCsv(std::span<const String> Cells) {
+  size_t total = Cells.size();
+  for (const String& cell : Cells) total += static_cast<size_t>(cell.size());
+  return String::Build(total, [&](char16_t* target) {
+    for (const String& cell : Cells) {
+      target = Put(target, cell);
+      *target++ = kEsc;
+    }
+  });
+}
+
+TCells ReadCsv(std::u16string_view Text) {
+  TCells cells;
+  const char16_t* pos = Text.data();
+  const char16_t* end = EndOf(Text);
+  auto skipBlanks = [&] {
+    while (pos != end && *pos >= 1 && *pos <= 32) ++pos;
+  };
+  skipBlanks();
+  while (pos != end && *pos != 0) {
+    const char16_t* stop = scan::FindEither(pos, end, kEsc, 0);
+    if (stop != pos) cells.emplace_back(std::u16string_view(pos, static_cast<size_t>(stop - pos)));
+    pos = stop;
+    if (pos != end && *pos == kEsc) {
+      ++pos;
+      skipBlanks();
+    }
+  }
+  return cells;
+}
+
+}  // namespace vx

@@ -1,0 +1,131 @@
+#include "platform/Clock.h"
+
+#include <time.h>
+
+#include <atomic>
+#include <cerrno>
+#include <cmath>
+#include <cstddef>
+#include <new>
+#include <thread>
+
+namespace vx {
+
+namespace {
+
+constexpr double kMsPerDay = 86400000.0;
+constexpr double kMinutesPerDay = 1440.0;
+constexpr double kUnixEpoch = 25569.0;   // 1.1.1970 as a date-time
+constexpr double kFirstDay = -657434.0;  // 1.1.100
+constexpr double kEndDay = 2958466.0;    // 1.1.10000
+
+constinit std::atomic<TClock*> CurrentClock{nullptr};
+constinit std::atomic<TTimeZone*> CurrentZone{nullptr};
+
+// One object for the whole life of the program: whoever runs last may still ask for the time.
+template <typename T>
+T& Immortal() noexcept {
+  alignas(T) static std::byte storage[sizeof(T)];
+  static T& object = *new (storage) T;
+  return object;
+}
+
+class TSystemClock final : public TClock {
+ public:
+  TDateTime UtcNow() override {
+    timespec now{};
+    clock_gettime(CLOCK_REALTIME, &now);
+    // One rounding only: a date-time of our days has steps of 0.6 microseconds.
+    long double seconds = static_cast<long double>(now.tv_sec) + static_cast<long double>(now.tv_nsec) / 1e9L;
+    return static_cast<double>(static_cast<long double>(kUnixEpoch) + seconds / 86400.0L);
+  }
+
+  int64_t Ticks() override {
+    timespec now{};
+    clock_gettime(CLOCK_MONOTONIC, &now);
+    return int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
+  }
+
+  void Sleep(int Milliseconds) override {
+    if (Milliseconds <= 0) {
+      std::this_thread::yield();
+      return;
+    }
+    timespec rest{Milliseconds / 1000, Milliseconds % 1000 * 1000000L};
+    while (nanosleep(&rest, &rest) != 0 && errno == EINTR) {
+    }
+  }
+};
+
+class TSystemTimeZone final : public TTimeZone {
+ public:
+  TSystemTimeZone() noexcept { tzset(); }
+
+  int OffsetAtUtc(TDateTime Utc) override {
+    if (!(Utc >= kFirstDay && Utc < kEndDay)) return 0;
+    // To the millisecond first: 01:00 as a fraction of a day may lie a little below 01:00.
+    double milliseconds = std::round((Utc - kUnixEpoch) * kMsPerDay);
+    auto seconds = static_cast<time_t>(std::floor(milliseconds / 1000.0));
+    tm local{};
+    if (localtime_r(&seconds, &local) == nullptr) return 0;
+    // Zones of the time before standard time are no whole minutes off.
+    return static_cast<int>(std::lround(static_cast<double>(local.tm_gmtoff) / 60.0));
+  }
+};
+
+}  // namespace
+
+TClock& SystemClock() noexcept { return Immortal<TSystemClock>(); }
+
+TClock& SetClock(TClock& Clock) noexcept {
+  TClock* previous = CurrentClock.exchange(&Clock, std::memory_order_acq_rel);
+  return previous != nullptr ? *previous : SystemClock();
+}
+
+TClock& GetClock() noexcept {
+  TClock* clock = CurrentClock.load(std::memory_order_acquire);
+  return clock != nullptr ? *clock : SystemClock();
+}
+
+TDateTime TManualClock::UtcNow() { return FStart + static_cast<double>(FTicks.load()) / kMsPerDay; }
+
+void TManualClock::Sleep(int Milliseconds) {
+  Advance(Milliseconds);
+  ++FSleeps;
+}
+
+void TManualClock::Advance(int64_t Milliseconds) noexcept {
+  if (Milliseconds > 0) FTicks += Milliseconds;
+}
+
+int TTimeZone::OffsetAtLocal(TDateTime Local) {
+  // No zone is a whole day off, so these two lie on either side of the moment meant.
+  int before = OffsetAtUtc(Local - 1.0);
+  if (OffsetAtUtc(Local - before / kMinutesPerDay) == before) return before;
+  int after = OffsetAtUtc(Local + 1.0);
+  return OffsetAtUtc(Local - after / kMinutesPerDay) == after ? after : before;
+}
+
+TTimeZone& SystemTimeZone() noexcept { return Immortal<TSystemTimeZone>(); }
+
+TTimeZone& SetTimeZone(TTimeZone& Zone) noexcept {
+  TTimeZone* previous = CurrentZone.exchange(&Zone, std::memory_order_acq_rel);
+  return previous != nullptr ? *previous : SystemTimeZone();
+}
+
+TTimeZone& GetTimeZone() noexcept {
+  TTimeZone* zone = CurrentZone.load(std::memory_order_acquire);
+  return zone != nullptr ? *zone : SystemTimeZone();
+}
+
+TDateTime Now() { return UtcToLocal(GetClock().UtcNow()); }
+
+int64_t GetTickCount() { return GetClock().Ticks(); }
+
+void Sleep(int Milliseconds) { GetClock().Sleep(Milliseconds); }
+
+TDateTime UtcToLocal(TDateTime Utc) { return Utc + GetTimeZone().OffsetAtUtc(Utc) / kMinutesPerDay; }
+
+TDateTime LocalToUtc(TDateTime Local) { return Local - GetTimeZone().OffsetAtLocal(Local) / kMinutesPerDay; }
+
+}  // namespace vx

@@ -1,0 +1,57 @@
+// The exceptions of the library.
+//
+//   Exception              the base; carries its text as String and as UTF-8
+//   EListError             a fault in a list of objects
+//   EStringListError       a fault in a list of texts
+//   EConvertError          a text that is not the value it should be
+//   EInvalidCast           an object that is not of the class it should be
+//   EStreamError           a fault of a file, and its kinds EFOpenError, EFCreateError, EReadError,
+//                          EWriteError
+//
+// Example:
+//   try { list.Get(7); }
+//   catch (const vx::EStringListError& e) { std::puts(e.what()); }  // List index out of bounds (7)
+#pragma once
+
+#include <exception>
+#include <memory>
+#include <string>
+
+#include "platform/String.h"
+
+namespace vx {
+
+class Exception : public std::exception {
+ public:
+  explicit Exception(String Message);
+  // The text; the same text in UTF-8 comes from what().
+  const String& GetMessage() const noexcept { return FMessage; }
+  const char* what() const noexcept override { return FUtf8->c_str(); }
+
+ private:
+  String FMessage;
+  std::shared_ptr<const std::string> FUtf8;  // shared, so that copying the exception never throws
+};
+
+class EListError : public Exception { public: using Exception::Exception; };
+class EStringListError : public Exception { public: using Exception::Exception; };
+class EConvertError : public Exception { public: using Exception::Exception; };
+class EInvalidCast : public Exception { public: using Exception::Exception; };
+class EArgumentException : public Exception { public: using Exception::Exception; };
+class EStreamError : public Exception { public: using Exception::Exception; };
+class EFOpenError : public EStreamError { public: using EStreamError::EStreamError; };
+class EFCreateError : public EStreamError { public: using EStreamError::EStreamError; };
+class EReadError : public EStreamError { public: using EStreamError::EStreamError; };
+class EWriteError : public EStreamError { public: using EStreamError::EStreamError; };
+
+// The texts of the list errors; %d stands for the index, capacity or count at fault.
+inline constexpr char16_t SListIndexError[] = u"List index out of bounds (%d)";
+inline constexpr char16_t SListCapacityError[] = u"List capacity out of bounds (%d)";
+inline constexpr char16_t SListCountError[] = u"List count out of bounds (%d)";
+inline constexpr char16_t SSortedListError[] = u"Operation not allowed on sorted list";
+inline constexpr char16_t SDuplicateString[] = u"String list does not allow duplicates";
+
+// The text Pattern with Value in place of its "%d".
+String FormatListError(std::u16string_view Pattern, int Value);
+
+}  // namespace vx

@@ -1,0 +1,246 @@
+#include "platform/Files.h"
+
+#include <fcntl.h>
+#include <sys/file.h>
+#include <time.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+
+#include "platform/FilesInternal.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+
+namespace vx {
+namespace files {
+namespace {
+
+static_assert(sizeof(off_t) == 8);
+
+// The bytes, far behind any file's end, whose locks tell other openers what this one does and denies.
+enum TLockByte : int { lbReads, lbWrites, lbDeniesRead, lbDeniesWrite };
+constexpr off_t kLockBase = 0x7FFFFFFFFFFFFF00;
+constexpr int kGateTries = 200;
+constexpr int kOpenTries = 10;
+
+struct TShare {
+  bool Reads, Writes, DeniesRead, DeniesWrite;
+};
+
+struct flock LockOf(TLockByte Byte, short Type) noexcept {
+  struct flock lock {};
+  lock.l_type = Type;
+  lock.l_whence = SEEK_SET;
+  lock.l_start = kLockBase + Byte;
+  lock.l_len = 1;
+  return lock;
+}
+
+bool IsHeldByOther(int Handle, TLockByte Byte) noexcept {
+  struct flock lock = LockOf(Byte, F_WRLCK);
+  return ::fcntl(Handle, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
+}
+
+// A descriptor that can't read can't hold the lock; it then is open unshared.
+void Hold(int Handle, TLockByte Byte) noexcept {
+  struct flock lock = LockOf(Byte, F_RDLCK);
+  ::fcntl(Handle, F_OFD_SETLK, &lock);
+}
+
+void ShortPause() noexcept {
+  timespec pause{0, 1000000};
+  ::nanosleep(&pause, nullptr);
+}
+
+// Tests and sets the locks of one opener, so that no other opener comes between.
+bool TakeShare(int Handle, const TShare& Share) noexcept {
+  for (int tries = 0; ::flock(Handle, LOCK_EX | LOCK_NB) != 0; ++tries) {
+    if (errno == EINTR) continue;
+    if (errno != EWOULDBLOCK) break;
+    if (tries == kGateTries) return false;
+    ShortPause();
+  }
+  bool free = !(Share.Reads && IsHeldByOther(Handle, lbDeniesRead)) &&
+              !(Share.Writes && IsHeldByOther(Handle, lbDeniesWrite)) &&
+              !(Share.DeniesRead && IsHeldByOther(Handle, lbReads)) &&
+              !(Share.DeniesWrite && IsHeldByOther(Handle, lbWrites));
+  if (free) {
+    if (Share.Reads) Hold(Handle, lbReads);
+    if (Share.Writes) Hold(Handle, lbWrites);
+    if (Share.DeniesRead) Hold(Handle, lbDeniesRead);
+    if (Share.DeniesWrite) Hold(Handle, lbDeniesWrite);
+  }
+  ::flock(Handle, LOCK_UN);
+  return free;
+}
+
+bool IsSpecial(const std::string& Native) noexcept {
+  struct stat info;
+  return ::stat(Native.c_str(), &info) == 0 && !S_ISREG(info.st_mode) && !S_ISDIR(info.st_mode);
+}
+
+int OpenRetrying(const std::string& Native, int Flags) noexcept {
+  int handle;
+  do {
+    handle = ::open(Native.c_str(), Flags | O_CLOEXEC | O_NOCTTY, 0666);
+  } while (handle < 0 && errno == EINTR);
+  return handle;
+}
+
+// Read locks need a descriptor that reads, so that writing alone is asked for only where it must be.
+int OpenHandle(const std::string& Native, bool Writes, bool WriteOnly, bool Create) noexcept {
+  if (!Writes) return OpenRetrying(Native, O_RDONLY);
+  if (WriteOnly && IsSpecial(Native)) return OpenRetrying(Native, O_WRONLY);
+  int flags = Create ? O_CREAT : 0;
+  int handle = OpenRetrying(Native, O_RDWR | flags);
+  if (handle < 0 && errno == EACCES && WriteOnly) handle = OpenRetrying(Native, O_WRONLY | flags);
+  return handle;
+}
+
+bool IsStillAt(const std::string& Native, const struct stat& Info) noexcept {
+  struct stat now;
+  return ::stat(Native.c_str(), &now) == 0 && now.st_dev == Info.st_dev && now.st_ino == Info.st_ino;
+}
+
+}  // namespace
+
+bool THandle::Close() noexcept {
+  int handle = Release();
+  return handle < 0 || Check(::close(handle) == 0);
+}
+
+int OpenFile(const std::string& Native, uint32_t Mode, bool& Seekable) {
+  const bool create = (Mode & fmCreate) != 0;
+  const bool writeOnly = create || (Mode & 3) == fmOpenWrite;
+  const bool writes = writeOnly || (Mode & 3) == fmOpenReadWrite;
+  const TShare share{create || (Mode & 3) != fmOpenWrite, writes, (Mode & (fmShareDenyWrite | fmShareDenyNone)) == 0,
+                     (Mode & fmShareDenyNone) == 0};
+  if (!Permitted(create ? foCreate : foOpen, Native)) return -1;
+  for (int tries = 0;; ++tries) {
+    THandle handle(OpenHandle(Native, writes, writeOnly, create));
+    struct stat info;
+    if (!Check(handle.Get() >= 0 && ::fstat(handle.Get(), &info) == 0)) return -1;
+    if (S_ISDIR(info.st_mode)) return Fail(EISDIR), -1;
+    Seekable = S_ISREG(info.st_mode) || S_ISBLK(info.st_mode);
+    if (!S_ISREG(info.st_mode)) return handle.Release();
+    if (writes && (info.st_mode & S_IWUSR) == 0) return Fail(EACCES), -1;
+    if (!TakeShare(handle.Get(), share)) return Fail(EBUSY), -1;
+    // Another may have put a new file in this one's place before the locks stood.
+    if (!IsStillAt(Native, info) && tries < kOpenTries) continue;
+    if (create && !Check(::ftruncate(handle.Get(), 0) == 0)) return -1;
+    return handle.Release();
+  }
+}
+
+ssize_t ReadBytes(int Handle, const std::string& Native, void* Buffer, size_t Count, int64_t Position) {
+  if (!Permitted(foRead, Native)) return -1;
+  Count = TakeReads(std::min(Count, kMaxRead));
+  size_t done = 0;
+  while (done < Count) {
+    char* to = static_cast<char*>(Buffer) + done;
+    ssize_t got = Position < 0 ? ::read(Handle, to, Count - done)
+                               : ::pread(Handle, to, Count - done, Position + static_cast<off_t>(done));
+    if (got < 0 && errno == EINTR) continue;
+    if (!Check(got >= 0)) return -1;
+    if (got == 0) break;
+    done += static_cast<size_t>(got);
+  }
+  return static_cast<ssize_t>(done);
+}
+
+bool WriteBytes(int Handle, const std::string& Native, const void* Buffer, size_t Count, int64_t Position,
+                size_t& Done) {
+  Done = 0;
+  if (!Permitted(foWrite, Native)) return false;
+  const size_t room = TakeSpace(Count);
+  while (Done < room) {
+    const char* from = static_cast<const char*>(Buffer) + Done;
+    ssize_t put = Position < 0 ? ::write(Handle, from, room - Done)
+                               : ::pwrite(Handle, from, room - Done, Position + static_cast<off_t>(Done));
+    if (put < 0 && errno == EINTR) continue;
+    if (!Check(put >= 0)) return false;
+    if (put == 0) return Fail(ENOSPC);
+    Done += static_cast<size_t>(put);
+  }
+  return room == Count || Fail(ENOSPC);
+}
+
+}  // namespace files
+
+namespace {
+
+constexpr char16_t kCannotOpen[] = u"Cannot open file \"%s\". %s";
+constexpr char16_t kCannotCreate[] = u"Cannot create file \"%s\". %s";
+constexpr char16_t kCannotRead[] = u"Cannot read file \"%s\". %s";
+constexpr char16_t kCannotWrite[] = u"Cannot write file \"%s\". %s";
+
+template <typename E>
+[[noreturn]] void Raise(std::u16string_view Pattern, const String& Path) {
+  throw E(Format(Pattern, {Path.view(), SysErrorMessage(GetLastError()).view()}));
+}
+
+}  // namespace
+
+TFileStream::TFileStream(const String& Path, uint32_t Mode) : FPath(Path) {
+  if (files::NativePath(Path, FNative)) FHandle = files::OpenFile(FNative, Mode, FSeekable);
+  if (FHandle >= 0) return;
+  if ((Mode & fmCreate) != 0) Raise<EFCreateError>(kCannotCreate, Path);
+  Raise<EFOpenError>(kCannotOpen, Path);
+}
+
+TFileStream::~TFileStream() { files::THandle(FHandle).Close(); }
+
+size_t TFileStream::Read(void* Buffer, size_t Count) {
+  if (FSeekable && FPosition < 0) {
+    files::Fail(EINVAL);
+    Raise<EReadError>(kCannotRead, FPath);
+  }
+  size_t done = 0;
+  while (done < Count) {
+    char* to = static_cast<char*>(Buffer) + done;
+    const size_t wanted = std::min(Count - done, files::kMaxRead);
+    ssize_t got = files::ReadBytes(FHandle, FNative, to, wanted, FSeekable ? FPosition : -1);
+    if (got < 0) Raise<EReadError>(kCannotRead, FPath);
+    FPosition += got;
+    done += static_cast<size_t>(got);
+    if (static_cast<size_t>(got) < wanted) break;
+  }
+  return done;
+}
+
+void TFileStream::ReadBuffer(void* Buffer, size_t Count) {
+  if (Read(Buffer, Count) == Count) return;
+  throw EReadError(Format(kCannotRead, {FPath.view(), u"The file ends before."}));
+}
+
+void TFileStream::WriteBuffer(const void* Buffer, size_t Count) {
+  size_t done = 0;
+  bool ok = FSeekable && FPosition < 0
+                ? files::Fail(EINVAL)
+                : files::WriteBytes(FHandle, FNative, Buffer, Count, FSeekable ? FPosition : -1, done);
+  FPosition += static_cast<int64_t>(done);
+  if (!ok) Raise<EWriteError>(kCannotWrite, FPath);
+}
+
+int64_t TFileStream::GetSize() const {
+  struct stat info;
+  return ::fstat(FHandle, &info) == 0 && S_ISREG(info.st_mode) ? info.st_size : 0;
+}
+
+void TFileStream::SetSize(int64_t Value) {
+  if (files::Permitted(foSetSize, FNative) && files::Check(::ftruncate(FHandle, Value) == 0)) return;
+  Raise<EWriteError>(kCannotWrite, FPath);
+}
+
+bool TFileStream::Flush() noexcept { return files::Permitted(foFlush, FNative) && files::Check(::fsync(FHandle) == 0); }
+
+bool TFileStream::SetLastWrite(TDateTime Local) noexcept {
+  return files::Guarded([&] {
+    timespec times[2] = {{0, UTIME_OMIT}, {0, 0}};
+    if (!files::LocalToStamp(Local, times[1])) return files::Fail(EINVAL);
+    return files::Permitted(foSetTime, FNative) && files::Check(::futimens(FHandle, times) == 0);
+  });
+}
+
+}  // namespace vx

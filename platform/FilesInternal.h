@@ -1,0 +1,81 @@
+// What the sources of Files.h share. Not for use outside them.
+//
+// All functions report a failure through SetLastError and, unless said otherwise, by false.
+#pragma once
+
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <new>
+#include <string>
+#include <utility>
+
+#include "platform/Files.h"
+
+namespace vx::files {
+
+// Owns a descriptor; -1 is none.
+class THandle {
+ public:
+  explicit THandle(int Handle = -1) noexcept : FHandle(Handle) {}
+  THandle(THandle&& Other) noexcept : FHandle(Other.Release()) {}
+  THandle& operator=(THandle&& Other) noexcept {
+    std::swap(FHandle, Other.FHandle);
+    return *this;
+  }
+  ~THandle() {
+    if (FHandle >= 0) ::close(FHandle);
+  }
+  int Get() const noexcept { return FHandle; }
+  int Release() noexcept { return std::exchange(FHandle, -1); }
+  // False if the system could not bring what was written to its place.
+  bool Close() noexcept;
+
+ private:
+  int FHandle;
+};
+
+// Sets the last error; always false.
+bool Fail(int Error) noexcept;
+// Fails with errno unless Ok.
+bool Check(bool Ok) noexcept;
+// Runs Body and reports lack of memory as a failure.
+template <typename F>
+bool Guarded(F&& Body) noexcept {
+  try {
+    return Body();
+  } catch (const std::exception&) {
+    return Fail(ENOMEM);
+  }
+}
+
+// The native path; false for an empty one and for one with a code unit 0.
+bool NativePath(const String& Path, std::string& Native);
+
+// 0, or the system error with which the operation has to fail.
+int FaultOf(TFileOperation Operation, const std::string& Native, const std::string& Second = {}) noexcept;
+// True unless the operation has to fail.
+bool Permitted(TFileOperation Operation, const std::string& Native, const std::string& Second = {}) noexcept;
+// How much of Count may be written or read; takes it off what is left.
+size_t TakeSpace(size_t Count) noexcept;
+size_t TakeReads(size_t Count) noexcept;
+// The stamp that is to be told of Native, whose own is Stamp.
+TDateTime ToldStamp(const std::string& Native, TDateTime Stamp);
+
+TDateTime StampToLocal(const timespec& Stamp);
+// False for what is no time of the years 1 to 9999.
+bool LocalToStamp(TDateTime Local, timespec& Stamp);
+
+// Opens with regard to share modes; -1 if that failed. Seekable is set for what has positions.
+int OpenFile(const std::string& Native, uint32_t Mode, bool& Seekable);
+// As read and write, but whole: fewer bytes, and not more than kMaxRead, only at the end, and all bytes
+// or failure. A Position below 0 is for what has none. -1 if it failed; Done tells what was written.
+inline constexpr size_t kMaxRead = size_t{1} << 30;
+ssize_t ReadBytes(int Handle, const std::string& Native, void* Buffer, size_t Count, int64_t Position);
+bool WriteBytes(int Handle, const std::string& Native, const void* Buffer, size_t Count, int64_t Position,
+                size_t& Done);
+
+// Copies one file; see FileCopy. The paths are native.
+bool CopyOne(const std::string& Source, const std::string& Target);
+
+}  // namespace vx::files

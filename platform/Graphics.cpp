@@ -1,0 +1,136 @@
+#include "platform/Graphics.h"
+
+#include "platform/Exceptions.h"
+
+namespace vx {
+
+namespace {
+
+struct TNamedColor {
+  std::u16string_view Name;
+  TColor Color;
+};
+
+constexpr TNamedColor kNamedColors[] = {
+    {u"clBlack", clBlack},
+    {u"clMaroon", clMaroon},
+    {u"clGreen", clGreen},
+    {u"clOlive", clOlive},
+    {u"clNavy", clNavy},
+    {u"clPurple", clPurple},
+    {u"clTeal", clTeal},
+    {u"clGray", clGray},
+    {u"clSilver", clSilver},
+    {u"clRed", clRed},
+    {u"clLime", clLime},
+    {u"clYellow", clYellow},
+    {u"clBlue", clBlue},
+    {u"clFuchsia", clFuchsia},
+    {u"clAqua", clAqua},
+    {u"clWhite", clWhite},
+    {u"clMoneyGreen", clMoneyGreen},
+    {u"clSkyBlue", clSkyBlue},
+    {u"clCream", clCream},
+    {u"clMedGray", clMedGray},
+    {u"clNone", clNone},
+    {u"clDefault", clDefault},
+    {u"clScrollBar", clScrollBar},
+    {u"clBackground", clBackground},
+    {u"clActiveCaption", clActiveCaption},
+    {u"clInactiveCaption", clInactiveCaption},
+    {u"clMenu", clMenu},
+    {u"clWindow", clWindow},
+    {u"clWindowFrame", clWindowFrame},
+    {u"clMenuText", clMenuText},
+    {u"clWindowText", clWindowText},
+    {u"clCaptionText", clCaptionText},
+    {u"clActiveBorder", clActiveBorder},
+    {u"clInactiveBorder", clInactiveBorder},
+    {u"clAppWorkSpace", clAppWorkSpace},
+    {u"clHighlight", clHighlight},
+    {u"clHighlightText", clHighlightText},
+    {u"clBtnFace", clBtnFace},
+    {u"clBtnShadow", clBtnShadow},
+    {u"clGrayText", clGrayText},
+    {u"clBtnText", clBtnText},
+    {u"clInactiveCaptionText", clInactiveCaptionText},
+    {u"clBtnHighlight", clBtnHighlight},
+    {u"cl3DDkShadow", cl3DDkShadow},
+    {u"cl3DLight", cl3DLight},
+    {u"clInfoText", clInfoText},
+    {u"clInfoBk", clInfoBk},
+    {u"clHotLight", clHotLight},
+    {u"clGradientActiveCaption", clGradientActiveCaption},
+    {u"clGradientInactiveCaption", clGradientInactiveCaption},
+    {u"clMenuHighlight", clMenuHighlight},
+    {u"clMenuBar", clMenuBar},
+};
+
+constexpr char16_t ToLower(char16_t Unit) noexcept {
+  return Unit >= u'A' && Unit <= u'Z' ? static_cast<char16_t>(Unit + 32) : Unit;
+}
+
+bool SameName(std::u16string_view A, std::u16string_view B) noexcept {
+  if (A.size() != B.size()) return false;
+  for (size_t i = 0; i < A.size(); ++i) {
+    if (ToLower(A[i]) != ToLower(B[i])) return false;
+  }
+  return true;
+}
+
+int DigitValue(char16_t Unit) noexcept {
+  if (Unit >= u'0' && Unit <= u'9') return Unit - u'0';
+  char16_t lower = ToLower(Unit);
+  return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : 99;
+}
+
+bool ReadDigits(std::u16string_view Digits, unsigned Base, uint64_t Limit, uint64_t& Value) noexcept {
+  if (Digits.empty()) return false;
+  uint64_t value = 0;
+  for (char16_t unit : Digits) {
+    auto digit = static_cast<unsigned>(DigitValue(unit));
+    if (digit >= Base) return false;
+    value = value * Base + digit;
+    if (value > Limit) return false;
+  }
+  Value = value;
+  return true;
+}
+
+}  // namespace
+
+String ColorToString(TColor Color) {
+  for (const TNamedColor& named : kNamedColors) {
+    if (named.Color == Color) return named.Name;
+  }
+  char16_t text[9] = {u'$'};
+  for (int i = 0; i < 8; ++i) text[1 + i] = u"0123456789ABCDEF"[Color >> (28 - 4 * i) & 15];
+  return std::u16string_view(text, 9);
+}
+
+bool TryStringToColor(std::u16string_view Text, TColor& Color) noexcept {
+  for (const TNamedColor& named : kNamedColors) {
+    if (SameName(named.Name, Text)) {
+      Color = named.Color;
+      return true;
+    }
+  }
+  if (Text.empty()) return false;
+  bool isNegative = Text[0] == u'-';
+  bool isHex = Text[0] == u'$';
+  uint64_t value = 0;
+  uint64_t limit = isNegative ? uint64_t{0x80000000} : uint64_t{0xFFFFFFFF};
+  if (!ReadDigits(Text.substr(isNegative || isHex ? 1 : 0), isHex ? 16 : 10, limit, value)) return false;
+  Color = static_cast<TColor>(isNegative ? 0 - value : value);
+  return true;
+}
+
+TColor StringToColor(std::u16string_view Text) {
+  TColor color = 0;
+  if (!TryStringToColor(Text, color)) {
+    throw EConvertError(Concat({u"'", Text, u"' is not a colour"}));
+  }
+  return color;
+}
+
+}  // namespace vx

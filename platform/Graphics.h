@@ -1,0 +1,99 @@
+// Colours and fonts as values.
+//
+//   TColor                         0x00BBGGRR, or a system colour with high byte 0xFF
+//   ColorToString, StringToColor   names such as "clRed", hexadecimal for the others
+//   TFont                          name, colour, style and size
+//
+// Example:
+//   vx::ColorToString(0x0000FF);           // u"clRed"
+//   vx::ColorToString(0x123456);           // u"$00123456"
+//   vx::StringToColor(u"clbtnface");       // 0xFF00000F
+//
+// Pitfall: red is the lowest byte, so 0x0000FF is red and 0xFF0000 is blue.
+#pragma once
+
+#include <cstdint>
+
+#include "platform/String.h"
+#include "platform/Types.h"
+
+namespace vx {
+
+using TColor = uint32_t;
+
+inline constexpr TColor clBlack = 0x000000;
+inline constexpr TColor clMaroon = 0x000080;
+inline constexpr TColor clGreen = 0x008000;
+inline constexpr TColor clOlive = 0x008080;
+inline constexpr TColor clNavy = 0x800000;
+inline constexpr TColor clPurple = 0x800080;
+inline constexpr TColor clTeal = 0x808000;
+inline constexpr TColor clGray = 0x808080;
+inline constexpr TColor clSilver = 0xC0C0C0;
+inline constexpr TColor clRed = 0x0000FF;
+inline constexpr TColor clLime = 0x00FF00;
+inline constexpr TColor clYellow = 0x00FFFF;
+inline constexpr TColor clBlue = 0xFF0000;
+inline constexpr TColor clFuchsia = 0xFF00FF;
+inline constexpr TColor clAqua = 0xFFFF00;
+inline constexpr TColor clWhite = 0xFFFFFF;
+inline constexpr TColor clMoneyGreen = 0xC0DCC0;
+inline constexpr TColor clSkyBlue = 0xF0CAA6;
+inline constexpr TColor clCream = 0xF0FBFF;
+inline constexpr TColor clMedGray = 0xA4A0A0;
+inline constexpr TColor clNone = 0x1FFFFFFF;
+inline constexpr TColor clDefault = 0x20000000;
+// Stand for what the desktop uses at the moment.
+inline constexpr TColor clScrollBar = 0xFF000000;
+inline constexpr TColor clBackground = 0xFF000001;
+inline constexpr TColor clActiveCaption = 0xFF000002;
+inline constexpr TColor clInactiveCaption = 0xFF000003;
+inline constexpr TColor clMenu = 0xFF000004;
+inline constexpr TColor clWindow = 0xFF000005;
+inline constexpr TColor clWindowFrame = 0xFF000006;
+inline constexpr TColor clMenuText = 0xFF000007;
+inline constexpr TColor clWindowText = 0xFF000008;
+inline constexpr TColor clCaptionText = 0xFF000009;
+inline constexpr TColor clActiveBorder = 0xFF00000A;
+inline constexpr TColor clInactiveBorder = 0xFF00000B;
+inline constexpr TColor clAppWorkSpace = 0xFF00000C;
+inline constexpr TColor clHighlight = 0xFF00000D;
+inline constexpr TColor clHighlightText = 0xFF00000E;
+inline constexpr TColor clBtnFace = 0xFF00000F;
+inline constexpr TColor clBtnShadow = 0xFF000010;
+inline constexpr TColor clGrayText = 0xFF000011;
+inline constexpr TColor clBtnText = 0xFF000012;
+inline constexpr TColor clInactiveCaptionText = 0xFF000013;
+inline constexpr TColor clBtnHighlight = 0xFF000014;
+inline constexpr TColor cl3DDkShadow = 0xFF000015;
+inline constexpr TColor cl3DLight = 0xFF000016;
+inline constexpr TColor clInfoText = 0xFF000017;
+inline constexpr TColor clInfoBk = 0xFF000018;
+inline constexpr TColor clHotLight = 0xFF00001A;
+inline constexpr TColor clGradientActiveCaption = 0xFF00001B;
+inline constexpr TColor clGradientInactiveCaption = 0xFF00001C;
+inline constexpr TColor clMenuHighlight = 0xFF00001D;
+inline constexpr TColor clMenuBar = 0xFF00001E;
+
+enum TFontStyle : uint8_t { fsBold, fsItalic, fsUnderline, fsStrikeOut };
+using TFontStyles = Set<TFontStyle>;
+
+struct TFont {
+  String Name = u"Tahoma";
+  TColor Color = clWindowText;
+  TFontStyles Style;
+  int Size = 8;  // points
+  friend bool operator==(const TFont&, const TFont&) noexcept = default;
+};
+
+// The name of a known colour such as u"clRed" or u"clWindowText", otherwise "$" and eight upper-case
+// hexadecimal digits. StringToColor gives every colour back.
+String ColorToString(TColor Color);
+// The colour of a name (in any case) or of a number, decimal from -2^31 to 2^32-1 or "$" and
+// hexadecimal digits up to 32 bits; a negative number is the colour of the same bits. False, with
+// Color unchanged, for anything else: blanks, a sign without digits, a number too large.
+bool TryStringToColor(std::u16string_view Text, TColor& Color) noexcept;
+// The same; EConvertError for a text that is no colour.
+TColor StringToColor(std::u16string_view Text);
+
+}  // namespace vx

@@ -1,0 +1,240 @@
+#include "platform/String.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <new>
+#include <stdexcept>
+
+#include "platform/StringArena.h"
+
+namespace vx {
+
+namespace {
+
+constexpr size_t kMaxLength = INT32_MAX;
+
+[[noreturn]] void RaiseTooLong() { throw std::length_error("vx::String: longer than 2^31-1 code units"); }
+
+// Decodes one character at Pos and moves Pos behind it; U+FFFD for the longest broken beginning.
+char32_t NextFromUtf8(std::string_view Bytes, size_t& Pos) noexcept {
+  auto byte = [&](size_t i) { return static_cast<unsigned char>(Bytes[i]); };
+  unsigned first = byte(Pos++);
+  if (first < 0x80) return first;
+  int more;
+  unsigned low = 0x80, high = 0xBF;
+  char32_t value;
+  if (first >= 0xC2 && first <= 0xDF) {
+    more = 1;
+    value = first & 0x1F;
+  } else if (first >= 0xE0 && first <= 0xEF) {
+    more = 2;
+    value = first & 0x0F;
+    if (first == 0xE0) low = 0xA0;
+    if (first == 0xED) high = 0x9F;
+  } else if (first >= 0xF0 && first <= 0xF4) {
+    more = 3;
+    value = first & 0x07;
+    if (first == 0xF0) low = 0x90;
+    if (first == 0xF4) high = 0x8F;
+  } else {
+    return 0xFFFD;
+  }
+  for (; more > 0; --more) {
+    if (Pos >= Bytes.size() || byte(Pos) < low || byte(Pos) > high) return 0xFFFD;
+    value = value << 6 | (byte(Pos++) & 0x3F);
+    low = 0x80;
+    high = 0xBF;
+  }
+  return value;
+}
+
+void AppendUtf8(std::string& Target, char32_t Value) {
+  if (Value < 0x80) {
+    Target += static_cast<char>(Value);
+  } else if (Value < 0x800) {
+    Target += static_cast<char>(0xC0 | Value >> 6);
+    Target += static_cast<char>(0x80 | (Value & 0x3F));
+  } else if (Value < 0x10000) {
+    Target += static_cast<char>(0xE0 | Value >> 12);
+    Target += static_cast<char>(0x80 | (Value >> 6 & 0x3F));
+    Target += static_cast<char>(0x80 | (Value & 0x3F));
+  } else {
+    Target += static_cast<char>(0xF0 | Value >> 18);
+    Target += static_cast<char>(0x80 | (Value >> 12 & 0x3F));
+    Target += static_cast<char>(0x80 | (Value >> 6 & 0x3F));
+    Target += static_cast<char>(0x80 | (Value & 0x3F));
+  }
+}
+
+}  // namespace
+
+String::TBlock* String::NewBlock(size_t Capacity) {
+  if (Capacity > kMaxLength) RaiseTooLong();
+  void* memory = std::malloc(sizeof(TBlock) + Capacity * sizeof(char16_t));
+  if (!memory) throw std::bad_alloc();
+  TBlock* block = new (memory) TBlock;
+  block->Refs.store(1, std::memory_order_relaxed);
+  block->Capacity = static_cast<uint32_t>(Capacity);
+  return block;
+}
+
+void String::FreeBlock(TBlock* Block) noexcept {
+  Block->~TBlock();
+  std::free(Block);
+}
+
+void String::ReleaseLong() noexcept {
+  TBlock* block = Load().Block;
+  // The last holder needs no locked subtraction: nobody else can reach the block any more.
+  if (block->Refs.load(std::memory_order_acquire) == 1 || block->Refs.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+    FreeBlock(block);
+  }
+}
+
+void String::InitLong(const char16_t* Data, size_t Length) {
+  TBlock* block = NewBlock(Length);
+  std::memcpy(block->Units(), Data, Length * sizeof(char16_t));
+  Store(block, block->Units(), static_cast<uint32_t>(Length));
+}
+
+String::String(int Count, char16_t Unit) {
+  *this = Build(static_cast<size_t>(std::max(Count, 0)), [&](char16_t* units) { std::fill_n(units, Count, Unit); });
+}
+
+String String::FromUtf8(std::string_view Bytes) {
+  std::u16string units;
+  units.reserve(Bytes.size());
+  for (size_t pos = 0; pos < Bytes.size();) {
+    char32_t value = NextFromUtf8(Bytes, pos);
+    if (value >= 0x10000) {
+      units += static_cast<char16_t>(0xD800 + ((value - 0x10000) >> 10));
+      units += static_cast<char16_t>(0xDC00 + ((value - 0x10000) & 0x3FF));
+    } else {
+      units += static_cast<char16_t>(value);
+    }
+  }
+  return String(std::u16string_view(units));
+}
+
+std::string String::ToUtf8() const {
+  std::u16string_view text = view();
+  std::string result;
+  result.reserve(text.size() + text.size() / 4);
+  for (size_t i = 0; i < text.size(); ++i) {
+    char32_t value = text[i];
+    bool isHigh = value >= 0xD800 && value < 0xDC00;
+    if (isHigh && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000) {
+      value = 0x10000 + ((value - 0xD800) << 10) + (text[++i] - 0xDC00u);
+    } else if (value >= 0xD800 && value < 0xE000) {
+      value = 0xFFFD;
+    }
+    AppendUtf8(result, value);
+  }
+  return result;
+}
+
+char16_t* String::MutableData() {
+  if (IsInline()) return FUnits;
+  TLong now = Load();
+  if (now.Block->Refs.load(std::memory_order_acquire) != 1) {
+    *this = String(std::u16string_view(now.Data, now.Length));
+    if (IsInline()) return FUnits;  // a long form may hold few units after a Reserve
+    now = Load();
+  }
+  return now.Block->Units() + (now.Data - now.Block->Units());
+}
+
+String String::Slice(int First, int Count) const {
+  int length = size();
+  First = std::clamp(First, 0, length);
+  Count = std::clamp(Count, 0, length - First);
+  if (Count == length) return *this;
+  if (Count <= InlineCapacity) return String(std::u16string_view(data() + First, static_cast<unsigned>(Count)));
+  TLong now = Load();
+  AddRef(now.Block);
+  String result;
+  result.Store(now.Block, now.Data + First, static_cast<uint32_t>(Count));
+  return result;
+}
+
+String String::Detached() const {
+  if (IsInline() || Load().Block->Capacity == Load().Length) return *this;
+  return String(view());
+}
+
+void String::Reserve(int Length) {
+  if (Length <= size() || Length <= InlineCapacity) return;
+  if (!IsInline()) {
+    TLong now = Load();
+    size_t room = now.Block->Capacity - static_cast<size_t>(now.Data - now.Block->Units());
+    if (now.Block->Refs.load(std::memory_order_acquire) == 1 && room >= static_cast<size_t>(Length)) return;
+  }
+  std::u16string_view old = view();
+  TBlock* block = NewBlock(static_cast<size_t>(Length));
+  std::memcpy(block->Units(), old.data(), old.size() * sizeof(char16_t));
+  Release();
+  Store(block, block->Units(), static_cast<uint32_t>(old.size()));
+}
+
+String& String::Append(const char16_t* Data, size_t Length) {
+  size_t old = static_cast<size_t>(size());
+  size_t total = old + Length;
+  if (total > kMaxLength) RaiseTooLong();
+  if (Length == 0) return *this;
+  if (IsInline() && total <= InlineCapacity) {
+    std::memmove(FUnits + old, Data, Length * sizeof(char16_t));
+    FUnits[kTag] = static_cast<char16_t>(total);
+    return *this;
+  }
+  if (!IsInline()) {
+    TLong now = Load();
+    size_t room = now.Block->Capacity - static_cast<size_t>(now.Data - now.Block->Units());
+    if (now.Block->Refs.load(std::memory_order_acquire) == 1 && room >= total) {
+      std::memmove(now.Block->Units() + (now.Data - now.Block->Units()) + old, Data, Length * sizeof(char16_t));
+      Store(now.Block, now.Data, static_cast<uint32_t>(total));
+      return *this;
+    }
+  }
+  // The old text is freed only after the copy: Data may be a part of it.
+  TBlock* block = NewBlock(std::min(std::max(total, old + old / 2 + 16), kMaxLength));
+  std::memcpy(block->Units(), data(), old * sizeof(char16_t));
+  std::memcpy(block->Units() + old, Data, Length * sizeof(char16_t));
+  Release();
+  Store(block, block->Units(), static_cast<uint32_t>(total));
+  return *this;
+}
+
+size_t String::BlockBytes() const noexcept {
+  return IsInline() ? 0 : sizeof(TBlock) + Load().Block->Capacity * sizeof(char16_t);
+}
+
+String Concat(std::initializer_list<std::u16string_view> Parts) {
+  size_t total = 0;
+  for (std::u16string_view part : Parts) total += part.size();
+  return String::Build(total, [&](char16_t* target) {
+    for (std::u16string_view part : Parts) target = std::copy(part.begin(), part.end(), target);
+  });
+}
+
+String operator+(const String& A, const String& B) { return Concat({A.view(), B.view()}); }
+String operator+(const String& A, std::u16string_view B) { return Concat({A.view(), B}); }
+String operator+(std::u16string_view A, const String& B) { return Concat({A, B.view()}); }
+
+void TStringArena::Open() {
+  Close();
+  FBlock = String::NewBlock(FBlockUnits);
+  FBlock->Refs.store(kReserve, std::memory_order_relaxed);
+  FNext = FBlock->Units();
+  FLeft = FBlockUnits;
+}
+
+void TStringArena::Close() noexcept {
+  if (!FBlock) return;
+  uint32_t unused = kReserve - FGiven;
+  if (FBlock->Refs.fetch_sub(unused, std::memory_order_acq_rel) == unused) String::FreeBlock(FBlock);
+  FBlock = nullptr;
+  FGiven = 0;
+  FLeft = 0;
+}
+
+}  // namespace vx

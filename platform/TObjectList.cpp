@@ -1,0 +1,138 @@
+#include "platform/TObjectList.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+
+#include "platform/Exceptions.h"
+
+namespace vx {
+
+TObjectList::~TObjectList() {
+  // From the end, and each entry taken out before its object goes: a destructor that looks at the
+  // list finds a whole one.
+  while (FCount > 0) {
+    TObject* object = FItems[--FCount];
+    if (FOwnsObjects) delete object;
+  }
+  std::free(FItems);
+}
+
+void TObjectList::RaiseIndex(int Index) { throw EListError(FormatListError(SListIndexError, Index)); }
+
+void TObjectList::Notify(TObject* Object, TListNotification Action) {
+  if (Action == lnDeleted && FOwnsObjects) delete Object;
+}
+
+void TObjectList::SetCapacity(int Value) {
+  if (Value < FCount) throw EListError(FormatListError(SListCapacityError, Value));
+  if (Value == FCapacity) return;
+  if (Value == 0) {
+    std::free(FItems);
+    FItems = nullptr;
+  } else {
+    void* memory = std::realloc(static_cast<void*>(FItems), static_cast<size_t>(Value) * sizeof(TObject*));
+    if (!memory) throw std::bad_alloc();
+    FItems = static_cast<TObject**>(memory);
+  }
+  FCapacity = Value;
+}
+
+void TObjectList::Grow() {
+  if (FCapacity == INT32_MAX) throw EListError(FormatListError(SListCapacityError, FCapacity));
+  int64_t wanted = int64_t{FCapacity} + std::max(4, FCapacity / 2);
+  SetCapacity(static_cast<int>(std::min<int64_t>(wanted, INT32_MAX)));
+}
+
+void TObjectList::SetCount(int Value) {
+  if (Value < 0) throw EListError(FormatListError(SListCountError, Value));
+  if (Value > FCapacity) SetCapacity(Value);
+  while (FCount > Value) Delete(FCount - 1);
+  std::fill(FItems + FCount, FItems + Value, nullptr);
+  FCount = Value;
+}
+
+void TObjectList::Put(int Index, TObject* Object) {
+  TObject* old = Get(Index);
+  if (old == Object) return;
+  FItems[Index] = Object;
+  if (old) Notify(old, lnDeleted);
+  if (Object) Notify(Object, lnAdded);
+}
+
+int TObjectList::Add(TObject* Object) {
+  if (FCount == FCapacity) Grow();
+  FItems[FCount++] = Object;
+  int index = FCount - 1;
+  if (Object) Notify(Object, lnAdded);
+  return index;
+}
+
+void TObjectList::Insert(int Index, TObject* Object) {
+  if (static_cast<unsigned>(Index) > static_cast<unsigned>(FCount)) RaiseIndex(Index);
+  if (FCount == FCapacity) Grow();
+  std::memmove(FItems + Index + 1, FItems + Index, static_cast<size_t>(FCount - Index) * sizeof(TObject*));
+  FItems[Index] = Object;
+  ++FCount;
+  if (Object) Notify(Object, lnAdded);
+}
+
+void TObjectList::Delete(int Index) {
+  TObject* old = Get(Index);
+  --FCount;
+  std::memmove(FItems + Index, FItems + Index + 1, static_cast<size_t>(FCount - Index) * sizeof(TObject*));
+  if (old) Notify(old, lnDeleted);
+}
+
+void TObjectList::Clear() {
+  while (FCount > 0) {
+    TObject* old = FItems[--FCount];
+    if (old) Notify(old, lnDeleted);
+  }
+  SetCapacity(FCount);
+}
+
+void TObjectList::Exchange(int A, int B) {
+  Get(A);
+  Get(B);
+  std::swap(FItems[A], FItems[B]);
+}
+
+void TObjectList::Move(int From, int To) {
+  Get(From);
+  Get(To);
+  if (From < To) {
+    std::rotate(FItems + From, FItems + From + 1, FItems + To + 1);
+  } else {
+    std::rotate(FItems + To, FItems + From, FItems + From + 1);
+  }
+}
+
+int TObjectList::Remove(TObject* Object) {
+  int index = IndexOf(Object);
+  if (index >= 0) Delete(index);
+  return index;
+}
+
+TObject* TObjectList::Extract(TObject* Object) {
+  int index = IndexOf(Object);
+  if (index < 0) return nullptr;
+  --FCount;
+  std::memmove(FItems + index, FItems + index + 1, static_cast<size_t>(FCount - index) * sizeof(TObject*));
+  Notify(Object, lnExtracted);
+  return Object;
+}
+
+int TObjectList::IndexOf(const TObject* Object) const noexcept {
+  for (int i = 0; i < FCount; ++i) {
+    if (FItems[i] == Object) return i;
+  }
+  return -1;
+}
+
+void TObjectList::Sort(FunctionRef<int(TObject*, TObject*)> Compare) {
+  std::stable_sort(FItems, FItems + FCount, [&](TObject* a, TObject* b) { return Compare(a, b) < 0; });
+}
+
+}  // namespace vx

@@ -1,0 +1,91 @@
+// A list of object pointers that may own its objects.
+//
+//   TListNotification   what happened to an entry
+//   TObjectList         the list
+//
+// Example:
+//   vx::TObjectList list;                 // owns its objects
+//   list.Add(new TPatient);               // the list frees it
+//   auto taken = list.Extract(list.Get(0));   // now the caller's
+//
+// Every operation that takes an index raises EListError with SListIndexError for one outside the
+// list, and then has changed nothing.
+//
+// Pitfalls: an object must not stand twice in a list that owns. Notify is called after the list has
+// changed; a destructor that looks at the list finds it without the object.
+#pragma once
+
+#include <span>
+
+#include "platform/TObject.h"
+#include "platform/Types.h"
+
+namespace vx {
+
+enum TListNotification : uint8_t { lnAdded, lnExtracted, lnDeleted };
+
+class TObjectList : public TObject {
+ public:
+  explicit TObjectList(bool OwnsObjects = true) noexcept : FOwnsObjects(OwnsObjects) {}
+  ~TObjectList() override;
+  TObjectList(const TObjectList&) = delete;
+  TObjectList& operator=(const TObjectList&) = delete;
+  String ClassName() const override { return u"TObjectList"; }
+
+  // The list frees an object that is deleted, replaced, or still held when the list ends, exactly
+  // while this flag is set.
+  bool GetOwnsObjects() const noexcept { return FOwnsObjects; }
+  void SetOwnsObjects(bool Value) noexcept { FOwnsObjects = Value; }
+
+  int GetCount() const noexcept { return FCount; }
+  // More entries than now are filled with nullptr, fewer are deleted from the end.
+  void SetCount(int Value);
+  int GetCapacity() const noexcept { return FCapacity; }
+  // Raises EListError (SListCapacityError) below the count.
+  void SetCapacity(int Value);
+
+  // The object at Index stays the list's.
+  TObject* Get(int Index) const {
+    if (static_cast<unsigned>(Index) >= static_cast<unsigned>(FCount)) RaiseIndex(Index);
+    return FItems[Index];
+  }
+  // Puts Object at Index; the previous one is freed if the list owns.
+  void Put(int Index, TObject* Object);
+  // All entries, for walking; ends with the next change of the list.
+  std::span<TObject* const> Items() const noexcept { return {FItems, static_cast<size_t>(FCount)}; }
+
+  // Appends and returns the index. A list that owns takes the object over.
+  virtual int Add(TObject* Object);
+  // Index may be the count. A list that owns takes the object over.
+  virtual void Insert(int Index, TObject* Object);
+  // Removes the entry and, if the list owns, frees the object.
+  virtual void Delete(int Index);
+  virtual void Clear();
+  virtual void Exchange(int A, int B);
+  // Takes the entry out at From and puts it in so that it stands at To.
+  virtual void Move(int From, int To);
+  // Deletes the first entry of that object and returns where it stood, -1 if it is not in the list.
+  virtual int Remove(TObject* Object);
+  // Takes the first entry of that object out without freeing it and gives it to the caller; nullptr
+  // if it is not in the list.
+  virtual TObject* Extract(TObject* Object);
+  // The first index of that object, -1 if it is not in the list.
+  int IndexOf(const TObject* Object) const noexcept;
+  // Reorders the entries by Compare(a, b) < 0, equal ones staying in their order. No notification.
+  void Sort(FunctionRef<int(TObject*, TObject*)> Compare);
+
+ protected:
+  // Called after the list has changed. lnDeleted frees the object if the list owns: an override has
+  // to hand on to this one.
+  virtual void Notify(TObject* Object, TListNotification Action);
+  [[noreturn]] static void RaiseIndex(int Index);
+
+ private:
+  void Grow();
+  TObject** FItems = nullptr;
+  int FCount = 0;
+  int FCapacity = 0;
+  bool FOwnsObjects;
+};
+
+}  // namespace vx

@@ -1,0 +1,57 @@
+// Plain operations on texts. Positions count from 1.
+//
+//   Trim, TrimLeft, TrimRight   without code units up to 32 at the ends
+//   UpperCase, LowerCase        Latin, Greek and Cyrillic letters, one unit to one
+//   Copy, Pos                   part of a text, place of a text
+//   IntToStr, TryStrToInt       decimal numbers
+//   Format                      texts and numbers put into a pattern
+//   ReplaceAll                  every occurrence replaced
+//
+// Example:
+//   vx::Trim(u"  Straße\t");      // u"Straße"
+//   vx::UpperCase(u"Größe");      // u"GRÖßE": ß has no capital of one unit in this mapping
+#pragma once
+
+#include <cstdint>
+
+#include "platform/String.h"
+
+namespace vx {
+
+// Views of the text without code units from 0 to 32 at both ends, or at one.
+std::u16string_view TrimView(std::u16string_view Text) noexcept;
+std::u16string_view TrimLeftView(std::u16string_view Text) noexcept;
+std::u16string_view TrimRightView(std::u16string_view Text) noexcept;
+// The same as texts; a text with nothing to trim is returned as it is, sharing its characters.
+String Trim(const String& Text);
+String TrimLeft(const String& Text);
+String TrimRight(const String& Text);
+
+// One code unit to one for all Latin, Greek and Cyrillic letters that have such a counterpart and
+// are its counterpart in turn; every other unit, ß, İ, ı, ſ and µ among them, stays. ẞ becomes ß and
+// never comes back. The same on every machine.
+char16_t UpperCase(char16_t Unit) noexcept;
+char16_t LowerCase(char16_t Unit) noexcept;
+String UpperCase(const String& Text);
+String LowerCase(const String& Text);
+
+// Count code units from position Index, both held to the text; an Index below 1 counts as 1.
+String Copy(const String& Text, int Index, int Count);
+// The position of the first Part in Text at or behind position From; 0 if there is none, if Part is
+// empty, or if From is below 1.
+int Pos(std::u16string_view Part, std::u16string_view Text, int From = 1) noexcept;
+// Text with every occurrence of From, found from the front, replaced by To. An empty From changes
+// nothing.
+String ReplaceAll(const String& Text, std::u16string_view From, std::u16string_view To);
+
+String IntToStr(int64_t Value);
+// Decimal digits with an optional sign, or $ or 0x and hexadecimal digits; leading blanks are
+// skipped. False, with Value unchanged, for anything else and for a number outside 32 bits.
+bool TryStrToInt(std::u16string_view Text, int& Value) noexcept;
+int StrToIntDef(std::u16string_view Text, int Default) noexcept;
+
+// The parts of Pattern with "%s" and "%d" replaced in order by Values; "%%" gives "%". Placeholders
+// without a value stay.
+String Format(std::u16string_view Pattern, std::initializer_list<std::u16string_view> Values);
+
+}  // namespace vx

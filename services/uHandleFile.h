@@ -1,0 +1,29 @@
+// File operations that succeed where they reasonably can and tell the user in German where they don't.
+//
+//   FileOperations.h   VxDeleteFile, VxCopyFile, VxRenameFile, VxMoveFile, …
+//   Directories.h      VxForceDirectories, VxRemoveDir, MergeDirectories, ls, …
+//   Drives.h           VxDriveAvailable, VxDriveAvailableError
+//   FileTests.h        VxFileExists, VxFileIsLocked, VxUnlockFile, VxTestExclusive, …
+//   FileProperties.h   VxFileSize, VxFileLastWrite, VxHashFromHD, VxFileSizeText, …
+//   FileNames.h        CheckFileName, ValidateFilename, DecorateFilename, PathToList, …
+//
+// Example:
+//   if (vx::VxForceDirectories(u"C:\\Daten\\Listen")) {
+//     vx::VxCopyFile(u"C:\\Vorlage.csv", u"C:\\Daten\\Listen\\Mai.csv", true);   // a dialog if it fails
+//   }
+//
+// Paths are in the library's grammar or native (platform/Paths.h); routines that build names use the
+// backslash. No routine raises: all report by their result. Where there is a showError, it decides
+// whether a failure opens a dialog as well; the dialogs are warnings with the OK button alone.
+//
+// Pitfalls:
+//   - VxFileIsReadable is true if the file can NOT be read.
+//   - VxForceDirectories shows its dialog always, and refuses a path that is only a drive.
+#pragma once
+
+#include "services/uHandleFile/Directories.h"
+#include "services/uHandleFile/Drives.h"
+#include "services/uHandleFile/FileNames.h"
+#include "services/uHandleFile/FileOperations.h"
+#include "services/uHandleFile/FileProperties.h"
+#include "services/uHandleFile/FileTests.h"

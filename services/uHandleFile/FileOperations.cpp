@@ -1,0 +1,85 @@
+#include "services/uHandleFile/FileOperations.h"
+
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+#include "services/uHandleFile/Directories.h"
+#include "services/uHandleFile/FileTests.h"
+#include "services/uHandleFile/Warnings.h"
+
+namespace vx {
+
+using uHandleFile::Failed;
+
+namespace {
+
+bool DeleteExisting(const String& name, bool unlocks, bool showError) {
+  if (!VxFileExists(name)) {
+    return Failed(showError,
+                  u"Folgende Datei konnte nicht gelöscht werden, weil Sie, wider Erwarten, nicht vorhanden war:\r\n"
+                  u"Name: ",
+                  name);
+  }
+  if (FileDelete(name)) return true;
+  if (unlocks) {
+    VxUnlockFile(name);
+    if (FileDelete(name)) return true;
+  }
+  return Failed(showError, u"Folgende Datei konnte nicht gelöscht werden:\r\nName: ", name);
+}
+
+bool CopyUnlocking(const String& source, const String& target) {
+  if (FileCopy(source, target)) return true;
+  if (!VxFileExists(target)) return false;
+  VxUnlockFile(target);
+  return FileCopy(source, target);
+}
+
+bool MoveReplacing(const String& source, const String& target) {
+  if (FileMove(source, target)) return true;
+  VxUnlockFile(source);
+  if (VxFileExists(target)) VxDeleteFileReadOnly(target, true);
+  return FileMove(source, target);
+}
+
+}  // namespace
+
+bool VxDeleteFile(const String& name, bool showError) { return DeleteExisting(name, false, showError); }
+
+bool VxDeleteFileReadOnly(const String& name, bool showError) { return DeleteExisting(name, true, showError); }
+
+bool VxCopyFile(const String& source, const String& target, bool showError) {
+  if (!VxFileExists(source)) {
+    return Failed(showError, u"Folgende Datei konnte nicht kopiert werden, da die Quelle nicht existiert:\r\nvon: ",
+                  source, target);
+  }
+  if (!VxForceDirectories(ExtractFileDir(target))) {
+    return Failed(showError,
+                  u"Folgende Datei konnte nicht kopiert werden, da das Zielverzeichnis nicht existiert:\r\nvon: ",
+                  source, target);
+  }
+  if (!CopyUnlocking(source, target)) {
+    return Failed(showError, u"Folgende Datei konnte nicht kopiert werden:\r\nvon: ", source, target);
+  }
+  VxUnlockFile(target);
+  return true;
+}
+
+bool VxRenameFile(const String& source, const String& target, bool showError) {
+  if (!VxFileExists(source) || !VxForceDirectories(ExtractFileDir(target))) return false;
+  if (!MoveReplacing(source, target)) {
+    return Failed(showError, u"Folgende Datei konnte nicht umbenannt werden:\r\nvon: ", source, target);
+  }
+  VxUnlockFile(target);
+  return true;
+}
+
+bool VxMoveFile(const String& source, const String& target, bool showError) {
+  if (!VxFileExists(source)) return false;
+  if (UpperCase(ExtractFileDrive(source)) == UpperCase(ExtractFileDrive(target))) {
+    return VxRenameFile(source, target, showError);
+  }
+  return VxCopyFile(source, target, showError) && VxDeleteFileReadOnly(source, showError);
+}
+
+}  // namespace vx

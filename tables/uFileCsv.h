@@ -1,0 +1,194 @@
+// The table in memory, and its files.
+//
+//   TFileCsv                     a list of rows, each a TVxStringList of cells
+//   TCsvAllMode, TCsvAllModes    what DoAll does to all cells
+//   StringsToCsv, CsvToStrings   a table from a list of commatexts and back
+//
+// Everything is a text. Rows may have different lengths, and every operation says what it does with
+// short ones. The column index comes before the row index everywhere; both count from 0. Reads past
+// the end give an empty text and writes past the end are dropped: callers may rely on both.
+//
+// Example:
+//   vx::TFileCsv table;
+//   table.LoadFromFile(u"C:\\Daten\\Patienten.txt");
+//   int row = table.IndexForColKey(0, u"4711");
+//   table.SetCell(2, row, u"Köln");
+//   table.SaveToFile(u"C:\\Daten\\Patienten.csv");       // the extension decides the separator
+//
+// Pitfalls:
+//   - A blank ends an unquoted cell when files and commatexts are read; writing quotes such cells.
+//   - ".tab" and ".vxt" files lose empty cells when they are read again.
+//   - Reading turns the German letters of old DOS code pages right, and therefore á into ß.
+//   - FieldCount is the length of row 0, whatever the other rows have.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <typeinfo>
+
+#include "objects/uVxClasses.h"
+#include "platform/TObjectList.h"
+#include "platform/Types.h"
+
+namespace vx {
+
+enum TCsvAllMode : uint8_t {
+  camTrim,              // blanks at both ends of each cell go
+  camUnTrim,            // each cell is padded on the right to the longest of its column
+  camDeleteEnter,       // carriage returns and line feeds become spaces
+  camBalanceColcount,   // short rows get empty cells up to the length of row 0
+  camDeleteEmptyLines,  // rows whose cells are all blank go
+  camThousandDivider,   // numbers get thousand separators
+  camBalanceMax         // with camBalanceColcount: up to the length of the longest row
+};
+using TCsvAllModes = Set<TCsvAllMode>;
+
+// The list operations are those of TObjectList, virtual for derived classes: a table that owns its rows
+// takes Add's and Insert's rows over, and Extract gives a row back without freeing it.
+//
+// Every entry has to be a TVxStringList; reaching another one raises EInvalidCast. Row indexes outside
+// the table raise EListError where an operation says nothing else.
+class TFileCsv : public TObjectList {
+ public:
+  explicit TFileCsv(bool OwnsObjects = true) noexcept : TObjectList(OwnsObjects) {}
+  String ClassName() const override { return u"TFileCsv"; }
+  // A new empty table of the same class; a derived class overrides it.
+  virtual std::unique_ptr<TFileCsv> GetNewInstance() const;
+  virtual void Init() { Clear(); }
+
+  // --- rows ---
+  // The row stays the table's.
+  TVxStringList* GetLines(int Row) const { return AsRow(Get(Row)); }
+  // Puts a row in the place of another, which a table that owns frees.
+  void SetLines(int Row, TVxStringList* Line) { Put(Row, Line); }
+  // The number of cells of row 0, 0 for an empty table.
+  int FieldCount() const;
+  // Both append a row and return its index.
+  int AddRow(std::u16string_view Commatext);
+  int AddRow(std::span<const String> Cells);
+  // Appends a row of Count empty cells and returns its index; a negative Count means FieldCount.
+  int AddEmpty(int Count);
+  // Appends copies of the rows of Other, which stays as it is.
+  void AddFileCsv(const TFileCsv& Other);
+  // Appends the rows of Other themselves and frees Other; nullptr is ignored.
+  void AddAndFree(std::unique_ptr<TFileCsv> Other);
+  // Makes this table equal to Source, row by row, keeping the row objects that there are.
+  virtual void Assign(const TFileCsv& Source);
+  std::unique_ptr<TFileCsv> Duplicate() const;
+  // Deletes the rows of two or more cells that are all empty and returns how many. Rows without cells
+  // and rows of one empty cell stay; that is wanted.
+  int RemoveEmpty();
+
+  // --- cells ---
+  // Negative indexes raise the list errors.
+  virtual String GetCell(int Col, int Row) const;
+  virtual void SetCell(int Col, int Row, const String& Text);
+  // The object beside a cell; nullptr past the end. Rows do not own their objects unless told.
+  TObject* GetObject(int Col, int Row) const;
+  void SetObject(int Col, int Row, TObject* Object);
+  // The cell, or the value told for a row or a column outside the table, negative ones too.
+  String getElement(int Col, int Row, const String& NoColValue, const String& NoRowValue) const;
+
+  // --- columns; short rows are skipped, and a negative column does nothing ---
+  virtual void DeleteCol(int Col);
+  virtual void ClearCol(int Col);
+  // Empties every cell and clears its object. The last cell of row 0 becomes a single space; that is
+  // wanted, so that the table does not look empty to those who test its text.
+  void ClearContent();
+  // The commatext of the trimmed cells of a column; a short row gives an empty cell.
+  String ColumnContent(int Col) const;
+  // The same sorted without regard to case, and neighbours that are exactly equal once.
+  String ColumnContentUnique(int Col) const;
+
+  // --- looking up by a key, without regard to case ---
+  // The first row whose cell at Col is Key; -1 if there is none or Col is negative.
+  int IndexForColKey(int Col, std::u16string_view Key) const;
+  // The row itself, which stays the table's; nullptr if there is none.
+  TVxStringList* ItemForColKey(int Col, std::u16string_view Key) const;
+  // The cell at ResultCol of that row; Default if there is no such row or cell.
+  String ElementForColKey(int KeyCol, std::u16string_view Key, int ResultCol, const String& Default) const;
+  virtual String ElementForKey(int KeyCol, std::u16string_view Key, int ResultCol, const String& Default) const;
+
+  // --- the whole table ---
+  void DoAll(TCsvAllModes Modes);
+  // A new table with rows and columns exchanged: as many rows as row 0 has cells. Cells beyond the
+  // width of row 0 are dropped; a short row gives empty cells.
+  std::unique_ptr<TFileCsv> TurnAxis() const;
+  // Shows the commatexts of all rows in a dialog: a debugging aid.
+  void ShowContent() const;
+
+  // --- files; see tables/uFileCsv/Files.cpp for the bytes ---
+  // Replaces the table by the file's rows. The separator (comma, ";", ESC or tab) is counted in the
+  // first line, whatever the file's name. A missing file shows a warning, gives false and leaves the
+  // table as it was. A fault while reading raises EStreamError; the table is empty then.
+  virtual bool LoadFromFile(const String& Path);
+  // Writes the table in the form that the extension tells: ".csv" comma, ".txt" ";", ".vxt" ESC,
+  // ".tab" tab, none: space, without any quotes. Then watches the file's stamp for up to 1500 ms. If
+  // the file can't be seen to have changed, and can't be stamped, shows a warning and gives false.
+  // Another extension raises EStringListError on a table with rows, and nothing is written. Faults
+  // while writing raise EStreamError.
+  virtual bool SaveToFile(const String& Path);
+  // The same, and then opens a ".csv" or ".txt" file in its application; ".txt" is renamed to ".csv"
+  // for that, if possible. The result is that of SaveToFile.
+  virtual bool SaveAndExecute(const String& Path);
+  // Replaces the table by a database server's export: UTF-16, comma between fields, no quotes; a line
+  // end inside a field belongs to the field. False if the last record is ragged; the rows stand then
+  // as they were read.
+  bool LoadMSSQL(const String& Path);
+
+  // --- the whole table as one text ---
+  // Rows as commatexts, joined by carriage return and line feed, none behind the last row.
+  String GetText() const;
+  void SetText(std::u16string_view Text);
+  // Rows as commatexts in the system's code page, each followed by ESC. Cells must not hold an ESC,
+  // and rows without cells are lost when it is read again.
+  std::string GetAnsiCsv() const;
+  void SetAnsiCsv(std::string_view Bytes);
+  // Rows as commatexts, each followed by Separator.
+  String ExportToString(std::u16string_view Separator) const;
+  // Appends the rows; always true. Separator has to be one character, and cells must not hold it. Rows
+  // without cells are dropped.
+  bool ImportFromString(std::u16string_view Text, std::u16string_view Separator);
+  // Appends the commatext of each row to Strings; or gives a new list.
+  void ExportToStringList(TStrings& Strings) const;
+  std::unique_ptr<TVxStringList> ExportToStringList() const;
+  // Appends a row for each commatext, also one without cells; nullptr is ignored.
+  void ImportFromStringList(const TStrings* Strings);
+  // A new table with a row for each cell of a row from FirstCol on, read as commatext; nullptr if there
+  // is no such row.
+  std::unique_ptr<TFileCsv> ItemToCsv(int Row, int FirstCol) const;
+
+  // --- lines of table files ---
+  // The separator that a text's first line is cut by: u",", u";", ESC or tab.
+  static String AnalyseToParse(std::u16string_view Text);
+  // The same from the first item, taking no notice of quotes; empty for an empty list.
+  static String AnalyseToParse(const TStrings& Strings);
+  // One line as a new row; an empty Separator means the comma.
+  static std::unique_ptr<TVxStringList> ParseCommatext(std::u16string_view Text, std::u16string_view Separator);
+  // One row as a line: cells that hold Separator, a code unit below 33 or a double quote stand in double
+  // quotes. With a space as Separator nothing is quoted.
+  static String ParseChar(const TVxStringList& Row, std::u16string_view Separator);
+
+ protected:
+  // The entry as a row; EInvalidCast if it is none.
+  static TVxStringList* AsRow(TObject* Entry) {
+    if (Entry && typeid(*Entry) == typeid(TVxStringList)) return static_cast<TVxStringList*>(Entry);
+    return CastRow(Entry);
+  }
+
+  // Appends a row of the table's own making through the virtual Add and returns its index.
+  int AddNew(std::unique_ptr<TVxStringList> Row);
+
+ private:
+  static TVxStringList* CastRow(TObject* Entry);
+  void DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths);
+};
+
+// A new table, each item read as commatext into a row.
+std::unique_ptr<TFileCsv> StringsToCsv(const TStrings& Strings);
+// A new list of the commatexts of the rows.
+std::unique_ptr<TVxStringList> CsvToStrings(const TFileCsv& Table);
+
+}  // namespace vx

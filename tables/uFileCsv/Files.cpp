@@ -1,0 +1,216 @@
+// Table files: loading, saving, the database export.
+//
+// A table file is single-byte text in the system's code page, one row a line, every line ended by
+// carriage return and line feed; no head, no byte order mark, no word on its encoding. A line break
+// inside a quoted cell stands as it is. The extension decides the separator when a file is written;
+// when it is read, the counts in the first line do.
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <optional>
+#include <vector>
+
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/Exceptions.h"
+#include "platform/Paths.h"
+#include "platform/Shell.h"
+#include "platform/Text.h"
+#include "services/uHandleFile.h"
+#include "tables/uFileCsv.h"
+#include "tables/uFileCsv/RowWriter.h"
+#include "tables/uFileCsv/TableReader.h"
+
+namespace vx {
+
+namespace {
+
+struct TFileForm {
+  std::u16string_view Extension;
+  TRowForm Form;
+  char16_t Separator;
+};
+
+constexpr TFileForm kFileForms[] = {
+    {u".csv", rfCommatext, u','}, {u".txt", rfChar, u';'}, {u".vxt", rfChar, 27},
+    {u".tab", rfChar, 9},         {u"", rfPlain, u' '},
+};
+
+const TFileForm* FindForm(const String& Path) {
+  String extension = LowerCase(ExtractFileExt(Path));
+  for (const TFileForm& form : kFileForms) {
+    if (extension == form.Extension) return &form;
+  }
+  return nullptr;
+}
+
+// Writes all rows; returns the size that the file has to have.
+int64_t WriteRows(const TFileCsv& Table, const String& Path, const TFileForm& Form) {
+  TFileStream file(Path, fmCreate | fmShareDenyWrite);
+  TRowWriter writer(file, Form.Form, Form.Separator);
+  for (int row = 0; row < Table.GetCount(); ++row) writer.Write(Table.GetLines(row)->Items());
+  writer.Flush();
+  file.SetSize(writer.GetBytes());
+  return writer.GetBytes();
+}
+
+// Waits until the file's stamp is another than Before. If it stays, the file is stamped with the
+// present time: the result is whether one of both came out.
+bool ConfirmStamp(const String& Path, TDateTime Before) {
+  constexpr int kPatience = 1500;
+  constexpr int kPause = 100;
+  int64_t start = GetTickCount();
+  bool isChanged = VxFileLastWrite(Path, false) != Before;
+  while (!isChanged && GetTickCount() - start < kPatience) {
+    Sleep(kPause);
+    isChanged = VxFileLastWrite(Path, false) != Before;
+  }
+  int errorCode;
+  return isChanged || VxSetFileLastWrite(Path, Now(), errorCode);
+}
+
+// The code units of a UTF-16 file up to the first 0, as this machine holds them.
+std::u16string ReadUtf16(const String& Path) {
+  TFileStream file(Path, fmOpenRead | fmShareDenyNone);
+  std::vector<char> bytes;
+  constexpr size_t kChunk = 1 << 20;
+  size_t count = 0;
+  do {
+    bytes.resize(count + kChunk);
+    size_t read = file.Read(bytes.data() + count, kChunk);
+    count += read;
+    if (read == 0) break;
+  } while (true);
+  std::u16string text(count / 2, u'\0');
+  std::memcpy(text.data(), bytes.data(), text.size() * sizeof(char16_t));
+  if constexpr (std::endian::native == std::endian::big) {
+    for (char16_t& unit : text) unit = static_cast<char16_t>(unit << 8 | unit >> 8);
+  }
+  text.resize(std::min(text.size(), text.find(u'\0')));
+  return text;
+}
+
+bool IsLineEnd(char16_t Unit) { return Unit == u'\r' || Unit == u'\n'; }
+
+}  // namespace
+
+bool TFileCsv::LoadFromFile(const String& Path) {
+  if (!VxFileExists(Path)) {
+    ShowWarning(Concat({u"Die Datei\r\n", Path, u"\r\nist nicht vorhanden,\r\nkann also nicht geladen werden."}));
+    return false;
+  }
+  Clear();
+  SetOwnsObjects(true);
+  try {
+    TFileStream file(Path, fmOpenRead | fmShareDenyNone);
+    TTableReader(file).ReadAll([this](std::unique_ptr<TVxStringList> row) { AddNew(std::move(row)); });
+  } catch (...) {
+    Clear();
+    throw;
+  }
+  return true;
+}
+
+bool TFileCsv::SaveToFile(const String& Path) {
+  const TFileForm* form = FindForm(Path);
+  if (!form && GetCount() > 0) throw EStringListError(FormatListError(SListIndexError, -1));
+  TDateTime before = VxFileLastWrite(Path, false);
+  int64_t expected = WriteRows(*this, Path, form ? *form : kFileForms[0]);
+  bool isGood = ConfirmStamp(Path, before);
+  String detail;
+  if (isGood) {
+    int64_t size = VxFileSize(Path, false);
+    // Holds for every size, and is kept so: a file of another size is no failure.
+    isGood = size >= expected - 2 || size <= expected;
+    if (!isGood) {
+      detail = Concat({u"Die Dateigröße ist nicht korrekt,\r\nerwartet wurden ",
+                       VxFileSizeText(static_cast<uint64_t>(expected)), u", vorhanden sind aber ",
+                       VxFileSizeText(static_cast<uint64_t>(size)), u"."});
+    }
+  }
+  if (isGood) return true;
+  ShowWarning(Concat({u"Die Datei wurde nicht korrekt gespeichert.\r\n\r\n", detail, u"\r\n\r\nDateipfad ", Path}));
+  return false;
+}
+
+bool TFileCsv::SaveAndExecute(const String& Path) {
+  if (!SaveToFile(Path)) return false;
+  String extension = LowerCase(ExtractFileExt(Path));
+  if ((extension != u".csv" && extension != u".txt") || !VxFileExists(Path)) return true;
+  String file = Path;
+  if (extension == u".txt") {
+    String renamed = ChangeFileExt(Path, u".csv");
+    if (VxMoveFile(Path, renamed, true)) file = renamed;
+  }
+  OpenDocument(file, ExtractFileDir(file));
+  return true;
+}
+
+bool TFileCsv::LoadMSSQL(const String& Path) {
+  Clear();
+  std::u16string text = ReadUtf16(Path);
+  auto headEnd = std::find_if(text.begin(), text.end(), IsLineEnd);
+  size_t commas = static_cast<size_t>(std::count(text.begin(), headEnd, u','));
+  TStringArena arena;
+  TCells cells;
+  auto takeCell = [&](size_t start, size_t end) {
+    cells.push_back(arena.Build(end - start, [&](char16_t* units) { std::copy_n(text.data() + start, end - start, units); }));
+  };
+  auto takeRow = [&] {
+    auto row = std::make_unique<TVxStringList>();
+    row->TakeCells(cells);
+    cells.clear();
+    AddNew(std::move(row));
+  };
+  size_t start = 0;
+  for (size_t pos = 0; pos < text.size(); ++pos) {
+    if (text[pos] == u',') {
+      takeCell(start, pos);
+      start = pos + 1;
+    } else if (IsLineEnd(text[pos]) && cells.size() >= commas) {
+      takeCell(start, pos);
+      takeRow();
+      while (pos + 1 < text.size() && IsLineEnd(text[pos + 1])) ++pos;
+      start = pos + 1;
+    }
+  }
+  takeCell(start, text.size());
+  bool isWhole = cells.size() == commas + 1;
+  takeRow();
+  return isWhole;
+}
+
+String TFileCsv::AnalyseToParse(std::u16string_view Text) {
+  TSeparatorCounts counts;
+  CountSeparators(Text.data(), Text.data() + Text.size(), counts);
+  return String(1, counts.Winner());
+}
+
+String TFileCsv::AnalyseToParse(const TStrings& Strings) {
+  if (Strings.GetCount() == 0) return {};
+  TSeparatorCounts counts;
+  String first = Strings.Get(0);
+  for (char16_t unit : first) counts.Count(unit);
+  return String(1, counts.Winner());
+}
+
+std::unique_ptr<TVxStringList> TFileCsv::ParseCommatext(std::u16string_view Text, std::u16string_view Separator) {
+  auto row = std::make_unique<TVxStringList>();
+  row->SetSerialize(Separator.empty() ? u',' : Separator[0], u'"', Text);
+  return row;
+}
+
+String TFileCsv::ParseChar(const TVxStringList& Row, std::u16string_view Separator) {
+  String line;
+  for (const String& cell : Row.Items()) {
+    if (&cell != Row.Items().data()) line += Separator;
+    auto isSpecial = [](char16_t unit) { return unit < 33 || unit == u'"'; };
+    bool isQuoted = Separator != u" " &&
+                    (std::any_of(cell.begin(), cell.end(), isSpecial) ||
+                     (!Separator.empty() && cell.view().find(Separator) != std::u16string_view::npos));
+    line += isQuoted ? QuotedStr(cell, u'"') : cell;
+  }
+  return line;
+}
+
+}  // namespace vx

@@ -1,0 +1,50 @@
+// Writes rows as lines of bytes in the system's code page. Internal to uFileCsv.
+#pragma once
+
+#include <span>
+#include <vector>
+
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "platform/String.h"
+
+namespace vx {
+
+// How a file's cells are joined and quoted.
+enum TRowForm : uint8_t {
+  rfCommatext,  // quoted are cells with a unit from 1 to 32, a double quote or a comma before any 0
+  rfChar,       // quoted are cells with a unit below 33, a double quote or the separator
+  rfPlain       // nothing is quoted
+};
+
+// Puts lines into a stream through one buffer. The caller flushes at the end.
+class TRowWriter {
+ public:
+  TRowWriter(TFileStream& Stream, TRowForm Form, char16_t Separator);
+  TRowWriter(const TRowWriter&) = delete;
+  TRowWriter& operator=(const TRowWriter&) = delete;
+  // One line, with carriage return and line feed.
+  void Write(std::span<const String> Cells);
+  void Flush();
+  // The bytes of all lines so far.
+  int64_t GetBytes() const noexcept { return FFlushed + (FNext - FBuffer.data()); }
+
+ private:
+  void MakeRoom(std::span<const String> Cells);
+  char* PutCell(char* Target, const char16_t* Units, size_t Count);
+  char* PutSpecialCell(char* Target, const char16_t* Units, size_t Count);
+  // Puts the units down unquoted; false if one of them may need quotes.
+  bool PutUnquoted(char* Target, const char16_t* Units, size_t Count) const;
+  bool PutEight(char* Target, const char16_t* Units, size_t Count) const;
+  bool NeedsQuotes(const char16_t* Units, size_t Count) const;
+
+  TFileStream& FStream;
+  const TCodePage& FPage;
+  TRowForm FForm;
+  char16_t FSeparator;
+  std::vector<char> FBuffer;
+  char* FNext;
+  int64_t FFlushed = 0;
+};
+
+}  // namespace vx

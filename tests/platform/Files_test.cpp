@@ -1,0 +1,262 @@
+#include "platform/Files.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <functional>
+#include <limits>
+
+#include "platform/Clock.h"
+#include "tests/support/FileText.h"
+#include "tests/support/Print.h"
+#include "tests/support/TempDir.h"
+
+namespace vx {
+namespace {
+
+using test::GetText;
+
+// The text of what body raises as an E; "" if it raises nothing.
+template <typename E = EStreamError, typename F>
+String RaisedBy(F&& body) {
+  try {
+    body();
+  } catch (const E& error) {
+    return error.GetMessage();
+  }
+  return {};
+}
+
+bool Opens(const String& path, uint32_t mode) {
+  return RaisedBy([&] { TFileStream file(path, mode); }).empty();
+}
+
+bool OpensInOtherProcess(const String& path, uint32_t mode) {
+  pid_t child = ::fork();
+  if (child == 0) ::_exit(Opens(path, mode) ? 1 : 0);
+  int status = 0;
+  EXPECT_EQ(::waitpid(child, &status, 0), child);
+  return WIFEXITED(status) && WEXITSTATUS(status) == 1;
+}
+
+class Files : public testing::Test {
+ protected:
+  String Make(const std::string& name, const std::string& bytes) {
+    test::PutText(Dir.Path(name), bytes);
+    return Dir.Path(name);
+  }
+  test::TTempDir Dir;
+};
+
+TEST_F(Files, ShareModesHoldWithinAndBetweenProcesses) {
+  struct TMode { uint32_t Mode; bool Reads, Writes, SharesRead, SharesWrite; };
+  std::vector<TMode> modes;
+  for (uint32_t access : {fmOpenRead, fmOpenWrite, fmOpenReadWrite, fmCreate}) {
+    for (uint32_t share : {0u, 0u | fmShareExclusive, 0u | fmShareDenyWrite, 0u | fmShareDenyNone}) {
+      modes.push_back({access | share, access != fmOpenWrite, access != fmOpenRead, share >= fmShareDenyWrite,
+                       share == fmShareDenyNone});
+    }
+  }
+  const String path = Make("a", "x");
+  for (const TMode& first : modes) {
+    TFileStream file(path, first.Mode);
+    for (const TMode& next : modes) {
+      bool free = (!next.Reads || first.SharesRead) && (!next.Writes || first.SharesWrite) &&
+                  (!first.Reads || next.SharesRead) && (!first.Writes || next.SharesWrite);
+      EXPECT_EQ(Opens(path, next.Mode), free) << first.Mode << " then " << next.Mode;
+      EXPECT_EQ(OpensInOtherProcess(path, next.Mode), free) << first.Mode << " then " << next.Mode;
+    }
+  }
+}
+
+TEST_F(Files, ReadsAndWritesAtItsPosition) {
+  const String path = Make("a", "old");
+  {
+    TFileStream reader(path, fmOpenRead | fmShareDenyWrite);
+    EXPECT_THROW(TFileStream(path, fmCreate | fmShareDenyNone), EFCreateError);
+    EXPECT_EQ(GetText(path), "old") << "emptied only when the share modes allow it";
+  }
+  TFileStream file(path, fmCreate);
+  EXPECT_EQ(file.GetSize(), 0);
+  file.WriteBuffer("0123456789", 10);
+  char buffer[8] = {};
+  file.SetPosition(8);
+  EXPECT_EQ((std::vector{file.Read(buffer, 8), file.Read(buffer, 8)}), (std::vector<size_t>{2, 0}));
+  file.SetPosition(7);
+  EXPECT_EQ(RaisedBy<EReadError>([&] { file.ReadBuffer(buffer, 4); }),
+            u"Cannot read file \"" + path + u"\". The file ends before.");
+  file.SetPosition(12);
+  file.WriteBuffer("xy", 2);
+  EXPECT_EQ(GetText(path), std::string("0123456789\0\0xy", 14));
+  file.SetPosition(-1);
+  EXPECT_THROW(file.Read(buffer, 1), EReadError);
+}
+
+TEST_F(Files, FailuresNameThePathAndTheReason) {
+  const String readOnly = Make("ro", "x"), none = Dir.Path("none"), dir = Dir.Path(), nul = u"a" + String(1, u'\0');
+  ASSERT_TRUE(SetReadOnly(readOnly, true) && Opens(readOnly, fmOpenRead));
+  struct { String Path; uint32_t Mode; int Error; } cases[] = {
+      {none, fmOpenRead, ENOENT}, {none + u"/a", fmCreate, ENOENT}, {dir, fmOpenRead, EISDIR}, {dir, fmCreate, EISDIR},
+      {nul, fmOpenRead, EINVAL}, {u"", fmOpenRead, ENOENT}, {readOnly, fmOpenWrite, EACCES},
+      {readOnly, fmCreate, EACCES}, {u"Q:\\a", fmCreate, ENOTDIR}};
+  for (const auto& c : cases) {
+    auto open = [&] { TFileStream file(c.Path, c.Mode); };
+    const bool create = c.Mode == fmCreate;
+    EXPECT_EQ(create ? RaisedBy<EFCreateError>(open) : RaisedBy<EFOpenError>(open),
+              (create ? u"Cannot create file \"" : u"Cannot open file \"") + c.Path + u"\". " + SysErrorMessage(c.Error));
+    EXPECT_EQ(GetLastError(), c.Error);
+  }
+}
+
+TEST_F(Files, DevicesWorkInSequence) {
+  TFileStream full(u"/dev/full", fmCreate), zero(u"/dev/zero", fmOpenRead);
+  char buffer[3] = {1, 1, 1};
+  EXPECT_TRUE(zero.Read(buffer, 2) == 2 && zero.GetSize() == 0 && buffer[1] == 0 && buffer[2] == 1);
+  EXPECT_EQ(RaisedBy<EWriteError>([&] { full.WriteBuffer("x", 1); }),
+            u"Cannot write file \"/dev/full\". No space left on device");
+  EXPECT_TRUE(FileCopy(Make("src", "text"), u"/dev/null"));
+}
+
+TEST_F(Files, StampsAreLocalAndExactToAMicrosecond) {
+  TFixedTimeZone zone(120);
+  TTimeZoneScope scope(zone);
+  TFileStream file(Make("a", "x"), fmOpenRead);
+  for (TDateTime stamp : {46000.5, 46000.123456789, 29221.0, 25568.75}) {
+    TFileInfo info;
+    EXPECT_TRUE(file.SetLastWrite(stamp) && GetFileInfo(file.GetPath(), info));
+    EXPECT_EQ(info.LastWrite, stamp);
+  }
+  struct stat info;
+  ASSERT_TRUE(file.SetLastWrite(25570) && ::stat(file.GetPath().ToUtf8().c_str(), &info) == 0);
+  EXPECT_EQ(info.st_mtim.tv_sec, 86400 - 7200);
+  for (TDateTime bad : {std::numeric_limits<double>::quiet_NaN(), 1e300, -1e6}) EXPECT_FALSE(file.SetLastWrite(bad));
+}
+
+TEST_F(Files, FindsByMask) {
+  for (const char* name : {"b.csv", "A.CSV", "c.txt", "noext", ".hidden", "Müller.csv", "x.y.z"}) Make(name, "1");
+  ASSERT_TRUE(DirectoryCreate(Dir.Path("dir.csv")) && ::symlink("nowhere", Dir.Path("link").ToUtf8().c_str()) == 0);
+  const std::string all = ".hidden,A.CSV,Müller.csv,b.csv,c.txt,dir.csv,link,noext,x.y.z,";
+  const std::pair<std::string, std::string> cases[] = {
+      {"*", all}, {"*.*", all}, {"*.csv", "A.CSV,Müller.csv,b.csv,dir.csv,"}, {"?.C*", "A.CSV,b.csv,"}, {"?", ""},
+      {"mÜ*", "Müller.csv,"}, {"noe*.*", "noext,"}, {"*.z", "x.y.z,"}, {"c.txt", "c.txt,"}, {"C.TXT", ""}, {"", ""},
+      {"none/*", ""}, {"link", ""}, {"*i*k*", "link,"}, {"**?**.t?t**", "c.txt,"}};
+  for (const auto& [mask, names] : cases) {
+    std::string found;
+    for (const TFileInfo& info : FindFiles(Dir.Path() + u"/" + String::FromUtf8(mask))) {
+      found += info.Name.ToUtf8() + ",";
+      EXPECT_EQ(info.IsDirectory, info.Name == u"dir.csv");
+      EXPECT_EQ(info.IsHidden, info.Name == u".hidden");
+    }
+    EXPECT_EQ(found, names) << mask;
+  }
+}
+
+TEST_F(Files, CopyMoveReplaceDelete) {
+  const String a = Make("a", "new"), b = Make("b", "old"), c = Dir.Path("c"), ro = Make("ro", "kept");
+  ASSERT_TRUE(TFileStream(ro, fmOpenRead).SetLastWrite(40000.25) && SetReadOnly(ro, true));
+  EXPECT_FALSE(FileDelete(ro) || FileCopy(a, ro) || FileReplace(a, ro) || FileMove(a, b) || FileCopy(a, a));
+  EXPECT_FALSE(FileCopy(Dir.Path(), c) || FileCopy(Dir.Path("none"), b) || FileDelete(Dir.Path()));
+  EXPECT_TRUE(FileMove(a, Dir.Path("./a")));
+  EXPECT_EQ(GetText(a) + GetText(b) + GetText(c) + GetText(ro), "newold<none>kept");
+  TFileInfo info;
+  EXPECT_TRUE(FileCopy(ro, b) && FileMove(b, c) && GetFileInfo(c, info));
+  EXPECT_TRUE(info.IsReadOnly && info.LastWrite == 40000.25);
+  EXPECT_EQ(GetText(b) + GetText(c), "<none>kept");
+  EXPECT_TRUE(SetReadOnly(c, false) && FileDelete(c));
+  const String link = Dir.Path("link"), real = Make("real", "old");
+  ASSERT_EQ(::symlink("real", link.ToUtf8().c_str()) + ::chmod(real.ToUtf8().c_str(), 0640), 0);
+  EXPECT_TRUE(FileCopy(ro, link) && SetReadOnly(real, false));
+  EXPECT_EQ(GetText(real), "kept");
+  EXPECT_TRUE(FileReplace(a, link));
+  EXPECT_EQ(GetText(real) + GetText(a), "new<none>");
+  struct stat status;
+  EXPECT_TRUE(::stat(link.ToUtf8().c_str(), &status) == 0 && (status.st_mode & 0777) == 0640);
+}
+
+TEST_F(Files, AFailedCopyLeavesTheOldTarget) {
+  const String source = Make("a", std::string(700000, 'n')), target = Make("b", "old");
+  auto failsWith = [&](int error) { return !FileCopy(source, target) && GetLastError() == error; };
+  {
+    TFileFaults faults;
+    faults.LimitSpace(300000);
+    EXPECT_TRUE(failsWith(ENOSPC));
+  }
+  for (const String& held : {source, target}) {
+    TFileStream holder(held, fmOpenReadWrite | fmShareExclusive);
+    EXPECT_TRUE(failsWith(EBUSY));
+  }
+  EXPECT_EQ(GetText(target), "old");
+  EXPECT_EQ(FindFiles(Dir.Path("*")).size(), 2u);
+  EXPECT_TRUE(FileCopy(source, target));
+  EXPECT_EQ(GetText(target), std::string(700000, 'n'));
+}
+
+TEST_F(Files, CopiesDirectories) {
+  const String s = Dir.Path("s"), t = Dir.Path("t");
+  ASSERT_TRUE(DirectoryCreate(s) && DirectoryCreate(s + u"/sub"));
+  Make("s/1", "one"), Make("s/sub/2", "two");
+  ASSERT_EQ(::symlink("1", Dir.Path("s/link").ToUtf8().c_str()), 0);
+  EXPECT_FALSE(DirectoryCopy(s, s + u"/sub/t") || DirectoryCopy(Dir.Path("none"), t));
+  TFileFaults faults;
+  faults.Fail(foWrite, ENOSPC, 1, 0, "/2");
+  EXPECT_FALSE(DirectoryCopy(s, t) || DirectoryExists(t));
+  EXPECT_TRUE(DirectoryCopy(s, t + u"/"));
+  Make("s/1", "changed");
+  EXPECT_TRUE(DirectoryCopy(s, t));
+  EXPECT_EQ(GetText(Dir.Path("t/link")) + GetText(Dir.Path("t/sub/2")), "changedtwo");
+  EXPECT_FALSE(DirectoryCreate(t) || DirectoryRemove(t));
+}
+
+TEST_F(Files, FaultsStrikeWhereTheyAreTold) {
+  const String a = Make("a", "x"), b = Dir.Path("b");
+  TFileStream file(a, fmOpenReadWrite | fmShareDenyNone);
+  char buffer[4];
+  TFileInfo info;
+  std::pair<TFileOperation, std::function<bool()>> cases[] = {
+      {foOpen, [&] { return Opens(a, fmOpenRead | fmShareDenyNone); }},
+      {foCreate, [&] { return Opens(b, fmCreate) && FileDelete(b); }},
+      {foRead, [&] { return RaisedBy<EReadError>([&] { file.Read(buffer, 1); }).empty(); }},
+      {foWrite, [&] { return RaisedBy<EWriteError>([&] { file.WriteBuffer("x", 1); }).empty(); }},
+      {foFlush, [&] { return file.Flush(); }},
+      {foSetTime, [&] { return file.SetLastWrite(46000); }},
+      {foStamp, [&] { return GetFileInfo(a, info); }},
+      {foRename, [&] { return FileMove(a, b) && FileReplace(b, a); }},
+      {foDelete, [&] { return FileDelete(Make("c", "")); }}};
+  for (auto& [operation, run] : cases) {
+    SCOPED_TRACE(int{operation});
+    {
+      TFileFaults outer, faults;
+      outer.Fail(operation, EIO, 2, 0, "/other");
+      EXPECT_TRUE(run());
+      faults.Fail(operation, EROFS, 2);
+      EXPECT_TRUE(!run() && GetLastError() == EROFS && !run() && run());
+      faults.Fail(operation, EROFS, 99);
+    }
+    EXPECT_TRUE(run());
+  }
+  TFileFaults faults;
+  faults.Fail(foFlush, EIO, 1, 2);
+  EXPECT_TRUE(file.Flush() && file.Flush() && !file.Flush() && file.Flush());
+}
+
+TEST_F(Files, FaultsLimitSpaceReadsAndStamps) {
+  TFileStream file(Make("a", "0123456789"), fmOpenReadWrite | fmShareDenyNone);
+  TFileFaults faults;
+  char buffer[16];
+  faults.CutReads(7);
+  EXPECT_EQ((std::vector{file.Read(buffer, 4), file.Read(buffer, 4), file.Read(buffer, 4)}),
+            (std::vector<size_t>{4, 3, 0}));
+  faults.LimitSpace(2);
+  EXPECT_THROW(file.WriteBuffer("abc", 3), EWriteError);
+  EXPECT_EQ(GetText(file.GetPath()), "0123456ab9");
+  TFileInfo before, after;
+  faults.FreezeStamps();
+  EXPECT_TRUE(GetFileInfo(file.GetPath(), before) && file.SetLastWrite(40000) && GetFileInfo(file.GetPath(), after));
+  EXPECT_EQ(before.LastWrite, after.LastWrite);
+}
+
+}  // namespace
+}  // namespace vx

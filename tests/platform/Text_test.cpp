@@ -1,0 +1,122 @@
+#include "platform/Text.h"
+
+#include <gtest/gtest.h>
+
+#include <climits>
+#include <random>
+
+namespace vx {
+namespace {
+
+TEST(Text, TrimsUnitsUpTo32AtTheEndsOnly) {
+  struct { String Text, Both, Left, Right; } cases[] = {
+      {u"", u"", u"", u""},
+      {String(std::u16string_view(u" \t\r\n\0 ", 6)), u"", u"", u""},
+      {u"a b", u"a b", u"a b", u"a b"},
+      {u" \x01 ä b\t ", u"ä b", u"ä b\t ", u" \x01 ä b"},
+      {u"\u00A0x!", u"\u00A0x!", u"\u00A0x!", u"\u00A0x!"},
+      {u"  ein langer Text mit Rand  ", u"ein langer Text mit Rand", u"ein langer Text mit Rand  ",
+       u"  ein langer Text mit Rand"}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(Trim(c.Text), c.Both);
+    EXPECT_EQ(TrimLeft(c.Text), c.Left);
+    EXPECT_EQ(TrimRight(c.Text), c.Right);
+    EXPECT_EQ(TrimView(c.Text), c.Both.view());
+  }
+  String plain = u"nothing to trim here";
+  EXPECT_EQ(Trim(plain).data(), plain.data());
+}
+
+TEST(Text, CaseOfLettersOneUnitToOne) {
+  struct { String Text, Upper, Lower; } cases[] = {
+      {u"Größe äöü ÄÖÜ éŁđ", u"GRÖßE ÄÖÜ ÄÖÜ ÉŁĐ", u"größe äöü äöü éłđ"},
+      {u"ẞß ÿŸ ıİ ſ µ", u"ẞß ŸŸ ıİ ſ µ", u"ßß ÿÿ ıİ ſ µ"},
+      {u"ǅ ȺⱥƏə Ệệ ắ", u"Ǆ ȺȺƏƏ ỆỆ Ắ", u"ǆ ⱥⱥəə ệệ ắ"},
+      {u"Ωώς Жђё", u"ΩΏς ЖЂЁ", u"ωώς жђё"},
+      {u"@[`{×÷ªº \xD83D", u"@[`{×÷ªº \xD83D", u"@[`{×÷ªº \xD83D"}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(UpperCase(c.Text), c.Upper) << c.Text.ToUtf8();
+    EXPECT_EQ(LowerCase(c.Text), c.Lower) << c.Text.ToUtf8();
+  }
+  int letters = 0;
+  for (int i = 0; i <= 0xFFFF; ++i) {
+    char16_t unit = static_cast<char16_t>(i), lower = LowerCase(unit), upper = UpperCase(unit);
+    letters += lower != unit;
+    EXPECT_EQ(LowerCase(lower), lower) << i;
+    EXPECT_EQ(UpperCase(upper), upper) << i;
+    EXPECT_EQ(LowerCase(upper), lower) << i;
+    EXPECT_EQ(UpperCase(lower), unit == u'ẞ' ? u'ß' : upper) << i;
+  }
+  EXPECT_EQ(letters, 675 + 4 + 1);  // pairs, digraphs such as ǅ, and ẞ
+  String same = u"ein kleiner text";
+  EXPECT_EQ(LowerCase(same).data(), same.data());
+}
+
+TEST(Text, CopyHoldsBothNumbersToTheText) {
+  struct { int Index, Count; const char16_t* Part; } cases[] = {
+      {1, 2, u"ab"}, {0, 2, u"ab"}, {INT_MIN, 1, u"a"}, {4, 9, u"d"}, {5, 1, u""}, {2, INT_MAX, u"bcd"},
+      {2, 0, u""},   {2, -1, u""},  {INT_MAX, INT_MAX, u""}};
+  for (const auto& c : cases) EXPECT_EQ(Copy(u"abcd", c.Index, c.Count), c.Part) << c.Index << "," << c.Count;
+}
+
+TEST(Text, PosCountsFromOne) {
+  struct { const char16_t *Part, *Text; int From, Place; } cases[] = {
+      {u"b", u"abcb", 1, 2}, {u"b", u"abcb", 3, 4}, {u"b", u"abcb", 5, 0},  {u"", u"abc", 1, 0},
+      {u"a", u"abc", 0, 0},  {u"abc", u"ab", 1, 0}, {u"a", u"", INT_MAX, 0}, {u"B", u"b", 1, 0}};
+  for (const auto& c : cases) EXPECT_EQ(Pos(c.Part, c.Text, c.From), c.Place);
+}
+
+TEST(Text, PosFindsEveryPartThatAPlainSearchFinds) {
+  std::mt19937 random(3);
+  for (int round = 0; round < 20000; ++round) {
+    std::u16string text, part;
+    unsigned kinds = 1 + random() % 3;
+    for (size_t size = random() % 60; size > 0; --size) text += static_cast<char16_t>(u'a' + random() % kinds);
+    for (size_t size = 1 + random() % 20; size > 0; --size) part += static_cast<char16_t>(u'a' + random() % kinds);
+    if (random() % 2) part += part;
+    if (random() % 2) text.insert(random() % (text.size() + 1), part);
+    int from = static_cast<int>(1 + random() % 5);
+    size_t place = text.find(part, static_cast<size_t>(from) - 1);
+    ASSERT_EQ(Pos(part, text, from), place == text.npos ? 0 : static_cast<int>(place) + 1);
+  }
+  std::u16string text(1000000, u'a'), part(300000, u'a');  // quadratic time would not end
+  EXPECT_EQ(Pos(part + u"b", text), 0);
+  EXPECT_EQ(Pos(u"b" + part, text), 0);
+  EXPECT_EQ(ReplaceAll(String(text), part, u"x"), String(u"xxx" + std::u16string(100000, u'a')));
+}
+
+TEST(Text, ReplaceAll) {
+  struct { const char16_t *Text, *From, *To, *Result; } cases[] = {
+      {u"aaa", u"aa", u"b", u"ba"}, {u"a,b,", u",", u", ", u"a, b, "}, {u"abc", u"", u"x", u"abc"},
+      {u"", u"a", u"x", u""},       {u"aXbX", u"X", u"", u"ab"},       {u"aa", u"a", u"aa", u"aaaa"}};
+  for (const auto& c : cases) EXPECT_EQ(ReplaceAll(c.Text, c.From, c.To), c.Result);
+}
+
+TEST(Text, Numbers) {
+  EXPECT_EQ(IntToStr(0), u"0");
+  EXPECT_EQ(IntToStr(INT64_MIN), u"-9223372036854775808");
+  struct { const char16_t* Text; bool Good; int Value; } cases[] = {
+      {u"0", true, 0},          {u"  +7", true, 7},        {u"-2147483648", true, INT_MIN},
+      {u"2147483647", true, INT_MAX}, {u"2147483648", false, 0}, {u"-2147483649", false, 0},
+      {u"$fF", true, 255},      {u"0x10", true, 16},       {u"0X1g", false, 0},
+      {u"$FFFFFFFF", true, -1}, {u"$100000000", false, 0}, {u"", false, 0},
+      {u" ", false, 0},         {u"+", false, 0},          {u"$", false, 0},
+      {u"1 ", false, 0},        {u"\t1", false, 0},        {u"1a", false, 0},
+      {u"--1", false, 0},       {u"00000000000000000000012", true, 12}, {u"99999999999999999999999", false, 0}};
+  for (const auto& c : cases) {
+    int value = -77;
+    EXPECT_EQ(TryStrToInt(c.Text, value), c.Good) << String(c.Text).ToUtf8();
+    EXPECT_EQ(value, c.Good ? c.Value : -77) << String(c.Text).ToUtf8();
+    EXPECT_EQ(StrToIntDef(c.Text, 5), c.Good ? c.Value : 5);
+  }
+}
+
+TEST(Text, FormatPutsValuesInOrder) {
+  EXPECT_EQ(Format(u"%s: %d von %s", {u"Zeile", u"3", u"%s%%"}), u"Zeile: 3 von %s%%");
+  EXPECT_EQ(Format(u"100 %% %s %s %x %", {u"a"}), u"100 % a %s %x %");
+  EXPECT_EQ(Format(u"%%s%s%", {u"1", u"2"}), u"%s1%");
+  EXPECT_EQ(Format(u"", {u"a"}), u"");
+}
+
+}  // namespace
+}  // namespace vx

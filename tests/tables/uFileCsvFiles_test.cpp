@@ -1,0 +1,308 @@
+// Table files: bytes to rows and back, and everything that can go wrong on the way.
+#include <gtest/gtest.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <random>
+
+#include "platform/Clock.h"
+#include "platform/CodePage.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "platform/Shell.h"
+#include "tables/uFileCsv.h"
+#include "tests/support/FileText.h"
+#include "tests/support/Print.h"
+#include "tests/support/TempDir.h"
+
+namespace vx {
+namespace {
+
+using test::GetText;
+using test::PutText;
+
+// The rules of reading, one after the other and as plainly as they can be put.
+std::vector<TCells> ReadPlainly(const std::string& Bytes) {
+  std::u16string text;
+  for (char byte : Bytes) {
+    char16_t unit = GetSystemCodePage().DecodeByte(static_cast<uint8_t>(byte));
+    static constexpr std::pair<char16_t, char16_t> kRepairs[] = {{129, 252}, {132, 228}, {142, 196}, {148, 246},
+                                                                 {153, 214}, {154, 220}, {225, 223}};
+    for (auto [from, to] : kRepairs) {
+      if (unit == from) {
+        unit = to;
+        break;
+      }
+    }
+    if (unit != 0) text += unit;
+  }
+  char16_t separator = TFileCsv::AnalyseToParse(text)[0];
+  std::vector<TCells> rows;
+  bool inQuotes = false;
+  size_t start = 0, pos = 0;
+  for (; pos < text.size(); ++pos) {
+    if (text[pos] == u'"') inQuotes = !inQuotes;
+    if (inQuotes || (text[pos] != u'\r' && text[pos] != u'\n')) continue;
+    rows.push_back(ReadSerialize(text.substr(start, pos - start), separator, u'"'));
+    if (pos + 1 < text.size() && (text[pos + 1] == u'\r' || text[pos + 1] == u'\n')) ++pos;
+    start = pos + 1;
+  }
+  if (start + 1 < text.size()) rows.push_back(ReadSerialize(text.substr(start), separator, u'"'));
+  return rows;
+}
+
+std::vector<TCells> Rows(const TFileCsv& Table) {
+  std::vector<TCells> rows;
+  for (int row = 0; row < Table.GetCount(); ++row) {
+    auto items = Table.GetLines(row)->Items();
+    rows.emplace_back(items.begin(), items.end());
+  }
+  return rows;
+}
+
+class TableFiles : public ::testing::Test {
+ protected:
+  std::vector<TCells> Load(const std::string& Bytes) {
+    PutText(dir.Path("in.txt"), Bytes);
+    TFileCsv table;
+    EXPECT_TRUE(table.LoadFromFile(dir.Path("in.txt")));
+    return Rows(table);
+  }
+  test::TTempDir dir;
+  TScriptedDialogs dialogs;
+};
+
+TEST_F(TableFiles, AreReadByTheRules) {
+  using R = std::vector<TCells>;
+  struct { std::string Bytes; R Expected; } cases[] = {
+      {"", {}},
+      {"a;b\r\nc;d\r\n", {{u"a", u"b"}, {u"c", u"d"}}},
+      {"a,b\n\nc,d\n", {{u"a", u"b"}, {u"c", u"d"}}},                   // two line feeds are one line end
+      {"a,b\r\n\r\nc", {{u"a", u"b"}, {}}},                             // a last line of one character is lost
+      {"a,b\r\ncd", {{u"a", u"b"}, {u"cd"}}},
+      {"x", {}},
+      {"x\n", {{u"x"}}},
+      {"a;\"b\r\n;\"\"c\"\"\"\r\n", {{u"a", u"b\r\n;\"c\""}}},
+      {"a;\"open\r\nb;c", {{u"a", u"open\r\nb;"}}},                     // an open quote takes all but the last
+      {"a;b\"c\r\nd;e\"f\r\ng", {{u"a", u"b\"c", u"d", u"e\"f"}}},      // a quote inside still counts
+      {"Max Meier;Bonn\r\n", {{u"Max", u"Meier", u"Bonn"}}},
+      {"a;;b;\r\n;\r\n", {{u"a", u"", u"b", u""}, {u"", u""}}},
+      {"a\t\tb\t\r\n", {{u"a", u"b"}}},
+      {"a\x1B" "b\r\n", {{u"a", u"b"}}},
+      {std::string("\0a\0;b\0\r\0\n", 9), {{u"a", u"b"}}},
+      {"\x81\x84\x8E\x94\x99\x9A\xE1\xE4\x80\r\n", {{u"\u00FC\u201E\u017D\u201D\u2122\u0161\u00DF\u00E4\u20AC"}}},
+      {"\"a\"b;\"c\" \"d\"\r\n", {{u"a", u"b", u"c", u"d"}}},
+  };
+  for (auto& c : cases) {
+    if (c.Bytes[0] == '\x81') {
+      // Only code units that stand for themselves after decoding are turned right.
+      ASSERT_TRUE(SetSystemCodePage(28591));
+      EXPECT_EQ(Load(c.Bytes), (R{{u"\u00FC\u00E4\u00C4\u00F6\u00D6\u00DC\u00DF\u00E4\x80"}}));
+      ASSERT_TRUE(SetSystemCodePage(1252));
+    }
+    if (c.Bytes == "x" || c.Bytes.empty()) {
+      EXPECT_EQ(Load(c.Bytes), c.Expected);
+      continue;
+    }
+    EXPECT_EQ(Load(c.Bytes), c.Expected) << c.Bytes;
+    EXPECT_EQ(ReadPlainly(c.Bytes), c.Expected) << c.Bytes;
+  }
+}
+
+TEST_F(TableFiles, ReadTheSameAsThePlainRulesOnAnything) {
+  const std::string alphabets[] = {std::string("a\";\r\n ,\xE1\x81\0\t", 11), "abcdefgh;\"\r\n", "\";;\"\n", "ab,\x1B \n\""};
+  std::mt19937 random(42);
+  for (int round = 0; round < 400; ++round) {
+    const std::string& alphabet = alphabets[random() % 4];
+    std::string bytes;
+    for (size_t left = random() % 300; left > 0; --left) bytes += alphabet[random() % alphabet.size()];
+    ASSERT_EQ(Load(bytes), ReadPlainly(bytes)) << ::testing::PrintToString(bytes);
+  }
+}
+
+TEST_F(TableFiles, ReadTheSameWhereverTheChunksEnd) {
+  // Lines of changing length, so that the ends of the chunks of 256 KB meet every part of a row.
+  for (unsigned seed = 0; seed < 6; ++seed) {
+    std::mt19937 random(seed);
+    std::string bytes;
+    while (bytes.size() < 1200000) {
+      bytes += std::to_string(random() % 1000);
+      bytes += ";\"" + std::string(random() % 40, 'q') + "\"\"\r\n\";";
+      if (random() % 5000 == 0) bytes += std::string(400000, 'x');
+      if (random() % 50 == 0) bytes += "a\"b c\"d";
+      if (random() % 70 == 0) bytes += std::string(3, '\0');
+      bytes += std::string(random() % 30, 'z') + "\r\n";
+    }
+    ASSERT_EQ(Load(bytes), ReadPlainly(bytes)) << seed;
+  }
+}
+
+TEST_F(TableFiles, AreWrittenByTheExtension) {
+  TFileCsv table;
+  const String first[] = {u"a b", u"", u"c\"d", u"e;f", u"g,h", u"M\u00FCller \u20AC \u4E2D", u"i\tj", u"12345678 Wort"};
+  table.AddRow(first);
+  table.AddEmpty(1);
+  table.AddEmpty(0);
+  struct { const char* Name; std::string Expected; } cases[] = {
+      {"t.csv", "\"a b\",,\"c\"\"d\",e;f,\"g,h\",\"M\xFCller \x80 ?\",\"i\tj\",\"12345678 Wort\"\r\n\"\"\r\n\r\n"},
+      {"t.TXT", "\"a b\";;\"c\"\"d\";\"e;f\";g,h;\"M\xFCller \x80 ?\";\"i\tj\";\"12345678 Wort\"\r\n\r\n\r\n"},
+      {"t.vxt", "\"a b\"\x1B\x1B\"c\"\"d\"\x1B" "e;f\x1Bg,h\x1B\"M\xFCller \x80 ?\"\x1B\"i\tj\"\x1B\"12345678 Wort\"\r\n\r\n\r\n"},
+      {"t.tab", "\"a b\"\t\t\"c\"\"d\"\te;f\tg,h\t\"M\xFCller \x80 ?\"\t\"i\tj\"\t\"12345678 Wort\"\r\n\r\n\r\n"},
+      {"t", "a b  c\"d e;f g,h M\xFCller \x80 ? i\tj 12345678 Wort\r\n\r\n\r\n"},
+  };
+  for (const auto& c : cases) {
+    PutText(dir.Path(c.Name), std::string(5000, 'o'));  // an old and longer file
+    EXPECT_TRUE(table.SaveToFile(dir.Path(c.Name)));
+    EXPECT_EQ(GetText(dir.Path(c.Name)), c.Expected) << c.Name;
+  }
+  EXPECT_THROW(table.SaveToFile(dir.Path("t.xls")), EStringListError);
+  EXPECT_EQ(GetText(dir.Path("t.xls")), "<none>");
+  EXPECT_TRUE(TFileCsv().SaveToFile(dir.Path("t.xls")));
+  EXPECT_EQ(GetText(dir.Path("t.xls")), "");
+  EXPECT_TRUE(dialogs.Shown.empty());
+}
+
+TEST_F(TableFiles, ReadBackWhatWasWritten) {
+  std::u16string alphabet = u"abcz 019,;\"'\r\n\t\u00FC\u00DF\u20AC\u00E4";
+  std::mt19937 random(3);
+  for (int round = 0; round < 60; ++round) {
+    TFileCsv table;
+    int columns = 1 + static_cast<int>(random() % 6);
+    for (int row = 0; row < 30; ++row) {
+      table.AddEmpty(columns);
+      for (int col = 0; col < columns; ++col) {
+        std::u16string cell(row == 0 ? 1 : random() % 40, u'x');
+        for (char16_t& unit : cell) unit = row == 0 ? u'x' : alphabet[random() % alphabet.size()];
+        table.SetCell(col, row, std::u16string_view(cell));
+      }
+    }
+    // Two columns at least, so that the first line shows the separator.
+    for (const char* name : {"t.csv", "t.txt"}) {
+      if (columns == 1 && std::string(name) == "t.txt") continue;
+      ASSERT_TRUE(table.SaveToFile(dir.Path(name)));
+      TFileCsv back;
+      ASSERT_TRUE(back.LoadFromFile(dir.Path(name)));
+      ASSERT_EQ(Rows(back), Rows(table)) << name;
+    }
+  }
+}
+
+TEST_F(TableFiles, MissingFileWarnsAndLeavesTheTable) {
+  TFileCsv table(false);
+  TVxStringList row;
+  row.Add(u"kept");
+  table.Add(&row);
+  EXPECT_FALSE(table.LoadFromFile(u"C:\\nirgends\\a.csv"));
+  EXPECT_FALSE(table.LoadFromFile(dir.Path()));  // a directory is no file
+  ASSERT_EQ(dialogs.Shown.size(), 2u);
+  EXPECT_EQ(dialogs.Shown[0].Text,
+            u"Die Datei\r\nC:\\nirgends\\a.csv\r\nist nicht vorhanden,\r\nkann also nicht geladen werden.");
+  EXPECT_EQ(dialogs.Shown[0].Kind, mtWarning);
+  EXPECT_EQ(table.GetCell(0, 0), u"kept");
+  EXPECT_FALSE(table.GetOwnsObjects());
+}
+
+TEST_F(TableFiles, FailedReadingLeavesAnEmptyTable) {
+  PutText(dir.Path("a.txt"), std::string(600000, 'a') + "\r\n");
+  TFileCsv table;
+  {
+    TFileFaults faults;
+    faults.Fail(foRead, EIO, 1, 1);
+    EXPECT_THROW(table.LoadFromFile(dir.Path("a.txt")), EReadError);
+  }
+  EXPECT_EQ(table.GetCount(), 0);
+  TFileStream locked(dir.Path("a.txt"), fmOpenReadWrite | fmShareExclusive);
+  EXPECT_THROW(table.LoadFromFile(dir.Path("a.txt")), EFOpenError);
+}
+
+TEST_F(TableFiles, AShrinkingFileGivesTheRowsThatAreLeft) {
+  std::string bytes;
+  for (int i = 0; i < 100000; ++i) bytes += "abc;def\r\n";
+  PutText(dir.Path("a.txt"), bytes);
+  TFileFaults faults;
+  faults.CutReads(500003);
+  TFileCsv table;
+  EXPECT_TRUE(table.LoadFromFile(dir.Path("a.txt")));
+  EXPECT_EQ(Rows(table), ReadPlainly(bytes.substr(0, 500003)));
+}
+
+TEST_F(TableFiles, FailedWritingIsRaised) {
+  auto table = std::make_unique<TFileCsv>();
+  for (int i = 0; i < 50000; ++i) table->AddRow(u"abcdefgh,ijklmnop");
+  {
+    TFileFaults faults;
+    faults.LimitSpace(300000);
+    EXPECT_THROW(table->SaveToFile(dir.Path("full.csv")), EWriteError);
+  }
+  PutText(dir.Path("locked.csv"), "old");
+  TFileStream reader(dir.Path("locked.csv"), fmOpenRead | fmShareDenyWrite);
+  EXPECT_THROW(table->SaveToFile(dir.Path("locked.csv")), EFCreateError);
+  EXPECT_EQ(GetText(dir.Path("locked.csv")), "old");
+  EXPECT_THROW(table->SaveToFile(dir.Path("no/such/dir.csv")), EFCreateError);
+  EXPECT_THROW(table->SaveToFile(u"/dev/full"), EWriteError);
+}
+
+TEST_F(TableFiles, AStampThatStandsStillIsWatchedAndThenSet) {
+  TFileCsv table;
+  table.AddRow(u"a,b");
+  table.SaveToFile(dir.Path("a.csv"));
+  TManualClock clock(46000);
+  TClockScope scope(clock);
+  {
+    TFileFaults faults;
+    faults.FreezeStamps();
+    EXPECT_TRUE(table.SaveToFile(dir.Path("a.csv")));  // stamped in the end: no failure
+    EXPECT_EQ(clock.GetSleeps(), 15);
+  }
+  TFileFaults faults;
+  faults.FreezeStamps();
+  faults.Fail(foSetTime, EPERM, 1);
+  EXPECT_FALSE(table.SaveToFile(dir.Path("a.csv")));
+  ASSERT_EQ(dialogs.Shown.size(), 1u);
+  EXPECT_EQ(dialogs.Shown[0].Text,
+            u"Die Datei wurde nicht korrekt gespeichert.\r\n\r\n\r\n\r\nDateipfad " + dir.Path("a.csv"));
+}
+
+TEST_F(TableFiles, SaveAndExecuteShowsATextAsCsv) {
+  std::vector<String> opened;
+  TOpenDocument previous = SetOpenDocument([&](const String& file, const String& directory) {
+    opened.push_back(file);
+    opened.push_back(directory);
+    return true;
+  });
+  TFileCsv table;
+  table.AddRow(u"a,b");
+  EXPECT_TRUE(table.SaveAndExecute(dir.Path("x.txt")));
+  EXPECT_TRUE(table.SaveAndExecute(dir.Path("y.csv")));
+  EXPECT_TRUE(table.SaveAndExecute(dir.Path("z.tab")));
+  SetOpenDocument(previous);
+  EXPECT_EQ(opened, (std::vector<String>{dir.Path("x.csv"), dir.Path(), dir.Path("y.csv"), dir.Path()}));
+  EXPECT_EQ(GetText(dir.Path("x.txt")), "<none>");
+  EXPECT_EQ(GetText(dir.Path("x.csv")), "a;b\r\n");
+}
+
+TEST_F(TableFiles, DatabaseExportsAreCutByTheNumberOfFields) {
+  struct { std::u16string_view Text; std::vector<TCells> Expected; bool Result; } cases[] = {
+      {u"a,b\r\nc,d", {{u"a", u"b"}, {u"c", u"d"}}, true},
+      {u"a,b\r\nc\r\nc,d\r\ne,f\r\n", {{u"a", u"b"}, {u"c\r\nc", u"d"}, {u"e", u"f"}, {u""}}, false},
+      {u"one\ntwo\n", {{u"one"}, {u"two"}, {u""}}, true},
+      {u"\uFEFFa,\u4E2D\nb,c,d\n\n\ne", {{u"\uFEFFa", u"\u4E2D"}, {u"b", u"c", u"d"}, {u"e"}}, false},
+      {std::u16string_view(u"a,b\0\nc,d", 8), {{u"a", u"b"}}, true},
+      {u"", {{u""}}, true},
+  };
+  for (const auto& c : cases) {
+    std::string bytes;
+    for (char16_t unit : c.Text) bytes += {static_cast<char>(unit & 255), static_cast<char>(unit >> 8)};
+    PutText(dir.Path("export"), bytes);
+    TFileCsv table;
+    table.AddRow(u"old");
+    EXPECT_EQ(table.LoadMSSQL(dir.Path("export")), c.Result);
+    EXPECT_EQ(Rows(table), c.Expected);
+  }
+  TFileCsv table;
+  EXPECT_THROW(table.LoadMSSQL(dir.Path("none")), EFOpenError);
+}
+
+}  // namespace
+}  // namespace vx
