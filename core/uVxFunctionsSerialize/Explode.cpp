@@ -47,7 +47,8 @@ String Join(int Count, TGet Get, std::u16string_view Glue, TExplodeOptions Optio
 }  // namespace
 
 String implode(const TStrings& Strings, std::u16string_view Glue, TExplodeOptions Options) {
-  return Join(Strings.GetCount(), [&](int i) { return Strings.Get(i); }, Glue, Options);
+  return Join(
+      Strings.GetCount(), [&](int i) { return Strings.Get(i); }, Glue, Options);
 }
 
 String implode(std::span<const String> Items, std::u16string_view Glue, TExplodeOptions Options) {

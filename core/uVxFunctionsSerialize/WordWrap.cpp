@@ -46,12 +46,12 @@ std::vector<size_t> VisibleLengths(std::u16string_view Text) {
 
 // Where Text, whose visible length is above Width, breaks.
 size_t TinyBreak(std::u16string_view Text, size_t Width) {
-  size_t visible = 0;     // of the units outside tags
-  size_t open = kNone;    // where the tag begins in which i stands
-  size_t depth = 0;       // of "<" without ">"
-  bool stray = false;     // a ">" had no "<" to pair with
-  size_t balanced = 0;    // the longest prefix that pairs up
-  size_t atSpace = 0;     // the same up to the last space
+  size_t visible = 0;   // of the units outside tags
+  size_t open = kNone;  // where the tag begins in which i stands
+  size_t depth = 0;     // of "<" without ">"
+  bool stray = false;   // a ">" had no "<" to pair with
+  size_t balanced = 0;  // the longest prefix that pairs up
+  size_t atSpace = 0;   // the same up to the last space
   for (size_t i = 0; i < Text.size(); ++i) {
     char16_t unit = Text[i];
     if (unit == u'<') {
@@ -59,6 +59,7 @@ size_t TinyBreak(std::u16string_view Text, size_t Width) {
       if (open == kNone) open = i;
     } else if (unit == u'>') {
       stray = stray || depth == 0;
+      if (stray && balanced == 0) return Width;
       if (depth > 0) --depth;
     }
     if (open == kNone) ++visible;
@@ -72,9 +73,11 @@ size_t TinyBreak(std::u16string_view Text, size_t Width) {
 
 void WrapTiny(TCells& Pieces, std::u16string_view Text, size_t Width) {
   std::vector<size_t> visible = VisibleLengths(Text);
+  const size_t lastSpace = Text.rfind(u' ');
   size_t pos = 0;
   while (visible[pos] > Width) {
-    size_t taken = TinyBreak(Text.substr(pos), Width);
+    bool hasSpace = lastSpace != kNone && lastSpace >= pos;
+    size_t taken = hasSpace ? TinyBreak(Text.substr(pos), Width) : Width;
     AppendPiece(Pieces, Text.substr(pos, taken));
     pos += taken;
   }
@@ -97,7 +100,8 @@ String WrapCommatext(std::u16string_view Text, int Width, TWrap Wrap) {
 }
 
 constexpr TCharSet kDigits = TCharSet::Range(u'0', u'9');
-constexpr TCharSet kInWords = kDigits + TCharSet::Range(u'A', u'Z') + TCharSet::Range(u'a', u'z') + TCharSet(u"ÄÖÜßäöü");
+constexpr TCharSet kInWords =
+    kDigits + TCharSet::Range(u'A', u'Z') + TCharSet::Range(u'a', u'z') + TCharSet(u"ÄÖÜßäöü");
 
 // Whether a line may end with the unit at Index, which is not the last one of Line.
 bool MayEndLine(std::u16string_view Line, size_t Index) {

@@ -72,9 +72,10 @@ void TEntries::SetCapacity(int Value) {
   FCapacity = Value;
 }
 
-void TEntries::Grow() {
-  int64_t wanted = int64_t{FCapacity} + (FCapacity > 64 ? FCapacity / 4 : FCapacity > 8 ? 16 : 4);
-  if (FCapacity == INT32_MAX) throw EStringListError(FormatListError(SListCapacityError, FCapacity));
+void TEntries::Grow(int Least) {
+  if (Least > INT32_MAX - FCount) throw EStringListError(FormatListError(SListCapacityError, FCapacity));
+  int64_t step = FCapacity > 64 ? FCapacity / 4 : FCapacity > 8 ? 16 : 4;
+  int64_t wanted = std::max(FCapacity + step, int64_t{FCount} + Least);
   SetCapacity(static_cast<int>(std::min<int64_t>(wanted, INT32_MAX)));
 }
 
@@ -92,7 +93,7 @@ void TEntries::SetObject(int Index, TObject* Object) {
 }
 
 void TEntries::Insert(int Index, String Text, TObject* Object) {
-  if (FCount == FCapacity) Grow();
+  if (FCount == FCapacity) Grow(1);
   Unshare();
   if (Object && !FObjects) MakeObjects();
   MoveItems(FTexts + Index + 1, FTexts + Index, FCount - Index);
@@ -121,9 +122,10 @@ void TEntries::Exchange(int A, int B) {
 void TEntries::TakeAll(std::span<String> Texts) {
   int count = static_cast<int>(Texts.size());
   if (count == 0) return;
-  if (count > FCapacity - FCount) {
-    if (count > INT32_MAX - FCount) throw EStringListError(FormatListError(SListCapacityError, INT32_MAX));
-    SetCapacity(FCount + count);
+  if (FCapacity == 0) {
+    SetCapacity(count);  // a list read from a text has no room to spare
+  } else if (count > FCapacity - FCount) {
+    Grow(count);
   }
   Unshare();
   MoveItems(FTexts + FCount, Texts.data(), count);

@@ -64,7 +64,8 @@ class TEntries {
   void CopyTexts(int Capacity);
   void ResizeTexts(int Capacity);
   void DropTexts() noexcept;
-  void Grow();
+  // By the lists' rule, or as far as Least more entries need.
+  void Grow(int Least);
   void MakeObjects();
 
   String* FTexts = nullptr;

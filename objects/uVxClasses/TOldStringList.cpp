@@ -4,7 +4,7 @@ namespace vx {
 
 int TOldStringList::AddObject(const String& Text, TObject* Object) {
   int index = TTextList::AddObject(Text, nullptr);
-  if (Object) PutObject(index, Object);
+  PutObject(index, Object);
   return index;
 }
 

@@ -14,6 +14,8 @@ class TOldStringList : public TTextList {
   int AddObject(const String& Text, TObject* Object) override;
   // Puts an item without object in, with no regard to a sorted list's order: for derived lists.
   virtual void InsertItem(int Index, const String& Text);
+  // Swaps two entries. Sorting calls it for every swap, also of an entry with itself.
+  virtual void ExchangeItems(int A, int B) { TTextList::Exchange(A, B); }
 
   using TTextList::AddStrings;
   // Copies texts and objects; from a TOldStringList also the rule of duplicates and the flag Sorted,
@@ -24,6 +26,7 @@ class TOldStringList : public TTextList {
 
  protected:
   void InsertEntry(int Index, const String& Text, TObject* Object) override;
+  void SortExchange(int A, int B) override { ExchangeItems(A, B); }
 };
 
 }  // namespace vx

@@ -61,6 +61,7 @@ void TTextList::InsertObject(int Index, const String& Text, TObject* Object) {
 }
 
 void TTextList::Move(int From, int To) {
+  if (From == To) return;
   CheckNotSorted();
   CheckIndex(From);
   CheckIndex(To);
@@ -86,10 +87,8 @@ void TTextList::Clear() {
 void TTextList::Exchange(int A, int B) {
   CheckIndex(A);
   CheckIndex(B);
-  ExchangeItems(A, B);
+  FEntries.Exchange(A, B);
 }
-
-void TTextList::ExchangeItems(int A, int B) { FEntries.Exchange(A, B); }
 
 int TTextList::IndexOf(const String& Text) const {
   if (!FSorted) return TStrings::IndexOf(Text);
@@ -116,8 +115,13 @@ String TTextList::GetTextStr() const {
 void TTextList::AddStrings(std::span<const String> Texts) { AddStrings(Texts, {}); }
 
 void TTextList::AddStrings(std::span<const String> Texts, std::span<TObject* const> Objects) {
+  TCells kept(Texts.begin(), Texts.end());  // the texts may be items of this list
   BeginUpdate();
-  for (size_t i = 0; i < Texts.size(); ++i) AddObject(Texts[i], i < Objects.size() ? Objects[i] : nullptr);
+  if (Objects.empty()) {
+    AddCells(std::move(kept));
+  } else {
+    for (size_t i = 0; i < kept.size(); ++i) AddObject(kept[i], i < Objects.size() ? Objects[i] : nullptr);
+  }
   EndUpdate();
 }
 
@@ -177,10 +181,10 @@ void TTextList::QuickSort(int Low, int High, TCompare Compare) {
     int j = High;
     int pivot = Low + (High - Low) / 2;
     do {
-      while (Compare(*this, i, pivot) < 0) ++i;
-      while (Compare(*this, j, pivot) > 0) --j;
+      while (i < High && Compare(*this, i, pivot) < 0) ++i;  // the bounds matter to contradictory orders alone
+      while (j > Low && Compare(*this, j, pivot) > 0) --j;
       if (i <= j) {
-        if (i != j) ExchangeItems(i, j);
+        SortExchange(i, j);
         if (pivot == i) {
           pivot = j;
         } else if (pivot == j) {

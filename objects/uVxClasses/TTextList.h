@@ -120,8 +120,10 @@ class TTextList : public TStrings {
 
  protected:
   int CompareStrings(std::u16string_view A, std::u16string_view B) const override;
-  // Swaps two entries, without a look at the indexes.
-  virtual void ExchangeItems(int A, int B);
+  // How a sort swaps two entries, which may be one and the same.
+  virtual void SortExchange(int A, int B) {
+    if (A != B) FEntries.Exchange(A, B);
+  }
   void CheckIndex(int Index) const;
   void CheckNotSorted() const;
   // Makes room at Index, which is not checked, and fills it.

@@ -27,6 +27,8 @@ class TVxStringList : public TTextList {
 
   // Puts an item in with no regard to a sorted list's order: for derived lists.
   virtual void InsertItem(int Index, const String& Text, TObject* Object);
+  // Swaps two entries, of a sorted list too. A derived list's Exchange is not called.
+  void ExchangeItems(int A, int B) { TTextList::Exchange(A, B); }
 
   using TTextList::AddStrings;
   // Copies texts and objects; from a TVxStringList also the rule of case, the rule of duplicates and

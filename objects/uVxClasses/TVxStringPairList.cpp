@@ -71,6 +71,8 @@ void TVxStringPairList::Move(int From, int To) {
 }
 
 void TVxStringPairList::InsertItem(int Index, const String& Text, TObject* Object) {
+  // Room for the pair first: what follows can't fail and leave one list longer than the other.
+  if (iPairList.GetCapacity() == iPairList.GetCount()) iPairList.SetCapacity(2 * iPairList.GetCount() + 4);
   TVxStringList::InsertItem(Index, Text, Object);
   iPairList.InsertObject(Index, String(), nullptr);
 }

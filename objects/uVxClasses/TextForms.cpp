@@ -21,6 +21,9 @@ size_t CountUnit(std::u16string_view Text, char16_t Unit) {
   return static_cast<size_t>(std::count(Text.begin(), Text.end(), Unit));
 }
 
+// A unit above 255 separates and quotes nothing: a blank in its place adds nothing to the blanks.
+char16_t Separating(char16_t Unit) { return Unit > 255 ? u' ' : Unit; }
+
 char16_t* Put(char16_t* Target, std::u16string_view Text) {
   std::memcpy(Target, Text.data() ? Text.data() : u"", Text.size() * sizeof(char16_t));
   return Target + Text.size();
@@ -186,13 +189,13 @@ TCells ReadCommatext(std::u16string_view Text) { return ReadSerialize(Text, u','
 
 String WriteSerialize(std::span<const String> Cells, char16_t Delimiter, char16_t Quote) {
   return Join(Cells, Delimiter, Quote, [&](std::u16string_view cell) {
-    const char16_t* found = scan::FindBlankOr(cell.data(), EndOf(cell), Delimiter, Quote);
+    const char16_t* found = scan::FindBlankOr(cell.data(), EndOf(cell), Separating(Delimiter), Separating(Quote));
     return found != EndOf(cell) && *found != 0;  // a code unit 0 ends the look for what needs quotes
   });
 }
 
 TCells ReadSerialize(std::u16string_view Text, char16_t Delimiter, char16_t Quote) {
-  TTextSource source{Delimiter, Quote, {}};
+  TTextSource source{Separating(Delimiter), Quote, {}};
   TCellReader<false, TTextSource> reader(source, Text.data(), EndOf(Text));
   reader.ReadRow();
   return std::move(source.Cells);

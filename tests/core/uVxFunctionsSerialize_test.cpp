@@ -71,8 +71,7 @@ TEST(GetMyCommatext, FindsTheSection) {
     Fill(lines, c.Lines);
     int first = 7, last = 7;
     EXPECT_EQ(GetMyCommatext(c.Name, lines, first, last), c.Found) << String(c.Lines).ToUtf8();
-    EXPECT_EQ(first, c.First) << String(c.Lines).ToUtf8();
-    EXPECT_EQ(last, c.Last) << String(c.Lines).ToUtf8();
+    EXPECT_TRUE(first == c.First && last == c.Last) << String(c.Lines).ToUtf8() << first << last;
   }
 }
 
