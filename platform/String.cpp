@@ -220,6 +220,17 @@ String operator+(const String& A, const String& B) { return Concat({A.view(), B.
 String operator+(const String& A, std::u16string_view B) { return Concat({A.view(), B}); }
 String operator+(std::u16string_view A, const String& B) { return Concat({A, B.view()}); }
 
+TByteTable::TByteTable(const char16_t* Units) noexcept {
+  std::copy_n(Units, 256, FUnits);
+  int exceptions = 0;
+  for (int byte = 0xA0; byte < 256; ++byte) {
+    if (FUnits[byte] == byte) continue;
+    FException = static_cast<char>(byte);
+    ++exceptions;
+  }
+  FIsLatin = exceptions <= 1;
+}
+
 void TStringArena::Open() {
   Close();
   FBlock = String::NewBlock(FBlockUnits);

@@ -29,6 +29,13 @@ char16_t RepairDosLetter(char16_t Unit) {
   }
 }
 
+TByteTable MakeTable() {
+  const TCodePage& page = GetSystemCodePage();
+  char16_t units[256];
+  for (unsigned byte = 0; byte < 256; ++byte) units[byte] = RepairDosLetter(page.DecodeByte(static_cast<uint8_t>(byte)));
+  return TByteTable(units);
+}
+
 }  // namespace
 
 char16_t TSeparatorCounts::Winner() const noexcept {
@@ -72,7 +79,7 @@ void TTableReader::TSource::TakeQuoted(const Unit* Bytes, size_t ByteCount, size
   }
   ::new (Slot()) String(Arena.Build(ByteCount - Pairs, [&](char16_t* units) {
     for (const Unit* end = Bytes + ByteCount; Bytes != end; ++Bytes) {
-      *units++ = Table[*Bytes];
+      *units++ = Table.Unit(*Bytes);
       if (*Bytes == Quote) ++Bytes;
     }
   }));
@@ -89,11 +96,8 @@ void TTableReader::TSource::MoreSlots() {
 }
 
 TTableReader::TTableReader(TFileStream& File)
-    : FFile(File), FBuffer(kChunk + kPadding), FPos(FBuffer.data()), FEnd(FBuffer.data()) {
-  FSource.Table = FTable;
+    : FFile(File), FBuffer(kChunk + kPadding), FPos(FBuffer.data()), FEnd(FBuffer.data()), FSource(MakeTable()) {
   *FEnd = kSentinel;
-  const TCodePage& page = GetSystemCodePage();
-  for (unsigned byte = 0; byte < 256; ++byte) FTable[byte] = RepairDosLetter(page.DecodeByte(static_cast<uint8_t>(byte)));
 }
 
 bool TTableReader::Fill() {

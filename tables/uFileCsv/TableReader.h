@@ -57,6 +57,7 @@ class TTableReader {
   // 16 more may be read.
   struct TSource {
     using Unit = unsigned char;
+    explicit TSource(const TByteTable& Bytes) : Table(Bytes) {}
     template <bool kLines>
     const Unit* TakeUnquoted(const Unit* First, const Unit* Last);
     const Unit* NextQuote(const Unit* First, const Unit* Last) const;
@@ -71,7 +72,7 @@ class TTableReader {
     void MoreSlots();
     void DropCells();
 
-    const char16_t* Table = nullptr;
+    TByteTable Table;
     Unit Delimiter = ',';
     static constexpr Unit Quote = '"';
     std::vector<String> Cells;  // those before Next are taken, the others are empty
@@ -96,7 +97,6 @@ class TTableReader {
   const unsigned char* FPos;
   unsigned char* FEnd;
   bool FAtEof = false;
-  char16_t FTable[256];
   TSource FSource;
 };
 
