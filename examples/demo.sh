@@ -1,0 +1,81 @@
+#!/bin/sh
+# Shows the table tool on the sample tables, and compares what it saved with what it loaded.
+#
+#   demo.sh VXTAB EXAMPLES     the tool, and the directory of the built example programs
+set -eu
+vxtab=${1:?the path of vxtab is missing}
+programs=${2:-}
+data=$(cd "$(dirname "$0")" && pwd)/data
+dir=$(mktemp -d "${TMPDIR:-/tmp}/vxdemoXXXXXX")
+trap 'rm -rf "$dir"' EXIT
+trap 'exit 1' HUP INT TERM
+
+say() { printf '\n== %s\n' "$*"; }
+die() { echo "demo: $*" >&2; exit 1; }
+# The cells of two table files, read by the library, have to be the same.
+same() {
+  "$vxtab" dump "$1" >"$dir/one.json"
+  "$vxtab" dump "$2" >"$dir/two.json"
+  cmp "$dir/one.json" "$dir/two.json" || die "$1 and $2 hold different cells"
+  echo "same cells: $(basename "$1") and $(basename "$2")"
+}
+
+say "A table of patients: commas, Windows-1252, cells with commas, quotes and line breaks"
+"$vxtab" info "$data/patienten.csv"
+"$vxtab" show "$data/patienten.csv" --cols 0-2,5-8 --rows 6
+
+say "The duty roster (semicolons), the price list (ESC) and the hours (tab)"
+for file in dienstplan.txt leistungen.vxt stunden.tab; do "$vxtab" show "$data/$file" --rows 4; done
+
+say "One cell edited in a copy of the roster, the file replaced in one step"
+cp "$data/dienstplan.txt" "$dir/plan.txt"
+"$vxtab" set "$dir/plan.txt" "$dir/plan.txt" --cell 4,1="Jörg Süß" --cell "6,1=Große Morgenpflege; \"schnell\""
+"$vxtab" show "$dir/plan.txt" --rows 3
+"$vxtab" dump "$dir/plan.txt" | grep -q '"Jörg Süß", "P-1001", "Große Morgenpflege; \\"schnell\\""' || die "the cells were not set"
+
+say "The edited roster saved in all forms, each loaded again and compared cell for cell"
+for form in csv txt vxt tab; do
+  "$vxtab" convert "$dir/plan.txt" "$dir/again.$form"
+  same "$dir/plan.txt" "$dir/again.$form"
+done
+
+say "The patients as a .tab file: that form has no empty cells, and the tool says what is lost"
+"$vxtab" convert "$data/patienten.csv" "$dir/lossy.tab" 2>"$dir/note"
+cat "$dir/note"
+grep -q '^note: ' "$dir/note" || die "the note is missing"
+"$vxtab" convert "$data/patienten.csv" "$dir/whole.txt"
+same "$data/patienten.csv" "$dir/whole.txt"
+
+say "A file of another program: UTF-8, blanks without quotes. The library's rules do not fit it:"
+"$vxtab" show "$data/adressen_utf8.csv" --rows 3 2>&1
+echo "with --foreign they do, and what the code page lacks is told:"
+"$vxtab" convert --foreign "$data/adressen_utf8.csv" "$dir/adressen.csv" 2>&1
+"$vxtab" show "$dir/adressen.csv" --rows 5
+
+say "The address table turned, and turned back"
+"$vxtab" turn "$dir/adressen.csv" "$dir/turned.csv"
+"$vxtab" show "$dir/turned.csv" --cols 0-3
+"$vxtab" turn "$dir/turned.csv" "$dir/back.csv"
+same "$dir/adressen.csv" "$dir/back.csv"
+
+say "A ragged table cleaned: blanks trimmed, rows balanced, empty rows and line breaks gone"
+printf 'a,"  b  "\r\n"",""\r\n"c\nd",e,f\r\n' >"$dir/ragged.csv"
+"$vxtab" dump "$dir/ragged.csv"
+"$vxtab" clean "$dir/ragged.csv" "$dir/clean.csv" --trim --balance --drop-empty --one-line
+"$vxtab" dump "$dir/clean.csv" | tee "$dir/clean.json"
+printf '["a", "b", ""]\n["c d", "e", "f"]\n' | cmp - "$dir/clean.json" || die "the table is not clean"
+
+say "A database server's export (UTF-16, line breaks inside cells without quotes)"
+"$vxtab" mssql "$data/abrechnung_mssql.csv" "$dir/abrechnung.csv"
+"$vxtab" show "$dir/abrechnung.csv" --rows 5
+"$vxtab" info "$dir/abrechnung.csv" | grep -q '^columns: 5\.\.5$' || die "the export was not read"
+
+if [ -x "$programs/readme_example" ]; then
+  say "The example program of the README: loads, changes and saves a table"
+  "$programs/readme_example" "$data/patienten.csv" "$dir/changed.vxt"
+  "$programs/readme_example" "$data/patienten.csv" "$dir/changed.txt"
+  "$vxtab" show "$dir/changed.txt" --cols 0-1,5 --from 10
+  "$vxtab" dump "$dir/changed.txt" | grep -q '"Königswinter"' || die "the example changed nothing"
+fi
+
+say "All comparisons agree"

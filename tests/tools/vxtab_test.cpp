@@ -1,0 +1,386 @@
+#include "tools/vxtab/Vxtab.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <filesystem>
+#include <sstream>
+
+#include "platform/CodePage.h"
+#include "platform/Files.h"
+#include "tests/support/FileText.h"
+#include "tests/support/TempDir.h"
+#include "tools/vxtab/ForeignReader.h"
+#include "tools/vxtab/Show.h"
+
+namespace vx {
+namespace {
+
+namespace fs = std::filesystem;
+using vx::test::GetText;
+using vx::test::PutText;
+
+struct TResult {
+  int Status;
+  std::string Out, Err;
+};
+
+class VxtabTest : public testing::Test {
+ protected:
+  // "@name" stands for a file of the test's directory.
+  TResult Run(std::vector<std::string> Words, const std::string& Input = {}, int Width = 0) {
+    for (std::string& word : Words) {
+      if (word.starts_with('@')) word = Native(word.substr(1));
+    }
+    std::istringstream in(Input);
+    std::ostringstream out, err;
+    int status = vxtab::RunVxtab(Words, in, out, err, {Width, false});
+    return {status, out.str(), err.str()};
+  }
+  std::string Out(std::vector<std::string> Words, const std::string& Input = {}) {
+    TResult result = Run(std::move(Words), Input);
+    EXPECT_EQ(result.Status, 0) << result.Err;
+    EXPECT_EQ(result.Err, "");
+    return result.Out;
+  }
+  void Put(const std::string& Name, const std::string& Bytes) { PutText(FDir.Path(Name), Bytes); }
+  std::string Get(const std::string& Name) { return GetText(FDir.Path(Name)); }
+  std::string Native(const std::string& Name) const { return FDir.GetPath() + "/" + Name; }
+  int Entries() const { return static_cast<int>(std::distance(fs::directory_iterator(FDir.GetPath()), {})); }
+
+  vx::test::TTempDir FDir;
+};
+
+std::string Bytes(std::u16string_view Text, bool LittleEndFirst) {
+  std::string result;
+  for (char16_t unit : Text) {
+    char low = static_cast<char>(unit & 255), high = static_cast<char>(unit >> 8);
+    result += LittleEndFirst ? low : high;
+    result += LittleEndFirst ? high : low;
+  }
+  return result;
+}
+
+TEST_F(VxtabTest, ForeignReadingFollowsOnlySeparatorsLineEndsAndQuotes) {
+  const struct {
+    const char* Name;
+    std::string Bytes, Dump;
+  } kCases[] = {
+      {"blanks stay", "a b, c ,\td\n",
+       R"(["a b", " c ", "\td"])"
+       "\n"},
+      {"empty cells and lines", ",\r\n\r\na,,\n\n", "[\"\", \"\"]\n[]\n[\"a\", \"\", \"\"]\n[]\n"},
+      {"all line ends", "a,1\rb,2\r\nc,3\nd,4", "[\"a\", \"1\"]\n[\"b\", \"2\"]\n[\"c\", \"3\"]\n[\"d\", \"4\"]\n"},
+      {"last line of one character", "a,b\nc", "[\"a\", \"b\"]\n[\"c\"]\n"},
+      {"final separator without line end", "a,", "[\"a\", \"\"]\n"},
+      {"quotes", "\"a,\"\"b\"\"\r\nc\",\"\"\n",
+       R"(["a,\"b\"\r\nc", ""])"
+       "\n"},
+      {"only quotes", "\"\"\"\",\"\"\"\"\"\"\n",
+       R"(["\"", "\"\""])"
+       "\n"},
+      {"text behind a closing quote", "\"a\"b\"c\",d\n",
+       R"(["ab\"c\"", "d"])"
+       "\n"},
+      {"quote inside a cell", "5\" pipe, \"x\",y\n",
+       R"(["5\" pipe", " \"x\"", "y"])"
+       "\n"},
+      {"quote never closed", "a,\"b\nc,d\n",
+       R"(["a", "b\nc,d\n"])"
+       "\n"},
+      {"quote never closed, pair at the end", "a,\"b\"\"",
+       R"(["a", "b\""])"
+       "\n"},
+      {"one quote", "a,\"",
+       R"(["a", ""])"
+       "\n"},
+      {"nothing", "", ""},
+      {"UTF-8", "Ä,\xF0\x9F\x98\x80\n", "[\"Ä\", \"😀\"]\n"},
+      {"UTF-8 with a mark",
+       "\xEF\xBB\xBF"
+       "a,b\n",
+       "[\"a\", \"b\"]\n"},
+      {"UTF-16 with a mark", "\xFF\xFE" + Bytes(u"Ł,b\r\n", true), "[\"Ł\", \"b\"]\n"},
+      {"UTF-16, big end first", "\xFE\xFF" + Bytes(u"Ł,b\n", false), "[\"Ł\", \"b\"]\n"},
+      {"UTF-16 without a mark", Bytes(u"abc,ä\n", true), "[\"abc\", \"ä\"]\n"},
+      {"UTF-16 without a mark, big end first", Bytes(u"abc,ä\n", false), "[\"abc\", \"ä\"]\n"},
+      {"lone surrogates",
+       "\xFF\xFE" + Bytes(u"\xD800,\xDC00"
+                          u"a\n",
+                          true),
+       R"(["\ud800", "\udc00a"])"
+       "\n"},
+      {"code page", "\xC4,\x80\n", "[\"Ä\", \"€\"]\n"},
+      {"overlong UTF-8 is none", "\xC0\xAF,x\n", "[\"À¯\", \"x\"]\n"},
+      {"UTF-8 of surrogates is none", "\xED\xA0\x80,x\n", "[\"í\xC2\xA0€\", \"x\"]\n"},
+      {"cut UTF-8 is none", "a,\xE2\x82", "[\"a\", \"â‚\"]\n"},
+      {"control characters", std::string("a\0b,\x1F\x7F\n", 7), "[\"a\\u0000b\", \"\\u001f\x7F\"]\n"},
+  };
+  for (const auto& test : kCases) {
+    SCOPED_TRACE(test.Name);
+    Put("f", test.Bytes);
+    EXPECT_EQ(Out({"dump", "--foreign", "--separator", "comma", "@f"}), test.Dump);
+    EXPECT_EQ(Out({"dump", "--foreign", "--separator=,", "-"}, test.Bytes), test.Dump);
+  }
+}
+
+TEST_F(VxtabTest, ForeignSeparatorIsTheOneThatCutsMostLinesAlike) {
+  const struct {
+    const char* Name;
+    const char16_t* Text;
+    char16_t Separator;
+  } kCases[] = {
+      {"title without separators", u"Tabelle\nStand 1, 2, 3\na;b\nc;d\ne;f\n", u';'},
+      {"decimal commas", u"1,5;2,5\n3,5;4,5\n", u';'},
+      {"in quotes", u"\"a;b\",c\n\"d;e\",f\n", u','},
+      {"tab before comma", u"a,b\tc,d\n", u'\t'},
+      {"esc",
+       u"a\x1B"
+       u"b\n",
+       u'\x1B'},
+      {"none", u"a b\nc d\n", u','},
+  };
+  for (const auto& test : kCases) EXPECT_EQ(vxtab::GuessSeparator(test.Text), test.Separator) << test.Name;
+}
+
+TEST_F(VxtabTest, ConvertedForeignTablesReadBackOrTheNoteSaysWhere) {
+  const struct {
+    const char* Name;
+    std::string Bytes, Extension, Note;
+  } kCases[] = {
+      {"blanks, quotes, breaks as .csv", "Max Meier,\"a \"\"b\"\"\r\nc\",,\n,\"x,y;z\",ß,€\n", ".csv", ""},
+      {"the same as .txt", "Max;Meier;\"a \"\"b\"\"\r\nc\";;\n;\"x,y;z\";ß;€\n", ".txt", ""},
+      {"as .vxt", "Max Meier,b c\nä,ö\n", ".vxt", ""},
+      {"as .TAB", "Max Meier,b c\nä,ö\n", ".TAB", ""},
+      {"empty cell", "a,b\na,,c\n", ".tab", "column 1 of row 1 is 'c' instead of ''"},
+      {"empty row", "a,b\n\"\"\n", ".txt", "row 1 has 0 cells instead of 1"},
+      {"outside the code page", "a,Łódź\n", ".csv", "column 1 of row 0 is '?ód?' instead of 'Łódź'"},
+      {"á", "a,Lehár\n", ".csv", "is 'Lehßr' instead of 'Lehár'"},
+      {"no separator in the first line", "Titel\na,b\n", ".txt", "column 0 of row 1 is 'a;b' instead of 'a'"},
+      {"no extension", "a b,c\n", "", "column 0 of row 0 is 'a' instead of 'a b'"},
+      {"a cell with code unit 0", std::string("a,b\0c\n", 6), ".csv", "column 1 of row 0 is 'b"},
+  };
+  for (const auto& test : kCases) {
+    SCOPED_TRACE(test.Name);
+    Put("in", test.Bytes);
+    TResult result = Run({"convert", "--foreign", "@in", "@out" + test.Extension});
+    EXPECT_EQ(result.Status, 0);
+    if (test.Note.empty()) {
+      EXPECT_EQ(result.Err, "");
+      EXPECT_EQ(Out({"dump", "@out" + test.Extension}), Out({"dump", "--foreign", "@in"}));
+    } else {
+      EXPECT_TRUE(result.Err.starts_with("note: " + Native("out" + test.Extension))) << result.Err;
+      EXPECT_NE(result.Err.find(test.Note), std::string::npos) << result.Err;
+      EXPECT_EQ(std::count(result.Err.begin(), result.Err.end(), '\n'), 1);
+    }
+    fs::remove(Native("out" + test.Extension));
+    EXPECT_EQ(Entries(), 1);
+  }
+}
+
+TEST_F(VxtabTest, FailuresTellWhatAndWhereAndWriteNothing) {
+  Put("in.csv", "a,b\r\nc,d\r\n");
+  Put("old.csv", "old");
+  Put("fixed.csv", "fixed");
+  fs::permissions(Native("fixed.csv"), fs::perms::owner_read);
+  fs::create_directory(Native("dir.csv"));
+  const struct {
+    std::vector<std::string> Words;
+    int Status;
+    std::string Err;
+  } kCases[] = {
+      {{"info", "@none.csv"}, 1, "ist nicht vorhanden,\nkann also nicht geladen werden.\n"},
+      {{"info", "--foreign", "@none.csv"}, 1, "none.csv"},
+      {{"mssql", "@none.csv", "@new.csv"}, 1, "none.csv"},
+      {{"info", "@dir.csv"}, 1, "dir.csv: is a directory"},
+      {{"convert", "@in.csv", "@dir.csv"}, 1, "dir.csv: is a directory"},
+      {{"convert", "@none.csv", "@new.xls"}, 1, "new.xls: unknown extension '.xls'; known are .csv"},
+      {{"turn", "@in.csv", "@fixed.csv"}, 1, "fixed.csv: is read-only"},
+      {{"convert", "@in.csv", "@none/new.csv"}, 1, "none/new.csv: can't make a file"},
+      {{"convert", "@in.csv", "/dev/full"}, 1, "/dev/full: can't be written"},
+      {{"set", "@in.csv", "@old.csv", "--cell", "0,0=x", "--cell", "2,1=x"}, 1, "there is no cell 2,1"},
+      {{"set", "@in.csv", "@old.csv", "--cell", "0,2=x"}, 1, "there is no cell 0,2"},
+      {{"set", "@in.csv", "@old.csv", "--cell", "0;0=x"}, 2, "not of the form COL,ROW=TEXT"},
+      {{"set", "@in.csv", "@old.csv"}, 2, "--cell COL,ROW=TEXT is missing"},
+      {{"clean", "@in.csv", "@old.csv"}, 2, "nothing to clean"},
+      {{"convert", "@in.csv"}, 2, "OUT is missing"},
+      {{"convert", "@in.csv", "-"}, 2, "'-' can't be written to"},
+      {{"info", "@in.csv", "@old.csv"}, 2, "old.csv' is too much"},
+      {{"info", ""}, 2, "a file name is empty"},
+      {{"info", "--trim", "@in.csv"}, 2, "unknown option --trim"},
+      {{"show", "@in.csv", "--rows"}, 2, "option --rows needs a value"},
+      {{"show", "@in.csv", "--rows=-1"}, 2, "not a number from 0 on"},
+      {{"show", "@in.csv", "--cols", "3-1"}, 2, "not a list like 0,2-4"},
+      {{"show", "@in.csv", "--cols", "0-2000000000"}, 2, "too many"},
+      {{"info", "--foreign=1", "@in.csv"}, 2, "option --foreign takes no value"},
+      {{"info", "--codepage", "99", "@in.csv"}, 2, "unknown code page 99"},
+      {{"info", "--separator", "tab", "@in.csv"}, 2, "goes with --foreign only"},
+      {{"merge"}, 2, "unknown command merge"},
+      {{"--foreign", "info"}, 2, "the command has to come first"},
+      {{}, 2, "a command is missing"},
+  };
+  for (const auto& test : kCases) {
+    TResult result = Run(test.Words);
+    EXPECT_EQ(result.Status, test.Status) << result.Err;
+    EXPECT_NE(result.Err.find(test.Err), std::string::npos) << result.Err;
+    EXPECT_EQ(result.Err.find("Try: vxtab --help") != std::string::npos, test.Status == 2) << result.Err;
+    EXPECT_EQ(result.Out, "");
+    EXPECT_EQ(Get("old.csv"), "old");
+    EXPECT_EQ(Entries(), 4);
+  }
+  EXPECT_EQ(GetSystemCodePage().GetNumber(), 1252);
+}
+
+TEST_F(VxtabTest, FaultsOfTheDiskLeaveTheOldFileAndNothingBeside) {
+  const std::string old = "a,b\r\nc,d\r\n";
+  Put("t.csv", old);
+  const TFileOperation kOperations[] = {foCreate, foWrite, foFlush, foRename};
+  for (TFileOperation operation : kOperations) {
+    TFileFaults faults;
+    faults.Fail(operation, ENOSPC, 100);
+    TResult result = Run({"set", "@t.csv", "@t.csv", "--cell", "0,0=new"});
+    EXPECT_EQ(result.Status, 1) << operation;
+    EXPECT_NE(result.Err.find("t.csv"), std::string::npos) << result.Err;
+    EXPECT_EQ(Get("t.csv"), old);
+    EXPECT_EQ(Entries(), 1);
+  }
+  TFileFaults faults;
+  faults.LimitSpace(5);
+  EXPECT_EQ(Run({"convert", "@t.csv", "@t.txt"}).Status, 1);
+  EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(VxtabTest, SavesThroughLinksAndKeepsModes) {
+  Put("real.csv", "a,b\r\nc,d\r\n");
+  fs::permissions(Native("real.csv"), fs::perms::owner_read | fs::perms::owner_write | fs::perms::group_read);
+  fs::create_symlink("real.csv", Native("link.csv"));
+  Out({"set", "@link.csv", "@link.csv", "--cell", "1,0=x=1, \"ü\"", "--cell=0,1="});
+  EXPECT_TRUE(fs::is_symlink(Native("link.csv")));
+  EXPECT_EQ(Get("real.csv"), "a,\"x=1, \"\"\xFC\"\"\"\r\n,d\r\n");
+  EXPECT_EQ(static_cast<unsigned>(fs::status(Native("real.csv")).permissions()), 0640u);
+}
+
+TEST_F(VxtabTest, InfoNamesSixValuesAndSaysWhenAFileLooksForeign) {
+  const struct {
+    const char* Name;
+    std::string Bytes, Out, Hint;
+  } kCases[] = {
+      {"own", "a;\"b c\"\r\n\r\nd;\"\xFC\";\r\n",
+       "separator: semicolon\nrows: 3\ncolumns: 0..3\nbytes: 19\ncells: 5\nlongest cell: 3\n", ""},
+      {"empty", "", "separator: comma\nrows: 0\ncolumns: 0..0\nbytes: 0\ncells: 0\nlongest cell: 0\n", ""},
+      {"esc",
+       "a\x1B"
+       "b\n",
+       "separator: esc\nrows: 1\ncolumns: 2..2\nbytes: 4\ncells: 2\nlongest cell: 1\n", ""},
+      {"blanks", "a,b\n\nc d,e\n", "rows: 2", "row 1 would have 2 cells instead of 3"},
+      {"last line of one character", "a,b\r\nc", "rows: 1", "it would have more rows than the 1 read now"},
+      {"UTF-8", "\xC3\x84,b\n", "rows: 1", "it looks like UTF-8\n"},
+      {"mark",
+       "\xEF\xBB\xBF"
+       "a,b\n",
+       "rows: 1", "UTF-8 with a byte order mark"},
+      {"UTF-16", Bytes(u"abc\tdef\n", true), "separator: tab", "UTF-16, little end first"},
+  };
+  for (const auto& test : kCases) {
+    SCOPED_TRACE(test.Name);
+    Put("f.csv", test.Bytes);
+    TResult result = Run({"info", "@f.csv"});
+    EXPECT_EQ(result.Status, 0);
+    if (test.Hint.empty()) {
+      EXPECT_EQ(result.Out, test.Out);
+      EXPECT_EQ(result.Err, "");
+    } else {
+      EXPECT_NE(result.Out.find(test.Out), std::string::npos) << result.Out;
+      EXPECT_NE(result.Err.find(test.Hint), std::string::npos) << result.Err;
+      EXPECT_NE(result.Err.find("--foreign"), std::string::npos);
+      EXPECT_EQ(std::count(result.Err.begin(), result.Err.end(), '\n'), 1);
+    }
+  }
+  Put("f.csv", "\xC3\x84;b\n");
+  EXPECT_NE(Out({"info", "--foreign", "@f.csv"}).find("\nencoding: UTF-8\n"), std::string::npos);
+  EXPECT_EQ(Out({"dump", "--codepage", "850", "-"}, "a,\x9C\n"), "[\"a\", \"£\"]\n");
+}
+
+TEST_F(VxtabTest, ShowAlignsByWhatIsSeenAndKeepsToTheWidth) {
+  Put("t.csv", "日本,a\xCC\x88,\"x\ny\"\nb,\xE2\x80\xAE,\n1,2,3,4\n");
+  EXPECT_EQ(Out({"show", "--foreign", "@t.csv"}),
+            "  | 0    | 1      | 2   | 3\n--+------+--------+-----+--\n"
+            "0 | 日本 | a\xCC\x88      | x␊y\n1 | b    | ‹202E› | \n2 | 1    | 2      | 3   | 4\n");
+  EXPECT_EQ(Out({"show", "--foreign", "@t.csv", "--cols", "3,0", "--from", "1", "--rows", "1"}),
+            "  | 3 | 0\n--+---+--\n1 |   | b\n(1 of 3 rows, 2 of 2 columns)\n");
+  EXPECT_EQ(Out({"show", "@t.csv", "--foreign", "--from", "9"}), "\n-\n(0 of 3 rows, 0 of 0 columns)\n");
+  for (int width = 8; width < 40; ++width) {
+    std::istringstream lines(Run({"show", "--foreign", "@t.csv"}, {}, width).Out);
+    for (std::string line; std::getline(lines, line) && !line.starts_with('(');) {
+      int seen;
+      vxtab::VisibleText(String::FromUtf8(line), 1000, seen);
+      EXPECT_LE(seen, width) << line;
+    }
+  }
+}
+
+TEST_F(VxtabTest, VisibleTextIsCutByColumns) {
+  const struct {
+    const char16_t* Text;
+    int Limit;
+    const char* Visible;
+    int Width;
+  } kCases[] = {
+      {u"abcdef", 6, "abcdef", 6},
+      {u"abcdefg", 6, "abcde…", 6},
+      {u"日本語", 5, "日本…", 5},
+      {u"日本語", 4, "日…", 3},
+      {u"a\x1B\x7F\x85", 20, "a␛␡‹85›", 7},
+      {u"a\xD800", 3, "a…", 2},
+      {u"", 1, "", 0},
+  };
+  for (const auto& test : kCases) {
+    int width;
+    EXPECT_EQ(vxtab::VisibleText(test.Text, test.Limit, width), test.Visible);
+    EXPECT_EQ(width, test.Width) << test.Visible;
+  }
+  int width;
+  EXPECT_LT(vxtab::VisibleText(String(100000, u'\u0301'), 40, width).size(), 100u);
+}
+
+TEST_F(VxtabTest, ChangesTables) {
+  Put("ragged.csv", "a,\"  b \"\r\n\"\",\"\"\r\n\"c\nd\",e,f\r\n");
+  TResult turned = Run({"turn", "@ragged.csv", "@turned.txt"});
+  EXPECT_EQ(turned.Status, 0);
+  EXPECT_NE(turned.Err.find("beyond the width of row 0 are left out, first in row 2"), std::string::npos) << turned.Err;
+  EXPECT_EQ(Out({"dump", "@turned.txt"}), R"(["a", "", "c\nd"])"
+                                          "\n"
+                                          R"(["  b ", "", "e"])"
+                                          "\n");
+  const struct {
+    std::vector<std::string> Options;
+    const char* Dump;
+  } kCases[] = {
+      {{"--trim"}, "[\"a\", \"b\"]\n[\"\", \"\"]\n[\"c\\nd\", \"e\", \"f\"]\n"},
+      {{"--balance"}, "[\"a\", \"  b \", \"\"]\n[\"\", \"\", \"\"]\n[\"c\\nd\", \"e\", \"f\"]\n"},
+      {{"--drop-empty", "--one-line"}, "[\"a\", \"  b \"]\n[\"c d\", \"e\", \"f\"]\n"},
+  };
+  for (const auto& test : kCases) {
+    std::vector<std::string> words{"clean", "@ragged.csv", "--", "@clean.csv"};
+    words.insert(words.begin() + 2, test.Options.begin(), test.Options.end());
+    Out(words);
+    EXPECT_EQ(Out({"dump", "@clean.csv"}), test.Dump);
+  }
+  Put("export", Bytes(u"a,b\r\nx\r\ny,2\r\n", true));
+  TResult read = Run({"mssql", "@export", "@export.csv"});
+  EXPECT_EQ(read.Status, 0);
+  EXPECT_NE(read.Err.find("the last record has 1 cells, the first 2"), std::string::npos) << read.Err;
+  EXPECT_EQ(Out({"dump", "@export.csv"}), "[\"a\", \"b\"]\n[\"x\\r\\ny\", \"2\"]\n[\"\"]\n");
+}
+
+TEST_F(VxtabTest, HelpNamesEveryCommandAndWantsNoFile) {
+  TResult help = Run({"convert", "--help"});
+  EXPECT_EQ(help.Status, 0);
+  for (const char* name : {"show", "info", "dump", "convert", "turn", "clean", "mssql", "set"}) {
+    EXPECT_NE(help.Out.find("vxtab " + std::string(name)), std::string::npos) << name;
+  }
+  EXPECT_EQ(help.Out, Out({"help"}));
+}
+
+}  // namespace
+}  // namespace vx

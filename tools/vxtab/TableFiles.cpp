@@ -1,0 +1,300 @@
+#include "tools/vxtab/TableFiles.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <istream>
+#include <optional>
+#include <random>
+
+#include "platform/Files.h"
+#include "platform/Paths.h"
+#include "platform/Text.h"
+#include "tools/vxtab/Show.h"
+#include "tools/vxtab/System.h"
+
+namespace vx::vxtab {
+
+namespace {
+
+namespace fs = std::filesystem;
+
+fs::file_status StatusOf(const String& Path) {
+  std::error_code ignored;
+  return fs::status(ToNativePath(Path), ignored);
+}
+
+std::string LastError() { return SysErrorMessage(GetLastError()).ToUtf8(); }
+
+// Runs Action, and gives what it raises as a failure that names the file.
+template <typename F>
+auto Naming(const std::string& Name, F Action) {
+  std::string text;
+  try {
+    return Action();
+  } catch (const std::bad_alloc&) {
+    text = "not enough memory";
+  } catch (const std::length_error&) {
+    text = "too large";
+  } catch (const std::exception& e) {
+    text = e.what();
+  }
+  bool isComplete = text.empty() || text.find(Name) != text.npos;
+  throw TFailure(isComplete ? text : Name + ": " + text);
+}
+
+std::string ReadBytes(const String& Path) {
+  TFileStream file(Path, fmOpenRead | fmShareDenyNone);
+  std::string bytes(static_cast<size_t>(std::max<int64_t>(file.GetSize(), 0)), '\0');
+  bytes.resize(file.Read(bytes.data(), bytes.size()));
+  return bytes;
+}
+
+void CopyStream(std::istream& In, const String& Path) {
+  TFileStream file(Path, fmCreate | fmShareDenyWrite);
+  std::string buffer(1 << 20, '\0');
+  while (In) {
+    In.read(buffer.data(), static_cast<std::streamsize>(buffer.size()));
+    file.WriteBuffer(buffer.data(), static_cast<size_t>(In.gcount()));
+  }
+  if (In.bad()) throw TFailure("can't be read");
+}
+
+// A file that can be read more than once: the one named, or a copy of what is no regular file.
+class TInput {
+ public:
+  TInput(const std::string& Name, std::istream& In) : FPath(String::FromUtf8(Name)) {
+    if (Name == "-") {
+      CopyStream(In, Scratch());
+      return;
+    }
+    fs::file_status status = StatusOf(FPath);
+    if (fs::is_directory(status)) throw TFailure("is a directory");
+    if (!fs::exists(status) || fs::is_regular_file(status)) return;
+    std::ifstream special(ToNativePath(FPath), std::ios::binary);
+    if (!special) throw TFailure("can't be opened");
+    CopyStream(special, Scratch());
+  }
+  ~TInput() { RemoveOnSignal(nullptr); }
+  TInput(const TInput&) = delete;
+  TInput& operator=(const TInput&) = delete;
+  const String& Path() const { return FPath; }
+
+ private:
+  const String& Scratch() {
+    FScratch.emplace();
+    FPath = FScratch->Path(u"input");
+    RemoveOnSignal(&FPath);
+    return FPath;
+  }
+  std::optional<TScratchDirectory> FScratch;
+  String FPath;
+};
+
+// The first row whose number of cells is another by the rules of other programs, in words. Rows without
+// cells don't count, since the library takes two line feeds for one line end.
+std::string FirstUnlikeRow(const TFileCsv& Table, std::u16string_view Text, char16_t Separator) {
+  std::string result;
+  int row = 0;
+  auto skipEmpty = [&] {
+    while (row < Table.GetCount() && Table.GetLines(row)->GetCount() == 0) ++row;
+  };
+  CountForeign(Text, Separator, [&](int cells) {
+    if (cells == 0) return true;
+    skipEmpty();
+    int own = row < Table.GetCount() ? Table.GetLines(row)->GetCount() : 0;
+    if (own == cells) {
+      ++row;
+      return true;
+    }
+    result = own == 0 ? "it would have more rows than the " + std::to_string(Table.GetCount()) + " read now"
+                      : "row " + std::to_string(row) + " would have " + std::to_string(cells) + " cells instead of " +
+                            std::to_string(own);
+    return false;
+  });
+  skipEmpty();
+  if (result.empty() && row < Table.GetCount()) result = "it would have " + std::to_string(row) + " rows";
+  return result;
+}
+
+void LoadForeign(TLoadedFile& File, const String& Path, char16_t Separator) {
+  TForeignText text = [&] {
+    std::string bytes = ReadBytes(Path);
+    File.Bytes = static_cast<int64_t>(bytes.size());
+    return DecodeForeign(bytes);
+  }();
+  File.Encoding = text.Encoding;
+  File.Separator = Separator != 0 ? Separator : GuessSeparator(text.Text);
+  ReadForeign(text.Text, File.Separator, File.Table);
+}
+
+void LoadOwn(TLoadedFile& File, const String& Path, bool WithDetails) {
+  if (!File.Table.LoadFromFile(Path)) throw TFailure("");
+  TFileInfo info;
+  if (GetFileInfo(Path, info)) File.Bytes = info.Size;
+  if (!WithDetails) return;
+  TForeignText text = DecodeForeign(ReadBytes(Path));
+  File.Encoding = text.Encoding;
+  File.Separator = TFileCsv::AnalyseToParse(text.Text)[0];
+  if (text.Encoding == encAscii || text.Encoding == encCodePage) {
+    File.Hint = FirstUnlikeRow(File.Table, text.Text, File.Separator);
+  } else {
+    File.Hint = std::string("it looks like ") + EncodingName(text.Encoding);
+  }
+}
+
+struct TKnownForm {
+  std::u16string_view Extension;
+  const char* Text;
+};
+constexpr TKnownForm kForms[] = {{u".csv", ".csv (comma)"},
+                                 {u".txt", ".txt (semicolon)"},
+                                 {u".vxt", ".vxt (ESC)"},
+                                 {u".tab", ".tab (tab)"},
+                                 {u"", "none (blank, without quotes)"}};
+
+// The file that a name leads to, so that the new one can be made beside it.
+String BehindLinks(const String& Path) {
+  std::error_code error;
+  fs::path real = fs::canonical(ToNativePath(Path), error);
+  return error ? Path : String::FromUtf8(real.native());
+}
+
+// A file of a name that nothing has, for writing the table; it goes unless it was given its place.
+class TNewFile {
+ public:
+  TNewFile(const String& Directory, const String& Extension, bool ForOwner) {
+    std::random_device random;
+    for (int tries = 0; tries < 20; ++tries) {
+      // Without a dot, since the extension alone decides the form.
+      std::string name = "~vxtab" + std::to_string(random()) + std::to_string(random());
+      String path = Concat({Directory, String::FromUtf8(name), Extension});
+      if (CreateNewFile(path, ForOwner)) {
+        FPath = path;
+        RemoveOnSignal(&FPath);
+        return;
+      }
+    }
+    throw TFailure("can't make a file in its directory: " + LastError());
+  }
+  ~TNewFile() {
+    RemoveOnSignal(nullptr);
+    if (!FPath.empty()) FileDelete(FPath);
+  }
+  TNewFile(const TNewFile&) = delete;
+  TNewFile& operator=(const TNewFile&) = delete;
+
+  const String& Path() const { return FPath; }
+  void Release() { FPath.clear(); }
+
+ private:
+  String FPath;
+};
+
+void WriteNew(TFileCsv& Table, const String& Path) {
+  if (!Table.SaveToFile(Path)) throw TFailure("");
+  if (!TFileStream(Path, fmOpenReadWrite | fmShareDenyNone).Flush()) throw TFailure("can't be written: " + LastError());
+}
+
+std::string DifferenceToFile(const TFileCsv& Table, const String& Path) {
+  TFileCsv again;
+  if (!again.LoadFromFile(Path)) throw TFailure("");
+  return FirstDifference(Table, again);
+}
+
+// Writes the bytes of a whole file into a device or pipe.
+void CopyInto(const String& Path, const std::string& Name) {
+  std::ifstream source(ToNativePath(Path), std::ios::binary);
+  std::ofstream target(ToNativePath(String::FromUtf8(Name)), std::ios::binary);
+  if (source.peek() != std::ifstream::traits_type::eof()) target << source.rdbuf();
+  if (!target.flush()) throw TFailure("can't be written");
+}
+
+std::string Quoted(std::u16string_view Text) {
+  int width;
+  return "'" + VisibleText(Text, 40, width) + "'";
+}
+
+}  // namespace
+
+std::unique_ptr<TLoadedFile> LoadTable(const std::string& Name, TReadBy ReadBy, char16_t Separator, bool WithDetails,
+                                       std::istream& In, TReporter& Reporter) {
+  TProgress progress(Reporter, "loading " + Name);
+  return Naming(Name, [&] {
+    TInput input(Name, In);
+    auto file = std::make_unique<TLoadedFile>();
+    if (ReadBy == rbForeign) {
+      LoadForeign(*file, input.Path(), Separator);
+    } else if (ReadBy == rbLibrary) {
+      LoadOwn(*file, input.Path(), WithDetails);
+    } else if (!file->Table.LoadMSSQL(input.Path())) {
+      const TFileCsv& table = file->Table;
+      file->Hint = "the last record has " + std::to_string(table.GetLines(table.GetCount() - 1)->GetCount()) +
+                   " cells, the first " + std::to_string(table.FieldCount());
+    }
+    return file;
+  });
+}
+
+void CheckTarget(const std::string& Name) {
+  if (Name == "-") throw TUsageError("'-' can't be written to; its form would not be known");
+  String path = String::FromUtf8(Name);
+  String extension = LowerCase(ExtractFileExt(path));
+  if (std::none_of(std::begin(kForms), std::end(kForms),
+                   [&](const TKnownForm& f) { return extension == f.Extension; })) {
+    std::string known;
+    for (const TKnownForm& form : kForms) known += std::string(known.empty() ? "" : ", ") + form.Text;
+    throw TFailure(Name + ": unknown extension '" + extension.ToUtf8() + "'; known are " + known);
+  }
+  if (DirectoryExists(path)) throw TFailure(Name + ": is a directory");
+  TFileInfo info;
+  if (GetFileInfo(path, info) && info.IsReadOnly) throw TFailure(Name + ": is read-only");
+}
+
+void SaveTable(TFileCsv& Table, const std::string& Name, TReporter& Reporter) {
+  TProgress progress(Reporter, "saving " + Name);
+  auto save = [&](const String& Directory, bool ForOwner, const std::function<void(TNewFile&)>& put) {
+    String path = String::FromUtf8(Name);
+    TNewFile file(Directory, ExtractFileExt(path), ForOwner);
+    WriteNew(Table, file.Path());
+    std::string difference = DifferenceToFile(Table, file.Path());
+    put(file);
+    if (!difference.empty())
+      Reporter.Say("note: " + Name + " does not hold the whole table: read again, " + difference);
+  };
+  Naming(Name, [&] {
+    String path = String::FromUtf8(Name);
+    fs::file_status status = StatusOf(path);
+    if (fs::exists(status) && !fs::is_regular_file(status)) {
+      TScratchDirectory scratch;
+      save(scratch.Path(u""), true, [&](TNewFile& file) { CopyInto(file.Path(), Name); });
+      return;
+    }
+    save(ExtractFilePath(BehindLinks(path)), fs::exists(status), [&](TNewFile& file) {
+      if (!FileReplace(file.Path(), path)) throw TFailure("can't be replaced: " + LastError());
+      file.Release();
+    });
+  });
+}
+
+std::string FirstDifference(const TFileCsv& Expected, const TFileCsv& Found) {
+  int rows = std::min(Expected.GetCount(), Found.GetCount());
+  for (int row = 0; row < rows; ++row) {
+    auto expected = Expected.GetLines(row)->Items();
+    auto found = Found.GetLines(row)->Items();
+    std::string where = "row " + std::to_string(row);
+    for (size_t col = 0; col < std::min(expected.size(), found.size()); ++col) {
+      if (expected[col] == found[col]) continue;
+      return "column " + std::to_string(col) + " of " + where + " is " + Quoted(found[col]) + " instead of " +
+             Quoted(expected[col]);
+    }
+    if (expected.size() != found.size()) {
+      return where + " has " + std::to_string(found.size()) + " cells instead of " + std::to_string(expected.size());
+    }
+  }
+  if (Expected.GetCount() == Found.GetCount()) return {};
+  return "it has " + std::to_string(Found.GetCount()) + " rows instead of " + std::to_string(Expected.GetCount());
+}
+
+}  // namespace vx::vxtab
