@@ -31,8 +31,6 @@ namespace vx {
 // Below 0, 0 or above 0 as A stands before, with or behind B.
 int AnsiCompareStr(std::u16string_view A, std::u16string_view B) noexcept;
 int AnsiCompareText(std::u16string_view A, std::u16string_view B) noexcept;
-inline bool AnsiSameText(std::u16string_view A, std::u16string_view B) noexcept {
-  return AnsiCompareText(A, B) == 0;
-}
+inline bool AnsiSameText(std::u16string_view A, std::u16string_view B) noexcept { return AnsiCompareText(A, B) == 0; }
 
 }  // namespace vx

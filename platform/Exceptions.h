@@ -33,16 +33,46 @@ class Exception : public std::exception {
   std::shared_ptr<const std::string> FUtf8;  // shared, so that copying the exception never throws
 };
 
-class EListError : public Exception { public: using Exception::Exception; };
-class EStringListError : public Exception { public: using Exception::Exception; };
-class EConvertError : public Exception { public: using Exception::Exception; };
-class EInvalidCast : public Exception { public: using Exception::Exception; };
-class EArgumentException : public Exception { public: using Exception::Exception; };
-class EStreamError : public Exception { public: using Exception::Exception; };
-class EFOpenError : public EStreamError { public: using EStreamError::EStreamError; };
-class EFCreateError : public EStreamError { public: using EStreamError::EStreamError; };
-class EReadError : public EStreamError { public: using EStreamError::EStreamError; };
-class EWriteError : public EStreamError { public: using EStreamError::EStreamError; };
+class EListError : public Exception {
+ public:
+  using Exception::Exception;
+};
+class EStringListError : public Exception {
+ public:
+  using Exception::Exception;
+};
+class EConvertError : public Exception {
+ public:
+  using Exception::Exception;
+};
+class EInvalidCast : public Exception {
+ public:
+  using Exception::Exception;
+};
+class EArgumentException : public Exception {
+ public:
+  using Exception::Exception;
+};
+class EStreamError : public Exception {
+ public:
+  using Exception::Exception;
+};
+class EFOpenError : public EStreamError {
+ public:
+  using EStreamError::EStreamError;
+};
+class EFCreateError : public EStreamError {
+ public:
+  using EStreamError::EStreamError;
+};
+class EReadError : public EStreamError {
+ public:
+  using EStreamError::EStreamError;
+};
+class EWriteError : public EStreamError {
+ public:
+  using EStreamError::EStreamError;
+};
 
 // The texts of the list errors; %d stands for the index, capacity or count at fault.
 inline constexpr char16_t SListIndexError[] = u"List index out of bounds (%d)";

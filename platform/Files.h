@@ -35,9 +35,9 @@ enum TFileMode : uint32_t {
   fmOpenWrite = 0x0001,
   fmOpenReadWrite = 0x0002,
   fmCreate = 0x1000,
-  fmShareExclusive = 0x0010,   // no one else has the file open
-  fmShareDenyWrite = 0x0020,   // no one else has it open for writing
-  fmShareDenyNone = 0x0040     // all may, unless they deny it themselves
+  fmShareExclusive = 0x0010,  // no one else has the file open
+  fmShareDenyWrite = 0x0020,  // no one else has it open for writing
+  fmShareDenyNone = 0x0040    // all may, unless they deny it themselves
 };
 constexpr uint32_t operator|(TFileMode A, TFileMode B) noexcept {
   return static_cast<uint32_t>(A) | static_cast<uint32_t>(B);
@@ -79,12 +79,12 @@ class TFileStream {
 };
 
 struct TFileInfo {
-  String Name;               // the bare name
-  int64_t Size = 0;          // bytes
+  String Name;       // the bare name
+  int64_t Size = 0;  // bytes
   bool IsDirectory = false;
-  bool IsReadOnly = false;   // the owner may not write
-  bool IsHidden = false;     // the name begins with a dot
-  TDateTime LastWrite = 0;   // local time, exact to a microsecond
+  bool IsReadOnly = false;  // the owner may not write
+  bool IsHidden = false;    // the name begins with a dot
+  TDateTime LastWrite = 0;  // local time, exact to a microsecond
 };
 
 // What stands at Path, symbolic links followed. False if there is nothing or it can't be seen.
@@ -106,8 +106,8 @@ bool FileMove(const String& Source, const String& Target) noexcept;
 // not at all. Both must lie on one file system. The file keeps the rights of Target; a Target that is
 // read-only is not replaced, and of a symbolic link the file that it leads to. Share modes don't count.
 bool FileReplace(const String& Source, const String& Target) noexcept;
-bool DirectoryCreate(const String& Path) noexcept;   // one level; fails if it exists
-bool DirectoryRemove(const String& Path) noexcept;   // fails if it is not empty
+bool DirectoryCreate(const String& Path) noexcept;  // one level; fails if it exists
+bool DirectoryRemove(const String& Path) noexcept;  // fails if it is not empty
 // Copies a directory with all that is in it into Target, which is made; existing files are
 // overwritten. A failure takes back what was made; files overwritten before it stay so. Symbolic links
 // in Source are copied as links. Fails if Target lies in Source.
@@ -121,7 +121,18 @@ String SysErrorMessage(int Error);
 // The file operations that tests can make fail.
 // foStamp is the asking for what is known of a file, foRename moving and replacing.
 enum TFileOperation : uint8_t {
-  foOpen, foCreate, foRead, foWrite, foSetSize, foFlush, foDelete, foRename, foCopy, foMakeDir, foSetTime, foStamp,
+  foOpen,
+  foCreate,
+  foRead,
+  foWrite,
+  foSetSize,
+  foFlush,
+  foDelete,
+  foRename,
+  foCopy,
+  foMakeDir,
+  foSetTime,
+  foStamp,
   foAttributes
 };
 

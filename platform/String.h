@@ -44,6 +44,7 @@ class String {
   // A null pointer gives the empty text. Texts of 2^31 code units and more raise std::length_error.
   String(const char16_t* Text) : String(Text ? std::u16string_view(Text) : std::u16string_view()) {}
   String(std::u16string_view Text) { Init(Text.data(), Text.size()); }
+  String(const std::u16string& Text) : String(std::u16string_view(Text)) {}
   // Count times the code unit Unit; a negative Count counts as 0.
   String(int Count, char16_t Unit);
   String(const String& Other) noexcept { Share(Other); }
@@ -54,6 +55,7 @@ class String {
   String& operator=(String&& Other) noexcept;
   String& operator=(std::u16string_view Text) { return *this = String(Text); }
   String& operator=(const char16_t* Text) { return *this = String(Text); }
+  String& operator=(const std::u16string& Text) { return *this = String(Text); }
 
   // Characters that are not valid UTF-8 become U+FFFD, one for each broken sequence.
   static String FromUtf8(std::string_view Bytes);
@@ -99,11 +101,14 @@ class String {
   friend bool operator==(const String& A, const String& B) noexcept { return Equal(A, B); }
   friend bool operator==(const String& A, std::u16string_view B) noexcept { return A.view() == B; }
   friend bool operator==(const String& A, const char16_t* B) noexcept { return A.view() == B; }
-  friend std::strong_ordering operator<=>(const String& A, const String& B) noexcept {
-    return A.view() <=> B.view();
+  friend bool operator==(const String& A, const std::u16string& B) noexcept { return A.view() == B; }
+  friend std::strong_ordering operator<=>(const String& A, const String& B) noexcept { return A.view() <=> B.view(); }
+  friend std::strong_ordering operator<=>(const String& A, std::u16string_view B) noexcept { return A.view() <=> B; }
+  friend std::strong_ordering operator<=>(const String& A, const char16_t* B) noexcept {
+    return A.view() <=> std::u16string_view(B);
   }
-  friend std::strong_ordering operator<=>(const String& A, std::u16string_view B) noexcept {
-    return A.view() <=> B;
+  friend std::strong_ordering operator<=>(const String& A, const std::u16string& B) noexcept {
+    return A.view() <=> std::u16string_view(B);
   }
 
   // The bytes of the block that this text stands in, 0 for a text inside the value. Several texts
@@ -123,8 +128,8 @@ class String {
     const char16_t* Data;
     uint32_t Length;
   };
-  static constexpr int kTag = 11;           // index of the tag in FUnits
-  static constexpr char16_t kLong = 0xFFFF; // tag of a text in a block; else the tag is the length
+  static constexpr int kTag = 11;            // index of the tag in FUnits
+  static constexpr char16_t kLong = 0xFFFF;  // tag of a text in a block; else the tag is the length
   static constexpr size_t kLongBytes = sizeof(TBlock*) + sizeof(char16_t*) + sizeof(uint32_t);
 
   bool IsInline() const noexcept { return FUnits[kTag] != kLong; }
@@ -178,6 +183,8 @@ String operator+(const String& A, std::u16string_view B);
 String operator+(std::u16string_view A, const String& B);
 inline String operator+(const String& A, const char16_t* B) { return A + std::u16string_view(B); }
 inline String operator+(const char16_t* A, const String& B) { return std::u16string_view(A) + B; }
+inline String operator+(const String& A, const std::u16string& B) { return A + std::u16string_view(B); }
+inline String operator+(const std::u16string& A, const String& B) { return std::u16string_view(A) + B; }
 // Joins any number of texts in one allocation.
 String Concat(std::initializer_list<std::u16string_view> Parts);
 
@@ -228,7 +235,5 @@ String String::Build(size_t Length, F&& Fill) {
 
 template <>
 struct std::hash<vx::String> {
-  size_t operator()(const vx::String& Text) const noexcept {
-    return std::hash<std::u16string_view>()(Text.view());
-  }
+  size_t operator()(const vx::String& Text) const noexcept { return std::hash<std::u16string_view>()(Text.view()); }
 };

@@ -24,7 +24,7 @@ class TByteTable {
 
  private:
   char16_t FUnits[256];
-  bool FIsLatin;         // the bytes from 0xA0 on are the code units of the same number, but for one
+  bool FIsLatin;           // the bytes from 0xA0 on are the code units of the same number, but for one
   char FException = -128;  // that one, or one below 0xA0
 };
 
@@ -42,7 +42,8 @@ class TStringArena {
   // A text of exactly Length code units that Fill(char16_t*) has to write, all of them.
   template <std::invocable<char16_t*> F>
   String Build(size_t Length, F&& Fill) {
-    if (Length <= String::InlineCapacity || Length > FBlockUnits / 4) return String::Build(Length, std::forward<F>(Fill));
+    if (Length <= String::InlineCapacity || Length > FBlockUnits / 4)
+      return String::Build(Length, std::forward<F>(Fill));
     if (Length > FLeft) Open();
     char16_t* units = FNext;
     std::forward<F>(Fill)(units);

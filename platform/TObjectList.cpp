@@ -4,6 +4,7 @@
 #include <cstdlib>
 #include <cstring>
 #include <new>
+#include <vector>
 
 #include "platform/Exceptions.h"
 
@@ -47,8 +48,8 @@ void TObjectList::Grow() {
 
 void TObjectList::SetCount(int Value) {
   if (Value < 0) throw EListError(FormatListError(SListCountError, Value));
-  if (Value > FCapacity) SetCapacity(Value);
   while (FCount > Value) Delete(FCount - 1);
+  if (Value > FCapacity) SetCapacity(Value);
   std::fill(FItems + FCount, FItems + Value, nullptr);
   FCount = Value;
 }
@@ -132,7 +133,9 @@ int TObjectList::IndexOf(const TObject* Object) const noexcept {
 }
 
 void TObjectList::Sort(FunctionRef<int(TObject*, TObject*)> Compare) {
-  std::stable_sort(FItems, FItems + FCount, [&](TObject* a, TObject* b) { return Compare(a, b) < 0; });
+  std::vector<TObject*> sorted(FItems, FItems + FCount);  // a comparison may raise: the list stays whole
+  std::stable_sort(sorted.begin(), sorted.end(), [&](TObject* a, TObject* b) { return Compare(a, b) < 0; });
+  std::copy(sorted.begin(), sorted.end(), FItems);
 }
 
 }  // namespace vx

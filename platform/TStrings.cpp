@@ -74,28 +74,26 @@ void TStrings::InsertObject(int Index, const String& Text, TObject* Object) {
 }
 
 void TStrings::Exchange(int A, int B) {
-  BeginUpdate();
+  TUpdateScope scope(*this);
   String text = Get(A);
   TObject* object = GetObject(A);
   Put(A, Get(B));
   PutObject(A, GetObject(B));
   Put(B, text);
   PutObject(B, object);
-  EndUpdate();
 }
 
 void TStrings::Move(int From, int To) {
   if (From == To) return;
-  BeginUpdate();
+  TUpdateScope scope(*this);
   String text = Get(From);
   TObject* object = GetObject(From);
   PutObject(From, nullptr);  // a list that owns its objects must not free the one that moves
   Delete(From);
   InsertObject(To, text, object);
-  EndUpdate();
 }
 
-int TStrings::IndexOf(const String& Text) const {
+int TStrings::IndexOf(std::u16string_view Text) const {
   int count = GetCount();
   for (int i = 0; i < count; ++i) {
     if (CompareStrings(Get(i), Text) == 0) return i;
@@ -104,18 +102,16 @@ int TStrings::IndexOf(const String& Text) const {
 }
 
 void TStrings::AddStrings(const TStrings& Strings) {
-  BeginUpdate();
+  TUpdateScope scope(*this);
   int count = Strings.GetCount();
   for (int i = 0; i < count; ++i) AddObject(Strings.Get(i), Strings.GetObject(i));
-  EndUpdate();
 }
 
 void TStrings::Assign(const TStrings& Source) {
   if (&Source == this) return;
-  BeginUpdate();
+  TUpdateScope scope(*this);
   Clear();
   AddStrings(Source);
-  EndUpdate();
 }
 
 void TStrings::BeginUpdate() {
@@ -141,9 +137,10 @@ String TStrings::GetTextStr() const {
 }
 
 void TStrings::SetTextStr(std::u16string_view Text) {
-  BeginUpdate();
+  TUpdateScope scope(*this);
+  String kept = Text;  // the text may be an item of this list
+  Text = kept.view().substr(0, kept.view().find(u'\0'));
   Clear();
-  Text = Text.substr(0, Text.find(u'\0'));
   while (!Text.empty()) {
     size_t end = Text.find_first_of(u"\r\n");
     if (end == Text.npos) end = Text.size();
@@ -152,7 +149,6 @@ void TStrings::SetTextStr(std::u16string_view Text) {
     if (next < Text.size() && Text[end] == u'\r' && Text[next] == u'\n') ++next;
     Text.remove_prefix(next);
   }
-  EndUpdate();
 }
 
 String TStrings::GetCommaText() const {
@@ -172,7 +168,9 @@ String TStrings::GetCommaText() const {
 
 void TStrings::SetCommaText(std::u16string_view Text) {
   auto isBlank = [](char16_t unit) { return unit >= 1 && unit <= u' '; };
-  BeginUpdate();
+  String kept = Text;  // the text may be an item of this list
+  Text = kept;
+  TUpdateScope scope(*this);
   Clear();
   size_t pos = 0;
   auto skipBlanks = [&] {
@@ -194,7 +192,6 @@ void TStrings::SetCommaText(std::u16string_view Text) {
       if (pos >= Text.size() || Text[pos] == 0) Add(String());
     }
   }
-  EndUpdate();
 }
 
 bool TStrings::Equals(const TStrings& Other) const {

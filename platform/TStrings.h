@@ -1,6 +1,7 @@
 // The protocol of every list of texts.
 //
-//   TStrings   an ordered list of texts, each with an object pointer beside it
+//   TStrings       an ordered list of texts, each with an object pointer beside it
+//   TUpdateScope   BeginUpdate and EndUpdate around a block
 //
 // Indexes count from 0. An index outside the list raises EStringListError with SListIndexError. The
 // protocol never frees an object; a derived list may own its objects and then says so.
@@ -41,7 +42,7 @@ class TStrings : public TObject {
   // Takes the item out at From and puts it in so that it stands at To, with its object.
   virtual void Move(int From, int To);
   // The first item equal to Text by CompareStrings, -1 if there is none.
-  virtual int IndexOf(const String& Text) const;
+  virtual int IndexOf(std::u16string_view Text) const;
   // Appends all items with their objects.
   virtual void AddStrings(const TStrings& Strings);
   // Makes this list hold the items and objects of Source; Source may be this list.
@@ -81,6 +82,18 @@ class TStrings : public TObject {
 
  private:
   int FUpdateCount = 0;
+};
+
+// Keeps a list between BeginUpdate and EndUpdate, also when an error passes.
+class TUpdateScope {
+ public:
+  explicit TUpdateScope(TStrings& Strings) : FStrings(Strings) { FStrings.BeginUpdate(); }
+  ~TUpdateScope() { FStrings.EndUpdate(); }
+  TUpdateScope(const TUpdateScope&) = delete;
+  TUpdateScope& operator=(const TUpdateScope&) = delete;
+
+ private:
+  TStrings& FStrings;
 };
 
 }  // namespace vx

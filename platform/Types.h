@@ -29,11 +29,26 @@ class Set {
   }
   constexpr bool Has(E Value) const noexcept { return (FBits & Bit(Value)) != 0; }
   constexpr bool IsEmpty() const noexcept { return FBits == 0; }
-  constexpr Set& Include(E Value) noexcept { FBits |= Bit(Value); return *this; }
-  constexpr Set& Exclude(E Value) noexcept { FBits &= ~Bit(Value); return *this; }
-  friend constexpr Set operator+(Set A, Set B) noexcept { A.FBits |= B.FBits; return A; }
-  friend constexpr Set operator-(Set A, Set B) noexcept { A.FBits &= ~B.FBits; return A; }
-  friend constexpr Set operator*(Set A, Set B) noexcept { A.FBits &= B.FBits; return A; }
+  constexpr Set& Include(E Value) noexcept {
+    FBits |= Bit(Value);
+    return *this;
+  }
+  constexpr Set& Exclude(E Value) noexcept {
+    FBits &= ~Bit(Value);
+    return *this;
+  }
+  friend constexpr Set operator+(Set A, Set B) noexcept {
+    A.FBits |= B.FBits;
+    return A;
+  }
+  friend constexpr Set operator-(Set A, Set B) noexcept {
+    A.FBits &= ~B.FBits;
+    return A;
+  }
+  friend constexpr Set operator*(Set A, Set B) noexcept {
+    A.FBits &= B.FBits;
+    return A;
+  }
   friend constexpr bool operator==(Set A, Set B) noexcept = default;
 
  private:
@@ -59,9 +74,7 @@ class TCharSet {
     for (unsigned unit = First; unit <= Last && unit < 256; ++unit) result.Include(static_cast<char16_t>(unit));
     return result;
   }
-  constexpr bool Has(char16_t Unit) const noexcept {
-    return Unit < 256 && (FBits[Unit >> 6] >> (Unit & 63) & 1) != 0;
-  }
+  constexpr bool Has(char16_t Unit) const noexcept { return Unit < 256 && (FBits[Unit >> 6] >> (Unit & 63) & 1) != 0; }
   constexpr TCharSet& Include(char16_t Unit) noexcept {
     if (Unit < 256) FBits[Unit >> 6] |= uint64_t{1} << (Unit & 63);
     return *this;
@@ -88,8 +101,9 @@ template <typename R, typename... Args>
 class FunctionRef<R(Args...)> {
  public:
   template <typename F>
-    requires(!std::is_same_v<std::remove_cvref_t<F>, FunctionRef> && std::is_invocable_r_v<R, F&, Args...>)
-  FunctionRef(F&& Callee) noexcept {
+  requires(!std::is_same_v<std::remove_cvref_t<F>, FunctionRef> && std::is_invocable_r_v<R, F&, Args...>)
+      FunctionRef(F&& Callee)
+  noexcept {
     if constexpr (std::is_function_v<std::remove_reference_t<F>>) {
       FFunction = reinterpret_cast<void (*)()>(&Callee);
       FCall = [](const FunctionRef& Self, Args... Arguments) -> R {

@@ -40,7 +40,7 @@ enum TCsvAllMode : uint8_t {
   camDeleteEnter,       // carriage returns and line feeds become spaces
   camBalanceColcount,   // short rows get empty cells up to the length of row 0
   camDeleteEmptyLines,  // rows whose cells are all blank go
-  camThousandDivider,   // numbers get thousand separators
+  camThousandDivider,   // does nothing yet: the rule of numbers is not built
   camBalanceMax         // with camBalanceColcount: up to the length of the longest row
 };
 using TCsvAllModes = Set<TCsvAllMode>;
@@ -53,6 +53,8 @@ using TCsvAllModes = Set<TCsvAllMode>;
 class TFileCsv : public TObjectList {
  public:
   explicit TFileCsv(bool OwnsObjects = true) noexcept : TObjectList(OwnsObjects) {}
+  // Rows are freed while the table is still whole.
+  ~TFileCsv() override { TObjectList::Clear(); }
   String ClassName() const override { return u"TFileCsv"; }
   // A new empty table of the same class; a derived class overrides it.
   virtual std::unique_ptr<TFileCsv> GetNewInstance() const;
@@ -68,6 +70,7 @@ class TFileCsv : public TObjectList {
   // Both append a row and return its index.
   int AddRow(std::u16string_view Commatext);
   int AddRow(std::span<const String> Cells);
+  int AddRow(std::initializer_list<String> Cells) { return AddRow(std::span<const String>(Cells)); }
   // Appends a row of Count empty cells and returns its index; a negative Count means FieldCount.
   int AddEmpty(int Count);
   // Appends copies of the rows of Other, which stays as it is.
@@ -123,20 +126,20 @@ class TFileCsv : public TObjectList {
   // Replaces the table by the file's rows. The separator (comma, ";", ESC or tab) is counted in the
   // first line, whatever the file's name. A missing file shows a warning, gives false and leaves the
   // table as it was. A fault while reading raises EStreamError; the table is empty then.
-  virtual bool LoadFromFile(const String& Path);
+  virtual bool LoadFromFile(std::u16string_view Path);
   // Writes the table in the form that the extension tells: ".csv" comma, ".txt" ";", ".vxt" ESC,
   // ".tab" tab, none: space, without any quotes. Then watches the file's stamp for up to 1500 ms. If
   // the file can't be seen to have changed, and can't be stamped, shows a warning and gives false.
   // Another extension raises EStringListError on a table with rows, and nothing is written. Faults
   // while writing raise EStreamError.
-  virtual bool SaveToFile(const String& Path);
+  virtual bool SaveToFile(std::u16string_view Path);
   // The same, and then opens a ".csv" or ".txt" file in its application; ".txt" is renamed to ".csv"
   // for that, if possible. The result is that of SaveToFile.
-  virtual bool SaveAndExecute(const String& Path);
+  virtual bool SaveAndExecute(std::u16string_view Path);
   // Replaces the table by a database server's export: UTF-16, comma between fields, no quotes; a line
   // end inside a field belongs to the field. False if the last record is ragged; the rows stand then
   // as they were read.
-  bool LoadMSSQL(const String& Path);
+  bool LoadMSSQL(std::u16string_view Path);
 
   // --- the whole table as one text ---
   // Rows as commatexts, joined by carriage return and line feed, none behind the last row.

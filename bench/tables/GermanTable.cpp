@@ -8,22 +8,97 @@ namespace vx::bench {
 
 namespace {
 
-constexpr std::string_view kSurnames[] = {
-    "M\xFCller", "Schmidt", "Schneider", "Fischer", "Weber", "Meyer", "Wagner", "Becker", "Schulz", "Hoffmann",
-    "Sch\xE4" "fer", "Koch", "Bauer", "Richter", "Klein", "Wolf", "Schr\xF6" "der", "Neumann", "Schwarz", "Zimmermann",
-    "Braun", "Kr\xFCger", "Hofmann", "Hartmann", "Lange", "Schmitt", "Werner", "Krause", "Lehmann", "K\xF6hler",
-    "M\xFCller-L\xFC" "denscheid", "von der Heide", "Wei\xDF", "Gro\xDFmann", "J\xE4ger", "B\xF6hm"};
+constexpr std::string_view kSurnames[] = {"M\xFCller",
+                                          "Schmidt",
+                                          "Schneider",
+                                          "Fischer",
+                                          "Weber",
+                                          "Meyer",
+                                          "Wagner",
+                                          "Becker",
+                                          "Schulz",
+                                          "Hoffmann",
+                                          "Sch\xE4"
+                                          "fer",
+                                          "Koch",
+                                          "Bauer",
+                                          "Richter",
+                                          "Klein",
+                                          "Wolf",
+                                          "Schr\xF6"
+                                          "der",
+                                          "Neumann",
+                                          "Schwarz",
+                                          "Zimmermann",
+                                          "Braun",
+                                          "Kr\xFCger",
+                                          "Hofmann",
+                                          "Hartmann",
+                                          "Lange",
+                                          "Schmitt",
+                                          "Werner",
+                                          "Krause",
+                                          "Lehmann",
+                                          "K\xF6hler",
+                                          "M\xFCller-L\xFC"
+                                          "denscheid",
+                                          "von der Heide",
+                                          "Wei\xDF",
+                                          "Gro\xDFmann",
+                                          "J\xE4ger",
+                                          "B\xF6hm"};
 constexpr std::string_view kFirstNames[] = {
-    "Anna", "J\xFCrgen", "Ursula", "Hans-Peter", "Karin", "Wolfgang", "Renate", "Horst", "Helga", "Klaus", "Monika",
-    "Dieter", "Ingrid", "Manfred", "Erika", "G\xFCnter", "Brigitte", "Heinz", "K\xE4the", "S\xF6ren", "B\xE4rbel",
-    "Gisela", "Uwe", "Marie Luise"};
-constexpr std::string_view kTowns[] = {
-    "Berlin", "Hamburg", "M\xFCnchen", "K\xF6ln", "Frankfurt am Main", "Stuttgart", "D\xFCsseldorf", "Leipzig", "Dortmund",
-    "Essen", "Bremen", "Dresden", "Hannover", "N\xFCrnberg", "Duisburg", "Bochum", "Wuppertal", "Bielefeld", "Bonn",
-    "M\xFCnster", "Bad Homburg", "G\xF6ttingen", "L\xFC" "beck", "Rostock"};
-constexpr std::string_view kWords[] = {
-    "Pflege", "nach", "Absprache", "mit", "der", "Tochter", "Schl\xFCssel", "beim", "Nachbarn", "Medikamente", "morgens",
-    "und", "abends", "Hausbesuch", "vor", "dem", "Fr\xFChst\xFC" "ck", "Verordnung", "liegt", "Arztgespr\xE4" "ch", "am"};
+    "Anna",     "J\xFCrgen", "Ursula",   "Hans-Peter", "Karin",     "Wolfgang", "Renate", "Horst",
+    "Helga",    "Klaus",     "Monika",   "Dieter",     "Ingrid",    "Manfred",  "Erika",  "G\xFCnter",
+    "Brigitte", "Heinz",     "K\xE4the", "S\xF6ren",   "B\xE4rbel", "Gisela",   "Uwe",    "Marie Luise"};
+constexpr std::string_view kTowns[] = {"Berlin",
+                                       "Hamburg",
+                                       "M\xFCnchen",
+                                       "K\xF6ln",
+                                       "Frankfurt am Main",
+                                       "Stuttgart",
+                                       "D\xFCsseldorf",
+                                       "Leipzig",
+                                       "Dortmund",
+                                       "Essen",
+                                       "Bremen",
+                                       "Dresden",
+                                       "Hannover",
+                                       "N\xFCrnberg",
+                                       "Duisburg",
+                                       "Bochum",
+                                       "Wuppertal",
+                                       "Bielefeld",
+                                       "Bonn",
+                                       "M\xFCnster",
+                                       "Bad Homburg",
+                                       "G\xF6ttingen",
+                                       "L\xFC"
+                                       "beck",
+                                       "Rostock"};
+constexpr std::string_view kWords[] = {"Pflege",
+                                       "nach",
+                                       "Absprache",
+                                       "mit",
+                                       "der",
+                                       "Tochter",
+                                       "Schl\xFCssel",
+                                       "beim",
+                                       "Nachbarn",
+                                       "Medikamente",
+                                       "morgens",
+                                       "und",
+                                       "abends",
+                                       "Hausbesuch",
+                                       "vor",
+                                       "dem",
+                                       "Fr\xFChst\xFC"
+                                       "ck",
+                                       "Verordnung",
+                                       "liegt",
+                                       "Arztgespr\xE4"
+                                       "ch",
+                                       "am"};
 
 class TMaker {
  public:
@@ -46,7 +121,9 @@ class TMaker {
  private:
   unsigned Below(unsigned Limit) { return static_cast<unsigned>(FRandom() % Limit); }
   template <size_t N>
-  std::string_view Pick(const std::string_view (&Words)[N]) { return Words[Below(N)]; }
+  std::string_view Pick(const std::string_view (&Words)[N]) {
+    return Words[Below(N)];
+  }
   template <typename... T>
   void Print(const char* Format, T... Values) {
     char buffer[32];

@@ -53,7 +53,8 @@ void CheckSame(const TFileCsv& Ours, const TNaiveTable& Naive, const char* Who) 
     const auto& line = Naive[static_cast<size_t>(row)];
     std::span<const String> cells = Ours.GetLines(row)->Items();
     isSame = cells.size() == line.size();
-    for (size_t col = 0; isSame && col < cells.size(); ++col) isSame = cells[col] == GetSystemCodePage().Decode(line[col]);
+    for (size_t col = 0; isSame && col < cells.size(); ++col)
+      isSame = cells[col] == GetSystemCodePage().Decode(line[col]);
   }
   if (!isSame) {
     std::printf("%s has read something else\n", Who);
@@ -212,8 +213,9 @@ void MeasureTable(const TPaths& Paths) {
 // The forms have no peer but plain joining and splitting at a character, which quotes nothing.
 void MeasureForms() {
   TVxStringList row;
-  row.SetSerialize(u';', u'"', u"4711;M\u00FCller;\"Hans Peter\";01.02.1950;53111;\"Bad Homburg\";3;08:30;1.234,56;"
-                               u"\"Schl\u00FCssel beim Nachbarn; morgens\"");
+  row.SetSerialize(u';', u'"',
+                   u"4711;M\u00FCller;\"Hans Peter\";01.02.1950;53111;\"Bad Homburg\";3;08:30;1.234,56;"
+                   u"\"Schl\u00FCssel beim Nachbarn; morgens\"");
   constexpr int kTimes = 200000;
   std::string utf8[10];
   for (size_t i = 0; i < 10; ++i) utf8[i] = row.Items()[i].ToUtf8();

@@ -2,7 +2,6 @@
 
 #include <span>
 
-#include "core/uVxFunctionsSerialize/UpdateScope.h"
 #include "core/uVxFunctionsSerialize/WordWrap.h"
 #include "objects/uVxClasses/TextForms.h"
 #include "platform/Text.h"

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <vector>
 
-#include "core/uVxFunctionsSerialize/UpdateScope.h"
 #include "objects/uVxClasses/TextForms.h"
 #include "platform/Text.h"
 #include "platform/Types.h"

@@ -57,9 +57,7 @@ class TCellReader {
 
  private:
   static bool IsLineEnd(Unit unit) { return unit == '\r' || unit == '\n'; }
-  bool AtEnd() const {
-    return FPos == FEnd || *FPos == 0 || (kLines && IsLineEnd(*FPos));
-  }
+  bool AtEnd() const { return FPos == FEnd || *FPos == 0 || (kLines && IsLineEnd(*FPos)); }
   void SkipBlanks() {
     while (FPos != FEnd && *FPos <= 32 && *FPos != 0 && !(kLines && IsLineEnd(*FPos))) ++FPos;
   }

@@ -62,7 +62,8 @@ void TEntries::SetCapacity(int Value) {
     return;
   }
   if (FObjects && Value > FCapacity) {
-    FObjects = static_cast<TObject**>(Reallocate(static_cast<void*>(FObjects), static_cast<size_t>(Value) * sizeof(TObject*)));
+    FObjects =
+        static_cast<TObject**>(Reallocate(static_cast<void*>(FObjects), static_cast<size_t>(Value) * sizeof(TObject*)));
   }
   if (IsShared()) {
     CopyTexts(Value);
@@ -73,7 +74,7 @@ void TEntries::SetCapacity(int Value) {
 }
 
 void TEntries::Grow(int Least) {
-  if (Least > INT32_MAX - FCount) throw EStringListError(FormatListError(SListCapacityError, FCapacity));
+  if (Least > INT32_MAX - FCount) throw EStringListError(FormatListError(SListCapacityError, INT32_MAX));
   int64_t step = FCapacity > 64 ? FCapacity / 4 : FCapacity > 8 ? 16 : 4;
   int64_t wanted = std::max(FCapacity + step, int64_t{FCount} + Least);
   SetCapacity(static_cast<int>(std::min<int64_t>(wanted, INT32_MAX)));
@@ -120,8 +121,11 @@ void TEntries::Exchange(int A, int B) {
 }
 
 void TEntries::TakeAll(std::span<String> Texts) {
+  if (Texts.empty()) return;
+  if (Texts.size() > static_cast<size_t>(INT32_MAX - FCount)) {
+    throw EStringListError(FormatListError(SListCapacityError, INT32_MAX));
+  }
   int count = static_cast<int>(Texts.size());
-  if (count == 0) return;
   if (FCapacity == 0) {
     SetCapacity(count);  // a list read from a text has no room to spare
   } else if (count > FCapacity - FCount) {

@@ -25,6 +25,8 @@ class TEntries {
   void SetCapacity(int Value);
 
   const String& Text(int Index) const noexcept { return FTexts[Index]; }
+  // Takes an array of its own if it shares one: what changes no count can't fail then.
+  void Detach() { Unshare(); }
   // The text for writing.
   String& MutableText(int Index) {
     Unshare();
@@ -34,9 +36,7 @@ class TEntries {
   void SetObject(int Index, TObject* Object);
   std::span<const String> Texts() const noexcept { return {FTexts, static_cast<size_t>(FCount)}; }
   // Empty if no entry ever had an object, otherwise one for each text.
-  std::span<TObject* const> Objects() const noexcept {
-    return {FObjects, FObjects ? static_cast<size_t>(FCount) : 0};
-  }
+  std::span<TObject* const> Objects() const noexcept { return {FObjects, FObjects ? static_cast<size_t>(FCount) : 0}; }
 
   // Grows by the lists' rule when full.
   void Insert(int Index, String Text, TObject* Object);

@@ -17,6 +17,13 @@ class TOldStringList : public TTextList {
   // Swaps two entries. Sorting calls it for every swap, also of an entry with itself.
   virtual void ExchangeItems(int A, int B) { TTextList::Exchange(A, B); }
 
+  // Orders the items once by Compare(list, a, b); does nothing on a sorted list. Equal items may
+  // change their places.
+  using TCompare = FunctionRef<int(const TOldStringList& List, int A, int B)>;
+  virtual void CustomSort(TCompare Compare) {
+    SortBy([&](int a, int b) { return Compare(*this, a, b); });
+  }
+
   using TTextList::AddStrings;
   // Copies texts and objects; from a TOldStringList also the rule of duplicates and the flag Sorted,
   // with no new ordering.

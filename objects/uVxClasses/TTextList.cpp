@@ -24,7 +24,8 @@ String TTextList::Get(int Index) const {
 void TTextList::Put(int Index, const String& Text) {
   CheckNotSorted();
   CheckIndex(Index);
-  FEntries.MutableText(Index) = Text;
+  String kept = Text;  // the text may be an item of this list, in an array that it shares
+  FEntries.MutableText(Index) = std::move(kept);
 }
 
 TObject* TTextList::GetObject(int Index) const {
@@ -90,7 +91,7 @@ void TTextList::Exchange(int A, int B) {
   FEntries.Exchange(A, B);
 }
 
-int TTextList::IndexOf(const String& Text) const {
+int TTextList::IndexOf(std::u16string_view Text) const {
   if (!FSorted) return TStrings::IndexOf(Text);
   int index;
   return Find(Text, index) ? index : -1;
@@ -116,36 +117,31 @@ void TTextList::AddStrings(std::span<const String> Texts) { AddStrings(Texts, {}
 
 void TTextList::AddStrings(std::span<const String> Texts, std::span<TObject* const> Objects) {
   TCells kept(Texts.begin(), Texts.end());  // the texts may be items of this list
-  BeginUpdate();
+  TUpdateScope scope(*this);
   if (Objects.empty()) {
     AddCells(std::move(kept));
   } else {
     for (size_t i = 0; i < kept.size(); ++i) AddObject(kept[i], i < Objects.size() ? Objects[i] : nullptr);
   }
-  EndUpdate();
 }
 
 void TTextList::AddStrings(std::u16string_view Commatext) {
-  BeginUpdate();
+  TUpdateScope scope(*this);
   AddCells(ReadCommatext(Commatext));
-  EndUpdate();
 }
 
 void TTextList::Minus(const TStrings& Strings) {
-  if (&Strings == this) {
-    Clear();
-    return;
-  }
-  int count = Strings.GetCount();
-  for (int i = 0; i < count; ++i) {
-    int index = IndexOf(Strings.Get(i));
+  TCells gone;  // a copy: Strings may be this list or change with it
+  for (int i = 0; i < Strings.GetCount(); ++i) gone.push_back(Strings.Get(i));
+  for (const String& text : gone) {
+    int index = IndexOf(text);
     if (index >= 0) Delete(index);
   }
 }
 
 int TTextList::CompareStrings(std::u16string_view A, std::u16string_view B) const { return AnsiCompareText(A, B); }
 
-bool TTextList::Find(const String& Text, int& Index) const {
+bool TTextList::Find(std::u16string_view Text, int& Index) const {
   bool found = false;
   int low = 0;
   int high = FEntries.Count() - 1;
@@ -167,22 +163,22 @@ bool TTextList::Find(const String& Text, int& Index) const {
 }
 
 void TTextList::Sort() {
-  CustomSort([this](const TTextList&, int a, int b) { return CompareStrings(FEntries.Text(a), FEntries.Text(b)); });
+  SortBy([this](int a, int b) { return CompareStrings(FEntries.Text(a), FEntries.Text(b)); });
 }
 
-void TTextList::CustomSort(TCompare Compare) {
+void TTextList::SortBy(TCompareIndexes Compare) {
   if (FSorted || FEntries.Count() < 2) return;
   QuickSort(0, FEntries.Count() - 1, Compare);
 }
 
-void TTextList::QuickSort(int Low, int High, TCompare Compare) {
+void TTextList::QuickSort(int Low, int High, TCompareIndexes Compare) {
   while (Low < High) {
     int i = Low;
     int j = High;
     int pivot = Low + (High - Low) / 2;
     do {
-      while (i < High && Compare(*this, i, pivot) < 0) ++i;  // the bounds matter to contradictory orders alone
-      while (j > Low && Compare(*this, j, pivot) > 0) --j;
+      while (i < High && Compare(i, pivot) < 0) ++i;  // the bounds matter to contradictory orders alone
+      while (j > Low && Compare(j, pivot) > 0) --j;
       if (i <= j) {
         SortExchange(i, j);
         if (pivot == i) {
@@ -228,10 +224,9 @@ void TTextList::SetCellText(std::u16string_view Text) {
 }
 
 void TTextList::SetCells(TCells Cells) {
-  BeginUpdate();
+  TUpdateScope scope(*this);
   Clear();
   AddCells(std::move(Cells));
-  EndUpdate();
 }
 
 void TTextList::AddCells(TCells Cells) {

@@ -25,9 +25,6 @@ enum TDuplicates : uint8_t {
 // outside the list raises EStringListError with SListIndexError, and nothing has changed then.
 class TTextList : public TStrings {
  public:
-  // Compares the items at two indexes of a list.
-  using TCompare = FunctionRef<int(const TTextList& List, int A, int B)>;
-
   String Get(int Index) const override;
   // Raises SSortedListError on a sorted list.
   void Put(int Index, const String& Text) override;
@@ -52,7 +49,7 @@ class TTextList : public TStrings {
   void Delete(int Index) override;
   void Clear() override;
   void Exchange(int A, int B) override;
-  int IndexOf(const String& Text) const override;
+  int IndexOf(std::u16string_view Text) const override;
   // The items joined by carriage return and line feed, with none behind the last one: not like the
   // text of other lists, where every line ends so.
   String GetTextStr() const override;
@@ -60,6 +57,7 @@ class TTextList : public TStrings {
   using TStrings::AddStrings;
   // Appends the texts, and the objects beside them; where there are fewer objects, the rest has none.
   void AddStrings(std::span<const String> Texts);
+  void AddStrings(std::initializer_list<String> Texts) { AddStrings(std::span<const String>(Texts)); }
   void AddStrings(std::span<const String> Texts, std::span<TObject* const> Objects);
   // Appends the cells of a commatext.
   void AddStrings(std::u16string_view Commatext);
@@ -68,10 +66,10 @@ class TTextList : public TStrings {
 
   // Binary search by the list's order. Index is where Text stands or would have to stand; with
   // dupAccept the first of equal items. Meant for sorted lists.
-  bool Find(const String& Text, int& Index) const;
-  // Orders the items once; does nothing on a sorted list. Equal items may change their order.
+  virtual bool Find(std::u16string_view Text, int& Index) const;
+  // Orders the items once by the list's order; does nothing on a sorted list. Equal items may change
+  // their places.
   virtual void Sort();
-  virtual void CustomSort(TCompare Compare);
   bool GetSorted() const noexcept { return FSorted; }
   // Setting it orders the items at once.
   virtual void SetSorted(bool Value);
@@ -107,12 +105,12 @@ class TTextList : public TStrings {
   // a carriage return before it is dropped, one alone is not a line end. No line is empty because of
   // a final line end. Others are denied writing meanwhile. Faults of the file are raised as
   // EStreamError; the list then holds what was read.
-  virtual void LoadFromFile(const String& Path);
+  virtual void LoadFromFile(std::u16string_view Path);
   // Writes every item, the last too, followed by carriage return and line feed, in the system's code
   // page. Creates or empties the file; others are denied writing. Raises EStreamError.
-  virtual void SaveToFile(const String& Path) const;
+  virtual void SaveToFile(std::u16string_view Path) const;
   // The same at the end of an existing file or, with Front, before its content.
-  void SaveToFileAdd(const String& Path, bool Front) const;
+  void SaveToFileAdd(std::u16string_view Path, bool Front) const;
   // The same from the stream's position on.
   virtual void SaveToStream(TFileStream& Stream) const;
   // The bytes that SaveToStream writes.
@@ -134,11 +132,19 @@ class TTextList : public TStrings {
   virtual bool TakesPlainly() const { return false; }
   void SetCells(TCells Cells);
   void AddCells(TCells Cells);
-  void QuickSort(int Low, int High, TCompare Compare);
+  // Compares the items at two indexes.
+  using TCompareIndexes = FunctionRef<int(int A, int B)>;
+  // Sort by another order.
+  void SortBy(TCompareIndexes Compare);
+  // Makes sure that a change that adds nothing to List can't fail for want of memory.
+  static void Detach(TTextList& List) { List.FEntries.Detach(); }
 
   TEntries FEntries;
   bool FSorted = false;
   TDuplicates FDuplicates = dupIgnore;
+
+ private:
+  void QuickSort(int Low, int High, TCompareIndexes Compare);
 };
 
 }  // namespace vx

@@ -41,12 +41,11 @@ void TVxStringList::Assign(const TStrings& Source) {
   if (&Source == this) return;
   const TVxStringList* other = dynamic_cast<const TVxStringList*>(&Source);
   if (other && TakesPlainly()) {
-    BeginUpdate();
+    TUpdateScope scope(*this);
     TEntries copy;
     copy.CopyFrom(other->FEntries);
     if (FOwnsObject) Clear();
     FEntries.swap(copy);
-    EndUpdate();
   } else {
     TStrings::Assign(Source);
   }

@@ -30,6 +30,13 @@ class TVxStringList : public TTextList {
   // Swaps two entries, of a sorted list too. A derived list's Exchange is not called.
   void ExchangeItems(int A, int B) { TTextList::Exchange(A, B); }
 
+  // Orders the items once by Compare(list, a, b); does nothing on a sorted list. Equal items may
+  // change their places.
+  using TCompare = FunctionRef<int(const TVxStringList& List, int A, int B)>;
+  virtual void CustomSort(TCompare Compare) {
+    SortBy([&](int a, int b) { return Compare(*this, a, b); });
+  }
+
   using TTextList::AddStrings;
   // Copies texts and objects; from a TVxStringList also the rule of case, the rule of duplicates and
   // the flag Sorted, with no new ordering. Ownership stays as it was.

@@ -9,8 +9,9 @@ const TVxStringPairList* AsPairList(const TStrings& List) { return dynamic_cast<
 }  // namespace
 
 int TVxStringPairList::AddPair(const String& Key, const String& Pair, TObject* KeyObject, TObject* PairObject) {
+  String kept = Pair;  // it may be a pair of this list
   int index = AddObject(Key, KeyObject);
-  iPairList.Put(index, Pair);
+  iPairList.Put(index, kept);
   iPairList.PutObject(index, PairObject);
   return index;
 }
@@ -22,14 +23,15 @@ void TVxStringPairList::GetAll(int Index, TObject*& KeyObject, String& Key, TObj
   Pair = GetPairs(Index);
 }
 
-bool TVxStringPairList::PairFind(const String& Pair, int& Index) const {
+bool TVxStringPairList::PairFind(std::u16string_view Pair, int& Index) const {
   Index = PairIndexOf(Pair);
   return Index >= 0;
 }
 
-int TVxStringPairList::Remove(const String& Key) {
+int TVxStringPairList::Remove(std::u16string_view Key) {
+  String kept = Key;  // it may be a key of this list
   int removed = 0;
-  for (int index = IndexOf(Key); index >= 0; index = IndexOf(Key)) {
+  for (int index = IndexOf(kept); index >= 0; index = IndexOf(kept)) {
     Delete(index);
     ++removed;
   }
@@ -42,30 +44,39 @@ void TVxStringPairList::AddStrings(const TStrings& Strings) {
     TVxStringList::AddStrings(Strings);
     return;
   }
-  BeginUpdate();
+  TUpdateScope scope(*this);
   int count = other->GetCount();
   for (int i = 0; i < count; ++i) {
     AddPair(other->Get(i), other->GetPairs(i), other->GetObject(i), other->GetPairObjects(i));
   }
-  EndUpdate();
 }
 
 void TVxStringPairList::Clear() {
+  iPairList.Clear();  // first: the objects of keys are freed when both lists are empty
   TVxStringList::Clear();
-  iPairList.Clear();
 }
 
 void TVxStringPairList::Delete(int Index) {
-  TVxStringList::Delete(Index);
+  CheckIndex(Index);
+  DetachBoth();
   iPairList.Delete(Index);
+  TVxStringList::Delete(Index);
+}
+
+// What follows changes both lists, or none.
+void TVxStringPairList::DetachBoth() {
+  Detach(*this);
+  Detach(iPairList);
 }
 
 void TVxStringPairList::Exchange(int A, int B) {
+  DetachBoth();
   TVxStringList::Exchange(A, B);
   iPairList.Exchange(A, B);
 }
 
 void TVxStringPairList::Move(int From, int To) {
+  DetachBoth();
   TVxStringList::Move(From, To);
   iPairList.Move(From, To);
 }
@@ -73,12 +84,14 @@ void TVxStringPairList::Move(int From, int To) {
 void TVxStringPairList::InsertItem(int Index, const String& Text, TObject* Object) {
   // Room for the pair first: what follows can't fail and leave one list longer than the other.
   if (iPairList.GetCapacity() == iPairList.GetCount()) iPairList.SetCapacity(2 * iPairList.GetCount() + 4);
+  Detach(iPairList);
   TVxStringList::InsertItem(Index, Text, Object);
   iPairList.InsertObject(Index, String(), nullptr);
 }
 
 std::unique_ptr<TVxStringList> TVxStringPairList::Duplicate() const {
   auto result = std::make_unique<TVxStringPairList>(GetSorted(), GetDuplicates());
+  result->SetCaseSensitive(GetCaseSensitive());  // before the keys come, or some of them would be equal
   result->Assign(*this);
   return result;
 }

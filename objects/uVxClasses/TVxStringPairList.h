@@ -25,12 +25,13 @@ class TVxStringPairList : public TVxStringList {
   void GetAll(int Index, TObject*& KeyObject, String& Key, TObject*& PairObject, String& Pair) const;
   // The list of the pairs, which stays this list's. Its count must not be changed.
   TVxStringList& GetList() noexcept { return iPairList; }
+  const TVxStringList& GetList() const noexcept { return iPairList; }
   int PairCount() const { return iPairList.GetCount(); }
   // The first index of that pair, -1 if there is none.
-  int PairIndexOf(const String& Pair) const { return iPairList.IndexOf(Pair); }
-  bool PairFind(const String& Pair, int& Index) const;
+  int PairIndexOf(std::u16string_view Pair) const { return iPairList.IndexOf(Pair); }
+  bool PairFind(std::u16string_view Pair, int& Index) const;
   // Deletes all entries with that key; returns how many, -1 if there was none.
-  int Remove(const String& Key);
+  int Remove(std::u16string_view Key);
 
   using TVxStringList::AddStrings;
   // From a pair list the pairs come too.
@@ -46,6 +47,7 @@ class TVxStringPairList : public TVxStringList {
   bool EqualsObjects(const TTextList& Other) const override;
 
  private:
+  void DetachBoth();
   TVxStringList iPairList;
 };
 

@@ -57,8 +57,7 @@ void PutWithoutPairs(char16_t* Target, const char16_t* Text, size_t Count, char1
 
 String WithoutPairs(const char16_t* Text, size_t Count, size_t Pairs, char16_t Quote) {
   if (Pairs == 0) return String(std::u16string_view(Text, Count));
-  return String::Build(Count - Pairs,
-                       [&](char16_t* target) { PutWithoutPairs(target, Text, Count, Quote); });
+  return String::Build(Count - Pairs, [&](char16_t* target) { PutWithoutPairs(target, Text, Count, Quote); });
 }
 
 // Joins the cells by Delimiter; those for which NeedsQuotes holds stand in Quotes. The text is
@@ -159,8 +158,7 @@ bool WalkOffsettext(std::u16string_view Text, TTake Take) {
 
 String QuotedStr(std::u16string_view Text, char16_t Quote) {
   size_t total = Text.size() + CountUnit(Text, Quote) + 2;
-  return String::Build(total,
-                       [&](char16_t* target) { PutQuoted(target, Text, Quote); });
+  return String::Build(total, [&](char16_t* target) { PutQuoted(target, Text, Quote); });
 }
 
 String DequotedStr(std::u16string_view Text, char16_t Quote, int& Consumed) {

@@ -50,10 +50,11 @@ const char* LineEnd(const char* Line, const char* End, const char*& Next) {
 
 }  // namespace
 
-void TTextList::LoadFromFile(const String& Path) {
+void TTextList::LoadFromFile(std::u16string_view Path) {
+  String path = Path;  // it may be an item of this list
   BeginUpdate();
   Clear();
-  TFileStream file(Path, fmOpenRead | fmShareDenyWrite);
+  TFileStream file(path, fmOpenRead | fmShareDenyWrite);
   const TCodePage& page = GetSystemCodePage();
   std::vector<char> buffer(std::clamp<size_t>(static_cast<size_t>(file.GetSize()), 1, kReadChunk));
   bool lineIsOpen = false;
@@ -77,7 +78,7 @@ void TTextList::LoadFromFile(const String& Path) {
 
 int64_t TTextList::GetSaveToSize() const {
   int64_t total = 0;
-  for (const String& item : Items()) total += item.size() + 2;
+  for (const String& item : Items()) total += int64_t{item.size()} + 2;
   return total;
 }
 
@@ -88,13 +89,13 @@ void TTextList::SaveToStream(TFileStream& Stream) const {
   writer.Flush();
 }
 
-void TTextList::SaveToFile(const String& Path) const {
+void TTextList::SaveToFile(std::u16string_view Path) const {
   TFileStream file(Path, fmCreate | fmShareDenyWrite);
   SaveToStream(file);
   file.SetSize(file.GetPosition());
 }
 
-void TTextList::SaveToFileAdd(const String& Path, bool Front) const {
+void TTextList::SaveToFileAdd(std::u16string_view Path, bool Front) const {
   TFileInfo info;
   bool exists = GetFileInfo(Path, info);
   TFileStream file(Path, (exists ? fmOpenReadWrite : fmCreate) | fmShareDenyWrite);

@@ -20,29 +20,29 @@ constexpr std::u16string_view kDelimiters = u"\\/";
 constexpr int kMaxPath = 32767;
 
 // Length of the drive with the delimiters behind it, or of the leading delimiters.
-size_t RootLength(const String& path) {
+size_t RootLength(std::u16string_view path) {
   const size_t drive = static_cast<size_t>(ExtractFileDrive(path).size());
-  return std::min(path.view().find_first_not_of(kDelimiters, drive), path.view().size());
+  return std::min(path.find_first_not_of(kDelimiters, drive), path.size());
 }
 
-bool IsOnlyDrive(const String& path) {
-  return !ExtractFileDrive(path).empty() && RootLength(path) == path.view().size();
+bool IsOnlyDrive(std::u16string_view path) {
+  return !ExtractFileDrive(path).empty() && RootLength(path) == path.size();
 }
 
 // The path of each level below the root, from the top down.
-std::vector<String> LevelsOf(const String& path) {
+std::vector<String> LevelsOf(std::u16string_view path) {
   std::vector<String> levels;
   std::u16string_view text = path;
   for (size_t at = RootLength(path); at < text.size();) {
     const size_t end = std::min(text.find_first_of(kDelimiters, at), text.size());
-    levels.push_back(path.Slice(0, static_cast<int>(end)));
+    levels.emplace_back(path.substr(0, end));
     at = std::min(text.find_first_not_of(kDelimiters, end), text.size());
   }
   return levels;
 }
 
 // Begins below the deepest level that exists and stops at the first failure.
-bool MakeLevels(const String& path) {
+bool MakeLevels(std::u16string_view path) {
   if (path.size() > kMaxPath) return false;
   const std::vector<String> levels = LevelsOf(path);
   size_t next = levels.size();
@@ -53,9 +53,9 @@ bool MakeLevels(const String& path) {
   return true;
 }
 
-bool IsQuoted(const String& path) { return path.size() >= 2 && path[0] == u'"' && path[path.size() - 1] == u'"'; }
+bool IsQuoted(std::u16string_view path) { return path.size() >= 2 && path[0] == u'"' && path[path.size() - 1] == u'"'; }
 
-bool ForceFailed(const String& path) {
+bool ForceFailed(std::u16string_view path) {
   if (!VxDriveAvailable(path, true)) return false;
   return Failed(true,
                 u"Das Laufwerk steht zur Verfügung,\r\n"
@@ -64,9 +64,9 @@ bool ForceFailed(const String& path) {
 }
 
 // Collects the entries of one source and copies them.
-bool MergeOne(const String& source, const String& target, String& error) {
+bool MergeOne(std::u16string_view source, std::u16string_view target, String& error) {
   if (!DirectoryExists(source)) {
-    error = Format(u"Der Quellordner \"%s\" ist nicht erreichbar.", {source.view()});
+    error = Format(u"Der Quellordner \"%s\" ist nicht erreichbar.", {source});
     return false;
   }
   const String from = IncludeTrailingPathDelimiter(source);
@@ -85,7 +85,7 @@ bool MergeOne(const String& source, const String& target, String& error) {
   return true;
 }
 
-bool MergeInto(std::span<const String> sources, const String& target, String& error) {
+bool MergeInto(std::span<const String> sources, std::u16string_view target, String& error) {
   const String to = IncludeTrailingPathDelimiter(target);
   if (!target.empty() && !DirectoryExists(to) && !MakeLevels(to)) {
     error = Format(u"Das Zielverzeichnis \"%s\" konnte nicht erstellen.", {to.view()});
@@ -95,7 +95,7 @@ bool MergeInto(std::span<const String> sources, const String& target, String& er
     error = Format(u"Der Zielverzeichnis \"%s\" ist nicht erreichbar.", {to.view()});
     return false;
   }
-  for (const String& source : sources) {
+  for (std::u16string_view source : sources) {
     if (!MergeOne(source, to, error)) return false;
   }
   return true;
@@ -107,14 +107,14 @@ int AttributesOf(const TFileInfo& entry) {
 }
 
 // The search would find "." there.
-bool FindsDirectoryItself(const String& mask) {
+bool FindsDirectoryItself(std::u16string_view mask) {
   const String name = ExtractFileName(mask), directory = ExtractFilePath(mask);
   return (name == u"*" || name == u"*.*") && (directory.empty() || DirectoryExists(directory));
 }
 
 }  // namespace
 
-bool VxRemoveDir(const String& dir, bool showError) {
+bool VxRemoveDir(std::u16string_view dir, bool showError) {
   if (!DirectoryExists(dir)) {
     return Failed(showError,
                   u"Folgendes Verzeichnis konnte nicht gelöscht werden, weil es, wider Erwarten, nicht vorhanden war:"
@@ -125,7 +125,7 @@ bool VxRemoveDir(const String& dir, bool showError) {
          Failed(showError, u"Folgendes Verzeichnis konnte nicht gelöscht werden:\r\nName: ", dir);
 }
 
-bool VxForceDirectories(const String& path) {
+bool VxForceDirectories(std::u16string_view path) {
   String rest = path;
   while (IsQuoted(rest)) rest = rest.Slice(1, rest.size() - 2);
   if (rest.empty()) return true;
@@ -136,25 +136,25 @@ bool VxForceDirectories(const String& path) {
   return DirectoryExists(rest) || MakeLevels(rest) || ForceFailed(rest);
 }
 
-bool VxForceDirectoriesOld(const String& path) {
+bool VxForceDirectoriesOld(std::u16string_view path) {
   const String rest = Trim(path);
   if (rest.empty() || DirectoryExists(rest)) return true;
   if (rest.size() <= kMaxPath) {
-    for (const String& level : LevelsOf(rest)) {
+    for (std::u16string_view level : LevelsOf(rest)) {
       if (!DirectoryExists(level)) DirectoryCreate(level);
     }
   }
   return DirectoryExists(rest) || ForceFailed(rest);
 }
 
-bool MergeDirectories(std::span<const String> sources, const String& target, String* errorText) {
+bool MergeDirectories(std::span<const String> sources, std::u16string_view target, String* errorText) {
   String error;
   const bool good = MergeInto(sources, target, error);
   if (errorText != nullptr) *errorText = error;
   return good;
 }
 
-bool VxIsEmptyDir(const String& dir) {
+bool VxIsEmptyDir(std::u16string_view dir) {
   std::vector<String> open{dir};
   while (!open.empty()) {
     const String base = IncludeTrailingPathDelimiter(open.back());
@@ -167,10 +167,10 @@ bool VxIsEmptyDir(const String& dir) {
   return true;
 }
 
-bool ls(std::unique_ptr<TVxStringList>& list, const String& dir, int attributesIn, int attributesOut,
-        const String& pattern) {
+bool ls(std::unique_ptr<TVxStringList>& list, std::u16string_view dir, int attributesIn, int attributesOut,
+        std::u16string_view pattern) {
   list.reset();
-  const String mask = dir + pattern;
+  const String mask = Concat({dir, pattern});
   const std::vector<TFileInfo> entries = FindFiles(mask);
   if (entries.empty() && !FindsDirectoryItself(mask)) return false;
   list = std::make_unique<TVxStringList>();

@@ -6,15 +6,15 @@
 
 namespace vx {
 
-bool VxDriveAvailable(const String& path, bool showError) {
+bool VxDriveAvailable(std::u16string_view path, bool showError) {
   const String drive = ExtractFileDrive(path);
   if (drive.empty() || DirectoryExists(drive)) return true;
   if (showError) VxDriveAvailableError(drive);
   return false;
 }
 
-void VxDriveAvailableError(const String& drive) {
-  const char16_t* what = drive.view().starts_with(u"\\\\") ? u"Die Serverfreigabe (" : u"Das Laufwerk (";
+void VxDriveAvailableError(std::u16string_view drive) {
+  const char16_t* what = drive.starts_with(u"\\\\") ? u"Die Serverfreigabe (" : u"Das Laufwerk (";
   MessageDlg(Concat({u"Netzwerkproblem: ", what, drive, u") ist nicht erreichbar."}), mtError, {mbOK});
 }
 

@@ -7,9 +7,9 @@ namespace vx {
 
 // The drive or share of path exists as a directory; a path without one is on the local file system,
 // which always is there. With showError VxDriveAvailableError tells of a missing one.
-bool VxDriveAvailable(const String& path, bool showError);
+bool VxDriveAvailable(std::u16string_view path, bool showError);
 // Shows an error dialog: "Netzwerkproblem: Das Laufwerk (D:) ist nicht erreichbar.", or with "Die
 // Serverfreigabe" for a drive that begins with two backslashes.
-void VxDriveAvailableError(const String& drive);
+void VxDriveAvailableError(std::u16string_view drive);
 
 }  // namespace vx

@@ -13,7 +13,7 @@ using uHandleFile::Failed;
 
 namespace {
 
-bool DeleteExisting(const String& name, bool unlocks, bool showError) {
+bool DeleteExisting(std::u16string_view name, bool unlocks, bool showError) {
   if (!VxFileExists(name)) {
     return Failed(showError,
                   u"Folgende Datei konnte nicht gelöscht werden, weil Sie, wider Erwarten, nicht vorhanden war:\r\n"
@@ -28,14 +28,14 @@ bool DeleteExisting(const String& name, bool unlocks, bool showError) {
   return Failed(showError, u"Folgende Datei konnte nicht gelöscht werden:\r\nName: ", name);
 }
 
-bool CopyUnlocking(const String& source, const String& target) {
+bool CopyUnlocking(std::u16string_view source, std::u16string_view target) {
   if (FileCopy(source, target)) return true;
   if (!VxFileExists(target)) return false;
   VxUnlockFile(target);
   return FileCopy(source, target);
 }
 
-bool MoveReplacing(const String& source, const String& target) {
+bool MoveReplacing(std::u16string_view source, std::u16string_view target) {
   if (FileMove(source, target)) return true;
   VxUnlockFile(source);
   if (VxFileExists(target)) VxDeleteFileReadOnly(target, true);
@@ -44,11 +44,11 @@ bool MoveReplacing(const String& source, const String& target) {
 
 }  // namespace
 
-bool VxDeleteFile(const String& name, bool showError) { return DeleteExisting(name, false, showError); }
+bool VxDeleteFile(std::u16string_view name, bool showError) { return DeleteExisting(name, false, showError); }
 
-bool VxDeleteFileReadOnly(const String& name, bool showError) { return DeleteExisting(name, true, showError); }
+bool VxDeleteFileReadOnly(std::u16string_view name, bool showError) { return DeleteExisting(name, true, showError); }
 
-bool VxCopyFile(const String& source, const String& target, bool showError) {
+bool VxCopyFile(std::u16string_view source, std::u16string_view target, bool showError) {
   if (!VxFileExists(source)) {
     return Failed(showError, u"Folgende Datei konnte nicht kopiert werden, da die Quelle nicht existiert:\r\nvon: ",
                   source, target);
@@ -65,7 +65,7 @@ bool VxCopyFile(const String& source, const String& target, bool showError) {
   return true;
 }
 
-bool VxRenameFile(const String& source, const String& target, bool showError) {
+bool VxRenameFile(std::u16string_view source, std::u16string_view target, bool showError) {
   if (!VxFileExists(source) || !VxForceDirectories(ExtractFileDir(target))) return false;
   if (!MoveReplacing(source, target)) {
     return Failed(showError, u"Folgende Datei konnte nicht umbenannt werden:\r\nvon: ", source, target);
@@ -74,7 +74,7 @@ bool VxRenameFile(const String& source, const String& target, bool showError) {
   return true;
 }
 
-bool VxMoveFile(const String& source, const String& target, bool showError) {
+bool VxMoveFile(std::u16string_view source, std::u16string_view target, bool showError) {
   if (!VxFileExists(source)) return false;
   if (UpperCase(ExtractFileDrive(source)) == UpperCase(ExtractFileDrive(target))) {
     return VxRenameFile(source, target, showError);

@@ -90,20 +90,20 @@ String SizeText(uint64_t size, int shift, int digits, const char* unit) {
 
 }  // namespace
 
-int64_t VxFileSize(const String& name, bool signal) {
+int64_t VxFileSize(std::u16string_view name, bool signal) {
   TFileInfo info;
   if (!GetFileInfo(name, info)) return signal ? -1 : 0;
   if (info.IsDirectory) return signal ? -2 : 0;
   return info.Size;
 }
 
-TDateTime VxFileLastWrite(const String& name, bool signal) {
+TDateTime VxFileLastWrite(std::u16string_view name, bool signal) {
   TFileInfo info;
   if (!GetFileInfo(name, info)) return signal ? -1 : 0;
   return info.LastWrite;
 }
 
-bool VxSetFileLastWrite(const String& name, TDateTime dateTime, int& errorCode) {
+bool VxSetFileLastWrite(std::u16string_view name, TDateTime dateTime, int& errorCode) {
   errorCode = ConversionError(dateTime);
   if (errorCode != 0) {
     SetLastError(kInvalidArgument);
@@ -144,7 +144,7 @@ String VxSetFileLastWriteError(int errorCode) {
   return Concat({text, u" Win32Error=", IntToStr(GetLastError())});
 }
 
-bool VxHashFromHD(const String& name, uint64_t& hash) {
+bool VxHashFromHD(std::u16string_view name, uint64_t& hash) {
   hash = 0;
   try {
     TFileStream file(name, fmOpenRead | fmShareDenyNone);

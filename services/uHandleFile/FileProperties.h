@@ -9,14 +9,14 @@
 namespace vx {
 
 // The size in bytes. A missing file gives -1 and a directory -2 with signal, both 0 without.
-int64_t VxFileSize(const String& name, bool signal);
+int64_t VxFileSize(std::u16string_view name, bool signal);
 // The last-write time in local time. A missing file gives -1 with signal, 0 without.
-TDateTime VxFileLastWrite(const String& name, bool signal);
+TDateTime VxFileLastWrite(std::u16string_view name, bool signal);
 
 // Sets the last-write time from local time. errorCode is 0 for success, else 1 for what is no date of
 // the years 1 to 9999, 2 for a date before 1601, 3 if its universal time lies there, 4 if the file
 // could not be opened for reading and writing, 5 if the time could not be set.
-bool VxSetFileLastWrite(const String& name, TDateTime dateTime, int& errorCode);
+bool VxSetFileLastWrite(std::u16string_view name, TDateTime dateTime, int& errorCode);
 // The German text of such a code, with the number of the system's last error in this thread behind all
 // but that of 0: u"[4] \"FileOpen\" ist fehlgeschlagen! Win32Error=2".
 String VxSetFileLastWriteError(int errorCode);
@@ -24,7 +24,7 @@ String VxSetFileLastWriteError(int errorCode);
 // A fast checksum of the contents: all groups of 8 bytes, the last filled up with zeros, taken as
 // little-endian numbers and combined by exclusive or. An empty file gives 0. False, and 0, if the file
 // can't be opened or read.
-bool VxHashFromHD(const String& name, uint64_t& hash);
+bool VxHashFromHD(std::u16string_view name, uint64_t& hash);
 
 // The size in the largest unit that it exceeds, rounded up to two places, with the German decimal
 // comma: u"1024 Byte", u"1,01 kB" for 1025, u"2 GB".

@@ -12,7 +12,7 @@ namespace {
 constexpr TDateTime kFirstDosDay = 29221;       // 1.1.1980
 constexpr TDateTime kBehindLastDosDay = 52597;  // 1.1.2044
 
-bool Opens(const String& name, uint32_t mode) {
+bool Opens(std::u16string_view name, uint32_t mode) {
   try {
     TFileStream file(name, mode);
     return true;
@@ -21,24 +21,26 @@ bool Opens(const String& name, uint32_t mode) {
   }
 }
 
-bool OpensAlone(const String& name) { return Opens(name, fmOpenReadWrite | fmShareExclusive); }
+bool OpensAlone(std::u16string_view name) { return Opens(name, fmOpenReadWrite | fmShareExclusive); }
 
 }  // namespace
 
-bool VxFileExists(const String& name) {
+bool VxFileExists(std::u16string_view name) {
   const std::vector<TFileInfo> found = FindFiles(name);
   auto file = std::find_if(found.begin(), found.end(), [](const TFileInfo& info) { return !info.IsDirectory; });
   if (file == found.end()) return false;
   return file->Size > 0 || (file->LastWrite >= kFirstDosDay && file->LastWrite < kBehindLastDosDay);
 }
 
-bool VxFileIsLocked(const String& name) { return VxFileExists(name) && !OpensAlone(name); }
+bool VxFileIsLocked(std::u16string_view name) { return VxFileExists(name) && !OpensAlone(name); }
 
-bool VxFileIsOpen(const String& name) { return VxFileIsLocked(name); }
+bool VxFileIsOpen(std::u16string_view name) { return VxFileIsLocked(name); }
 
-bool VxFileInUse(const String& name) { return VxFileIsLocked(name); }
+bool VxFileInUse(std::u16string_view name) { return VxFileIsLocked(name); }
 
-bool VxFileIsReadable(const String& name) { return VxFileExists(name) && !Opens(name, fmOpenRead | fmShareDenyNone); }
+bool VxFileIsReadable(std::u16string_view name) {
+  return VxFileExists(name) && !Opens(name, fmOpenRead | fmShareDenyNone);
+}
 
 bool VxTestExclusive(const TVxStringList& files, TVxStringList* failed) {
   bool good = true;
@@ -53,12 +55,12 @@ bool VxTestExclusive(const TVxStringList& files, TVxStringList* failed) {
   return good;
 }
 
-void VxUnlockFile(const String& name) {
+void VxUnlockFile(std::u16string_view name) {
   TFileInfo info;
   if (GetFileInfo(name, info) && !info.IsDirectory && info.IsReadOnly) SetReadOnly(name, false);
 }
 
-bool VxFlushFile(const String& name) {
+bool VxFlushFile(std::u16string_view name) {
   if (name.empty()) return false;
   try {
     TFileStream file(name, fmOpenReadWrite | fmShareDenyNone);

@@ -16,11 +16,11 @@ inline constexpr char16_t kAdvice[] =
     u"Nordvale GmbH, Musterstadt, Hotline: (000) 00 00 00-0";
 
 // Both show the dialog if show is set, and are false: the result of the operation that failed.
-inline bool Failed(bool show, std::u16string_view head, const String& path) {
+inline bool Failed(bool show, std::u16string_view head, std::u16string_view path) {
   if (show) ShowWarning(Concat({head, path, u"\r\n\r\n", kAdvice}));
   return false;
 }
-inline bool Failed(bool show, std::u16string_view head, const String& source, const String& target) {
+inline bool Failed(bool show, std::u16string_view head, std::u16string_view source, std::u16string_view target) {
   if (show) ShowWarning(Concat({head, source, u"\r\nnach: ", target, u"\r\n\r\n", kAdvice}));
   return false;
 }

@@ -46,8 +46,14 @@ const TFileForm* FindForm(const String& Path) {
 
 // Writes all rows; returns the size that the file has to have.
 int64_t WriteRows(const TFileCsv& Table, const String& Path, const TFileForm& Form) {
+  // Before the file is emptied, all that could stop the writing but the file itself.
+  size_t longest = 0;
+  for (int row = 0; row < Table.GetCount(); ++row) {
+    longest = std::max(longest, TRowWriter::MostBytes(Table.GetLines(row)->Items()));
+  }
+  std::vector<char> buffer(TRowWriter::BufferSize(longest));
   TFileStream file(Path, fmCreate | fmShareDenyWrite);
-  TRowWriter writer(file, Form.Form, Form.Separator);
+  TRowWriter writer(file, Form.Form, Form.Separator, buffer);
   for (int row = 0; row < Table.GetCount(); ++row) writer.Write(Table.GetLines(row)->Items());
   writer.Flush();
   file.SetSize(writer.GetBytes());
@@ -94,7 +100,8 @@ bool IsLineEnd(char16_t Unit) { return Unit == u'\r' || Unit == u'\n'; }
 
 }  // namespace
 
-bool TFileCsv::LoadFromFile(const String& Path) {
+bool TFileCsv::LoadFromFile(std::u16string_view FilePath) {
+  String Path = FilePath;  // it may be a cell of this table
   if (!VxFileExists(Path)) {
     ShowWarning(Concat({u"Die Datei\r\n", Path, u"\r\nist nicht vorhanden,\r\nkann also nicht geladen werden."}));
     return false;
@@ -104,14 +111,15 @@ bool TFileCsv::LoadFromFile(const String& Path) {
   try {
     TFileStream file(Path, fmOpenRead | fmShareDenyNone);
     TTableReader(file).ReadAll([this](std::unique_ptr<TVxStringList> row) { AddNew(std::move(row)); });
-  } catch (...) {
+  } catch (const EStreamError&) {
     Clear();
     throw;
   }
   return true;
 }
 
-bool TFileCsv::SaveToFile(const String& Path) {
+bool TFileCsv::SaveToFile(std::u16string_view FilePath) {
+  String Path = FilePath;
   const TFileForm* form = FindForm(Path);
   if (!form && GetCount() > 0) throw EStringListError(FormatListError(SListIndexError, -1));
   TDateTime before = VxFileLastWrite(Path, false);
@@ -133,7 +141,8 @@ bool TFileCsv::SaveToFile(const String& Path) {
   return false;
 }
 
-bool TFileCsv::SaveAndExecute(const String& Path) {
+bool TFileCsv::SaveAndExecute(std::u16string_view FilePath) {
+  String Path = FilePath;
   if (!SaveToFile(Path)) return false;
   String extension = LowerCase(ExtractFileExt(Path));
   if ((extension != u".csv" && extension != u".txt") || !VxFileExists(Path)) return true;
@@ -146,15 +155,18 @@ bool TFileCsv::SaveAndExecute(const String& Path) {
   return true;
 }
 
-bool TFileCsv::LoadMSSQL(const String& Path) {
+bool TFileCsv::LoadMSSQL(std::u16string_view FilePath) {
+  String Path = FilePath;  // it may be a cell of this table
   Clear();
+  SetOwnsObjects(true);
   std::u16string text = ReadUtf16(Path);
   auto headEnd = std::find_if(text.begin(), text.end(), IsLineEnd);
   size_t commas = static_cast<size_t>(std::count(text.begin(), headEnd, u','));
   TStringArena arena;
   TCells cells;
   auto takeCell = [&](size_t start, size_t end) {
-    cells.push_back(arena.Build(end - start, [&](char16_t* units) { std::copy_n(text.data() + start, end - start, units); }));
+    cells.push_back(
+        arena.Build(end - start, [&](char16_t* units) { std::copy_n(text.data() + start, end - start, units); }));
   };
   auto takeRow = [&] {
     auto row = std::make_unique<TVxStringList>();
@@ -205,9 +217,9 @@ String TFileCsv::ParseChar(const TVxStringList& Row, std::u16string_view Separat
   for (const String& cell : Row.Items()) {
     if (&cell != Row.Items().data()) line += Separator;
     auto isSpecial = [](char16_t unit) { return unit < 33 || unit == u'"'; };
-    bool isQuoted = Separator != u" " &&
-                    (std::any_of(cell.begin(), cell.end(), isSpecial) ||
-                     (!Separator.empty() && cell.view().find(Separator) != std::u16string_view::npos));
+    bool isQuoted =
+        Separator != u" " && (std::any_of(cell.begin(), cell.end(), isSpecial) ||
+                              (!Separator.empty() && cell.view().find(Separator) != std::u16string_view::npos));
     line += isQuoted ? QuotedStr(cell, u'"') : cell;
   }
   return line;

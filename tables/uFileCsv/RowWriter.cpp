@@ -15,13 +15,21 @@ constexpr char16_t kQuote = u'"';
 
 }  // namespace
 
-TRowWriter::TRowWriter(TFileStream& Stream, TRowForm Form, char16_t Separator)
+TRowWriter::TRowWriter(TFileStream& Stream, TRowForm Form, char16_t Separator, std::span<char> Buffer)
     : FStream(Stream),
       FPage(GetSystemCodePage()),
       FForm(Form),
       FSeparator(Separator),
-      FBuffer(kBuffer),
-      FNext(FBuffer.data()) {}
+      FBuffer(Buffer),
+      FNext(Buffer.data()) {}
+
+size_t TRowWriter::MostBytes(std::span<const String> Cells) noexcept {
+  size_t most = 4 + kSlack;
+  for (const String& cell : Cells) most += 2 * static_cast<size_t>(cell.size()) + 3;
+  return most;
+}
+
+size_t TRowWriter::BufferSize(size_t LongestLine) noexcept { return std::max(kBuffer, LongestLine); }
 
 void TRowWriter::Flush() {
   size_t used = static_cast<size_t>(FNext - FBuffer.data());
@@ -30,19 +38,8 @@ void TRowWriter::Flush() {
   FNext = FBuffer.data();
 }
 
-void TRowWriter::MakeRoom(std::span<const String> Cells) {
-  size_t most = 2 + kSlack;
-  for (const String& cell : Cells) most += 2 * static_cast<size_t>(cell.size()) + 3;
-  if (static_cast<size_t>(FBuffer.data() + FBuffer.size() - FNext) >= most) return;
-  Flush();
-  if (FBuffer.size() < most) {
-    FBuffer.resize(most);
-    FNext = FBuffer.data();
-  }
-}
-
 void TRowWriter::Write(std::span<const String> Cells) {
-  MakeRoom(Cells);
+  if (static_cast<size_t>(FBuffer.data() + FBuffer.size() - FNext) < MostBytes(Cells)) Flush();
   char* target = FNext;
   char separator = static_cast<char>(FSeparator);
   for (size_t i = 0; i < Cells.size(); ++i) {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <span>
-#include <vector>
 
 #include "platform/CodePage.h"
 #include "platform/Files.h"
@@ -17,10 +16,15 @@ enum TRowForm : uint8_t {
   rfPlain       // nothing is quoted
 };
 
-// Puts lines into a stream through one buffer. The caller flushes at the end.
+// Puts lines into a stream through one buffer, which has to have room for the longest. The caller
+// flushes at the end.
 class TRowWriter {
  public:
-  TRowWriter(TFileStream& Stream, TRowForm Form, char16_t Separator);
+  TRowWriter(TFileStream& Stream, TRowForm Form, char16_t Separator, std::span<char> Buffer);
+  // The room that a line of these cells takes at most.
+  static size_t MostBytes(std::span<const String> Cells) noexcept;
+  // The size of a good buffer for lines that take LongestLine bytes at most.
+  static size_t BufferSize(size_t LongestLine) noexcept;
   TRowWriter(const TRowWriter&) = delete;
   TRowWriter& operator=(const TRowWriter&) = delete;
   // One line, with carriage return and line feed.
@@ -30,7 +34,6 @@ class TRowWriter {
   int64_t GetBytes() const noexcept { return FFlushed + (FNext - FBuffer.data()); }
 
  private:
-  void MakeRoom(std::span<const String> Cells);
   char* PutCell(char* Target, const char16_t* Units, size_t Count);
   char* PutSpecialCell(char* Target, const char16_t* Units, size_t Count);
   // Puts the units down unquoted; false if one of them may need quotes.
@@ -42,7 +45,7 @@ class TRowWriter {
   const TCodePage& FPage;
   TRowForm FForm;
   char16_t FSeparator;
-  std::vector<char> FBuffer;
+  std::span<char> FBuffer;
   char* FNext;
   int64_t FFlushed = 0;
 };

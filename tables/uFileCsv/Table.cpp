@@ -41,7 +41,8 @@ bool IsBlank(const String& Text) { return TrimView(Text).empty(); }
 
 TVxStringList* TFileCsv::CastRow(TObject* Entry) {
   if (auto* row = dynamic_cast<TVxStringList*>(Entry)) return row;
-  throw EInvalidCast(Concat({u"An entry of the table is not a TVxStringList but ", Entry ? Entry->ClassName() : u"nil"}));
+  throw EInvalidCast(
+      Concat({u"An entry of the table is not a TVxStringList but ", Entry ? Entry->ClassName() : u"nil"}));
 }
 
 std::unique_ptr<TFileCsv> TFileCsv::GetNewInstance() const { return std::make_unique<TFileCsv>(); }
@@ -77,9 +78,16 @@ void TFileCsv::AddFileCsv(const TFileCsv& Other) {
 
 void TFileCsv::AddAndFree(std::unique_ptr<TFileCsv> Other) {
   if (!Other) return;
-  SetCapacity(GetCount() + Other->GetCount());
+  bool isOwned = Other->GetOwnsObjects();
   Other->SetOwnsObjects(false);
-  for (TObject* row : Other->Items()) Add(row);
+  int i = 0;
+  try {
+    for (; i < Other->GetCount(); ++i) Add(Other->Get(i));
+  } catch (...) {
+    if (i < Other->GetCount() && IndexOf(Other->Get(i)) >= 0) ++i;  // it came in before a derived class raised
+    for (; isOwned && i < Other->GetCount(); ++i) delete Other->Get(i);
+    throw;
+  }
 }
 
 void TFileCsv::Assign(const TFileCsv& Source) {
@@ -149,16 +157,16 @@ String TFileCsv::getElement(int Col, int Row, const String& NoColValue, const St
 
 void TFileCsv::DeleteCol(int Col) {
   if (Col < 0) return;
-  for (TObject* entry : Items()) {
-    auto* row = dynamic_cast<TVxStringList*>(entry);
+  for (int i = 0; i < GetCount(); ++i) {  // the objects of cells may change the table when they go
+    auto* row = dynamic_cast<TVxStringList*>(Get(i));
     if (row && Col < row->GetCount()) row->Delete(Col);
   }
 }
 
 void TFileCsv::ClearCol(int Col) {
   if (Col < 0) return;
-  for (TObject* entry : Items()) {
-    auto* row = dynamic_cast<TVxStringList*>(entry);
+  for (int i = 0; i < GetCount(); ++i) {
+    auto* row = dynamic_cast<TVxStringList*>(Get(i));
     if (row && Col < row->GetCount()) row->Put(Col, String());
   }
 }
@@ -237,7 +245,7 @@ void TFileCsv::DoAll(TCsvAllModes Modes) {
 void TFileCsv::DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths) {
   TVxStringList* line = GetLines(Row);
   if (line->GetCount() < Width) line->SetCapacity(std::max(line->GetCapacity(), Width));
-  while (line->GetCount() < Width) line->Add(String());
+  while (line->GetCount() < Width) line->InsertItem(line->GetCount(), String(), nullptr);
   bool isEmpty = true;
   for (int col = 0; col < line->GetCount(); ++col) {
     String before = line->Get(col);
@@ -258,6 +266,7 @@ std::unique_ptr<TFileCsv> TFileCsv::TurnAxis() const {
   int columns = FieldCount();
   int rows = GetCount();
   std::vector<const TVxStringList*> lines;
+  lines.reserve(static_cast<size_t>(rows));
   for (int row = 0; row < rows; ++row) lines.push_back(GetLines(row));
   TCells cells(static_cast<size_t>(rows));
   for (int col = 0; col < columns; ++col) {
@@ -279,9 +288,14 @@ void TFileCsv::ShowContent() const {
 }
 
 int TFileCsv::AddNew(std::unique_ptr<TVxStringList> Row) {
-  int index = Add(Row.get());
-  Row.release();
-  return index;
+  try {
+    int index = Add(Row.get());
+    (void)Row.release();
+    return index;
+  } catch (...) {
+    if (IndexOf(Row.get()) >= 0) (void)Row.release();  // it came in before a derived class raised
+    throw;
+  }
 }
 
 }  // namespace vx

@@ -11,28 +11,37 @@ namespace vx {
 namespace {
 
 constexpr size_t kChunk = 256 * 1024;
-constexpr size_t kPadding = 64;  // readable behind the last byte, for vector instructions
+constexpr size_t kPadding = 64;            // readable behind the last byte, for vector instructions
 constexpr unsigned char kSentinel = '\n';  // stands behind the last byte and ends the last cell
 
 // The places of the German letters in the code pages 437 and 850. That the letter á turns into ß is
 // wanted: files rely on it.
 char16_t RepairDosLetter(char16_t Unit) {
   switch (Unit) {
-    case 129: return 252;
-    case 132: return 228;
-    case 142: return 196;
-    case 148: return 246;
-    case 153: return 214;
-    case 154: return 220;
-    case 225: return 223;
-    default: return Unit;
+    case 129:
+      return 252;
+    case 132:
+      return 228;
+    case 142:
+      return 196;
+    case 148:
+      return 246;
+    case 153:
+      return 214;
+    case 154:
+      return 220;
+    case 225:
+      return 223;
+    default:
+      return Unit;
   }
 }
 
 TByteTable MakeTable() {
   const TCodePage& page = GetSystemCodePage();
   char16_t units[256];
-  for (unsigned byte = 0; byte < 256; ++byte) units[byte] = RepairDosLetter(page.DecodeByte(static_cast<uint8_t>(byte)));
+  for (unsigned byte = 0; byte < 256; ++byte)
+    units[byte] = RepairDosLetter(page.DecodeByte(static_cast<uint8_t>(byte)));
   return TByteTable(units);
 }
 
@@ -61,7 +70,8 @@ const unsigned char* TTableReader::TSource::TakeUnquoted(const Unit* First, [[ma
     }
   }
 #else
-  const Unit* stop = std::find_if(First, Last, [&](Unit b) { return b <= 32 || b == Delimiter || (kLines && b == Quote); });
+  const Unit* stop =
+      std::find_if(First, Last, [&](Unit b) { return b <= 32 || b == Delimiter || (kLines && b == Quote); });
   TakePlain(First, static_cast<size_t>(stop - First));
   return stop;
 #endif

@@ -62,7 +62,9 @@ class TTableReader {
     const Unit* TakeUnquoted(const Unit* First, const Unit* Last);
     const Unit* NextQuote(const Unit* First, const Unit* Last) const;
     void TakeEmpty() { ::new (Slot()) String(); }
-    void TakePlain(const Unit* Bytes, size_t ByteCount) { ::new (Slot()) String(Arena.Decode(Table, Bytes, ByteCount)); }
+    void TakePlain(const Unit* Bytes, size_t ByteCount) {
+      ::new (Slot()) String(Arena.Decode(Table, Bytes, ByteCount));
+    }
     void TakeQuoted(const Unit* Bytes, size_t ByteCount, size_t Pairs);
     // The place of the next cell, which holds an empty text.
     String* Slot() {

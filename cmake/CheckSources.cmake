@@ -1,0 +1,21 @@
+# Every source of the tree is part of the build, so that no test is forgotten:
+#   cmake -DBUILD=<build directory> -P cmake/CheckSources.cmake
+cmake_minimum_required(VERSION 3.25)
+get_filename_component(root ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
+file(READ ${BUILD}/compile_commands.json commands)
+set(forgotten)
+foreach(folder core objects tables services rendering controls platform tools examples tests)
+  file(GLOB_RECURSE sources RELATIVE ${root} ${root}/${folder}/*.cpp)
+  # The strangers have a build of their own, and the oracles need libraries that not every machine has.
+  list(FILTER sources EXCLUDE REGEX "^tests/(consumer|oracle)/")
+  foreach(source IN LISTS sources)
+    string(FIND "${commands}" "${root}/${source}\"" at)
+    if(at EQUAL -1)
+      list(APPEND forgotten ${source})
+    endif()
+  endforeach()
+endforeach()
+if(forgotten)
+  list(JOIN forgotten "\n  " forgotten)
+  message(FATAL_ERROR "in no CMakeLists.txt:\n  ${forgotten}")
+endif()

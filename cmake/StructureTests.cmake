@@ -1,0 +1,35 @@
+# Tests of the tree itself and of its use by strangers. They say the same in every build, so builds with sanitizers
+# leave them out.
+if(VX_SANITIZE)
+  return()
+endif()
+
+set(vx_cmake ${PROJECT_SOURCE_DIR}/cmake)
+add_test(NAME structure.includes COMMAND ${CMAKE_COMMAND} -P ${vx_cmake}/CheckIncludes.cmake)
+add_test(NAME structure.include_check COMMAND ${CMAKE_COMMAND} -DCHECK=${vx_cmake}/CheckIncludes.cmake
+  -DDIR=${PROJECT_BINARY_DIR}/include_check -P ${PROJECT_SOURCE_DIR}/tests/cmake/CheckIncludes_test.cmake)
+add_test(NAME structure.headers COMMAND sh ${vx_cmake}/CheckHeaders.sh ${CMAKE_CXX_COMPILER} ${PROJECT_SOURCE_DIR}
+  core objects tables services rendering controls platform tools examples tests fuzz)
+add_test(NAME structure.readme COMMAND ${CMAKE_COMMAND} -P ${vx_cmake}/CheckReadme.cmake)
+if(CMAKE_EXPORT_COMPILE_COMMANDS)
+  add_test(NAME structure.sources
+    COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR} -P ${vx_cmake}/CheckSources.cmake)
+endif()
+
+# A stranger's project: against the installed package, and with the tree as a part of its own.
+set(vx_consumer ${PROJECT_SOURCE_DIR}/tests/consumer)
+set(vx_scratch ${PROJECT_BINARY_DIR}/consumer)
+# vx_consumer_test(<name> <options of the configuration>)
+function(vx_consumer_test name)
+  add_test(NAME consumer.${name} COMMAND ${CMAKE_CTEST_COMMAND} --build-and-test ${vx_consumer} ${vx_scratch}/${name}
+    --build-generator ${CMAKE_GENERATOR} --build-options -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}
+    -DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER} ${ARGN} --test-command consumer)
+endfunction()
+
+add_test(NAME consumer.install COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR} -DPREFIX=${vx_scratch}/prefix
+  -P ${vx_consumer}/Install.cmake)
+vx_consumer_test(find_package -DCMAKE_PREFIX_PATH=${vx_scratch}/prefix -DCMAKE_BUILD_TYPE=Release)
+vx_consumer_test(add_subdirectory -DVXLIB_SOURCE_DIR=${PROJECT_SOURCE_DIR} -DCMAKE_BUILD_TYPE=Debug)
+set_tests_properties(consumer.install PROPERTIES FIXTURES_SETUP vx_installed)
+set_tests_properties(consumer.find_package PROPERTIES FIXTURES_REQUIRED vx_installed)
+set_tests_properties(structure.headers consumer.add_subdirectory PROPERTIES PROCESSORS 2 COST 100)

@@ -1,0 +1,21 @@
+# Installs a build into a fresh prefix and looks whether the installed headers find each other there:
+#   cmake -DBUILD=<build directory> -DPREFIX=<directory> -P Install.cmake
+file(REMOVE_RECURSE ${PREFIX})
+execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${PREFIX} COMMAND_ERROR_IS_FATAL ANY)
+
+set(include ${PREFIX}/include/vxlib)
+file(GLOB_RECURSE headers RELATIVE ${include} ${include}/*)
+set(missing)
+foreach(header IN LISTS headers)
+  file(STRINGS ${include}/${header} lines REGEX "^[ \t]*#[ \t]*include[ \t]*\"")
+  foreach(line IN LISTS lines)
+    string(REGEX REPLACE "^[^\"]*\"([^\"]*)\".*$" "\\1" target "${line}")
+    if(NOT EXISTS ${include}/${target})
+      list(APPEND missing "${header} includes ${target}")
+    endif()
+  endforeach()
+endforeach()
+if(missing OR NOT headers)
+  list(JOIN missing "\n  " missing)
+  message(FATAL_ERROR "headers that are not installed:\n  ${missing}")
+endif()
