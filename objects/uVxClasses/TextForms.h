@@ -42,6 +42,8 @@ String CommatextToCelltext(std::u16string_view Text);
 String WriteCommatext(std::span<const String> Cells);
 TCells ReadCommatext(std::u16string_view Text);
 
+// Delimiter and Quote have to be below 256 if the text is to be read again: units above never separate
+// or quote.
 String WriteSerialize(std::span<const String> Cells, char16_t Delimiter, char16_t Quote);
 // A blank ends an unquoted cell just as the delimiter does. A code unit 0 ends the text.
 TCells ReadSerialize(std::u16string_view Text, char16_t Delimiter, char16_t Quote);

@@ -48,10 +48,13 @@ const TFileForm* FindForm(const String& Path) {
 int64_t WriteRows(const TFileCsv& Table, const String& Path, const TFileForm& Form) {
   // Before the file is emptied, all that could stop the writing but the file itself.
   size_t longest = 0;
+  size_t total = 0;
   for (int row = 0; row < Table.GetCount(); ++row) {
-    longest = std::max(longest, TRowWriter::MostBytes(Table.GetLines(row)->Items()));
+    size_t most = TRowWriter::MostBytes(Table.GetLines(row)->Items());
+    longest = std::max(longest, most);
+    total += most;
   }
-  std::vector<char> buffer(TRowWriter::BufferSize(longest));
+  std::vector<char> buffer(std::max(longest, std::min(total, TRowWriter::kGoodBuffer)));
   TFileStream file(Path, fmCreate | fmShareDenyWrite);
   TRowWriter writer(file, Form.Form, Form.Separator, buffer);
   for (int row = 0; row < Table.GetCount(); ++row) writer.Write(Table.GetLines(row)->Items());
@@ -78,15 +81,13 @@ bool ConfirmStamp(const String& Path, TDateTime Before) {
 // The code units of a UTF-16 file up to the first 0, as this machine holds them.
 std::u16string ReadUtf16(const String& Path) {
   TFileStream file(Path, fmOpenRead | fmShareDenyNone);
-  std::vector<char> bytes;
-  constexpr size_t kChunk = 1 << 20;
+  std::vector<char> bytes(static_cast<size_t>(file.GetSize()) + 1);
   size_t count = 0;
-  do {
-    bytes.resize(count + kChunk);
-    size_t read = file.Read(bytes.data() + count, kChunk);
+  // One byte more than was known of shows that the file has ended.
+  while (size_t read = file.Read(bytes.data() + count, bytes.size() - count)) {
     count += read;
-    if (read == 0) break;
-  } while (true);
+    if (count == bytes.size()) bytes.resize(2 * count);
+  }
   std::u16string text(count / 2, u'\0');
   std::memcpy(text.data(), bytes.data(), text.size() * sizeof(char16_t));
   if constexpr (std::endian::native == std::endian::big) {

@@ -9,7 +9,6 @@ namespace vx {
 
 namespace {
 
-constexpr size_t kBuffer = 256 * 1024;
 constexpr size_t kSlack = 16;  // bytes that a short cell may be written beyond its end
 constexpr char16_t kQuote = u'"';
 
@@ -28,8 +27,6 @@ size_t TRowWriter::MostBytes(std::span<const String> Cells) noexcept {
   for (const String& cell : Cells) most += 2 * static_cast<size_t>(cell.size()) + 3;
   return most;
 }
-
-size_t TRowWriter::BufferSize(size_t LongestLine) noexcept { return std::max(kBuffer, LongestLine); }
 
 void TRowWriter::Flush() {
   size_t used = static_cast<size_t>(FNext - FBuffer.data());

@@ -23,8 +23,8 @@ class TRowWriter {
   TRowWriter(TFileStream& Stream, TRowForm Form, char16_t Separator, std::span<char> Buffer);
   // The room that a line of these cells takes at most.
   static size_t MostBytes(std::span<const String> Cells) noexcept;
-  // The size of a good buffer for lines that take LongestLine bytes at most.
-  static size_t BufferSize(size_t LongestLine) noexcept;
+  // A larger buffer is of no use, unless a line needs it.
+  static constexpr size_t kGoodBuffer = 256 * 1024;
   TRowWriter(const TRowWriter&) = delete;
   TRowWriter& operator=(const TRowWriter&) = delete;
   // One line, with carriage return and line feed.

@@ -10,7 +10,7 @@ namespace vx {
 
 namespace {
 
-constexpr size_t kChunk = 256 * 1024;
+constexpr int64_t kChunk = 256 * 1024;
 constexpr size_t kPadding = 64;            // readable behind the last byte, for vector instructions
 constexpr unsigned char kSentinel = '\n';  // stands behind the last byte and ends the last cell
 
@@ -35,6 +35,11 @@ char16_t RepairDosLetter(char16_t Unit) {
     default:
       return Unit;
   }
+}
+
+// Small files need no large buffer. One byte more than the file shows that it has ended.
+size_t FirstSize(const TFileStream& File) {
+  return static_cast<size_t>(std::clamp<int64_t>(File.GetSize() + 1, 4096, kChunk));
 }
 
 TByteTable MakeTable() {
@@ -106,7 +111,11 @@ void TTableReader::TSource::MoreSlots() {
 }
 
 TTableReader::TTableReader(TFileStream& File)
-    : FFile(File), FBuffer(kChunk + kPadding), FPos(FBuffer.data()), FEnd(FBuffer.data()), FSource(MakeTable()) {
+    : FFile(File),
+      FBuffer(FirstSize(File) + kPadding),
+      FPos(FBuffer.data()),
+      FEnd(FBuffer.data()),
+      FSource(MakeTable()) {
   *FEnd = kSentinel;
 }
 
