@@ -68,14 +68,11 @@ void AppendUtf8(std::string& Target, char32_t Value) {
 
 }  // namespace
 
-String::TBlock* String::NewBlock(size_t Capacity) {
+String::TBlock* String::NewBlock(size_t Capacity, uint32_t Holders) {
   if (Capacity > kMaxLength) RaiseTooLong();
   void* memory = std::malloc(sizeof(TBlock) + Capacity * sizeof(char16_t));
   if (!memory) throw std::bad_alloc();
-  TBlock* block = new (memory) TBlock;
-  block->Refs.store(1, std::memory_order_relaxed);
-  block->Capacity = static_cast<uint32_t>(Capacity);
-  return block;
+  return new (memory) TBlock{TRefCount(Holders), static_cast<uint32_t>(Capacity)};
 }
 
 void String::FreeBlock(TBlock* Block) noexcept {
@@ -85,10 +82,7 @@ void String::FreeBlock(TBlock* Block) noexcept {
 
 void String::ReleaseLong() noexcept {
   TBlock* block = Load().Block;
-  // The last holder needs no locked subtraction: nobody else can reach the block any more.
-  if (block->Refs.load(std::memory_order_acquire) == 1 || block->Refs.fetch_sub(1, std::memory_order_acq_rel) == 1) {
-    FreeBlock(block);
-  }
+  if (block->Refs.Release()) FreeBlock(block);
 }
 
 void String::InitLong(const char16_t* Data, size_t Length) {
@@ -136,7 +130,7 @@ std::string String::ToUtf8() const {
 char16_t* String::MutableData() {
   if (IsInline()) return FUnits;
   TLong now = Load();
-  if (now.Block->Refs.load(std::memory_order_acquire) != 1) {
+  if (now.Block->Refs.IsShared()) {
     *this = String(std::u16string_view(now.Data, now.Length));
     if (IsInline()) return FUnits;  // a long form may hold few units after a Reserve
     now = Load();
@@ -167,7 +161,7 @@ void String::Reserve(int Length) {
   if (!IsInline()) {
     TLong now = Load();
     size_t room = now.Block->Capacity - static_cast<size_t>(now.Data - now.Block->Units());
-    if (now.Block->Refs.load(std::memory_order_acquire) == 1 && room >= static_cast<size_t>(Length)) return;
+    if (!now.Block->Refs.IsShared() && room >= static_cast<size_t>(Length)) return;
   }
   std::u16string_view old = view();
   TBlock* block = NewBlock(static_cast<size_t>(Length));
@@ -189,7 +183,7 @@ String& String::Append(const char16_t* Data, size_t Length) {
   if (!IsInline()) {
     TLong now = Load();
     size_t room = now.Block->Capacity - static_cast<size_t>(now.Data - now.Block->Units());
-    if (now.Block->Refs.load(std::memory_order_acquire) == 1 && room >= total) {
+    if (!now.Block->Refs.IsShared() && room >= total) {
       std::memmove(now.Block->Units() + (now.Data - now.Block->Units()) + old, Data, Length * sizeof(char16_t));
       Store(now.Block, now.Data, static_cast<uint32_t>(total));
       return *this;
@@ -233,16 +227,14 @@ TByteTable::TByteTable(const char16_t* Units) noexcept {
 
 void TStringArena::Open() {
   Close();
-  FBlock = String::NewBlock(FBlockUnits);
-  FBlock->Refs.store(kReserve, std::memory_order_relaxed);
+  FBlock = String::NewBlock(FBlockUnits, kReserve);
   FNext = FBlock->Units();
   FLeft = FBlockUnits;
 }
 
 void TStringArena::Close() noexcept {
   if (!FBlock) return;
-  uint32_t unused = kReserve - FGiven;
-  if (FBlock->Refs.fetch_sub(unused, std::memory_order_acq_rel) == unused) String::FreeBlock(FBlock);
+  if (FBlock->Refs.Release(kReserve - FGiven)) String::FreeBlock(FBlock);
   FBlock = nullptr;
   FGiven = 0;
   FLeft = 0;

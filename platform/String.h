@@ -22,7 +22,6 @@
 //   - A view of a String ends with the next change of that String, as with every container.
 #pragma once
 
-#include <atomic>
 #include <compare>
 #include <concepts>
 #include <cstddef>
@@ -32,6 +31,8 @@
 #include <string>
 #include <string_view>
 #include <utility>
+
+#include "platform/RefCount.h"
 
 namespace vx {
 
@@ -119,7 +120,7 @@ class String {
   friend class TStringArena;
 
   struct TBlock {
-    std::atomic<uint32_t> Refs;
+    TRefCount Refs;
     uint32_t Capacity;  // code units behind the header
     char16_t* Units() noexcept { return reinterpret_cast<char16_t*>(this + 1); }
   };
@@ -143,9 +144,9 @@ class String {
     std::memcpy(FUnits, static_cast<const void*>(&L), kLongBytes);
     FUnits[kTag] = kLong;
   }
-  static TBlock* NewBlock(size_t Capacity);
+  static TBlock* NewBlock(size_t Capacity, uint32_t Holders = 1);
   static void FreeBlock(TBlock* Block) noexcept;
-  static void AddRef(TBlock* Block) noexcept { Block->Refs.fetch_add(1, std::memory_order_relaxed); }
+  static void AddRef(TBlock* Block) noexcept { Block->Refs.Add(); }
 
   void Init(const char16_t* Data, size_t Length) {
     if (Length <= InlineCapacity) {

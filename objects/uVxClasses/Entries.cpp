@@ -31,7 +31,7 @@ void TEntries::ResizeTexts(int Capacity) {
   bool isNew = !FTexts;
   size_t bytes = sizeof(THeader) + static_cast<size_t>(Capacity) * sizeof(String);
   void* memory = Reallocate(isNew ? nullptr : static_cast<void*>(Header()), bytes);
-  if (isNew) ::new (memory) THeader{1, 0};
+  if (isNew) ::new (memory) THeader{TRefCount(), 0};
   FTexts = reinterpret_cast<String*>(static_cast<THeader*>(memory) + 1);
 }
 
@@ -41,14 +41,13 @@ void TEntries::CopyTexts(int Capacity) {
   for (int i = 0; i < FCount; ++i) ::new (copy.FTexts + i) String(FTexts[i]);
   copy.FCount = FCount;
   std::swap(FTexts, copy.FTexts);
-  copy.FCapacity = FCapacity;
-  FCapacity = Capacity;
+  SetMark(Capacity);
 }
 
 void TEntries::DropTexts() noexcept {
   if (!FTexts) return;
   THeader* header = Header();
-  if (header->Refs.load(std::memory_order_acquire) == 1 || header->Refs.fetch_sub(1, std::memory_order_acq_rel) == 1) {
+  if (header->Refs.Release()) {
     for (int i = 0; i < FCount; ++i) FTexts[i].~String();
     std::free(static_cast<void*>(header));
   }
@@ -56,12 +55,12 @@ void TEntries::DropTexts() noexcept {
 }
 
 void TEntries::SetCapacity(int Value) {
-  if (Value == FCapacity) return;
+  if (Value == Capacity()) return;
   if (Value == 0) {
     Clear();
     return;
   }
-  if (FObjects && Value > FCapacity) {
+  if (FObjects && Value > Capacity()) {
     FObjects =
         static_cast<TObject**>(Reallocate(static_cast<void*>(FObjects), static_cast<size_t>(Value) * sizeof(TObject*)));
   }
@@ -70,19 +69,20 @@ void TEntries::SetCapacity(int Value) {
   } else {
     ResizeTexts(Value);
   }
-  FCapacity = Value;
+  SetMark(Value);
 }
 
 void TEntries::Grow(int Least) {
   if (Least > INT32_MAX - FCount) throw EStringListError(FormatListError(SListCapacityError, INT32_MAX));
-  int64_t step = FCapacity > 64 ? FCapacity / 4 : FCapacity > 8 ? 16 : 4;
-  int64_t wanted = std::max(FCapacity + step, int64_t{FCount} + Least);
+  int capacity = Capacity();
+  int64_t step = capacity > 64 ? capacity / 4 : capacity > 8 ? 16 : 4;
+  int64_t wanted = std::max(capacity + step, int64_t{FCount} + Least);
   SetCapacity(static_cast<int>(std::min<int64_t>(wanted, INT32_MAX)));
 }
 
 void TEntries::MakeObjects() {
-  FObjects = static_cast<TObject**>(Reallocate(nullptr, static_cast<size_t>(FCapacity) * sizeof(TObject*)));
-  std::fill_n(FObjects, FCapacity, nullptr);
+  FObjects = static_cast<TObject**>(Reallocate(nullptr, static_cast<size_t>(Capacity()) * sizeof(TObject*)));
+  std::fill_n(FObjects, Capacity(), nullptr);
 }
 
 void TEntries::SetObject(int Index, TObject* Object) {
@@ -94,7 +94,7 @@ void TEntries::SetObject(int Index, TObject* Object) {
 }
 
 void TEntries::Insert(int Index, String Text, TObject* Object) {
-  if (FCount == FCapacity) Grow(1);
+  if (FCount == Capacity()) Grow(1);
   Unshare();
   if (Object && !FObjects) MakeObjects();
   MoveItems(FTexts + Index + 1, FTexts + Index, FCount - Index);
@@ -126,9 +126,9 @@ void TEntries::TakeAll(std::span<String> Texts) {
     throw EStringListError(FormatListError(SListCapacityError, INT32_MAX));
   }
   int count = static_cast<int>(Texts.size());
-  if (FCapacity == 0) {
+  if (Capacity() == 0) {
     SetCapacity(count);  // a list read from a text has no room to spare
-  } else if (count > FCapacity - FCount) {
+  } else if (count > Capacity() - FCount) {
     Grow(count);
   }
   Unshare();
@@ -141,12 +141,16 @@ void TEntries::TakeAll(std::span<String> Texts) {
 void TEntries::CopyFrom(const TEntries& Other) {
   if (&Other == this) return;
   TEntries copy;
-  copy.FCapacity = Other.FCapacity;
+  copy.SetMark(Other.Capacity());
   if (Other.FObjects) {
     copy.MakeObjects();
     MoveItems(copy.FObjects, Other.FObjects, Other.FCount);
   }
-  if (Other.FTexts) Other.Header()->Refs.fetch_add(1, std::memory_order_relaxed);
+  if (Other.FTexts) {
+    Other.Header()->Refs.Add();
+    Other.SetMark(~Other.Capacity());
+    copy.SetMark(~Other.Capacity());
+  }
   copy.FTexts = Other.FTexts;
   copy.FCount = Other.FCount;
   swap(copy);
@@ -157,14 +161,16 @@ void TEntries::Clear() noexcept {
   std::free(static_cast<void*>(FObjects));
   FObjects = nullptr;
   FCount = 0;
-  FCapacity = 0;
+  SetMark(0);
 }
 
 void TEntries::swap(TEntries& Other) noexcept {
   std::swap(FTexts, Other.FTexts);
   std::swap(FObjects, Other.FObjects);
   std::swap(FCount, Other.FCount);
-  std::swap(FCapacity, Other.FCapacity);
+  int mark = FCapacityMark.load(std::memory_order_relaxed);
+  SetMark(Other.FCapacityMark.load(std::memory_order_relaxed));
+  Other.SetMark(mark);
 }
 
 }  // namespace vx

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <span>
 
+#include "platform/RefCount.h"
 #include "platform/String.h"
 #include "platform/TObject.h"
 
@@ -20,13 +21,26 @@ class TEntries {
   TEntries& operator=(const TEntries&) = delete;
 
   int Count() const noexcept { return FCount; }
-  int Capacity() const noexcept { return FCapacity; }
+  int Capacity() const noexcept {
+    int mark = FCapacityMark.load(std::memory_order_relaxed);
+    return mark < 0 ? ~mark : mark;
+  }
   // Value must not lie below the count. std::bad_alloc leaves all as it was.
   void SetCapacity(int Value);
 
   const String& Text(int Index) const noexcept { return FTexts[Index]; }
   // Takes an array of its own if it shares one: what changes no count can't fail then.
   void Detach() { Unshare(); }
+  // Text may be an entry of this array.
+  void SetText(int Index, const String& Text) {
+    if (!IsShared()) {
+      FTexts[Index] = Text;
+    } else {
+      String kept = Text;
+      Unshare();
+      FTexts[Index] = std::move(kept);
+    }
+  }
   // The text for writing.
   String& MutableText(int Index) {
     Unshare();
@@ -52,14 +66,20 @@ class TEntries {
  private:
   // Stands in front of the array of texts.
   struct THeader {
-    std::atomic<uint32_t> Refs;
+    TRefCount Refs;
     uint32_t Unused;
   };
   THeader* Header() const noexcept { return reinterpret_cast<THeader*>(FTexts) - 1; }
-  bool IsShared() const noexcept { return FTexts && Header()->Refs.load(std::memory_order_acquire) != 1; }
-  void Unshare() {
-    if (IsShared()) CopyTexts(FCapacity);
+  // The mark in the capacity spares the look at the header, which stands in another cache line.
+  bool IsShared() const noexcept {
+    return FCapacityMark.load(std::memory_order_relaxed) < 0 && FTexts && Header()->Refs.IsShared();
   }
+  void Unshare() {
+    if (FCapacityMark.load(std::memory_order_relaxed) >= 0) return;
+    if (IsShared()) CopyTexts(Capacity());
+    SetMark(Capacity());
+  }
+  void SetMark(int Mark) const noexcept { FCapacityMark.store(Mark, std::memory_order_relaxed); }
   // Changes to an array of its own with that capacity.
   void CopyTexts(int Capacity);
   void ResizeTexts(int Capacity);
@@ -71,7 +91,9 @@ class TEntries {
   String* FTexts = nullptr;
   TObject** FObjects = nullptr;
   int FCount = 0;
-  int FCapacity = 0;
+  // The capacity, or its complement while the array may be shared. Copying a list marks it too, and a
+  // list may be copied by several threads at once.
+  mutable std::atomic<int> FCapacityMark = 0;
 };
 
 }  // namespace vx

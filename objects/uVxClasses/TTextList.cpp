@@ -24,8 +24,7 @@ String TTextList::Get(int Index) const {
 void TTextList::Put(int Index, const String& Text) {
   CheckNotSorted();
   CheckIndex(Index);
-  String kept = Text;  // the text may be an item of this list, in an array that it shares
-  FEntries.MutableText(Index) = std::move(kept);
+  FEntries.SetText(Index, Text);
 }
 
 TObject* TTextList::GetObject(int Index) const {

@@ -1,18 +1,17 @@
 #include "platform/Dialogs.h"
 
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdlib>
-#include <filesystem>
-#include <fstream>
 
 #include "platform/Exceptions.h"
 #include "platform/Graphics.h"
 #include "platform/Shell.h"
+#include "tests/support/FileText.h"
+#include "tests/support/TempDir.h"
 
 namespace vx {
 namespace {
@@ -33,6 +32,11 @@ TEST(DialogsTest, ScriptRecordsAnswersInOrderAndPutsThePreviousBack) {
   {
     TScriptedDialogs inner;
     EXPECT_EQ(MessageDlg(u"b", mtError, {mbOK}), mrOk);
+    SetDialogSink([](const TDialog&) {
+      SetDialogSink([](const TDialog&) { return mrClose; });
+      return MessageDlg(u"a sink may show dialogs and replace itself", mtError, {mbOK});
+    });
+    EXPECT_EQ(MessageDlg(u"outer", mtError, {mbOK}), mrClose);
   }
   EXPECT_EQ(MessageDlg(u"c", mtError, {mbOK}), mrAbort);
   ShowWarning(u"d");
@@ -41,82 +45,57 @@ TEST(DialogsTest, ScriptRecordsAnswersInOrderAndPutsThePreviousBack) {
   EXPECT_TRUE(dialogs.Shown[2].Kind == mtWarning && dialogs.Shown[2].Buttons == TMsgDlgButtons({mbOK}));
 }
 
-TEST(DialogsTest, ASinkMayShowDialogsAndReplaceItself) {
-  TScriptedDialogs restore;
-  SetDialogSink([](const TDialog&) {
-    SetDialogSink([](const TDialog&) { return mrClose; });
-    return MessageDlg(u"inner", mtError, {mbOK});
-  });
-  EXPECT_EQ(MessageDlg(u"outer", mtError, {mbOK}), mrClose);
-}
-
 // An own directory with an opener that tells on a pipe what it was given.
 class ShellTest : public testing::Test {
  protected:
   void SetUp() override {
-    char pattern[] = "/tmp/vxshellXXXXXX";
-    FDirectory = mkdtemp(pattern);
     std::string opener = FDirectory + "/xdg-open", pipe = FDirectory + "/pipe";
     ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
-    std::ofstream(opener) << "#!/bin/sh\n{ echo \"$#\"; echo \"$1\"; pwd; } > '" << pipe << "'\n";
-    std::filesystem::permissions(opener, std::filesystem::perms::owner_all);
-    FFile = String::FromUtf8(FDirectory + "/Größe; $(touch x) 'a'.csv");
-    std::ofstream(FFile.ToUtf8()) << "x";
+    test::PutText(FDir.Path("xdg-open"), "#!/bin/sh\n{ echo \"$#\"; echo \"$1\"; pwd; } > '" + pipe + "'\n");
+    test::PutText(FFile, "x");
+    ASSERT_EQ(chmod(opener.c_str(), 0700), 0);
     setenv("PATH", ("/nowhere::" + FDirectory + ":" + FPath).c_str(), 1);
   }
   void TearDown() override {
     EXPECT_EQ(waitpid(-1, nullptr, WNOHANG), -1) << "a process is left behind";
     setenv("PATH", FPath.c_str(), 1);
-    std::filesystem::remove_all(FDirectory);
   }
-  std::string FDirectory, FPath = std::getenv("PATH");
-  String FFile;
+  test::TTempDir FDir;
+  std::string FDirectory = FDir.GetPath(), FPath = std::getenv("PATH");
+  String FFile = FDir.Path("Größe; $(touch x) 'a'.csv");
 };
 
 TEST_F(ShellTest, StartsTheOpenerWithTheFileInTheDirectory) {
   ASSERT_TRUE(OpenDocument(FFile, u"/usr"));
-  std::ifstream pipe(FDirectory + "/pipe");
-  std::string told((std::istreambuf_iterator<char>(pipe)), {});
-  EXPECT_EQ(told, "1\n" + FFile.ToUtf8() + "\n/usr\n");
+  EXPECT_EQ(test::GetText(String::FromUtf8(FDirectory + "/pipe")), "1\n" + FFile.ToUtf8() + "\n/usr\n");
 }
 
 TEST_F(ShellTest, ReportsWhatCannotBeStarted) {
-  EXPECT_FALSE(OpenDocument(u"", u""));
-  EXPECT_FALSE(OpenDocument(FFile + u".missing", u""));
+  for (const String& file : {String(), FFile + u".missing", FFile + std::u16string_view(u"\0x", 2)}) {
+    EXPECT_FALSE(OpenDocument(file, u"")) << file.ToUtf8();
+  }
   EXPECT_FALSE(OpenDocument(FFile, FFile)) << "not a directory";
-  EXPECT_FALSE(OpenDocument(FFile + std::u16string_view(u"\0x", 2), u""));
   setenv("PATH", "/nowhere", 1);
   EXPECT_FALSE(OpenDocument(FFile, u"")) << "no opener";
-}
-
-TEST_F(ShellTest, TheHookTakesThePlace) {
   SetOpenDocument([](const String& file, const String& directory) { return file == u"D:\\a" && directory == u"D:\\"; });
   EXPECT_TRUE(OpenDocument(u"D:\\a", u"D:\\"));
   EXPECT_TRUE(SetOpenDocument({}));
 }
 
 TEST(ColorTest, NamesAndNumbers) {
-  const struct {
-    std::u16string_view Text, Written;
-    TColor Color;
-  } cases[] = {
-      {u"CLBLUE", u"clBlue", 0xFF0000},          {u"clMoneyGreen", u"clMoneyGreen", 0xC0DCC0},
-      {u"clNone", u"clNone", 0x1FFFFFFF},        {u"clbtnface", u"clBtnFace", 0xFF00000F},
-      {u"clInfoBk", u"clInfoBk", 0xFF000018},    {u"clMenuBar", u"clMenuBar", 0xFF00001E},
-      {u"$123abc", u"$00123ABC", 0x123ABC},      {u"$ff000008", u"clWindowText", 0xFF000008},
-      {u"$00000000000FF", u"clRed", 0xFF},       {u"-16777208", u"clWindowText", 0xFF000008},
-      {u"4294967295", u"$FFFFFFFF", 0xFFFFFFFF}, {u"-2147483648", u"$80000000", 0x80000000},
-  };
+  struct { std::u16string_view Text, Written; TColor Color; } cases[] = {
+      {u"CLBLUE", u"clBlue", 0xFF0000}, {u"clMoneyGreen", u"clMoneyGreen", 0xC0DCC0},
+      {u"clNone", u"clNone", 0x1FFFFFFF}, {u"clbtnface", u"clBtnFace", 0xFF00000F},
+      {u"clMenuBar", u"clMenuBar", 0xFF00001E}, {u"$123abc", u"$00123ABC", 0x123ABC},
+      {u"$ff000008", u"clWindowText", 0xFF000008}, {u"$00000000000FF", u"clRed", 0xFF},
+      {u"-16777208", u"clWindowText", 0xFF000008}, {u"4294967295", u"$FFFFFFFF", 0xFFFFFFFF},
+      {u"-2147483648", u"$80000000", 0x80000000}};
   for (const auto& c : cases) {
-    EXPECT_EQ(StringToColor(c.Text), c.Color) << String(c.Text).ToUtf8();
-    EXPECT_EQ(ColorToString(c.Color), c.Written) << String(c.Text).ToUtf8();
+    EXPECT_TRUE(StringToColor(c.Text) == c.Color && ColorToString(c.Color) == c.Written) << String(c.Text).ToUtf8();
   }
   for (uint64_t value = 0; value <= 0xFFFFFFFF; value += value < 0xFEFF0000 || value > 0xFF000100 ? 99991 : 1) {
     ASSERT_EQ(StringToColor(ColorToString(static_cast<TColor>(value))), value);
   }
-}
-
-TEST(ColorTest, WhatIsNoColour) {
   for (std::u16string_view text : {u"", u"$", u"-", u"clRe", u"clRedd", u" 1", u"1 ", u"0x1", u"$-1", u"-$1", u"1A",
                                    u"4294967296", u"-2147483649", u"$100000000", u"cl\u212Aed"}) {
     EXPECT_THROW(StringToColor(text), EConvertError) << String(text).ToUtf8();

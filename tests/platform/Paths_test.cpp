@@ -2,6 +2,8 @@
 
 #include <gtest/gtest.h>
 
+#include <vector>
+
 #include "tests/support/Print.h"
 
 namespace vx {
@@ -28,24 +30,20 @@ TEST(Paths, MapsTheGrammarToTheLocalFileSystem) {
 TEST(Paths, TakesPathsApart) {
   struct { String Path, Drive, Directory, Name, Extension, Included, Excluded; } cases[] = {
       {u"C:\\v1\\a.b.csv", u"C:", u"C:\\v1", u"a.b.csv", u".csv", u"C:\\v1\\a.b.csv\\", u"C:\\v1\\a.b.csv"},
-      {u"C:\\", u"C:", u"C:\\", u"", u"", u"C:\\", u"C:\\"},
-      {u"C:a.b", u"C:", u"C:", u"a.b", u".b", u"C:a.b\\", u"C:a.b"},
+      {u"C:\\", u"C:", u"C:\\", u"", u"", u"C:\\", u"C:\\"}, {u"", u"", u"", u"", u"", u"\\", u""},
+      {u"C:a.b", u"C:", u"C:", u"a.b", u".b", u"C:a.b\\", u"C:a.b"}, {u"/a.", u"", u"/", u"a.", u".", u"/a./", u"/a."},
       {u"/tmp/v1.0/x", u"", u"/tmp/v1.0", u"x", u"", u"/tmp/v1.0/x/", u"/tmp/v1.0/x"},
       {u"/tmp//", u"", u"/tmp", u"", u"", u"/tmp/", u"/tmp"},
-      {u"/a.", u"", u"/", u"a.", u".", u"/a./", u"/a."},
       {u"12:30.txt", u"", u"", u"12:30.txt", u".txt", u"12:30.txt\\", u"12:30.txt"},
       {u"\\\\s\\f\\a.b", u"\\\\s\\f", u"\\\\s\\f", u"a.b", u".b", u"\\\\s\\f\\a.b\\", u"\\\\s\\f\\a.b"},
-      {u"/tmp/x\\y", u"", u"/tmp/x", u"y", u"", u"/tmp/x\\y\\", u"/tmp/x\\y"},
-      {u"", u"", u"", u"", u"", u"\\", u""}};
+      {u"/tmp/x\\y", u"", u"/tmp/x", u"y", u"", u"/tmp/x\\y\\", u"/tmp/x\\y"}};
   for (const auto& c : cases) {
     SCOPED_TRACE(c.Path.ToUtf8());
-    EXPECT_EQ(ExtractFileDrive(c.Path), c.Drive);
-    EXPECT_EQ(ExtractFileDir(c.Path), c.Directory);
-    EXPECT_EQ(ExtractFileName(c.Path), c.Name);
-    EXPECT_EQ(ExtractFileExt(c.Path), c.Extension);
+    EXPECT_EQ((std::vector{ExtractFileDrive(c.Path), ExtractFileDir(c.Path), ExtractFileName(c.Path),
+                           ExtractFileExt(c.Path), IncludeTrailingPathDelimiter(c.Path),
+                           ExcludeTrailingPathDelimiter(c.Path)}),
+              (std::vector{c.Drive, c.Directory, c.Name, c.Extension, c.Included, c.Excluded}));
     EXPECT_EQ(ExtractFilePath(c.Path) + c.Name, ChangeFileExt(c.Path, c.Extension));
-    EXPECT_EQ(IncludeTrailingPathDelimiter(c.Path), c.Included);
-    EXPECT_EQ(ExcludeTrailingPathDelimiter(c.Path), c.Excluded);
   }
 }
 

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <cmath>
 #include <functional>
@@ -55,9 +56,10 @@ class HandleFile : public testing::Test {
     Dialogs.Shown.clear();
     return texts;
   }
-  static bool IsReadOnly(const String& path) {
+  // The text of a file, with "!" before if it is read-only.
+  static std::string Show(const String& path) {
     TFileInfo info;
-    return GetFileInfo(path, info) && info.IsReadOnly;
+    return (GetFileInfo(path, info) && info.IsReadOnly ? "!" : "") + GetText(path);
   }
 
   test::TTempDir Dir;
@@ -65,25 +67,21 @@ class HandleFile : public testing::Test {
 };
 
 TEST_F(HandleFile, FailuresAreToldWhereAsked) {
-  const String ro = Make(u"V:\\ro", "x", true), a = Make(u"V:\\w\\a", "x"), b = u"V:\\w\\b";
-  const String copied = u"Folgende Datei konnte nicht kopiert werden";
+  const String ro = Make(u"V:\\ro", "x", true), a = Make(u"V:\\w\\a", "x"), b = u"V:\\w\\b", w = u"V:\\w", u = u"V:\\u";
+  const String file = u"Folgende Datei konnte nicht ", dir = u"Folgendes Verzeichnis konnte nicht gelöscht werden";
+  const String copied = file + u"kopiert werden", aToB = u":\r\nvon: V:\\w\\a\r\nnach: V:\\w\\b";
   const std::pair<std::function<bool(bool)>, String> cases[] = {
-      {[&](bool show) { return VxDeleteFile(ro, show); },
-       u"Folgende Datei konnte nicht gelöscht werden:\r\nName: V:\\ro"},
-      {[&](bool show) { return VxDeleteFileReadOnly(a, show); },
-       u"Folgende Datei konnte nicht gelöscht werden:\r\nName: V:\\w\\a"},
-      {[&](bool show) { return VxDeleteFile(u"V:\\w", show); },
-       u"Folgende Datei konnte nicht gelöscht werden, weil Sie, wider Erwarten, nicht vorhanden war:\r\nName: V:\\w"},
-      {[&](bool show) { return VxRemoveDir(u"V:\\w", show); },
-       u"Folgendes Verzeichnis konnte nicht gelöscht werden:\r\nName: V:\\w"},
-      {[&](bool show) { return VxRemoveDir(u"V:\\u", show); },
-       u"Folgendes Verzeichnis konnte nicht gelöscht werden, weil es, wider Erwarten, nicht vorhanden war:\r\n"
-       u"Name: V:\\u"},
-      {[&](bool show) { return VxCopyFile(a, b, show); }, copied + u":\r\nvon: V:\\w\\a\r\nnach: V:\\w\\b"},
+      {[&](bool show) { return VxDeleteFile(ro, show); }, file + u"gelöscht werden:\r\nName: V:\\ro"},
+      {[&](bool show) { return VxDeleteFileReadOnly(a, show); }, file + u"gelöscht werden:\r\nName: V:\\w\\a"},
+      {[&](bool show) { return VxDeleteFile(w, show); },
+       file + u"gelöscht werden, weil Sie, wider Erwarten, nicht vorhanden war:\r\nName: V:\\w"},
+      {[&](bool show) { return VxRemoveDir(w, show); }, dir + u":\r\nName: V:\\w"},
+      {[&](bool show) { return VxRemoveDir(u, show); },
+       dir + u", weil es, wider Erwarten, nicht vorhanden war:\r\nName: V:\\u"},
+      {[&](bool show) { return VxCopyFile(a, b, show); }, copied + aToB},
       {[&](bool show) { return VxCopyFile(b, a, show); },
        copied + u", da die Quelle nicht existiert:\r\nvon: V:\\w\\b\r\nnach: V:\\w\\a"},
-      {[&](bool show) { return VxMoveFile(a, b, show); },
-       u"Folgende Datei konnte nicht umbenannt werden:\r\nvon: V:\\w\\a\r\nnach: V:\\w\\b"}};
+      {[&](bool show) { return VxMoveFile(a, b, show); }, file + u"umbenannt werden" + aToB}};
   TFileFaults faults;
   faults.LimitSpace(0);
   for (TFileOperation operation : {foDelete, foRename}) faults.Fail(operation, EACCES, 99);
@@ -98,16 +96,13 @@ TEST_F(HandleFile, FailuresAreToldWhereAsked) {
 
 TEST_F(HandleFile, DeletesCopiesAndMovesPastReadOnlyFiles) {
   const String a = Make(u"V:\\a", "1", true), b = u"V:\\new\\x\\b", c = u"W:\\sub\\c";
-  EXPECT_TRUE(VxCopyFile(a, b, true) && !IsReadOnly(b));
-  EXPECT_TRUE(VxCopyFile(a, Make(b, "older", true), true) && !IsReadOnly(b));
-  EXPECT_EQ(GetText(b), "1");
+  EXPECT_TRUE(VxCopyFile(a, b, true) && Show(b) == "1");
+  EXPECT_TRUE(VxCopyFile(a, Make(b, "older", true), true) && Show(b) == "1");
   EXPECT_TRUE(VxDeleteFileReadOnly(a, true) && !VxRenameFile(a, b, true) && !VxMoveFile(a, b, true));
   SetReadOnly(b, true);
-  EXPECT_TRUE(VxRenameFile(Make(a, "2", true), b, true) && !IsReadOnly(b));
-  EXPECT_TRUE(VxMoveFile(b, u"v:\\new\\x\\.\\b", true));
-  EXPECT_EQ(GetText(b) + GetText(a), "2<none>");
-  EXPECT_TRUE(VxMoveFile(b, c, true));
-  EXPECT_EQ(GetText(u"V:\\w\\sub\\c") + GetText(b), "2<none>");
+  EXPECT_TRUE(VxRenameFile(Make(a, "2", true), b, true) && VxMoveFile(b, u"v:\\new\\x\\.\\b", true));
+  EXPECT_EQ(Show(b) + Show(a), "2<none>");
+  EXPECT_TRUE(VxMoveFile(b, c, true) && Show(u"V:\\w\\sub\\c") + Show(b) == "2<none>");
   TFileFaults faults;
   faults.Fail(foDelete, EACCES, 2);
   EXPECT_FALSE(VxMoveFile(c, b, false));
@@ -122,13 +117,10 @@ TEST_F(HandleFile, ForcesDirectories) {
   const String share = u"Netzwerkproblem: Die Serverfreigabe (\\\\srv\\x" + gone, missing = drive + u"Q:" + gone;
   const String inFile = kNotMade + Make(u"V:\\file", "x") + u"\\a\\" + kAdvice;
   struct { String Path, Made, Told, ToldOld; } cases[] = {
-      {u"", u"V:\\", u"", u""},
-      {u"V:\\a\\b\\\\c\\\\", u"V:\\a\\b\\c", u"", u""},
-      {Dir.Path("n/m/"), Dir.Path("n/m"), u"", u""},
-      {u"V:\\", u"V:\\", drive + u"V:" + gone, u""},
-      {u"Q:\\a", u"", missing, missing},
-      {u"\\\\srv\\x\\a", u"", share, share},
-      {u"V:\\file\\a\\", u"", inFile, inFile}};
+      {u"", u"V:\\", u"", u""}, {u"V:\\a\\b\\\\c\\\\", u"V:\\a\\b\\c", u"", u""},
+      {Dir.Path("n/m/"), Dir.Path("n/m"), u"", u""}, {u"V:\\", u"V:\\", drive + u"V:" + gone, u""},
+      {u"Q:\\a", u"", missing, missing}, {u"\\\\srv\\x\\a", u"", share, share}, {u"V:\\file\\a\\", u"", inFile, inFile},
+      {u"\"V:\\1\\x\"", u"V:\\1\\x", u"", u""}};
   for (const auto& c : cases) {
     EXPECT_EQ(VxForceDirectories(c.Path), c.Told.empty()) << c.Path.ToUtf8();
     EXPECT_EQ(Told(), c.Told);
@@ -136,8 +128,7 @@ TEST_F(HandleFile, ForcesDirectories) {
     EXPECT_EQ(VxForceDirectoriesOld(c.Path), c.ToldOld.empty()) << c.Path.ToUtf8();
     EXPECT_EQ(Told(), c.ToldOld);
   }
-  EXPECT_TRUE(VxForceDirectories(u"\"V:\\1\\x\"") && DirectoryExists(u"V:\\1\\x"));
-  EXPECT_TRUE(VxForceDirectoriesOld(u" V:\\old\\x\\y\r\n") && DirectoryExists(u"V:\\old\\x\\y"));
+  EXPECT_TRUE(VxForceDirectoriesOld(u" V:\\older\\x\r\n") && DirectoryExists(u"V:\\older\\x"));
   EXPECT_FALSE(VxForceDirectories(u"V:" + ReplaceAll(String(500000, u'x'), u"x", u"\\x")));
   TFileFaults faults;
   faults.Fail(foMakeDir, EACCES, 1, 1);
@@ -182,8 +173,8 @@ TEST_F(HandleFile, TellsWhetherFilesExistAndAreFree) {
   for (const String& name : {a, String(u"V:\\none"), b, a}) files.Add(name);
   TFileStream writer(a, fmOpenReadWrite | fmShareDenyNone);
   EXPECT_TRUE(VxFileIsLocked(a) && VxFlushFile(a) && !VxFileIsReadable(a));
-  EXPECT_FALSE(VxTestExclusive(files) || !IsReadOnly(b)) << "the first failure ends the test";
-  EXPECT_FALSE(VxTestExclusive(files, &failed) || IsReadOnly(b));
+  EXPECT_FALSE(VxTestExclusive(files) || Show(b) != "!x") << "the first failure ends the test";
+  EXPECT_FALSE(VxTestExclusive(files, &failed) || Show(b) != "x");
   EXPECT_EQ(failed.GetCommatext(), u"V:\\a.txt,V:\\a.txt");
   TFileStream holder(b, fmOpenRead | fmShareExclusive);
   EXPECT_TRUE(VxFileIsReadable(b) && VxTestExclusive(TVxStringList()));
@@ -247,18 +238,15 @@ TEST(HandleFileNames, SizesAsText) {
 }
 
 TEST(HandleFileNames, Checks) {
-  struct { String Name; bool FileName, Path, Whole, Is83; } cases[] = {
-      {u"", false, false, true, true}, {u"  ", false, true, true, true}, {u" Liste.csv ", true, true, true, false},
-      {u"C:\\Daten\\Liste.csv", true, false, true, true}, {u"Daten\\", false, true, true, true},
-      {u"a/b", false, false, false, true}, {u"C:a:b", false, false, false, true},
-      {u"\u00DC\u2026\u4E2D", true, true, true, true}, {u"tab\there", false, false, false, true},
-      {u"12345678.abc", true, true, true, true}, {u"123456789.a", true, true, true, false},
-      {u"x.abcd", true, true, true, false}, {u"V:\\v1.2345\\x", true, false, true, true}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(CheckFileName(c.Name), c.FileName) << c.Name.ToUtf8();
-    EXPECT_EQ(CheckPath(c.Name), c.Path) << c.Name.ToUtf8();
-    EXPECT_EQ(VxFilenameOk(c.Name), c.Whole) << c.Name.ToUtf8();
-    EXPECT_EQ(FilenameIs83(c.Name), c.Is83) << c.Name.ToUtf8();
+  const std::function<bool(const String&)> checks[] = {CheckFileName, CheckPath, VxFilenameOk, FilenameIs83};
+  const std::pair<String, std::string> cases[] = {
+      {u"", "--++"}, {u"  ", "-+++"}, {u" Liste.csv ", "+++-"}, {u"C:\\Daten\\Liste.csv", "+-++"}, {u"Daten\\", "-+++"},
+      {u"a/b", "---+"}, {u"C:a:b", "---+"}, {u"\u00DC\u2026\u4E2D", "++++"}, {u"tab\there", "---+"},
+      {u"12345678.abc", "++++"}, {u"123456789.a", "+++-"}, {u"x.abcd", "+++-"}, {u"V:\\v1.2345\\x", "+-++"}};
+  for (const auto& [name, marks] : cases) {
+    std::string found;
+    for (const auto& check : checks) found += check(name) ? '+' : '-';
+    EXPECT_EQ(found, marks) << name.ToUtf8();
   }
 }
 
@@ -283,25 +271,22 @@ TEST_F(HandleFile, DecoratesNames) {
   struct { String Decoration, Format, Result; } cases[] = {
       {u"", u"_%d", u"_3.txt"}, {u"-", u"%.3d", u"-002.txt"}, {u"_x", u"fix", u"_x.txt"}, {u"", u"%s%%", u".txt"},
       {u" neu", u"(%%%3u|%-3d|%X)", u" neu(%  1|1  |1).txt"}, {u"", u"%", u".txt"}};
-  for (const auto& c : cases) EXPECT_EQ(DecorateFilename(u"V:\\a.b.txt", c.Decoration, c.Format), u"V:\\a.b" + c.Result);
+  const String name = u"V:\\a.b";
+  for (const auto& c : cases) EXPECT_EQ(DecorateFilename(name + u".txt", c.Decoration, c.Format), name + c.Result);
 }
 
 TEST(HandleFileNames, TakesPathsApart) {
-  struct { String Path, Pieces, List, Front, Last; } cases[] = {
-      {u"C:\\a\\b\\", u"C:;a;b;", u"C:;a;b;;", u"C:\\a\\", u"b"}, {u"C:\\", u"C:;", u"C:;;", u"C:\\", u"C:"},
-      {u"C:\\a\\b", u"C:;a;b;", u"C:;a;b;", u"C:\\a\\", u"b"}, {u"C:", u"C:;", u"C:;;", u"C:", u"C:"},
-      {u"a\\b\\c", u"a;b;c;", u";b;c;", u"a\\b\\", u"c"}, {u"\\", u";", u";;", u"\\", u""},
-      {u"\\\\s\\f\\x", u";;s;f;x;", u"\\\\s\\f;x;", u"\\\\s\\f\\", u"x"}, {u"", u"", u";;", u"", u""}};
-  auto join = [](const TVxStringList& list) {
-    String text;
-    for (int i = 0; i < list.GetCount(); ++i) text = text + list.Get(i) + u";";
-    return text;
-  };
+  struct { String Path; TCells Pieces, List; String Front, Last; } cases[] = {
+      {u"C:\\a\\b\\", {u"C:", u"a", u"b"}, {u"C:", u"a", u"b", u""}, u"C:\\a\\", u"b"},
+      {u"C:\\a\\b", {u"C:", u"a", u"b"}, {u"C:", u"a", u"b"}, u"C:\\a\\", u"b"},
+      {u"C:\\", {u"C:"}, {u"C:", u""}, u"C:\\", u"C:"}, {u"C:", {u"C:"}, {u"C:", u""}, u"C:", u"C:"},
+      {u"a\\b\\c", {u"a", u"b", u"c"}, {u"", u"b", u"c"}, u"a\\b\\", u"c"}, {u"\\", {u""}, {u"", u""}, u"\\", u""},
+      {u"\\\\s\\f\\x", {u"", u"", u"s", u"f", u"x"}, {u"\\\\s\\f", u"x"}, u"\\\\s\\f\\", u"x"},
+      {u"", {}, {u"", u""}, u"", u""}};
   for (const auto& c : cases) {
-    EXPECT_EQ(join(*VxProcessFilename(c.Path)), c.Pieces);
-    EXPECT_EQ(join(*PathToList(c.Path)), c.List);
-    EXPECT_EQ(VxSubtractLastDirectory(c.Path), c.Front);
-    EXPECT_EQ(VxGetLastDirectory(c.Path), c.Last);
+    EXPECT_TRUE(std::ranges::equal(VxProcessFilename(c.Path)->Items(), c.Pieces)) << c.Path.ToUtf8();
+    EXPECT_TRUE(std::ranges::equal(PathToList(c.Path)->Items(), c.List)) << c.Path.ToUtf8();
+    EXPECT_EQ(VxSubtractLastDirectory(c.Path) + u"|" + VxGetLastDirectory(c.Path), c.Front + u"|" + c.Last);
   }
 }
 
