@@ -16,9 +16,6 @@ namespace {
 // Null stands for page 1252.
 constinit std::atomic<const TCodePage*> SystemPage{nullptr};
 
-// Below this length the look at the table costs more than it saves.
-constexpr size_t kLatinCheckFrom = 256;
-
 bool IsLatin(const char16_t* Table) noexcept {
   unsigned difference = 0;
   for (unsigned byte = 0xA0; byte < 0x100; ++byte) difference |= Table[byte] ^ byte;
@@ -97,11 +94,6 @@ std::string TCodePage::Encode(std::u16string_view Text) const {
   std::string result(Text.size(), '\0');
   Encode(Text.data(), Text.size(), result.data());
   return result;
-}
-
-void DecodeBytes(const char16_t* Table, const char* Bytes, size_t Count, char16_t* Target) noexcept {
-  bool latin = Count >= kLatinCheckFrom && IsLatin(Table);
-  codepage::DecodeLoop<codepage::kHasVector>(Table, latin, Bytes, Count, Target);
 }
 
 const TCodePage& GetSystemCodePage() noexcept {

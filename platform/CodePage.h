@@ -63,10 +63,6 @@ class TCodePage {
   uint8_t FEncode[65536];
 };
 
-// Decodes Count bytes by a table of 256 code units whose first 128 are the bytes themselves. Target
-// must have room for Count units and must not overlap.
-void DecodeBytes(const char16_t* Table, const char* Bytes, size_t Count, char16_t* Target) noexcept;
-
 const TCodePage& GetSystemCodePage() noexcept;
 // False, with nothing changed, for a page that is not known. Not for use while other threads read
 // or write files.
