@@ -8,10 +8,11 @@ const TVxStringPairList* AsPairList(const TStrings& List) { return dynamic_cast<
 
 }  // namespace
 
-int TVxStringPairList::AddPair(const String& Key, const String& Pair, TObject* KeyObject, TObject* PairObject) {
-  String kept = Pair;  // it may be a pair of this list
+// Pair is a copy, since it may stand in this list and move.
+// NOLINTNEXTLINE(performance-unnecessary-value-param)
+int TVxStringPairList::AddPair(const String& Key, String Pair, TObject* KeyObject, TObject* PairObject) {
   int index = AddObject(Key, KeyObject);
-  iPairList.Put(index, kept);
+  iPairList.Put(index, Pair);
   iPairList.PutObject(index, PairObject);
   return index;
 }

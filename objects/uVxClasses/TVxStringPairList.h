@@ -17,7 +17,7 @@ class TVxStringPairList : public TVxStringList {
 
   // Adds a key with its pair and returns the index. A key that is there already, with duplicates
   // ignored, gets the new pair: the last one wins.
-  int AddPair(const String& Key, const String& Pair, TObject* KeyObject = nullptr, TObject* PairObject = nullptr);
+  int AddPair(const String& Key, String Pair, TObject* KeyObject = nullptr, TObject* PairObject = nullptr);
   String GetPairs(int Index) const { return iPairList.Get(Index); }
   void SetPairs(int Index, const String& Pair) { iPairList.Put(Index, Pair); }
   TObject* GetPairObjects(int Index) const { return iPairList.GetObject(Index); }
