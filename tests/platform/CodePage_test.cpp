@@ -80,17 +80,6 @@ TEST(CodePageTest, VectorAndPortableLoopsAgree) {
   }
 }
 
-TEST(CodePageTest, DecodeBytesKeepsToAForeignTableAtEveryLength) {
-  char16_t table[256];
-  std::copy_n(TCodePage::Find(28591)->DecodeTable(), 256, table);
-  table[0xE1] = u'ß';
-  for (size_t count : {15u, 255u, 256u, 1000u}) {
-    std::u16string text(count, u'\0');
-    DecodeBytes(table, std::string(count, '\xE1').data(), count, text.data());
-    EXPECT_EQ(text, std::u16string(count, u'ß'));
-  }
-}
-
 TEST(CodePageTest, SystemPageIs1252UnlessSet) {
   EXPECT_EQ(GetSystemCodePage().GetNumber(), 1252);
   EXPECT_TRUE(SetSystemCodePage(850));
