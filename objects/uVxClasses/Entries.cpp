@@ -138,6 +138,23 @@ void TEntries::TakeAll(std::span<String> Texts) {
   FCount += count;
 }
 
+void TEntries::TakeAll(TEntries& Other) {
+  constexpr int kMany = 4096;
+  if (FCount > 0 || Other.FCount < kMany) {
+    TakeAll(std::span<String>(Other.FTexts, static_cast<size_t>(Other.FCount)));
+    Other.FCount = 0;
+    return;
+  }
+  swap(Other);
+  Other.Clear();
+  SetCapacity(FCount);
+}
+
+void TEntries::DropAll() noexcept {
+  for (int i = 0; i < FCount; ++i) FTexts[i].~String();
+  FCount = 0;
+}
+
 void TEntries::CopyFrom(const TEntries& Other) {
   if (&Other == this) return;
   TEntries copy;

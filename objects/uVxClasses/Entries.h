@@ -56,8 +56,21 @@ class TEntries {
   void Insert(int Index, String Text, TObject* Object);
   void Erase(int Index);
   void Exchange(int A, int B);
+  // Appends the text that Make() returns, straight in its place. Only while there are no objects and
+  // the array is not shared.
+  template <typename TMake>
+  void Append(TMake Make) {
+    if (FCount == FCapacityMark.load(std::memory_order_relaxed)) Grow(1);
+    ::new (FTexts + FCount) String(Make());
+    ++FCount;
+  }
   // Appends the texts, moving them out; their objects are absent.
   void TakeAll(std::span<String> Texts);
+  // Appends all texts of Other, which is empty then but may keep its room. Many go over as they lie.
+  void TakeAll(TEntries& Other);
+  // Drops all texts, but not the room for them. Only while there are no objects and the array is not
+  // shared.
+  void DropAll() noexcept;
   // Becomes a copy of Other.
   void CopyFrom(const TEntries& Other);
   void Clear() noexcept;

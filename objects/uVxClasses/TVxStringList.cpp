@@ -76,4 +76,14 @@ void TVxStringList::TakeCells(std::span<String> Cells) {
   }
 }
 
+void TVxStringList::TakeCells(TEntries& Cells) {
+  if (FEntries.Count() > 0) Clear();
+  if (TakesPlainly()) {
+    FEntries.TakeAll(Cells);
+  } else {
+    for (const String& cell : Cells.Texts()) Add(cell);
+    Cells.DropAll();
+  }
+}
+
 }  // namespace vx

@@ -49,6 +49,7 @@ class TVxStringList : public TTextList {
   void ParseOffsettext(std::u16string_view Text, int First, int Last) { SetCells(ReadOffsettext(Text, First, Last)); }
   // Replaces the items by Cells, which are moved from: for readers of table files.
   void TakeCells(std::span<String> Cells);
+  void TakeCells(TEntries& Cells);
 
  protected:
   int CompareStrings(std::u16string_view A, std::u16string_view B) const override;

@@ -92,22 +92,15 @@ void TTableReader::TSource::TakeQuoted(const Unit* Bytes, size_t ByteCount, size
     TakePlain(Bytes, ByteCount);
     return;
   }
-  ::new (Slot()) String(Arena.Build(ByteCount - Pairs, [&](char16_t* units) {
-    for (const Unit* end = Bytes + ByteCount; Bytes != end; ++Bytes) {
-      *units++ = Table.Unit(*Bytes);
-      if (*Bytes == Quote) ++Bytes;
-    }
-  }));
-}
-
-void TTableReader::TSource::DropCells() {
-  while (Next != Cells.data()) *--Next = String();
-}
-
-void TTableReader::TSource::MoreSlots() {
-  size_t taken = Cells.size();
-  Cells.resize(2 * taken + 16);
-  Next = Cells.data() + taken;
+  Cells.Append([&] {
+    return Arena.Build(ByteCount - Pairs, [&](char16_t* units) {
+      const Unit* end = Bytes + ByteCount;
+      for (const Unit* pos = Bytes; pos != end; ++pos) {
+        *units++ = Table.Unit(*pos);
+        if (*pos == Quote) ++pos;
+      }
+    });
+  });
 }
 
 TTableReader::TTableReader(TFileStream& File)
@@ -159,11 +152,11 @@ void TTableReader::ReadAll(TTakeRow TakeRow) {
 
 bool TTableReader::NextRow() {
   for (;;) {
-    FSource.DropCells();
+    FSource.Cells.DropAll();
     TCellReader<true, TSource> reader(FSource, FPos, FEnd);
     TRowEnd rowEnd = reader.ReadRow();
     if (rowEnd == reIrregular) {
-      FSource.DropCells();
+      FSource.Cells.DropAll();
       const unsigned char* lineEnd = FindLineEnd();
       if (lineEnd != FEnd || FAtEof) return TakeIrregularRow(lineEnd);
     } else if (rowEnd == reLine) {
@@ -208,8 +201,7 @@ void TTableReader::SkipLineEnd() {
 
 std::unique_ptr<TVxStringList> TTableReader::MakeRow() {
   auto row = std::make_unique<TVxStringList>();
-  row->TakeCells({FSource.Cells.data(), FSource.Next});
-  FSource.Next = FSource.Cells.data();
+  row->TakeCells(FSource.Cells);
   return row;
 }
 

@@ -61,24 +61,18 @@ class TTableReader {
     template <bool kLines>
     const Unit* TakeUnquoted(const Unit* First, const Unit* Last);
     const Unit* NextQuote(const Unit* First, const Unit* Last) const;
-    void TakeEmpty() { ::new (Slot()) String(); }
+    void TakeEmpty() {
+      Cells.Append([] { return String(); });
+    }
     void TakePlain(const Unit* Bytes, size_t ByteCount) {
-      ::new (Slot()) String(Arena.Decode(Table, Bytes, ByteCount));
+      Cells.Append([&] { return Arena.Decode(Table, Bytes, ByteCount); });
     }
     void TakeQuoted(const Unit* Bytes, size_t ByteCount, size_t Pairs);
-    // The place of the next cell, which holds an empty text.
-    String* Slot() {
-      if (Next == Cells.data() + Cells.size()) MoreSlots();
-      return Next++;
-    }
-    void MoreSlots();
-    void DropCells();
 
     TByteTable Table;
     Unit Delimiter = ',';
     static constexpr Unit Quote = '"';
-    std::vector<String> Cells;  // those before Next are taken, the others are empty
-    String* Next = nullptr;
+    TEntries Cells;
     TStringArena Arena;
   };
 

@@ -21,22 +21,17 @@ TEST(Commatexts, Conversions) {
   EXPECT_EQ(ArrayToCommatext(items, false), u"\" \",\" a \",,b,\"\t\"");
   EXPECT_EQ(ArrayToCommatext(items, true), u"\" a \",b");
   EXPECT_THROW(ArrayToCommatext(TCells{u"", u"", u"a"}, true), EStringListError);
-  struct { const char16_t *Text, *Sentence; } sentences[] = {
-      {u"", u""}, {u"\" Max \",,Meier", u"Max Meier"}, {u"a,", u"a "}, {u"\"\"", u""}, {u"\"\ta \"", u"\ta"},
-      {u",a,\"  \",b,,", u"a b "}, {u"\"a  b\" c", u"a  b c"}};
-  for (const auto& c : sentences) EXPECT_EQ(CommatextToString(c.Text), c.Sentence);
+  EXPECT_EQ(CommatextToString(u"\" Max \",,\"\tMeier\","), u"Max \tMeier ");
   EXPECT_EQ(TextToCommatext(u"a b\r\n\rc\nd\n"), u"\"a b\",,c,d");
   EXPECT_EQ(CommatextToText(u"\"a b\",,c,"), u"a b\r\n\r\nc\r\n");
 }
 
 TEST(Explode, TakesTheLastPieceAsItStands) {
   struct { const char16_t *Text; TExplodeOptions Options; const char16_t* Pieces; } cases[] = {
-      {u"", {}, u""}, {u" a ; b ;", {}, u" a | b |"}, {u" a ;; b ", {eoTrim}, u"a|| b "},
-      {u";a;;;b;", {eoSkipEmpty}, u"a|b|"}, {u" ;a; ", {eoSkipEmpty}, u" |a| "},
+      {u" a ; b ;", {}, u" a | b |"}, {u" a ;; b ", {eoTrim}, u"a|| b "}, {u" ;a; ;", {eoSkipEmpty}, u" |a| |"},
       {u" ; a ; ", {eoTrim, eoSkipEmpty}, u"a| "}, {u";", {eoSkipEmpty}, u"°°"}};
   for (const auto& c : cases) EXPECT_EQ(Text(*explode(c.Text, u';', c.Options)), c.Pieces) << String(c.Text).ToUtf8();
   EXPECT_EQ(Text(*explode(u"a;b,c→d", TCharSet(u";,"))), u"a|b|c→d");
-  EXPECT_EQ(Text(*explode(u"a→b", u'→')), u"a→b");
 }
 
 TEST(Implode, LeavesOutWhatIsEmpty) {

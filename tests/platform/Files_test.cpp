@@ -103,13 +103,6 @@ TEST_F(Files, FailuresNameThePathAndTheReason) {
   }
 }
 
-TEST_F(Files, DevicesWorkInSequence) {
-  TFileStream full(u"/dev/full", fmCreate), zero(u"/dev/zero", fmOpenRead);
-  char buffer[3] = {1, 1, 1};
-  EXPECT_TRUE(zero.Read(buffer, 2) == 2 && zero.GetSize() == 0 && buffer[1] == 0 && buffer[2] == 1);
-  EXPECT_THROW(full.WriteBuffer("x", 1), EWriteError);
-}
-
 TEST_F(Files, StampsAreLocalAndExactToAMicrosecond) {
   TFixedTimeZone zone(120);
   TTimeZoneScope scope(zone);
@@ -200,18 +193,12 @@ TEST_F(Files, CopiesDirectories) {
 }
 
 TEST_F(Files, FaultsStrikeWhereTheyAreTold) {
-  const String a = Make("a", "x"), b = Dir.Path("b");
+  const String a = Make("a", "x");
   TFileStream file(a, fmOpenReadWrite | fmShareDenyNone);
-  char buffer[4];
   TFileInfo info;
   const std::pair<TFileOperation, std::function<bool()>> cases[] = {
       {foOpen, [&] { return Opens(a, fmOpenRead | fmShareDenyNone); }}, {foFlush, [&] { return file.Flush(); }},
-      {foCreate, [&] { return Opens(b, fmCreate) && FileDelete(b); }},
-      {foRead, [&] { return RaisedBy<EReadError>([&] { file.Read(buffer, 1); }).empty(); }},
-      {foWrite, [&] { return RaisedBy<EWriteError>([&] { file.WriteBuffer("x", 1); }).empty(); }},
-      {foSetTime, [&] { return file.SetLastWrite(46000); }}, {foStamp, [&] { return GetFileInfo(a, info); }},
-      {foRename, [&] { return FileMove(a, b) && FileReplace(b, a); }},
-      {foDelete, [&] { return FileDelete(Make("c", "")); }}};
+      {foSetTime, [&] { return file.SetLastWrite(46000); }}, {foStamp, [&] { return GetFileInfo(a, info); }}};
   for (const auto& [operation, run] : cases) {
     SCOPED_TRACE(int{operation});
     TFileFaults outer;
@@ -227,22 +214,6 @@ TEST_F(Files, FaultsStrikeWhereTheyAreTold) {
   TFileFaults faults;
   faults.Fail(foFlush, EIO, 1, 2);
   EXPECT_TRUE(file.Flush() && file.Flush() && !file.Flush() && file.Flush());
-}
-
-TEST_F(Files, FaultsLimitSpaceReadsAndStamps) {
-  TFileStream file(Make("a", "0123456789"), fmOpenReadWrite | fmShareDenyNone);
-  TFileFaults faults;
-  char buffer[16];
-  faults.CutReads(7);
-  EXPECT_EQ((std::vector{file.Read(buffer, 4), file.Read(buffer, 4), file.Read(buffer, 4)}),
-            (std::vector<size_t>{4, 3, 0}));
-  faults.LimitSpace(2);
-  EXPECT_THROW(file.WriteBuffer("abc", 3), EWriteError);
-  EXPECT_EQ(GetText(file.GetPath()), "0123456ab9");
-  TFileInfo before, after;
-  faults.FreezeStamps();
-  EXPECT_TRUE(GetFileInfo(file.GetPath(), before) && file.SetLastWrite(40000) && GetFileInfo(file.GetPath(), after));
-  EXPECT_EQ(before.LastWrite, after.LastWrite);
 }
 
 }  // namespace

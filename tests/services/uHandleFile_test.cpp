@@ -186,8 +186,7 @@ TEST_F(HandleFile, EmptyDirectoriesAndLists) {
   EXPECT_FALSE(VxIsEmptyDir(u"W:\\1"));
   struct { int In, Out; String Pattern, Names; } cases[] = {
       {faAnyFile, faDirectory, u"*", u".c,1,3,a.txt,b.TXT"}, {faArchive, faReadOnly | faHidden, u"*", u"a.txt"},
-      {faDirectory, 0, u"*", u"1,3"}, {faReadOnly, 0, u"*.t?t", u"b.TXT"}, {faHidden, 0, u"a*", u""},
-      {faAnyFile, 0, u"3\\*", u""}};
+      {faDirectory, 0, u"*", u"1,3"}, {faReadOnly, 0, u"*.t?t", u"b.TXT"}, {faHidden, 0, u"a*", u""}};
   std::unique_ptr<TVxStringList> list;
   for (const auto& c : cases) {
     ASSERT_TRUE(ls(list, u"W:\\", c.In, c.Out, c.Pattern));
@@ -240,9 +239,8 @@ TEST(HandleFileNames, SizesAsText) {
 TEST(HandleFileNames, Checks) {
   const std::function<bool(const String&)> checks[] = {CheckFileName, CheckPath, VxFilenameOk, FilenameIs83};
   const std::pair<String, std::string> cases[] = {
-      {u"", "--++"}, {u"  ", "-+++"}, {u" Liste.csv ", "+++-"}, {u"C:\\Daten\\Liste.csv", "+-++"}, {u"Daten\\", "-+++"},
-      {u"a/b", "---+"}, {u"C:a:b", "---+"}, {u"\u00DC\u2026\u4E2D", "++++"}, {u"tab\there", "---+"},
-      {u"12345678.abc", "++++"}, {u"123456789.a", "+++-"}, {u"x.abcd", "+++-"}, {u"V:\\v1.2345\\x", "+-++"}};
+      {u"", "--++"}, {u"  ", "-+++"}, {u" Liste.csv ", "+++-"}, {u"C:\\v1.2345\\Liste.csv", "+-++"}, {u"a/b", "---+"},
+      {u"C:a:b", "---+"}, {u"\u00DC\u2026\u4E2D", "++++"}, {u"tab\there", "---+"}, {u"12345678.abcd", "+++-"}};
   for (const auto& [name, marks] : cases) {
     std::string found;
     for (const auto& check : checks) found += check(name) ? '+' : '-';
@@ -254,8 +252,8 @@ TEST(HandleFileNames, MendsNames) {
   const String longest(257, u'x'), tooLong(258, u'x');
   struct { String Path, Name; bool NoBlanks; String Result; bool Good; } cases[] = {
       {u"C:\\Temp", u"a/b", false, u"C:\\Temp\\a_b", true}, {u"1:\\x", u"a", false, u"1:\\x\\a", false},
-      {u"C:\\T*m p\\", u"a\\b :c", true, u"C:\\T_m_p\\a_b__c", true}, {u"*", u"?", false, u"_\\_", true},
-      {u":::", u" \x1F\u4E2D", false, u"_:_\\ _\u4E2D", false}, {u"", u"a", false, u"\\a", true},
+      {u"C:\\T*m p\\", u"a\\b :c", true, u"C:\\T_m_p\\a_b__c", true},
+      {u":::", u" \x1F\u4E2D", false, u"_:_\\ _\u4E2D", false},
       {u"C:", longest, false, u"C:\\" + longest, true}, {u"C:", tooLong, false, u"C:\\" + tooLong, false}};
   for (const auto& c : cases) {
     String result = u"old";
@@ -278,11 +276,8 @@ TEST_F(HandleFile, DecoratesNames) {
 TEST(HandleFileNames, TakesPathsApart) {
   struct { String Path; TCells Pieces, List; String Front, Last; } cases[] = {
       {u"C:\\a\\b\\", {u"C:", u"a", u"b"}, {u"C:", u"a", u"b", u""}, u"C:\\a\\", u"b"},
-      {u"C:\\a\\b", {u"C:", u"a", u"b"}, {u"C:", u"a", u"b"}, u"C:\\a\\", u"b"},
-      {u"C:\\", {u"C:"}, {u"C:", u""}, u"C:\\", u"C:"}, {u"C:", {u"C:"}, {u"C:", u""}, u"C:", u"C:"},
-      {u"a\\b\\c", {u"a", u"b", u"c"}, {u"", u"b", u"c"}, u"a\\b\\", u"c"}, {u"\\", {u""}, {u"", u""}, u"\\", u""},
-      {u"\\\\s\\f\\x", {u"", u"", u"s", u"f", u"x"}, {u"\\\\s\\f", u"x"}, u"\\\\s\\f\\", u"x"},
-      {u"", {}, {u"", u""}, u"", u""}};
+      {u"C:\\", {u"C:"}, {u"C:", u""}, u"C:\\", u"C:"},
+      {u"\\\\s\\f\\x", {u"", u"", u"s", u"f", u"x"}, {u"\\\\s\\f", u"x"}, u"\\\\s\\f\\", u"x"}};
   for (const auto& c : cases) {
     EXPECT_TRUE(std::ranges::equal(VxProcessFilename(c.Path)->Items(), c.Pieces)) << c.Path.ToUtf8();
     EXPECT_TRUE(std::ranges::equal(PathToList(c.Path)->Items(), c.List)) << c.Path.ToUtf8();
