@@ -22,6 +22,7 @@
 //   - A view of a String ends with the next change of that String, as with every container.
 #pragma once
 
+#include <bit>
 #include <compare>
 #include <concepts>
 #include <cstddef>
@@ -140,9 +141,17 @@ class String {
     return L;
   }
   void Store(TBlock* Block, const char16_t* Data, uint32_t Length) noexcept {
-    TLong L{Block, Data, Length};
-    std::memcpy(FUnits, static_cast<const void*>(&L), kLongBytes);
-    FUnits[kTag] = kLong;
+    if constexpr (std::endian::native == std::endian::little) {
+      // Length and tag in one piece: a copy of the value that follows at once reads them as one.
+      uint64_t last = uint64_t{kLong} << 48 | Length;
+      std::memcpy(FUnits, static_cast<const void*>(&Block), sizeof Block);
+      std::memcpy(FUnits + 4, static_cast<const void*>(&Data), sizeof Data);
+      std::memcpy(FUnits + 8, &last, sizeof last);
+    } else {
+      TLong L{Block, Data, Length};
+      std::memcpy(FUnits, static_cast<const void*>(&L), kLongBytes);
+      FUnits[kTag] = kLong;
+    }
   }
   static TBlock* NewBlock(size_t Capacity, uint32_t Holders = 1);
   static void FreeBlock(TBlock* Block) noexcept;
@@ -177,7 +186,7 @@ class String {
   alignas(8) char16_t FUnits[12] = {};
 };
 
-static_assert(sizeof(String) == 24);
+static_assert(sizeof(String) == 24 && sizeof(void*) == 8);
 
 String operator+(const String& A, const String& B);
 String operator+(const String& A, std::u16string_view B);

@@ -44,6 +44,18 @@ class TStringArena {
   String Build(size_t Length, F&& Fill) {
     if (Length <= String::InlineCapacity || Length > FBlockUnits / 4)
       return String::Build(Length, std::forward<F>(Fill));
+    return BuildSlice(Length, std::forward<F>(Fill));
+  }
+
+  // The text of Count bytes. At least 16 bytes must be readable from Bytes on, whatever Count is.
+  String Decode(const TByteTable& Table, const unsigned char* Bytes, size_t Count) {
+    if (Count <= String::InlineCapacity) return DecodeInline(Table, Bytes, Count);
+    return Build(Count, [&](char16_t* units) { DecodeLong(Table, Bytes, Count, units); });
+  }
+
+ private:
+  template <typename F>
+  String BuildSlice(size_t Length, F&& Fill) {
     if (Length > FLeft) Open();
     char16_t* units = FNext;
     std::forward<F>(Fill)(units);
@@ -54,14 +66,6 @@ class TStringArena {
     result.Store(FBlock, units, static_cast<uint32_t>(Length));
     return result;
   }
-
-  // The text of Count bytes. At least 16 bytes must be readable from Bytes on, whatever Count is.
-  String Decode(const TByteTable& Table, const unsigned char* Bytes, size_t Count) {
-    if (Count <= String::InlineCapacity) return DecodeInline(Table, Bytes, Count);
-    return Build(Count, [&](char16_t* units) { DecodeLong(Table, Bytes, Count, units); });
-  }
-
- private:
   static String DecodeInline(const TByteTable& Table, const unsigned char* Bytes, size_t Count) {
     String result;
     DecodeShort(Table, Bytes, Count, result.FUnits);

@@ -150,11 +150,6 @@ void TEntries::TakeAll(TEntries& Other) {
   SetCapacity(FCount);
 }
 
-void TEntries::DropAll() noexcept {
-  for (int i = 0; i < FCount; ++i) FTexts[i].~String();
-  FCount = 0;
-}
-
 void TEntries::CopyFrom(const TEntries& Other) {
   if (&Other == this) return;
   TEntries copy;
@@ -188,6 +183,21 @@ void TEntries::swap(TEntries& Other) noexcept {
   int mark = FCapacityMark.load(std::memory_order_relaxed);
   SetMark(Other.FCapacityMark.load(std::memory_order_relaxed));
   Other.SetMark(mark);
+}
+
+void TEntryFiller::Begin() noexcept {
+  FNext = FEntries.FTexts + FEntries.FCount;
+  FEnd = FEntries.FTexts + FEntries.Capacity();
+}
+
+void TEntryFiller::MakeRoom() {
+  Count();
+  FEntries.Grow(1);
+  Begin();
+}
+
+void TEntryFiller::DropAll() noexcept {
+  while (FNext != FEntries.FTexts) (--FNext)->~String();
 }
 
 }  // namespace vx

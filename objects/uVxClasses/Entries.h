@@ -56,27 +56,17 @@ class TEntries {
   void Insert(int Index, String Text, TObject* Object);
   void Erase(int Index);
   void Exchange(int A, int B);
-  // Appends the text that Make() returns, straight in its place. Only while there are no objects and
-  // the array is not shared.
-  template <typename TMake>
-  void Append(TMake Make) {
-    if (FCount == FCapacityMark.load(std::memory_order_relaxed)) Grow(1);
-    ::new (FTexts + FCount) String(Make());
-    ++FCount;
-  }
   // Appends the texts, moving them out; their objects are absent.
   void TakeAll(std::span<String> Texts);
   // Appends all texts of Other, which is empty then but may keep its room. Many go over as they lie.
   void TakeAll(TEntries& Other);
-  // Drops all texts, but not the room for them. Only while there are no objects and the array is not
-  // shared.
-  void DropAll() noexcept;
   // Becomes a copy of Other.
   void CopyFrom(const TEntries& Other);
   void Clear() noexcept;
   void swap(TEntries& Other) noexcept;
 
  private:
+  friend class TEntryFiller;
   // Stands in front of the array of texts.
   struct THeader {
     TRefCount Refs;
@@ -107,6 +97,43 @@ class TEntries {
   // The capacity, or its complement while the array may be shared. Copying a list marks it too, and a
   // list may be copied by several threads at once.
   mutable std::atomic<int> FCapacityMark = 0;
+};
+
+// Fills entries with millions of texts, each made straight in its place. Nobody else may change them
+// meanwhile.
+class TEntryFiller {
+ public:
+  TEntryFiller() noexcept = default;
+  ~TEntryFiller() { Count(); }
+  TEntryFiller(const TEntryFiller&) = delete;
+  TEntryFiller& operator=(const TEntryFiller&) = delete;
+
+  // Where the next text is to be made by placement; it is one of the entries once Advance is called.
+  void* Place() {
+    if (FNext == FEnd) MakeRoom();
+    return FNext;
+  }
+  void Advance() noexcept { ++FNext; }
+  // Drops the texts, but not the room for them.
+  void DropAll() noexcept;
+  // What was appended, for a taker; the filler begins anew with what room is left there.
+  template <typename TTake>
+  void GiveTo(TTake Take) {
+    Count();
+    Take(FEntries);
+    Begin();
+  }
+
+ private:
+  // The entries learn of what was appended only now and then: a count in memory for each text would
+  // cost as much as the text.
+  void Count() noexcept { FEntries.FCount = static_cast<int>(FNext - FEntries.FTexts); }
+  void Begin() noexcept;
+  void MakeRoom();
+
+  TEntries FEntries;
+  String* FNext = nullptr;
+  String* FEnd = nullptr;
 };
 
 }  // namespace vx

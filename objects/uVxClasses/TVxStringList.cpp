@@ -82,7 +82,7 @@ void TVxStringList::TakeCells(TEntries& Cells) {
     FEntries.TakeAll(Cells);
   } else {
     for (const String& cell : Cells.Texts()) Add(cell);
-    Cells.DropAll();
+    Cells.Clear();
   }
 }
 

@@ -92,15 +92,13 @@ void TTableReader::TSource::TakeQuoted(const Unit* Bytes, size_t ByteCount, size
     TakePlain(Bytes, ByteCount);
     return;
   }
-  Cells.Append([&] {
-    return Arena.Build(ByteCount - Pairs, [&](char16_t* units) {
-      const Unit* end = Bytes + ByteCount;
-      for (const Unit* pos = Bytes; pos != end; ++pos) {
-        *units++ = Table.Unit(*pos);
-        if (*pos == Quote) ++pos;
-      }
-    });
-  });
+  ::new (Cells.Place()) String(Arena.Build(ByteCount - Pairs, [&](char16_t* units) {
+    for (const Unit* end = Bytes + ByteCount; Bytes != end; ++Bytes) {
+      *units++ = Table.Unit(*Bytes);
+      if (*Bytes == Quote) ++Bytes;
+    }
+  }));
+  Cells.Advance();
 }
 
 TTableReader::TTableReader(TFileStream& File)
@@ -201,7 +199,7 @@ void TTableReader::SkipLineEnd() {
 
 std::unique_ptr<TVxStringList> TTableReader::MakeRow() {
   auto row = std::make_unique<TVxStringList>();
-  row->TakeCells(FSource.Cells);
+  FSource.Cells.GiveTo([&](TEntries& cells) { row->TakeCells(cells); });
   return row;
 }
 

@@ -62,17 +62,19 @@ class TTableReader {
     const Unit* TakeUnquoted(const Unit* First, const Unit* Last);
     const Unit* NextQuote(const Unit* First, const Unit* Last) const;
     void TakeEmpty() {
-      Cells.Append([] { return String(); });
+      ::new (Cells.Place()) String();
+      Cells.Advance();
     }
     void TakePlain(const Unit* Bytes, size_t ByteCount) {
-      Cells.Append([&] { return Arena.Decode(Table, Bytes, ByteCount); });
+      ::new (Cells.Place()) String(Arena.Decode(Table, Bytes, ByteCount));
+      Cells.Advance();
     }
     void TakeQuoted(const Unit* Bytes, size_t ByteCount, size_t Pairs);
 
     TByteTable Table;
     Unit Delimiter = ',';
     static constexpr Unit Quote = '"';
-    TEntries Cells;
+    TEntryFiller Cells;
     TStringArena Arena;
   };
 
