@@ -33,12 +33,13 @@ class TEntries {
   void Detach() { Unshare(); }
   // Text may be an entry of this array.
   void SetText(int Index, const String& Text) {
-    if (!IsShared()) {
-      FTexts[Index] = Text;
-    } else {
+    if (IsShared()) {
       String kept = Text;
       Unshare();
       FTexts[Index] = std::move(kept);
+    } else {
+      Unshare();  // only the mark, if there is one
+      FTexts[Index] = Text;
     }
   }
   // The text for writing.
