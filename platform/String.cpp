@@ -91,7 +91,7 @@ void String::InitLong(const char16_t* Data, size_t Length) {
   Store(block, block->Units(), static_cast<uint32_t>(Length));
 }
 
-String::String(int Count, char16_t Unit) {
+String::String(int Count, char16_t Unit) : FUnits{} {
   *this = Build(static_cast<size_t>(std::max(Count, 0)), [&](char16_t* units) { std::fill_n(units, Count, Unit); });
 }
 

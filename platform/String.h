@@ -42,10 +42,10 @@ class String {
   // The longest text that needs no block, in code units.
   static constexpr int InlineCapacity = 11;
 
-  String() noexcept = default;
+  String() noexcept : FUnits{} {}
   // A null pointer gives the empty text. Texts of 2^31 code units and more raise std::length_error.
   String(const char16_t* Text) : String(Text ? std::u16string_view(Text) : std::u16string_view()) {}
-  String(std::u16string_view Text) { Init(Text.data(), Text.size()); }
+  String(std::u16string_view Text) : FUnits{} { Init(Text.data(), Text.size()); }
   String(const std::u16string& Text) : String(std::u16string_view(Text)) {}
   // Count times the code unit Unit; a negative Count counts as 0.
   String(int Count, char16_t Unit);
@@ -120,6 +120,10 @@ class String {
  private:
   friend class TStringArena;
 
+  // Leaves the value to be written whole by who makes it.
+  struct TRaw {};
+  explicit String(TRaw) noexcept {}
+
   struct TBlock {
     TRefCount Refs;
     uint32_t Capacity;  // code units behind the header
@@ -183,7 +187,7 @@ class String {
 
   // A short text: its code units, the unused ones 0, and its length in the last unit. A long text:
   // the fields of TLong, and kLong in the last unit. The value may be moved in memory as bytes.
-  alignas(8) char16_t FUnits[12] = {};
+  alignas(8) char16_t FUnits[12];
 };
 
 static_assert(sizeof(String) == 24 && sizeof(void*) == 8);

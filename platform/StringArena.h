@@ -1,6 +1,8 @@
 // Blocks from which many texts are sliced, for readers that make millions of them.
 #pragma once
 
+#include <algorithm>
+
 #include "platform/Scan.h"
 #include "platform/String.h"
 
@@ -49,8 +51,14 @@ class TStringArena {
 
   // The text of Count bytes. At least 16 bytes must be readable from Bytes on, whatever Count is.
   String Decode(const TByteTable& Table, const unsigned char* Bytes, size_t Count) {
-    if (Count <= String::InlineCapacity) return DecodeInline(Table, Bytes, Count);
+    if (Count <= String::InlineCapacity) return DecodeShort(Table, Bytes, Count);
     return Build(Count, [&](char16_t* units) { DecodeLong(Table, Bytes, Count, units); });
+  }
+  // The same for at most String::InlineCapacity bytes.
+  static String DecodeShort(const TByteTable& Table, const unsigned char* Bytes, size_t Count) {
+    String result{String::TRaw()};
+    DecodeShort(Table, Bytes, Count, result.FUnits);
+    return result;
   }
 
  private:
@@ -62,13 +70,8 @@ class TStringArena {
     FNext += Length;
     FLeft -= Length;
     ++FGiven;
-    String result;
+    String result{String::TRaw()};
     result.Store(FBlock, units, static_cast<uint32_t>(Length));
-    return result;
-  }
-  static String DecodeInline(const TByteTable& Table, const unsigned char* Bytes, size_t Count) {
-    String result;
-    DecodeShort(Table, Bytes, Count, result.FUnits);
     return result;
   }
   // Writes the whole of a short text, the tag and the zeros behind it too.
@@ -83,6 +86,7 @@ class TStringArena {
     _mm_storel_epi64(reinterpret_cast<__m128i*>(Units + 8), high);
     Patch(Table, Bytes, Table.Others(bytes), Units);
 #else
+    std::fill_n(Units, String::kTag, u'\0');
     DecodeLong(Table, Bytes, Count, Units);
     Units[String::kTag] = static_cast<char16_t>(Count);
 #endif
