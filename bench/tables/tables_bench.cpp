@@ -243,30 +243,36 @@ void MeasureForms() {
   };
   struct TForm {
     const char* Name;
-    String (TVxStringList::*Get)() const;
-    void (TVxStringList::*Set)(std::u16string_view);
+    String (*Get)(const TVxStringList&);
+    void (*Set)(TVxStringList&, std::u16string_view);
   };
-  const TForm forms[] = {
-      {"commatext", &TVxStringList::GetCommatext, &TVxStringList::SetCommatext},
-      {"lighttext", &TVxStringList::GetLighttext, &TVxStringList::SetLighttext},
-      {"offsettext", &TVxStringList::GetOffsettext, &TVxStringList::SetOffsettext},
-      {"intellitext", &TVxStringList::GetIntellitext, &TVxStringList::SetIntellitext},
-      {"celltext", &TVxStringList::GetCellText, &TVxStringList::SetCellText},
-      {"csvtext", &TVxStringList::GetCsv, &TVxStringList::SetCsv},
-  };
+#define VX_FORM(Name, Form)                                                         \
+  {                                                                                 \
+    Name, [](const TVxStringList& list) { return list.Get##Form(); },               \
+        [](TVxStringList& list, std::u16string_view text) { list.Set##Form(text); } \
+  }
+  const TForm forms[] = {VX_FORM("commatext", Commatext),
+                         VX_FORM("lighttext", Lighttext),
+                         VX_FORM("offsettext", Offsettext),
+                         VX_FORM("intellitext", Intellitext),
+                         VX_FORM("celltext", CellText),
+                         VX_FORM("csvtext", Csv),
+                         {"serial", [](const TVxStringList& list) { return list.GetSerialize(u';', u'"'); },
+                          [](TVxStringList& list, std::u16string_view text) { list.SetSerialize(u';', u'"', text); }}};
+#undef VX_FORM
   for (const TForm& form : forms) {
-    String text = (row.*form.Get)();
+    String text = form.Get(row);
     TVxStringList target;
     std::vector<double> times = Medians(
         5, join, split,
         [&] {
           return Time([&] {
-            for (int i = 0; i < kTimes; ++i) ::benchmark::DoNotOptimize((row.*form.Get)());
+            for (int i = 0; i < kTimes; ++i) ::benchmark::DoNotOptimize(form.Get(row));
           });
         },
         [&] {
           return Time([&] {
-            for (int i = 0; i < kTimes; ++i) (target.*form.Set)(text);
+            for (int i = 0; i < kTimes; ++i) form.Set(target, text);
           });
         });
     Report((std::string("tables/write_") + form.Name).c_str(), times[2], "join", times[0], kTimes);
