@@ -57,11 +57,6 @@ inline const char16_t* FindEither(const char16_t* First, const char16_t* Last, c
               [=](char16_t u) { return u == A || u == B; });
 }
 
-// The first unit up to Limit.
-inline const char16_t* FindUpTo(const char16_t* First, const char16_t* Last, char16_t Limit) {
-  return Find(First, Last, VX_LANES(UpTo(units, Limit)), [=](char16_t u) { return u <= Limit; });
-}
-
 // The first unit up to 32 or equal to A.
 inline const char16_t* FindBlankOr(const char16_t* First, const char16_t* Last, char16_t A) {
   return Find(First, Last, VX_LANES(_mm_or_si128(UpTo(units, 32), _mm_cmpeq_epi16(units, Fill(A)))),

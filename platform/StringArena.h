@@ -14,7 +14,6 @@ class TByteTable {
   // Units: 256 code units, the first 128 the bytes themselves.
   explicit TByteTable(const char16_t* Units) noexcept;
   char16_t Unit(unsigned char Byte) const noexcept { return FUnits[Byte]; }
-  const char16_t* Units() const noexcept { return FUnits; }
 #if defined(__SSE2__)
   // A bit for each byte that need not be the code unit of the same number.
   unsigned Others(__m128i Bytes) const noexcept {
@@ -54,12 +53,6 @@ class TStringArena {
     if (Count <= String::InlineCapacity) return DecodeShort(Table, Bytes, Count);
     return Build(Count, [&](char16_t* units) { DecodeLong(Table, Bytes, Count, units); });
   }
-  // The same for at most String::InlineCapacity bytes.
-  static String DecodeShort(const TByteTable& Table, const unsigned char* Bytes, size_t Count) {
-    String result{String::TRaw()};
-    DecodeShort(Table, Bytes, Count, result.FUnits);
-    return result;
-  }
 
  private:
   template <typename F>
@@ -72,6 +65,11 @@ class TStringArena {
     ++FGiven;
     String result{String::TRaw()};
     result.Store(FBlock, units, static_cast<uint32_t>(Length));
+    return result;
+  }
+  static String DecodeShort(const TByteTable& Table, const unsigned char* Bytes, size_t Count) {
+    String result{String::TRaw()};
+    DecodeShort(Table, Bytes, Count, result.FUnits);
     return result;
   }
   // Writes the whole of a short text, the tag and the zeros behind it too.

@@ -121,6 +121,23 @@ void TEntries::Exchange(int A, int B) {
 }
 
 void TEntries::TakeAll(std::span<String> Texts) {
+  AppendBytes(Texts);
+  for (String& text : Texts) ::new (&text) String();  // its characters have another holder now
+}
+
+void TEntries::TakeAll(TEntries& Other) {
+  constexpr int kMany = 4096;
+  if (FCount > 0 || Other.FCount < kMany) {
+    AppendBytes({Other.FTexts, static_cast<size_t>(Other.FCount)});
+    Other.FCount = 0;
+    return;
+  }
+  swap(Other);
+  Other.Clear();
+  SetCapacity(FCount);
+}
+
+void TEntries::AppendBytes(std::span<const String> Texts) {
   if (Texts.empty()) return;
   if (Texts.size() > static_cast<size_t>(INT32_MAX - FCount)) {
     throw EStringListError(FormatListError(SListCapacityError, INT32_MAX));
@@ -133,21 +150,8 @@ void TEntries::TakeAll(std::span<String> Texts) {
   }
   Unshare();
   MoveItems(FTexts + FCount, Texts.data(), count);
-  for (String& text : Texts) ::new (&text) String();  // its characters have another holder now
   if (FObjects) std::fill_n(FObjects + FCount, count, nullptr);
   FCount += count;
-}
-
-void TEntries::TakeAll(TEntries& Other) {
-  constexpr int kMany = 4096;
-  if (FCount > 0 || Other.FCount < kMany) {
-    TakeAll(std::span<String>(Other.FTexts, static_cast<size_t>(Other.FCount)));
-    Other.FCount = 0;
-    return;
-  }
-  swap(Other);
-  Other.Clear();
-  SetCapacity(FCount);
 }
 
 void TEntries::CopyFrom(const TEntries& Other) {

@@ -87,6 +87,8 @@ class TEntries {
   // Changes to an array of its own with that capacity.
   void CopyTexts(int Capacity);
   void ResizeTexts(int Capacity);
+  // Appends the texts byte by byte: the giver must forget them and not free them.
+  void AppendBytes(std::span<const String> Texts);
   void DropTexts() noexcept;
   // By the lists' rule, or as far as Least more entries need.
   void Grow(int Least);
@@ -105,7 +107,9 @@ class TEntries {
 class TEntryFiller {
  public:
   TEntryFiller() noexcept = default;
-  ~TEntryFiller() { Count(); }
+  ~TEntryFiller() {
+    if (FNext) Count();
+  }
   TEntryFiller(const TEntryFiller&) = delete;
   TEntryFiller& operator=(const TEntryFiller&) = delete;
 
@@ -121,6 +125,7 @@ class TEntryFiller {
   template <typename TTake>
   void GiveTo(TTake Take) {
     Count();
+    FNext = FEnd = nullptr;  // nothing of its own to count, should the taker raise
     Take(FEntries);
     Begin();
   }

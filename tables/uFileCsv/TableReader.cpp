@@ -70,13 +70,7 @@ const unsigned char* TTableReader::TSource::TakeUnquoted(const Unit* First, [[ma
     if constexpr (kLines) stops = _mm_or_si128(stops, _mm_cmpeq_epi8(bytes, quote));
     if (unsigned mask = scan::Mask(stops)) {
       pos += std::countr_zero(mask);
-      size_t count = static_cast<size_t>(pos - First);
-      if (count > String::InlineCapacity) {
-        TakePlain(First, count);
-      } else {
-        ::new (Cells.Place()) String(TStringArena::DecodeShort(Table, First, count));
-        Cells.Advance();
-      }
+      TakePlain(First, static_cast<size_t>(pos - First));
       return pos;
     }
   }
