@@ -7,6 +7,7 @@
 //   TrimUltimate, DecorateStrings, GetMyCommatext       lines of a list
 //   WordWrapCommatext, WordWrapTINYCommatext, WordWrapStrings   lines of limited width
 //   FontToString, StringToFont                          a font as text
+//   FieldTypeToStr, StrToFieldType, GetVxFieldType ...  the types of cells, and booleans with a third state
 //
 // Example:
 //   auto parts = vx::explode(u"Bonn; Köln;", u';', {vx::eoTrim});      // Bonn, Köln and an empty one
@@ -20,6 +21,7 @@
 
 #include "core/uVxFunctionsSerialize/Commatext.h"
 #include "core/uVxFunctionsSerialize/Explode.h"
+#include "core/uVxFunctionsSerialize/FieldTypes.h"
 #include "core/uVxFunctionsSerialize/FontText.h"
 #include "core/uVxFunctionsSerialize/TrimLines.h"
 #include "core/uVxFunctionsSerialize/WordWrap.h"

@@ -1,12 +1,12 @@
 #include "platform/Exceptions.h"
 
-#include "platform/Text.h"
+#include "platform/Format.h"
 
 namespace vx {
 
 Exception::Exception(String Message)
     : FMessage(std::move(Message)), FUtf8(std::make_shared<const std::string>(FMessage.ToUtf8())) {}
 
-String FormatListError(std::u16string_view Pattern, int Value) { return Format(Pattern, {IntToStr(Value)}); }
+String FormatListError(std::u16string_view Pattern, int Value) { return Format(Pattern, {Value}); }
 
 }  // namespace vx

@@ -4,6 +4,8 @@
 //   EListError             a fault in a list of objects
 //   EStringListError       a fault in a list of texts
 //   EConvertError          a text that is not the value it should be
+//   EMathError             a fault of a calculation, and its kinds EInvalidArgument, EInvalidOp,
+//                          EOverflow, EZeroDivide
 //   EInvalidCast           an object that is not of the class it should be
 //   EStreamError           a fault of a file, and its kinds EFOpenError, EFCreateError, EReadError,
 //                          EWriteError
@@ -52,6 +54,26 @@ class EInvalidCast : public Exception {
 class EArgumentException : public Exception {
  public:
   using Exception::Exception;
+};
+class EMathError : public Exception {
+ public:
+  using Exception::Exception;
+};
+class EInvalidArgument : public EMathError {
+ public:
+  using EMathError::EMathError;
+};
+class EInvalidOp : public EMathError {
+ public:
+  using EMathError::EMathError;
+};
+class EOverflow : public EMathError {
+ public:
+  using EMathError::EMathError;
+};
+class EZeroDivide : public EMathError {
+ public:
+  using EMathError::EMathError;
 };
 class EStreamError : public Exception {
  public:

@@ -8,7 +8,9 @@
 
 #include "platform/Clock.h"
 #include "platform/FilesInternal.h"
+#include "platform/Numbers.h"
 #include "platform/Paths.h"
+#include "platform/System.h"
 #include "platform/Text.h"
 
 namespace vx {
@@ -132,8 +134,8 @@ int GetLastError() noexcept { return files::LastError; }
 void SetLastError(int Error) noexcept { files::LastError = Error; }
 
 String SysErrorMessage(int Error) {
-  const char* text = ::strerrordesc_np(Error);
-  return text != nullptr ? String::FromUtf8(text) : u"Unknown error " + IntToStr(Error);
+  const String text = SystemErrorText(Error);
+  return text.empty() ? u"Unknown error " + IntToStr(Error) : text;
 }
 
 bool GetFileInfo(const String& Path, TFileInfo& Info) {

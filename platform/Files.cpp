@@ -9,6 +9,7 @@
 #include <cstring>
 
 #include "platform/FilesInternal.h"
+#include "platform/Format.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 

@@ -1,5 +1,8 @@
 #include "platform/Graphics.h"
 
+#include <algorithm>
+#include <array>
+
 #include "platform/Exceptions.h"
 
 namespace vx {
@@ -66,6 +69,17 @@ constexpr TNamedColor kNamedColors[] = {
     {u"clMenuBar", clMenuBar},
 };
 
+// A plain light desktop.
+constexpr TColor kLightDesktop[SystemColorCount] = {
+    0xC8C8C8, 0x000000, 0xD1B499, 0xDBCDBF, 0xF0F0F0, 0xFFFFFF, 0x646464, 0x000000, 0x000000, 0x000000, 0xB4B4B4,
+    0xFCF7F4, 0xABABAB, 0xFF9933, 0xFFFFFF, 0xF0F0F0, 0xA0A0A0, 0x6D6D6D, 0x000000, 0x544E43, 0xFFFFFF, 0x696969,
+    0xE3E3E3, 0x000000, 0xE1FFFF, 0x000000, 0xCC6600, 0xEAD1B9, 0xF2E4D7, 0xFF9933, 0xF0F0F0};
+
+std::array<TColor, SystemColorCount>& Desktop() noexcept {
+  static std::array<TColor, SystemColorCount> colors = std::to_array(kLightDesktop);
+  return colors;
+}
+
 constexpr char16_t ToLower(char16_t Unit) noexcept {
   return Unit >= u'A' && Unit <= u'Z' ? static_cast<char16_t>(Unit + 32) : Unit;
 }
@@ -99,22 +113,44 @@ bool ReadDigits(std::u16string_view Digits, unsigned Base, uint64_t Limit, uint6
 
 }  // namespace
 
-String ColorToString(TColor Color) {
+TColor ColorToRGB(TColor Color) noexcept {
+  if (Color >> 24 != 0xFF) return Color & 0x00FFFFFF;
+  const TColor index = Color & 0x00FFFFFF;
+  return index < Desktop().size() ? Desktop()[index] : clBlack;
+}
+
+void SetSystemColors(std::span<const TColor> Colors) noexcept {
+  for (size_t i = 0; i < std::min(Colors.size(), Desktop().size()); ++i) Desktop()[i] = Colors[i] & 0x00FFFFFF;
+}
+
+bool ColorToIdent(TColor Color, String& Ident) {
   for (const TNamedColor& named : kNamedColors) {
-    if (named.Color == Color) return named.Name;
+    if (named.Color != Color) continue;
+    Ident = named.Name;
+    return true;
   }
+  return false;
+}
+
+bool IdentToColor(std::u16string_view Ident, TColor& Color) noexcept {
+  for (const TNamedColor& named : kNamedColors) {
+    if (!SameName(named.Name, Ident)) continue;
+    Color = named.Color;
+    return true;
+  }
+  return false;
+}
+
+String ColorToString(TColor Color) {
+  String ident;
+  if (ColorToIdent(Color, ident)) return ident;
   char16_t text[9] = {u'$'};
   for (int i = 0; i < 8; ++i) text[1 + i] = u"0123456789ABCDEF"[Color >> (28 - 4 * i) & 15];
   return std::u16string_view(text, 9);
 }
 
 bool TryStringToColor(std::u16string_view Text, TColor& Color) noexcept {
-  for (const TNamedColor& named : kNamedColors) {
-    if (SameName(named.Name, Text)) {
-      Color = named.Color;
-      return true;
-    }
-  }
+  if (IdentToColor(Text, Color)) return true;
   if (Text.empty()) return false;
   bool isNegative = Text[0] == u'-';
   bool isHex = Text[0] == u'$';

@@ -2,6 +2,9 @@
 //
 //   TColor                         0x00BBGGRR, or a system colour with high byte 0xFF
 //   ColorToString, StringToColor   names such as "clRed", hexadecimal for the others
+//   IdentToColor, ColorToIdent     the names alone
+//   ColorToRGB, SetSystemColors    what a system colour stands for
+//   TRect, TAlign                  a rectangle; the side that something is bound to
 //   TFont                          name, colour, style and size
 //
 // Example:
@@ -13,6 +16,7 @@
 #pragma once
 
 #include <cstdint>
+#include <span>
 
 #include "platform/String.h"
 #include "platform/Types.h"
@@ -86,6 +90,32 @@ struct TFont {
   friend bool operator==(const TFont&, const TFont&) noexcept = default;
 };
 
+// Sides in screen coordinates: y grows downwards, Right and Bottom lie behind the last pixel.
+struct TRect {
+  int Left = 0;
+  int Top = 0;
+  int Right = 0;
+  int Bottom = 0;
+  friend constexpr bool operator==(const TRect&, const TRect&) noexcept = default;
+};
+
+// The side of its parent that something is bound to.
+enum TAlign : uint8_t { alNone, alTop, alBottom, alLeft, alRight, alClient, alCustom };
+using TAlignSet = Set<TAlign>;
+
+// The number of system colours: 0xFF000000 to 0xFF00001E.
+inline constexpr int SystemColorCount = 31;
+// The 0x00BBGGRR of a colour: of a system colour what the desktop uses, of every other one its low 24
+// bits. A high byte 0xFF with a number that is no system colour gives black.
+TColor ColorToRGB(TColor Color) noexcept;
+// Replaces the desktop's colours, from clScrollBar on, by as many as are given, up to
+// SystemColorCount. They are those of a plain light desktop at first. Not for use beside other threads.
+void SetSystemColors(std::span<const TColor> Colors) noexcept;
+
+// The colour of a name such as u"clRed", in any case. False, with Color unchanged, for anything else.
+bool IdentToColor(std::u16string_view Ident, TColor& Color) noexcept;
+// The name of a colour; false, with Ident unchanged, for a colour without one.
+bool ColorToIdent(TColor Color, String& Ident);
 // The name of a known colour such as u"clRed" or u"clWindowText", otherwise "$" and eight upper-case
 // hexadecimal digits. StringToColor gives every colour back.
 String ColorToString(TColor Color);

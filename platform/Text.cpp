@@ -1,7 +1,6 @@
 #include "platform/Text.h"
 
 #include <algorithm>
-#include <charconv>
 
 #include "platform/CaseTables.h"
 
@@ -81,13 +80,6 @@ String MapCase(const CaseMap::TTable& Table, const String& Text) {
   });
 }
 
-int DigitValue(char16_t Unit) noexcept {
-  if (Unit >= u'0' && Unit <= u'9') return Unit - u'0';
-  if (Unit >= u'a' && Unit <= u'f') return Unit - u'a' + 10;
-  if (Unit >= u'A' && Unit <= u'F') return Unit - u'A' + 10;
-  return 99;
-}
-
 }  // namespace
 
 std::u16string_view TrimLeftView(std::u16string_view Text) noexcept {
@@ -139,65 +131,6 @@ String ReplaceAll(const String& Text, std::u16string_view From, std::u16string_v
     done = at + From.size();
   }
   result += text.substr(done);
-  return result;
-}
-
-String IntToStr(int64_t Value) {
-  char digits[24];
-  const char* end = std::to_chars(digits, digits + sizeof digits, Value).ptr;
-  return String::Build(static_cast<int>(end - digits),
-                       [&](char16_t* Units) { std::copy(static_cast<const char*>(digits), end, Units); });
-}
-
-bool TryStrToInt(std::u16string_view Text, int& Value) noexcept {
-  size_t blanks = std::min(Text.find_first_not_of(u' '), Text.size());
-  Text.remove_prefix(blanks);
-  bool negative = false;
-  int base = 10;
-  if (Text.starts_with(u'$')) {
-    base = 16;
-    Text.remove_prefix(1);
-  } else if (Text.starts_with(u"0x") || Text.starts_with(u"0X")) {
-    base = 16;
-    Text.remove_prefix(2);
-  } else if (Text.starts_with(u'-') || Text.starts_with(u'+')) {
-    negative = Text.front() == u'-';
-    Text.remove_prefix(1);
-  }
-  if (Text.empty()) return false;
-  const int64_t limit = base == 16 ? int64_t{UINT32_MAX} : int64_t{INT32_MAX} + (negative ? 1 : 0);
-  int64_t number = 0;
-  for (char16_t unit : Text) {
-    int digit = DigitValue(unit);
-    if (digit >= base) return false;
-    number = number * base + digit;
-    if (number > limit) return false;
-  }
-  // Eight hexadecimal digits are the bits of the number: $FFFFFFFF is -1.
-  Value = static_cast<int>(static_cast<uint32_t>(negative ? -number : number));
-  return true;
-}
-
-int StrToIntDef(std::u16string_view Text, int Default) noexcept {
-  int value;
-  return TryStrToInt(Text, value) ? value : Default;
-}
-
-String Format(std::u16string_view Pattern, std::initializer_list<std::u16string_view> Values) {
-  String result;
-  const std::u16string_view* value = Values.begin();
-  size_t done = 0;
-  for (size_t at = Pattern.find(u'%'); at != kNotFound && at + 1 < Pattern.size(); at = Pattern.find(u'%', at)) {
-    char16_t kind = Pattern[at + 1];
-    bool filled = (kind == u's' || kind == u'd') && value != Values.end();
-    if (filled || kind == u'%') {
-      result += Pattern.substr(done, at - done);
-      result += filled ? *value++ : std::u16string_view(u"%");
-      done = at + 2;
-    }
-    at += filled || kind == u'%' ? 2 : 1;
-  }
-  result += Pattern.substr(done);
   return result;
 }
 

@@ -3,8 +3,6 @@
 //   Trim, TrimLeft, TrimRight   without code units up to 32 at the ends
 //   UpperCase, LowerCase        Latin, Greek and Cyrillic letters, one unit to one
 //   Copy, Pos                   part of a text, place of a text
-//   IntToStr, TryStrToInt       decimal numbers
-//   Format                      texts and numbers put into a pattern
 //   ReplaceAll                  every occurrence replaced
 //
 // Example:
@@ -43,15 +41,5 @@ int Pos(std::u16string_view Part, std::u16string_view Text, int From = 1) noexce
 // Text with every occurrence of From, found from the front, replaced by To. An empty From changes
 // nothing.
 String ReplaceAll(const String& Text, std::u16string_view From, std::u16string_view To);
-
-String IntToStr(int64_t Value);
-// Decimal digits with an optional sign, or $ or 0x and hexadecimal digits; leading blanks are
-// skipped. False, with Value unchanged, for anything else and for a number outside 32 bits.
-bool TryStrToInt(std::u16string_view Text, int& Value) noexcept;
-int StrToIntDef(std::u16string_view Text, int Default) noexcept;
-
-// The parts of Pattern with "%s" and "%d" replaced in order by Values; "%%" gives "%". Placeholders
-// without a value stay.
-String Format(std::u16string_view Pattern, std::initializer_list<std::u16string_view> Values);
 
 }  // namespace vx

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "platform/Files.h"
+#include "platform/Format.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "services/uHandleFile/Drives.h"

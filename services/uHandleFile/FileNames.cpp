@@ -1,9 +1,10 @@
 #include "services/uHandleFile/FileNames.h"
 
 #include <algorithm>
-#include <charconv>
-#include <string>
+#include <optional>
 
+#include "platform/Exceptions.h"
+#include "platform/Format.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "services/uHandleFile/FileTests.h"
@@ -14,7 +15,6 @@ namespace {
 constexpr TCharSet kForbidden = TCharSet::Range(0, 31) + TCharSet(u"\"*/:<>?|");
 constexpr TCharSet kForbiddenInFilename = TCharSet::Range(0, 31) + TCharSet(u"\"*/<>?|");
 constexpr int kMaxName = 260;
-constexpr int kMaxFill = 255;
 
 bool HoldsNone(std::u16string_view text, const TCharSet& set) noexcept {
   return std::none_of(text.begin(), text.end(), [&](char16_t unit) { return set.Has(unit); });
@@ -43,61 +43,13 @@ int LastDirectoryStart(std::u16string_view path) noexcept {
   return at == path.npos ? 0 : static_cast<int>(at) + 1;
 }
 
-// "%", "-", width, ".", precision and the letter of its kind, as they stand in a format.
-struct TPlaceholder {
-  bool Left = false;
-  int Width = 0, Precision = 0;
-  char16_t Kind = 0;
-  size_t Length = 0;  // with the "%"
-
-  explicit TPlaceholder(std::u16string_view text) {
-    size_t at = 1;
-    Left = at < text.size() && text[at] == u'-';
-    if (Left) ++at;
-    Width = Number(text, at);
-    if (at < text.size() && text[at] == u'.') Precision = Number(text, ++at);
-    if (at < text.size()) Kind = LowerCase(text[at++]);
-    Length = at;
+// The text of format with number in it; without a value where it is no format for one number.
+std::optional<String> WithNumber(std::u16string_view format, int number) {
+  try {
+    return Format(format, {number});
+  } catch (const EConvertError&) {
+    return std::nullopt;
   }
-
-  bool TakesNumber() const noexcept { return Kind == u'd' || Kind == u'u' || Kind == u'x'; }
-
-  String Fill(int number) const {
-    char digits[16];
-    const char* end = std::to_chars(digits, digits + sizeof digits, number, Kind == u'x' ? 16 : 10).ptr;
-    const String value = UpperCase(String::FromUtf8({digits, static_cast<size_t>(end - digits)}));
-    const String text = String(Precision - value.size(), u'0') + value;
-    const String blanks(Width - text.size(), u' ');
-    return Left ? text + blanks : blanks + text;
-  }
-
- private:
-  static int Number(std::u16string_view text, size_t& at) {
-    int value = 0;
-    for (; at < text.size() && text[at] >= u'0' && text[at] <= u'9'; ++at) {
-      value = std::min(value * 10 + (text[at] - u'0'), kMaxFill);
-    }
-    return value;
-  }
-};
-
-// format with number in place of its placeholders; one of another kind stays as it is.
-String WithNumber(std::u16string_view format, int number) {
-  String result;
-  while (!format.empty()) {
-    const size_t percent = std::min(format.find(u'%'), format.size());
-    result += format.substr(0, percent);
-    format.remove_prefix(percent);
-    if (format.empty()) break;
-    const TPlaceholder placeholder(format);
-    if (placeholder.TakesNumber()) {
-      result += placeholder.Fill(number);
-    } else {
-      result += format.starts_with(u"%%") ? u"%" : format.substr(0, placeholder.Length);
-    }
-    format.remove_prefix(placeholder.Length);
-  }
-  return result;
 }
 
 }  // namespace
@@ -148,7 +100,7 @@ String DecorateFilename(const String& name, std::u16string_view decoration, std:
   const String extension = ExtractFileExt(name);
   if (WithNumber(format, 1) == WithNumber(format, 2)) return front + extension;
   for (int i = 1;; ++i) {
-    String result = Concat({front, WithNumber(format, i), extension});
+    String result = Concat({front, *WithNumber(format, i), extension});
     if (!VxFileExists(result)) return result;
   }
 }

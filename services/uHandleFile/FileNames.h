@@ -28,10 +28,10 @@ bool ValidateFilename(std::u16string_view path, std::u16string_view name, String
 // The last component has at most 8 characters, and an extension of at most 4 with its dot.
 bool FilenameIs83(const String& name);
 
-// Puts decoration between the pure name and the extension, and behind it format with a number in place
-// of "%d", as in u" (%d)" or u"_%.3d", the first from 1 on whose file doesn't exist by VxFileExists. A
-// format without a placeholder is left out and nothing is looked for. Placeholders are %d, %u and %x,
-// with "-", width and precision as usual; "%%" is "%".
+// Puts decoration between the pure name and the extension, and behind it format with a number in its
+// place (see Format.h), as in u" (%d)" or u"_%.3d": the first number from 1 on whose file doesn't exist
+// by VxFileExists. A format without a place for a number, and one that is none, is left out and
+// nothing is looked for.
 String DecorateFilename(const String& name, std::u16string_view decoration, std::u16string_view format);
 // u"Liste" of u"C:\\Daten\\Liste.csv".
 String ExtractPureFilename(const String& name);

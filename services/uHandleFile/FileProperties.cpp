@@ -8,6 +8,8 @@
 
 #include "platform/Clock.h"
 #include "platform/Files.h"
+#include "platform/FormatSettings.h"
+#include "platform/Numbers.h"
 #include "platform/Text.h"
 
 namespace vx {
@@ -68,7 +70,7 @@ void Increment(std::string& number) {
 }
 
 // size / 2^shift, rounded up to that many places.
-std::string Scaled(uint64_t size, int shift, int digits) {
+String Scaled(uint64_t size, int shift, int digits) {
   const uint64_t mask = (uint64_t{1} << shift) - 1;
   std::string number = std::to_string(size >> shift);
   int places = std::clamp(digits, 0, std::max(0, kMaxDigits - static_cast<int>(number.size())));
@@ -80,12 +82,14 @@ std::string Scaled(uint64_t size, int shift, int digits) {
   }
   if (rest != 0) Increment(number);
   for (; places > 0 && number.back() == '0'; --places) number.pop_back();
-  if (places > 0) number.insert(number.size() - static_cast<size_t>(places), 1, ',');
-  return number;
+  const String text = String::FromUtf8(number);
+  if (places == 0) return text;
+  const int whole = text.size() - places;
+  return Concat({text.Slice(0, whole), {&GetFormatSettings().DecimalSeparator, 1}, text.Slice(whole)});
 }
 
-String SizeText(uint64_t size, int shift, int digits, const char* unit) {
-  return String::FromUtf8(Scaled(size, shift, digits) + " " + unit);
+String SizeText(uint64_t size, int shift, int digits, std::u16string_view unit) {
+  return Concat({Scaled(size, shift, digits), u" ", unit});
 }
 
 }  // namespace
@@ -156,18 +160,18 @@ bool VxHashFromHD(std::u16string_view name, uint64_t& hash) {
 }
 
 String VxFileSizeText(uint64_t size) {
-  if (size > uint64_t{1} << 30) return SizeText(size, 30, 2, "GB");
-  if (size > uint64_t{1} << 20) return SizeText(size, 20, 2, "MB");
-  if (size > uint64_t{1} << 10) return SizeText(size, 10, 2, "kB");
-  return SizeText(size, 0, 0, "Byte");
+  if (size > uint64_t{1} << 30) return SizeText(size, 30, 2, u"GB");
+  if (size > uint64_t{1} << 20) return SizeText(size, 20, 2, u"MB");
+  if (size > uint64_t{1} << 10) return SizeText(size, 10, 2, u"kB");
+  return SizeText(size, 0, 0, u"Byte");
 }
 
 String VxFileSizeTextDetail(uint64_t size, std::u16string_view unit, int digits) {
   const String upper = UpperCase(String(unit));
-  if (upper == u"GB") return SizeText(size, 30, digits, "GB");
-  if (upper == u"MB") return SizeText(size, 20, digits, "MB");
-  if (upper == u"KB") return SizeText(size, 10, digits, "kB");
-  return SizeText(size, 0, 0, "Byte");
+  if (upper == u"GB") return SizeText(size, 30, digits, u"GB");
+  if (upper == u"MB") return SizeText(size, 20, digits, u"MB");
+  if (upper == u"KB") return SizeText(size, 10, digits, u"kB");
+  return SizeText(size, 0, 0, u"Byte");
 }
 
 }  // namespace vx

@@ -4,6 +4,7 @@
 
 #include "objects/uVxClasses.h"
 #include "platform/Exceptions.h"
+#include "platform/Numbers.h"
 #include "platform/Text.h"
 #include "tests/support/Print.h"
 

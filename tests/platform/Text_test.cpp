@@ -68,25 +68,5 @@ TEST(Text, ReplaceAll) {
   for (const auto& c : cases) EXPECT_EQ(ReplaceAll(c.Text, c.From, c.To), c.Result);
 }
 
-TEST(Text, Numbers) {
-  EXPECT_EQ(IntToStr(0) + IntToStr(INT64_MIN), u"0-9223372036854775808");
-  struct { const char16_t* Text; bool Good; int Value; } cases[] = {
-      {u"0", true, 0},          {u"  +7", true, 7},        {u"-2147483648", true, INT_MIN},
-      {u"2147483647", true, INT_MAX}, {u"2147483648", false, 0}, {u"-2147483649", false, 0},
-      {u"$fF", true, 255}, {u"0x10", true, 16}, {u"0X1g", false, 0}, {u"$FFFFFFFF", true, -1},
-      {u"$100000000", false, 0}, {u"", false, 0}, {u" ", false, 0}, {u"+", false, 0}, {u"$", false, 0},
-      {u"1 ", false, 0}, {u"\t1", false, 0}, {u"--1", false, 0}, {u"00000000000000000000012", true, 12}};
-  for (const auto& c : cases) {
-    int value = -77;
-    EXPECT_EQ(TryStrToInt(c.Text, value), c.Good) << String(c.Text).ToUtf8();
-    EXPECT_TRUE(value == (c.Good ? c.Value : -77) && StrToIntDef(c.Text, 5) == (c.Good ? c.Value : 5)) << value;
-  }
-}
-
-TEST(Text, FormatPutsValuesInOrder) {
-  EXPECT_EQ(Format(u"%s: %d von %s", {u"Zeile", u"3", u"%s%%"}), u"Zeile: 3 von %s%%");
-  EXPECT_EQ(Format(u"100 %% %s %s %x %", {u"a"}), u"100 % a %s %x %");
-}
-
 }  // namespace
 }  // namespace vx

@@ -268,7 +268,7 @@ TEST_F(HandleFile, DecoratesNames) {
   for (const char16_t* name : {u"V:\\a.b.txt", u"V:\\a.b_1.txt", u"V:\\a.b_2.txt", u"V:\\a.b-001.txt"}) Make(name, "x");
   struct { String Decoration, Format, Result; } cases[] = {
       {u"", u"_%d", u"_3.txt"}, {u"-", u"%.3d", u"-002.txt"}, {u"_x", u"fix", u"_x.txt"}, {u"", u"%s%%", u".txt"},
-      {u" neu", u"(%%%3u|%-3d|%X)", u" neu(%  1|1  |1).txt"}, {u"", u"%", u".txt"}};
+      {u" neu", u"(%%%3u|%0:-3d|%0:X)", u" neu(%  1|1  |1).txt"}, {u"", u"%", u".txt"}, {u"", u"%d %d", u".txt"}};
   const String name = u"V:\\a.b";
   for (const auto& c : cases) EXPECT_EQ(DecorateFilename(name + u".txt", c.Decoration, c.Format), name + c.Result);
 }
