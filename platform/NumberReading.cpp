@@ -58,7 +58,7 @@ bool ReadGroups(const char16_t* First, size_t Count, uint64_t& Value) noexcept {
 }
 
 // Digits alone, at least one.
-bool ReadUnsigned(const char16_t* First, const char16_t* Last, uint64_t& Value) noexcept {
+inline bool ReadUnsigned(const char16_t* First, const char16_t* Last, uint64_t& Value) noexcept {
   const auto count = static_cast<size_t>(Last - First);
   if (kHasLanes && count > 4 && count <= 12) return ReadGroups(First, count, Value);
   uint64_t number = 0;
@@ -102,7 +102,7 @@ bool ReadInteger(std::u16string_view Text, T& Value) noexcept {
   if (Text.empty()) return false;
   if (Text.front() == u' ') Text.remove_prefix(std::min(Text.find_first_not_of(u' '), Text.size()));
   if (Text.starts_with(u'$')) return ReadHexDigits(Text.substr(1), Value);
-  if (Text.starts_with(u"0x") || Text.starts_with(u"0X")) return ReadHexDigits(Text.substr(2), Value);
+  if (Text.starts_with(u'0') && Text.size() > 1 && (Text[1] | 0x20) == u'x') return ReadHexDigits(Text.substr(2), Value);
   return ReadDigits(Text.data(), Text.data() + Text.size(), Value);
 }
 
