@@ -78,4 +78,10 @@ if [ -x "$programs/readme_example" ]; then
   "$vxtab" dump "$dir/changed.txt" | grep -q '"Königswinter"' || die "the example changed nothing"
 fi
 
+if [ -x "$programs/hours_account" ]; then
+  say "Hours and money: the overtime of each nurse at 18,50 an hour"
+  "$programs/hours_account" "$data/stunden.tab" 18,50 | tee "$dir/accounts"
+  [ "$(grep -c ' h  .* €$' "$dir/accounts")" -ge 4 ] || die "the accounts are not there"
+fi
+
 say "All comparisons agree"

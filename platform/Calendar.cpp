@@ -70,7 +70,9 @@ bool TryEncodeDate(int Year, int Month, int Day, TDateTime& Date) noexcept {
   const int isLastYear = Month <= 2 ? 1 : 0;
   const int year = Year - isLastYear;
   const int month = Month + 12 * isLastYear - 3;
-  Date = year * 365 + year / 4 - year / 100 + year / 400 + (153 * month + 2) / 5 + Day - kDaysBeforeYear1 - DateDelta;
+  const int leapDays = year / 4 - year / 100 + year / 400;
+  const int days = year * 365 + leapDays + (153 * month + 2) / 5 + Day;
+  Date = days - kDaysBeforeYear1 - DateDelta;
   return true;
 }
 

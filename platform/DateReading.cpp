@@ -4,16 +4,11 @@
 #include "platform/Clock.h"
 #include "platform/DateText.h"
 #include "platform/Exceptions.h"
+#include "platform/Text.h"
 
 namespace vx {
 
 namespace {
-
-bool IsDigit(char16_t Unit) noexcept { return Unit >= u'0' && Unit <= u'9'; }
-
-char16_t Lower(char16_t Unit) noexcept {
-  return Unit >= u'A' && Unit <= u'Z' ? static_cast<char16_t>(Unit + 32) : Unit;
-}
 
 // A text that is read from the front.
 class TReader {
@@ -53,9 +48,7 @@ class TReader {
   // Word in any case, blanks before it skipped; never an empty one.
   bool Word(std::u16string_view Word) noexcept {
     SkipBlanks();
-    auto isSame = [](char16_t a, char16_t b) { return Lower(a) == Lower(b); };
-    if (Word.empty() || FText.size() < Word.size()) return false;
-    if (!std::equal(Word.begin(), Word.end(), FText.begin(), isSame)) return false;
+    if (Word.empty() || !SameAscii(FText.substr(0, Word.size()), Word)) return false;
     FText.remove_prefix(Word.size());
     return true;
   }
@@ -126,8 +119,9 @@ bool ReadDate(TReader& Reader, TDateTime& Value, const TFormatSettings& Settings
 bool IsPlainDate(std::u16string_view Text, const TFormatSettings& Settings) noexcept {
   if (Text.size() != 10 || Text[2] != Settings.DateSeparator || Text[5] != Settings.DateSeparator) return false;
   // Without a branch for each digit.
-  const bool hasDigits = IsDigit(Text[0]) & IsDigit(Text[1]) & IsDigit(Text[3]) & IsDigit(Text[4]) & IsDigit(Text[6]) &
-                         IsDigit(Text[7]) & IsDigit(Text[8]) & IsDigit(Text[9]);
+  auto isDigit = [Text](size_t At) { return IsDigit(Text[At]) ? 1u : 0u; };
+  const bool hasDigits =
+      (isDigit(0) & isDigit(1) & isDigit(3) & isDigit(4) & isDigit(6) & isDigit(7) & isDigit(8) & isDigit(9)) != 0;
   return hasDigits && OrderOf(Settings.ShortDateFormat) == doDMY;
 }
 

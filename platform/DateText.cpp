@@ -4,6 +4,7 @@
 
 #include "platform/Calendar.h"
 #include "platform/Masks.h"
+#include "platform/Text.h"
 #include "platform/TextBuffer.h"
 
 namespace vx {
@@ -13,16 +14,11 @@ namespace {
 // Forms of the settings may name each other only so deep.
 constexpr int kMaxDepth = 2;
 
-char16_t Lower(char16_t Unit) noexcept {
-  return Unit >= u'A' && Unit <= u'Z' ? static_cast<char16_t>(Unit + 32) : Unit;
-}
-
 bool IsLetter(char16_t Lowered) noexcept { return Lowered >= u'a' && Lowered <= u'z'; }
 
-// Text begins with Word, of lower-case letters, in any case.
+// Text begins with Word in any case.
 bool StartsWith(std::u16string_view Text, std::u16string_view Word) noexcept {
-  return Text.size() >= Word.size() &&
-         std::equal(Word.begin(), Word.end(), Text.begin(), [](char16_t a, char16_t b) { return a == Lower(b); });
+  return SameAscii(Text.substr(0, Word.size()), Word);
 }
 
 // The length of the sign for the half of the day that Text begins with, 0 if there is none.
@@ -36,7 +32,7 @@ size_t HalfDayLength(std::u16string_view Text) noexcept {
 // Whether the sign for the half of the day follows before the next hour.
 bool IsHalfDayAhead(std::u16string_view Mask, size_t At) noexcept {
   while (At < Mask.size()) {
-    const char16_t unit = Lower(Mask[At]);
+    const char16_t unit = LowerAscii(Mask[At]);
     if (IsQuote(unit)) {
       At = BehindLiteral(Mask, At);
       continue;
@@ -62,7 +58,7 @@ class TDateWriter {
     ++FDepth;
     char16_t lastLetter = 0;
     for (size_t at = 0; at < Mask.size();) {
-      const char16_t letter = Lower(Mask[at]);
+      const char16_t letter = LowerAscii(Mask[at]);
       if (IsQuote(letter)) {
         at = AddLiteral(FBuffer, Mask, at);
       } else if (IsLetter(letter)) {
@@ -87,7 +83,7 @@ class TDateWriter {
   size_t WriteField(std::u16string_view Mask, size_t At, char16_t Kind) {
     if (Kind == u'a') return WriteHalfDay(Mask, At);
     size_t end = At;
-    while (end < Mask.size() && Lower(Mask[end]) == Lower(Mask[At])) ++end;
+    while (end < Mask.size() && LowerAscii(Mask[end]) == LowerAscii(Mask[At])) ++end;
     const int count = static_cast<int>(std::min<size_t>(end - At, 9));
     switch (Kind) {
       case u'y':

@@ -4,6 +4,7 @@
 #include <array>
 
 #include "platform/Exceptions.h"
+#include "platform/Text.h"
 
 namespace vx {
 
@@ -80,29 +81,11 @@ std::array<TColor, SystemColorCount>& Desktop() noexcept {
   return colors;
 }
 
-constexpr char16_t ToLower(char16_t Unit) noexcept {
-  return Unit >= u'A' && Unit <= u'Z' ? static_cast<char16_t>(Unit + 32) : Unit;
-}
-
-bool SameName(std::u16string_view A, std::u16string_view B) noexcept {
-  if (A.size() != B.size()) return false;
-  for (size_t i = 0; i < A.size(); ++i) {
-    if (ToLower(A[i]) != ToLower(B[i])) return false;
-  }
-  return true;
-}
-
-int DigitValue(char16_t Unit) noexcept {
-  if (Unit >= u'0' && Unit <= u'9') return Unit - u'0';
-  char16_t lower = ToLower(Unit);
-  return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10 : 99;
-}
-
 bool ReadDigits(std::u16string_view Digits, unsigned Base, uint64_t Limit, uint64_t& Value) noexcept {
   if (Digits.empty()) return false;
   uint64_t value = 0;
   for (char16_t unit : Digits) {
-    auto digit = static_cast<unsigned>(DigitValue(unit));
+    const unsigned digit = DigitValue(unit);
     if (digit >= Base) return false;
     value = value * Base + digit;
     if (value > Limit) return false;
@@ -134,7 +117,7 @@ bool ColorToIdent(TColor Color, String& Ident) {
 
 bool IdentToColor(std::u16string_view Ident, TColor& Color) noexcept {
   for (const TNamedColor& named : kNamedColors) {
-    if (!SameName(named.Name, Ident)) continue;
+    if (!SameAscii(named.Name, Ident)) continue;
     Color = named.Color;
     return true;
   }

@@ -9,18 +9,11 @@
 
 #include "platform/Exceptions.h"
 #include "platform/Numbers.h"
+#include "platform/Text.h"
 
 namespace vx {
 
 namespace {
-
-bool IsDigit(char16_t Unit) noexcept { return Unit >= u'0' && Unit <= u'9'; }
-
-unsigned DigitValue(char16_t Unit) noexcept {
-  if (IsDigit(Unit)) return Unit - u'0';
-  const char16_t lower = Unit | 0x20;
-  return lower >= u'a' && lower <= u'f' ? lower - u'a' + 10u : 99u;
-}
 
 // Four digits at once. Lanes are the units of a 64-bit word, the first one lowest.
 using TFourDigits = uint64_t;
@@ -102,7 +95,8 @@ bool ReadInteger(std::u16string_view Text, T& Value) noexcept {
   if (Text.empty()) return false;
   if (Text.front() == u' ') Text.remove_prefix(std::min(Text.find_first_not_of(u' '), Text.size()));
   if (Text.starts_with(u'$')) return ReadHexDigits(Text.substr(1), Value);
-  if (Text.starts_with(u'0') && Text.size() > 1 && (Text[1] | 0x20) == u'x') return ReadHexDigits(Text.substr(2), Value);
+  if (Text.starts_with(u'0') && Text.size() > 1 && (Text[1] | 0x20) == u'x')
+    return ReadHexDigits(Text.substr(2), Value);
   return ReadDigits(Text.data(), Text.data() + Text.size(), Value);
 }
 
@@ -220,7 +214,7 @@ bool ConvertSlowly(const TScanned& Number, char16_t Separator, Extended& Value) 
 // Mantissa * 10^Exponent units, midpoints to the even one.
 bool UnitsOf(const TScanned& Number, uint64_t& Units) noexcept {
   const int64_t exponent = Number.Exponent + 4;
-  if (Number.Mantissa == 0) {
+  if (Number.Mantissa == 0 || exponent < -kMantissaDigits) {
     Units = 0;
   } else if (exponent >= 0) {
     Units = Number.Mantissa;
@@ -231,8 +225,6 @@ bool UnitsOf(const TScanned& Number, uint64_t& Units) noexcept {
       if (Units > UINT64_MAX / 10) return false;
       Units *= 10;
     }
-  } else if (exponent < -kMantissaDigits) {
-    Units = 0;
   } else {
     uint64_t power = 1;
     for (int64_t i = exponent; i < 0; ++i) power *= 10;

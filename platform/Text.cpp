@@ -110,6 +110,11 @@ char16_t LowerCase(char16_t Unit) noexcept { return CaseMap::Lower(Unit); }
 String UpperCase(const String& Text) { return MapCase(CaseMap::kUpper, Text); }
 String LowerCase(const String& Text) { return MapCase(CaseMap::kLower, Text); }
 
+bool SameAscii(std::u16string_view A, std::u16string_view B) noexcept {
+  return std::equal(A.begin(), A.end(), B.begin(), B.end(),
+                    [](char16_t a, char16_t b) { return LowerAscii(a) == LowerAscii(b); });
+}
+
 String Copy(const String& Text, int Index, int Count) { return Text.Slice(std::max(Index, 1) - 1, std::max(Count, 0)); }
 
 int Pos(std::u16string_view Part, std::u16string_view Text, int From) noexcept {

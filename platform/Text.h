@@ -2,6 +2,7 @@
 //
 //   Trim, TrimLeft, TrimRight   without code units up to 32 at the ends
 //   UpperCase, LowerCase        Latin, Greek and Cyrillic letters, one unit to one
+//   IsDigit, LowerAscii, SameAscii, DigitValue    the characters of keywords and numbers
 //   Copy, Pos                   part of a text, place of a text
 //   ReplaceAll                  every occurrence replaced
 //
@@ -32,6 +33,20 @@ char16_t UpperCase(char16_t Unit) noexcept;
 char16_t LowerCase(char16_t Unit) noexcept;
 String UpperCase(const String& Text);
 String LowerCase(const String& Text);
+
+// The digits 0 to 9 and the letters A to Z alone, whatever else a language has.
+constexpr bool IsDigit(char16_t Unit) noexcept { return Unit >= u'0' && Unit <= u'9'; }
+constexpr char16_t LowerAscii(char16_t Unit) noexcept {
+  return Unit >= u'A' && Unit <= u'Z' ? static_cast<char16_t>(Unit + 32) : Unit;
+}
+// The value of a digit up to F in any case; 99 for what is none.
+constexpr unsigned DigitValue(char16_t Unit) noexcept {
+  if (IsDigit(Unit)) return Unit - unsigned{u'0'};
+  const char16_t lower = LowerAscii(Unit);
+  return lower >= u'a' && lower <= u'f' ? lower - unsigned{u'a'} + 10 : 99;
+}
+// A and B differ at most in the case of the letters A to Z.
+bool SameAscii(std::u16string_view A, std::u16string_view B) noexcept;
 
 // Count code units from position Index, both held to the text; an Index below 1 counts as 1.
 String Copy(const String& Text, int Index, int Count);

@@ -14,8 +14,6 @@ namespace {
 constexpr size_t kDateLength = 10;  // dd.mm.yyyy
 constexpr size_t kShortLength = 8;  // dd.mm.yy, yyyymmdd
 
-constexpr bool IsDigit(char16_t Unit) noexcept { return Unit >= u'0' && Unit <= u'9'; }
-
 constexpr bool HasPoints(std::u16string_view Text) noexcept { return Text[2] == u'.' && Text[5] == u'.'; }
 
 TDateTime DateOr(std::u16string_view Text, TDateTime Default) noexcept {
@@ -81,7 +79,8 @@ bool IsTimeText(std::u16string_view Text) noexcept {
 TDateTime TimeOr(const TTimeFields& Fields, TDateTime Default) noexcept {
   TDateTime time;
   if (!TryEncodeTime(Fields.Hour % 24, Fields.Minute, Fields.Second, Fields.MSec, time)) return Default;
-  return Fields.Hour / 24 + time;
+  const int days = Fields.Hour / 24;
+  return days + time;
 }
 
 }  // namespace
@@ -143,7 +142,8 @@ TDateTime StrToHourDef(std::u16string_view Text, TDateTime Default) noexcept {
   if (negative) return static_cast<TDateTime>(-static_cast<int64_t>(hour));
   TTimeFields fields{.Hour = hour % 24};
   TDateTime time = fields.Hour >= 0 && ReadField(minutes, fields.Minute) ? TimeOr(fields, 0) : 0;
-  return hour / 24 + time;
+  const int days = hour / 24;
+  return days + time;
 }
 
 }  // namespace vx

@@ -42,11 +42,6 @@ Set<E> ReadLetters(const TLetter<E> (&Letters)[Count], std::u16string_view Text)
   return result;
 }
 
-bool SameWord(std::u16string_view A, std::u16string_view B) noexcept {
-  return std::equal(A.begin(), A.end(), B.begin(), B.end(),
-                    [](char16_t a, char16_t b) { return LowerCase(a) == LowerCase(b); });
-}
-
 }  // namespace
 
 String AlignSetToString(TAlignSet Aligns) { return WriteLetters(kAlignLetters, Aligns); }
@@ -63,10 +58,10 @@ TAlign StrToAlign(std::u16string_view Text, TAlign Default) noexcept {
 String AlignToString(TAlign Align) { return Concat({u"al", kAlignNames[Align < alCustom ? Align : alNone]}); }
 
 TAlign StringToAlign(std::u16string_view Text) noexcept {
-  const bool hasPrefix = Text.size() > 2 && SameWord(Text.substr(0, 2), u"al");
+  const bool hasPrefix = Text.size() > 2 && SameAscii(Text.substr(0, 2), u"al");
   for (TAlign align : {alTop, alBottom, alLeft, alRight, alClient}) {
-    if (SameWord(hasPrefix ? Text.substr(2) : Text, kAlignNames[align])) return align;
-    if (SameWord(Text, kGermanNames[align])) return align;
+    if (SameAscii(hasPrefix ? Text.substr(2) : Text, kAlignNames[align])) return align;
+    if (SameAscii(Text, kGermanNames[align])) return align;
   }
   return alNone;
 }

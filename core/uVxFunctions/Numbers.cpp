@@ -11,8 +11,6 @@
 namespace vx {
 namespace {
 
-constexpr bool IsDigit(char16_t Unit) noexcept { return Unit >= u'0' && Unit <= u'9'; }
-
 // The number that all digits of Text make; false if there is none or it does not fit.
 template <typename T>
 bool ReadDigits(std::u16string_view Text, T& Value) noexcept {

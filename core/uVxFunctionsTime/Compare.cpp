@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "core/uVxFunctions/Rounding.h"
 #include "core/uVxFunctionsTime/Encoding.h"
 #include "core/uVxFunctionsTime/Parts.h"
 #include "platform/Rounding.h"
@@ -13,8 +14,6 @@ using namespace timeparts;
 namespace {
 
 TDateTime NearestDay(TDateTime DateTime) noexcept { return static_cast<TDateTime>(SimpleRoundTo(DateTime, 0)); }
-
-int SignOf(std::strong_ordering Order) noexcept { return Order < 0 ? -1 : Order > 0 ? 1 : 0; }
 
 TTime ComparedTime(TDateTime DateTime, bool Is24, bool IsFull) noexcept {
   TTime result = TimeOf(DateTime);
@@ -54,11 +53,11 @@ int CompareDateTime(TDateTime A, TDateTime B, TDateTimeType Type) noexcept {
   const double window = Type == dttDate ? ThresholdDate : isFull ? ThresholdTimeFull : ThresholdTime;
   if (std::fabs(A - B) > window) return A > B ? 1 : -1;
   if (Type == dttDate || Type == dttDateTime || Type == dttDateTimeFull) {
-    const int order = SignOf(DateOf(A) <=> DateOf(B));
+    const int order = CompareInteger(DateOf(A).Number(), DateOf(B).Number());
     if (order != 0 || Type == dttDate) return order;
   }
   const bool is24 = Type == dttTime24 || Type == dttTime24Full;
-  return SignOf(ComparedTime(A, is24, isFull) <=> ComparedTime(B, is24, isFull));
+  return CompareInteger(ComparedTime(A, is24, isFull).Number(), ComparedTime(B, is24, isFull).Number());
 }
 
 }  // namespace vx

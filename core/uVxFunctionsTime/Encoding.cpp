@@ -34,20 +34,14 @@ TDateTime VxEncodeTime(int Hour, int Minute, int Second, int MSec) noexcept {
   return result;
 }
 
-int VxDateToInt(TDateTime DateTime) noexcept {
-  const TDate date = DateOf(DateTime);
-  return date.Year * 10000 + date.Month * 100 + date.Day;
-}
+int VxDateToInt(TDateTime DateTime) noexcept { return DateOf(DateTime).Number(); }
 
 int VxMonthToInt(TDateTime DateTime) noexcept {
   const TDate date = DateOf(DateTime);
   return date.Year * 100 + date.Month;
 }
 
-int VxTimeToInt(TDateTime DateTime) noexcept {
-  const TTime time = TimeOf(DateTime);
-  return time.Hour * 10000000 + time.Minute * 100000 + time.Second * 1000 + time.MSec;
-}
+int VxTimeToInt(TDateTime DateTime) noexcept { return TimeOf(DateTime).Number(); }
 
 bool VxIntToDate(int Value, TDateTime& DateTime) noexcept {
   return VxEncodeDate(Value / 10000, Value / 100 % 100, Value % 100, DateTime);

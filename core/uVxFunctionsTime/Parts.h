@@ -3,22 +3,24 @@
 #pragma once
 
 #include <cmath>
-#include <compare>
 #include <cstdint>
 
 #include "platform/Calendar.h"
 #include "platform/Numbers.h"
+#include "platform/Text.h"
 
 namespace vx::timeparts {
 
-// All 0 outside the years 1 to 9999. Their order is that of time.
+// All 0 outside the years 1 to 9999. The numbers have the order of time.
 struct TDate {
   int Year = 0, Month = 0, Day = 0;
-  friend auto operator<=>(const TDate&, const TDate&) = default;
+  int Number() const noexcept { return Year * 10000 + Month * 100 + Day; }
+  friend bool operator==(const TDate&, const TDate&) = default;
 };
 struct TTime {
   int Hour = 0, Minute = 0, Second = 0, MSec = 0;
-  friend auto operator<=>(const TTime&, const TTime&) = default;
+  int Number() const noexcept { return Hour * 10000000 + Minute * 100000 + Second * 1000 + MSec; }
+  friend bool operator==(const TTime&, const TTime&) = default;
 };
 
 inline TDate DateOf(TDateTime Value) noexcept {
@@ -56,8 +58,6 @@ inline char16_t* PutTwoDigits(char16_t* End, int Value) noexcept {
   *--End = static_cast<char16_t>(u'0' + Value / 10);
   return End;
 }
-
-inline bool IsDigit(char16_t Unit) noexcept { return Unit >= u'0' && Unit <= u'9'; }
 
 // Reads the numbers between separators one after another.
 class TFieldReader {

@@ -140,7 +140,7 @@ bool VxStrToHour(std::u16string_view Text, TDateTime& Hour) noexcept {
   const int minute = fields.Next();
   const int second = fields.Next();
   if (!VxEncodeTime(hours % 24, minute, second, fields.Next(), Hour)) return false;
-  if (hours >= 24) Hour += hours / 24;
+  if (const int days = hours / 24; days > 0) Hour += days;
   if (isNegative) Hour = 0 - Hour;
   return fields.Finish();
 }

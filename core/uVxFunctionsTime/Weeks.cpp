@@ -19,7 +19,8 @@ TDateTime FirstMonday(int Year) noexcept {
 
 void PutWeek(TStrings& Strings, int Index, int Code) {
   const String text = IntToStr(Code % 100);
-  TObject* code = reinterpret_cast<TObject*>(static_cast<intptr_t>(Code));
+  // Never looked at as an object.
+  TObject* code = reinterpret_cast<TObject*>(intptr_t{Code});  // NOLINT(performance-no-int-to-ptr)
   if (Index < Strings.GetCount()) {
     Strings.Put(Index, text);
     Strings.PutObject(Index, code);
