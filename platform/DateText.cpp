@@ -189,8 +189,17 @@ String FormatDateTime(std::u16string_view Mask, TDateTime DateTime) {
   return FormatDateTime(Mask, DateTime, GetFormatSettings());
 }
 
-String DateToStr(TDateTime DateTime) { return FormatDateTime(u"ddddd", DateTime); }
-String TimeToStr(TDateTime DateTime) { return FormatDateTime(u"tt", DateTime); }
-String DateTimeToStr(TDateTime DateTime) { return FormatDateTime(u"c", DateTime); }
+String DateToStr(TDateTime DateTime, const TFormatSettings& Settings) {
+  return FormatDateTime(u"ddddd", DateTime, Settings);
+}
+String TimeToStr(TDateTime DateTime, const TFormatSettings& Settings) {
+  return FormatDateTime(u"tt", DateTime, Settings);
+}
+String DateTimeToStr(TDateTime DateTime, const TFormatSettings& Settings) {
+  return FormatDateTime(u"c", DateTime, Settings);
+}
+String DateToStr(TDateTime DateTime) { return DateToStr(DateTime, GetFormatSettings()); }
+String TimeToStr(TDateTime DateTime) { return TimeToStr(DateTime, GetFormatSettings()); }
+String DateTimeToStr(TDateTime DateTime) { return DateTimeToStr(DateTime, GetFormatSettings()); }
 
 }  // namespace vx

@@ -40,8 +40,11 @@ String FormatDateTime(std::u16string_view Mask, TDateTime DateTime);
 String FormatDateTime(std::u16string_view Mask, TDateTime DateTime, const TFormatSettings& Settings);
 // u"11.02.2015"; u"06:30:00"; u"11.02.2015 06:30:00", only the date at midnight.
 String DateToStr(TDateTime DateTime);
+String DateToStr(TDateTime DateTime, const TFormatSettings& Settings);
 String TimeToStr(TDateTime DateTime);
+String TimeToStr(TDateTime DateTime, const TFormatSettings& Settings);
 String DateTimeToStr(TDateTime DateTime);
+String DateTimeToStr(TDateTime DateTime, const TFormatSettings& Settings);
 
 // Day, month and year in the order of the short form of a date, with the separator between them;
 // one more separator may follow the year. Without a year, u"11.2", the present one. Blanks may stand

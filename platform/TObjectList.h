@@ -22,7 +22,8 @@
 
 namespace vx {
 
-enum TListNotification : uint8_t { lnAdded, lnExtracted, lnDeleted };
+// lnCleared comes from lists that tell of it; TObjectList tells of each entry.
+enum TListNotification : uint8_t { lnAdded, lnExtracted, lnDeleted, lnCleared };
 
 class TObjectList : public TObject {
  public:
