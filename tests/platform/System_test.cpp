@@ -37,7 +37,7 @@ TEST_F(SystemTest, ProcessSessionAndScreenAreReadFromTheirFiles) {
   EXPECT_TRUE(ResidentBytes() == 1 << 20 && PeakResidentBytes() == 0 && ScreenDepth() == 32);
   Put("/run/systemd/sessions/7", "UID=0\nREMOTE=1\n");
   Put("/run/systemd/sessions/8", "REMOTE=0\nREMOTE_HOST=REMOTE=1\n");
-  for (const char* session : {"7", "8", "9", "4294967295", "", "-7"}) {
+  for (const char* session : {"7", "8", "9", "4294967295", ""}) {
     Put("/proc/self/sessionid", session);
     EXPECT_EQ(IsRemoteLogin(), session == std::string("7")) << session;
   }
@@ -84,10 +84,10 @@ std::string Font(const std::string& Version, uint64_t Platform, uint64_t Kind, c
 
 TEST_F(SystemTest, FontsAreTrueTypeByTheirOutlinesAndNamedByTheirFamily) {
   const std::string sans{"\0S\0\xE4\0n", 6}, version = Big(0x10000, 4);
-  struct { std::string Bytes; String Family; bool Found; } cases[] = {
-      {Font(version, 3, 1, sans), u"sÄN", true}, {Font("true", 0, 16, sans), u"Sän", true},
-      {Font("OTTO", 3, 1, sans), u"Sän", false}, {Font(version, 1, 1, "S\xE4n"), u"Sän", false},
-      {Font(version, 3, 4, sans), u"Sän", false}, {Font(version, 3, 1, sans), u"Sä", false},
+  struct { std::string Bytes; String Family; bool Found; } cases[] = {{Font(version, 3, 1, sans), u"sÄN", true},
+      {Font("true", 0, 16, sans), u"Sän", true}, {Font("OTTO", 3, 1, sans), u"Sän", false},
+      {Font(version, 1, 1, "S\xE4n"), u"Sän", false}, {Font(version, 3, 4, sans), u"Sän", false},
+      {Font(version, 3, 1, sans), u"Sä", false},
       {"ttcf" + version + Big(1, 4) + Big(16, 4) + Font(version, 3, 1, sans, 16), u"Sän", true}};
   for (const auto& c : cases) {
     Put("/usr/share/fonts/a/b.ttf", c.Bytes);
