@@ -1,8 +1,15 @@
 #include "core/uConst.h"
 
-namespace vx::uConst {
+namespace vx {
+
+// The lists of domain values are not filled yet, so that every key is unknown.
+String getSubTypeText(std::u16string_view, int) { return {}; }
+
+namespace uConst {
 
 // The look-up of type names goes over FIELDTYPESTRINGS itself, so it keeps nothing.
 void FreeBuffersForLeakPrevention() noexcept {}
 
-}  // namespace vx::uConst
+}  // namespace uConst
+
+}  // namespace vx

@@ -2,6 +2,7 @@
 //
 //   TVxFieldType                            the 19 types of a cell
 //   FIELDTYPESTRINGS                        their names, which are their serial form, too
+//   getSubTypeText                          the texts of the named lists of domain values
 //   uConst::FreeBuffersForLeakPrevention    frees what the unit keeps
 //
 // Example:
@@ -15,6 +16,8 @@
 #include <array>
 #include <cstdint>
 #include <string_view>
+
+#include "platform/String.h"
 
 namespace vx {
 
@@ -45,6 +48,9 @@ inline constexpr std::array<std::u16string_view, 19> FIELDTYPESTRINGS = {
     u"vftUnknown",  u"vftShortString", u"vftString",   u"vftBoolean", u"vftInteger", u"vftFloat", u"vftDate",
     u"vftTime",     u"vftCommatext",   u"vftDateTime", u"vftStatus",  u"vftImage",   u"vftHour",  u"vftCurrency",
     u"vftFraction", u"vftTinyHTML",    u"vftToggle",   u"vftGrafic",  u"vftButton"};
+
+// The text at Index, counted from 0, of the list of domain values Key; empty if Key or Index is unknown.
+String getSubTypeText(std::u16string_view Key, int Index);
 
 namespace uConst {
 

@@ -2,6 +2,7 @@
 
 #include <typeinfo>
 
+#include "objects/uVxClasses/TVxString.h"
 #include "platform/Collation.h"
 #include "platform/Exceptions.h"
 
@@ -85,5 +86,24 @@ void TVxStringList::TakeCells(TEntries& Cells) {
     Cells.Clear();
   }
 }
+
+int TVxStringList::AddBool(bool Value) { return Add(TVxString::ToString(Value)); }
+int TVxStringList::AddBoolExt(TBoolExt Value) { return Add(TVxString::ToString(Value)); }
+int TVxStringList::AddCurr(Currency Value) { return Add(TVxString::ToString(Value)); }
+int TVxStringList::AddDate(TDateTime Value) { return Add(TVxString::DateToString(Value)); }
+int TVxStringList::AddDateTime(TDateTime Value) { return Add(TVxString::DateTimeToString(Value)); }
+int TVxStringList::AddExt(Extended Value) { return Add(TVxString::ToString(Value)); }
+int TVxStringList::AddInt(int Value) { return Add(TVxString::ToString(Value)); }
+int TVxStringList::AddTime(TDateTime Value) { return Add(TVxString::TimeToString(Value)); }
+int TVxStringList::AddTimeFull(TDateTime Value) { return Add(TVxString::TimeFullToString(Value)); }
+
+bool TVxStringList::AsBool(int Index) const { return TVxString::ToBool(Get(Index), false); }
+TBoolExt TVxStringList::AsBoolExt(int Index) const { return TVxString::ToBoolExt(Get(Index)); }
+Currency TVxStringList::AsCurr(int Index) const { return TVxString::ToCurr(Get(Index), 0); }
+TDateTime TVxStringList::AsDate(int Index) const { return TVxString::ToDate(Get(Index), 0); }
+TDateTime TVxStringList::AsDateTime(int Index) const { return TVxString::ToDateTime(Get(Index), 0); }
+Extended TVxStringList::AsExt(int Index) const { return TVxString::ToExt(Get(Index), 0); }
+int TVxStringList::AsInt(int Index) const { return TVxString::ToInt(Get(Index), 0); }
+TDateTime TVxStringList::AsTime(int Index) const { return TVxString::ToTime(Get(Index), 0); }
 
 }  // namespace vx

@@ -1,7 +1,9 @@
 // The list of texts that every table row is.
 #pragma once
 
+#include "core/uVxTypes.h"
 #include "objects/uVxClasses/TTextList.h"
+#include "platform/Currency.h"
 
 namespace vx {
 
@@ -50,6 +52,27 @@ class TVxStringList : public TTextList {
   // Replaces the items by Cells, which are moved from: for readers of table files.
   void TakeCells(std::span<String> Cells);
   void TakeCells(TEntries& Cells);
+
+  // Each hands the text that TVxString writes to Add and returns its index.
+  int AddBool(bool Value);
+  int AddBoolExt(TBoolExt Value);
+  int AddCurr(Currency Value);
+  int AddDate(TDateTime Value);
+  int AddDateTime(TDateTime Value);
+  int AddExt(Extended Value);
+  int AddInt(int Value);
+  int AddTime(TDateTime Value);
+  int AddTimeFull(TDateTime Value);
+  // Each reads the item as it stands by TVxString; one that is no such value is 0 or false.
+  bool AsBool(int Index) const;
+  TBoolExt AsBoolExt(int Index) const;
+  Currency AsCurr(int Index) const;
+  TDateTime AsDate(int Index) const;
+  TDateTime AsDateTime(int Index) const;
+  Extended AsExt(int Index) const;
+  int AsInt(int Index) const;
+  // The time of TimeFull, too.
+  TDateTime AsTime(int Index) const;
 
  protected:
   int CompareStrings(std::u16string_view A, std::u16string_view B) const override;

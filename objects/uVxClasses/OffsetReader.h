@@ -1,0 +1,57 @@
+// Reads the cells of an offsettext one by one, without copying them. Internal to readers of nested forms.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+
+#include "platform/Text.h"
+
+namespace vx {
+
+// Gives what ReadOffsettext gives.
+class TOffsetReader {
+ public:
+  explicit TOffsetReader(std::u16string_view Text) noexcept : FText(Text) {}
+
+  // False at the end; Cell is a part of the text. The look at a cell takes a time that does not depend on
+  // its length.
+  bool Next(std::u16string_view& Cell) noexcept {
+    size_t start = FPos;
+    while (FPos < FText.size() && FText[FPos] != kDegree && FText[FPos] != 0 && FPos - start <= kLongestPrefix) ++FPos;
+    if (FPos - start > kLongestPrefix || FPos == FText.size() || FText[FPos] != kDegree) return TakeWhole(Cell);
+    if (FPos > start || !FHasCell) {
+      FLength = 0;
+      for (size_t i = start; i < FPos; ++i) FLength = FLength << 4 | HexValue(FText[i]);
+    }
+    FHasCell = true;
+    ++FPos;
+    Cell = FText.substr(FPos, static_cast<size_t>(std::min<uint64_t>(FLength, FText.size() - FPos)));
+    FPos += Cell.size();
+    return true;
+  }
+
+ private:
+  static constexpr size_t kLongestPrefix = 10;
+  static constexpr char16_t kDegree = u'\u00B0';
+
+  // Any unit that is no digit adds nothing but counts as a place.
+  static uint64_t HexValue(char16_t Unit) noexcept {
+    unsigned value = DigitValue(Unit);
+    return value < 16 ? value : 0;
+  }
+  // A text without any cell that does not end at once is one cell itself.
+  bool TakeWhole(std::u16string_view& Cell) noexcept {
+    bool isWhole = !FHasCell && FPos > 0;
+    Cell = FText;
+    FText = {};
+    FPos = 0;
+    return isWhole;
+  }
+
+  std::u16string_view FText;
+  size_t FPos = 0;
+  uint64_t FLength = 0;
+  bool FHasCell = false;
+};
+
+}  // namespace vx

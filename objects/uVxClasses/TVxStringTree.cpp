@@ -1,0 +1,280 @@
+#include "objects/uVxClasses/TVxStringTree.h"
+
+#include <algorithm>
+
+#include "core/uVxFunctionsSerialize/Explode.h"
+#include "objects/uVxClasses/OffsetReader.h"
+#include "platform/Exceptions.h"
+#include "platform/Text.h"
+
+namespace vx {
+
+namespace {
+
+constexpr size_t kNoSize = SIZE_MAX;
+
+size_t HexDigits(size_t Value) {
+  size_t digits = 1;
+  while (Value >>= 4) ++digits;
+  return digits;
+}
+
+// What a cell of Size units takes in an offsettext behind one of Last units.
+size_t CellSize(size_t Size, size_t Last) { return (Size == Last ? 0 : HexDigits(Size)) + 1 + Size; }
+
+String NameText(const String& Name) { return WriteLighttext({&Name, 1}); }
+
+String FirstName(std::u16string_view Lighttext) {
+  TCells names = ReadLighttext(Lighttext);
+  return names.empty() ? String() : names[0];
+}
+
+// The names of a tree with their depths, in the order of a walk.
+struct TNames {
+  struct TName {
+    size_t Depth;
+    String Name;
+  };
+  void Enter(const String& Name) { Names.push_back({Depth++, Name}); }
+  void Leaf(const String& Name) { Names.push_back({Depth, Name}); }
+  void Leave() { --Depth; }
+
+  std::vector<TName> Names;
+  size_t Depth = 0;
+};
+
+// The sizes of the texts of all nodes, in the order in which a walk enters them, the tree first.
+struct TSizes {
+  struct TOpen {
+    size_t Slot, Size, Last;
+  };
+  TSizes() { Open(0); }
+  void Open(size_t NameSize) {
+    Nodes.push_back({Sizes.size(), 0, kNoSize});
+    Sizes.push_back(0);
+    Add(NameSize);
+  }
+  void Add(size_t Size) {
+    Nodes.back().Size += CellSize(Size, Nodes.back().Last);
+    Nodes.back().Last = Size;
+  }
+  size_t Close() {
+    size_t size = Sizes[Nodes.back().Slot] = Nodes.back().Size;
+    Nodes.pop_back();
+    return size;
+  }
+  void Enter(const String& Name) { Open(static_cast<size_t>(NameText(Name).size())); }
+  void Leaf(const String& Name) { Add(CellSize(static_cast<size_t>(NameText(Name).size()), kNoSize)); }
+  void Leave() { Add(Close()); }
+
+  std::vector<size_t> Sizes;
+  std::vector<TOpen> Nodes;
+};
+
+// Writes the texts of those sizes.
+struct TWriter {
+  TWriter(const size_t* Sizes, char16_t* To) : NextSize(Sizes), Target(To) { Open({}); }
+  void Put(size_t Size, size_t& Before) {
+    if (Size != Before) {
+      for (size_t digit = HexDigits(Size); digit-- > 0;) *Target++ = u"0123456789ABCDEF"[Size >> 4 * digit & 15];
+    }
+    *Target++ = u'\u00B0';
+    Before = Size;
+  }
+  void PutName(const String& NameCell, size_t& Before) {
+    Put(static_cast<size_t>(NameCell.size()), Before);
+    Target = std::copy(NameCell.begin(), NameCell.end(), Target);
+  }
+  void Open(const String& NameCell) {
+    if (!Last.empty()) Put(*NextSize, Last.back());
+    ++NextSize;
+    Last.push_back(kNoSize);
+    PutName(NameCell, Last.back());
+  }
+  void Enter(const String& Name) { Open(NameText(Name)); }
+  void Leaf(const String& Name) {
+    String cell = NameText(Name);
+    Put(CellSize(static_cast<size_t>(cell.size()), kNoSize), Last.back());
+    size_t none = kNoSize;
+    PutName(cell, none);
+  }
+  void Leave() { Last.pop_back(); }
+
+  const size_t* NextSize;
+  char16_t* Target;
+  std::vector<size_t> Last;  // of each open node the size of its last cell
+};
+
+}  // namespace
+
+// Nodes below go one after the other, not each inside its parent's destructor.
+TVxStringTree::~TVxStringTree() {
+  TVxStringTree* chain = nullptr;
+  GiveNodes(chain);
+  while (chain) {
+    TVxStringTree* node = chain;
+    chain = node->FNextToFree;
+    node->GiveNodes(chain);
+    delete node;
+  }
+}
+
+// Takes the nodes that this one owns out of it.
+void TVxStringTree::GiveNodes(TVxStringTree*& Chain) noexcept {
+  if (!GetOptions().Has(vxioOwnsObjects)) return;
+  for (int i = 0; i < GetCount(); ++i) {
+    TVxStringTree* node = Child(i);
+    if (!node) continue;
+    SetObjects(i, nullptr);
+    node->FNextToFree = Chain;
+    Chain = node;
+  }
+}
+
+TVxStringTree* TVxStringTree::Child(int Index) const { return dynamic_cast<TVxStringTree*>(GetObjects(Index)); }
+
+std::unique_ptr<TVxStringTree> TVxStringTree::newNode() {
+  return std::make_unique<TVxStringTree>(TVxStringIndexOptions{vxioOwnsObjects, vxioNotCaseSensitive});
+}
+
+TVxStringTree* TVxStringTree::ValidateNode(TVxStringTree& Level, const String& Value) {
+  int index;
+  bool found = Level.Find(Value, index);
+  if (found) {
+    if (TVxStringTree* node = Level.Child(index)) return node;
+  }
+  std::unique_ptr<TVxStringTree> node = newNode();
+  if (found) {
+    TObject* old = Level.GetObjects(index);
+    Level.SetObjects(index, node.get());
+    if (Level.GetOptions().Has(vxioOwnsObjects)) delete old;
+  } else {
+    Level.Add(Value, node.get());
+  }
+  return node.release();
+}
+
+TVxStringTree* TVxStringTree::ValidateNode(std::unique_ptr<TVxStringTree>& Level, const String& Value) {
+  if (!Level) Level = newNode();
+  return ValidateNode(*Level, Value);
+}
+
+void TVxStringTree::AddPath(std::u16string_view Path) {
+  TVxStringTree* level = this;
+  std::unique_ptr<TVxStringList> parts = explode(Path, u'\\');
+  for (const String& part : parts->Items()) {
+    String name = Trim(part);
+    if (!name.empty()) level = ValidateNode(*level, name);
+  }
+}
+
+void TVxStringTree::AddTree(const TVxStringTree& Tree) {
+  TNames names;  // first all of them, as Tree may be a part of this tree or hold it
+  Tree.Walk(names);
+  std::vector<TVxStringTree*> levels{this};
+  for (const TNames::TName& each : names.Names) {
+    levels.resize(each.Depth + 1);
+    levels.push_back(ValidateNode(*levels.back(), each.Name));
+  }
+}
+
+bool TVxStringTree::CascadeExists(const TStrings& Strings) const {
+  const TVxStringTree* level = this;
+  int count = Strings.GetCount();
+  for (int i = 0; i < count; ++i) {
+    int index;
+    if (!level || !level->Find(Strings.Get(i), index)) return false;
+    if (i + 1 == count) return true;
+    TObject* object = GetObjects(index);
+    level = dynamic_cast<TVxStringTree*>(object);
+    if (object && !level)
+      throw EInvalidCast(Concat({u"A node of the tree is not a TVxStringTree but ", object->ClassName()}));
+  }
+  return false;
+}
+
+template <typename TVisitor>
+void TVxStringTree::Walk(TVisitor& Visitor) const {
+  struct TStep {
+    const TVxStringTree* Node;
+    int Next;
+  };
+  std::vector<TStep> steps{{this, 0}};
+  for (;;) {
+    TStep& step = steps.back();
+    if (step.Next == step.Node->GetCount()) {
+      steps.pop_back();
+      if (steps.empty()) return;
+      Visitor.Leave();
+      continue;
+    }
+    int index = step.Next++;
+    String name = step.Node->GetItems(index);
+    const TVxStringTree* child = step.Node->Child(index);
+    if (child && child->GetCount() > 0) {
+      Visitor.Enter(name);
+      steps.push_back({child, 0});
+    } else {
+      Visitor.Leaf(name);
+    }
+  }
+}
+
+String TVxStringTree::GetSerialize() const {
+  if (GetCount() == 0) return {};
+  TSizes sizes;
+  Walk(sizes);
+  return String::Build(sizes.Close(), [&](char16_t* target) {
+    TWriter writer(sizes.Sizes.data(), target);
+    Walk(writer);
+  });
+}
+
+void TVxStringTree::SetSerialize(std::u16string_view Text) {
+  struct TStep {
+    TVxStringTree* Node;
+    TOffsetReader Cells;
+  };
+  String kept = Text;  // it may be one of the keys
+  Clear();
+  std::vector<TStep> steps{{this, TOffsetReader(kept)}};
+  std::u16string_view cell, name, second;
+  steps.back().Cells.Next(cell);  // the tree's own name
+  while (!steps.empty()) {
+    if (!steps.back().Cells.Next(cell)) {
+      steps.pop_back();
+      continue;
+    }
+    TVxStringTree* level = steps.back().Node;
+    TOffsetReader cells(cell);
+    if (!cells.Next(name)) continue;
+    TOffsetReader children = cells;
+    std::unique_ptr<TVxStringTree> node;
+    if (cells.Next(second)) {
+      node = std::make_unique<TVxStringTree>();
+      steps.push_back({node.get(), children});
+    }
+    String key = FirstName(name);
+    int index;
+    TVxStringTree* replaced = level->Find(key, index) ? level->Child(index) : nullptr;
+    // Nobody else knows of a node that was made here and loses its place.
+    if (replaced) replaced->OwnNodes();
+    level->Add(key, node.get());
+    node.release();
+    if (!level->GetOptions().Has(vxioOwnsObjects)) delete replaced;
+  }
+}
+
+void TVxStringTree::OwnNodes() {
+  std::vector<TVxStringTree*> nodes{this};
+  while (!nodes.empty()) {
+    TVxStringTree* node = nodes.back();
+    nodes.pop_back();
+    node->SetOptions(node->GetOptions() + TVxStringIndexOptions{vxioOwnsObjects});
+    for (int i = 0; i < node->GetCount(); ++i) {
+      if (TVxStringTree* child = node->Child(i)) nodes.push_back(child);
+    }
+  }
+}
+
+}  // namespace vx

@@ -1,0 +1,127 @@
+#include "objects/uVxObjects/TVxDataIdList.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "platform/Exceptions.h"
+
+namespace vx {
+
+namespace {
+
+// Not destroyed at the program's end: lists of others may be used later.
+TVxDataIdHelper* Probe = nullptr;
+
+TVxDataIdHelper& GetProbe() {
+  if (!Probe) Probe = new TVxDataIdHelper();
+  return *Probe;
+}
+
+}  // namespace
+
+TVxDataIdList::TVxDataIdList(bool OwnsObjects) : TVxListClassed(OwnsObjects) {
+  GetProbe();
+  ++TVxDataIdListCount;
+}
+
+TVxDataIdList::~TVxDataIdList() {
+  TVxObjects::Clear();
+  if (--TVxDataIdListCount == 0) FreeProbe();
+}
+
+void TVxDataIdList::FreeProbe() noexcept { delete std::exchange(Probe, nullptr); }
+
+// Asks for the class only when it is another one than before: this is called for every comparison.
+const TVxDataId& TVxDataIdList::ToDataId(const TObject& Item) const {
+  const std::type_info* found = &typeid(Item);
+  if (found != FKnownClass && found != &typeid(TVxDataIdHelper)) {
+    if (!dynamic_cast<const TVxDataId*>(&Item)) {
+      throw EInvalidCast(u"An object of the list is not a TVxDataId but " + Item.ClassName());
+    }
+    FKnownClass = found;
+  }
+  return static_cast<const TVxDataId&>(Item);
+}
+
+int TVxDataIdList::doCompare(const TObject* Item1, const TObject* Item2) const {
+  if (Item1 == Item2) return 0;
+  if (!Item1) return -1;
+  if (!Item2) return 1;
+  const int64_t difference = int64_t{ToDataId(*Item1).GetId()} - ToDataId(*Item2).GetId();
+  return static_cast<int>(std::clamp<int64_t>(difference, INT32_MIN, INT32_MAX));
+}
+
+int TVxDataIdList::IndexSortId(int Id) const {
+  TVxDataIdHelper& probe = GetProbe();
+  probe.SetId(Id);
+  return IndexSort(&probe);
+}
+
+// The same steps for an item that is no nullptr, unless a derived class compares in another way. Look-ups are
+// mostly these comparisons.
+int TVxDataIdList::IndexSort(const TObject* Item) const {
+  const int count = GetCount();
+  if (!Item || count < 1 || typeid(*this) != typeid(TVxDataIdList)) return TVxListClassed::IndexSort(Item);
+  const int id = ToDataId(*Item).GetId();
+  // nullptr stands before all ids, and an object at its own place.
+  auto isAbove = [&](int Index) {
+    const TObject* item = iList[Index];
+    return item != Item && (!item || id > ToDataId(*item).GetId());
+  };
+  if (isAbove(count - 1)) return count;
+  if (!isAbove(0)) return 0;
+  int low = 1, high = count - 1;
+  while (low < high) {
+    const int middle = (low + high) / 2;
+    if (isAbove(middle)) {
+      low = middle + 1;
+    } else {
+      high = middle;
+    }
+  }
+  return low;
+}
+
+int TVxDataIdList::IndexOf(int Id) const {
+  const int place = IndexSortId(Id);
+  if (place >= GetCount() || !iList[place]) return -1;
+  return ToDataId(*iList[place]).GetId() == Id ? place : -1;
+}
+
+bool TVxDataIdList::Find(int Id, int& Index) const {
+  Index = IndexOf(Id);
+  return Index >= 0;
+}
+
+TVxDataId* TVxDataIdList::GetItem(int Id) const {
+  const int index = IndexOf(Id);
+  return index >= 0 ? GetItems(index) : nullptr;
+}
+
+TVxDataId* TVxDataIdList::GetItems(int Index) const {
+  TObject* item = TVxListClassed::GetItem(Index);
+  if (!item) return nullptr;
+  ToDataId(*item);
+  return static_cast<TVxDataId*>(item);
+}
+
+int TVxDataIdList::MaxId() const {
+  const TVxDataId* last = GetCount() > 0 ? GetItems(GetCount() - 1) : nullptr;
+  return last ? last->GetId() : 0;
+}
+
+void TVxDataIdList::ItemsAdd(const TVxObjectList& Source) {
+  if (!GetOwnsObjects()) return TVxListClassed::ItemsAdd(Source);
+  const int count = Source.GetCount();
+  GrowBy(count);
+  for (int i = 0; i < count && i < Source.GetCount(); ++i) {
+    const TObject* item = Source.GetItem(i);
+    if (!item) {
+      Add(nullptr);
+    } else if (std::unique_ptr<TVxData> copy = ToDataId(*item).Duplicate()) {
+      Add(copy.release());
+    }
+  }
+}
+
+}  // namespace vx

@@ -1,0 +1,64 @@
+// A list of objects in the order of their ids.
+//
+// Example:
+//   vx::TVxDataIdList patients;                       // owns
+//   patients.Add(new TPatient(4711));
+//   if (vx::TVxDataId* patient = patients.GetItem(4711)) ...
+#pragma once
+
+#include <typeinfo>
+
+#include "objects/uVxObjects/TVxData.h"
+#include "objects/uVxObjects/TVxObjectListSort.h"
+
+namespace vx {
+
+// How many TVxDataIdList there are.
+inline int TVxDataIdListCount = 0;
+
+// Each id once. The objects have to be TVxDataId: to compare or get another one raises EInvalidCast, and
+// an object that raises when added stays the caller's. nullptr stands before all ids.
+//
+// Look-ups by id allocate nothing, but share one object between all lists: not even different lists may be
+// used by several threads at a time.
+//
+// Pitfall: GetItem and IndexOf take ids, GetItems takes an index.
+class TVxDataIdList : public TVxListClassed<TVxDataIdList, TVxObjectListSortU, u"TVxDataIdList"> {
+ public:
+  explicit TVxDataIdList(bool OwnsObjects = true);
+  ~TVxDataIdList() override;
+
+  // nullptr for an id that is not in the list.
+  TVxDataId* GetItem(int Id) const;
+  // nullptr, after the warning, for a bad index.
+  TVxDataId* GetItems(int Index) const;
+  // Does not look at the order.
+  void SetItems(int Index, TVxDataId* Item) { SetItem(Index, Item); }
+  // -1 for an id that is not in the list.
+  int IndexOf(int Id) const;
+  using TVxListClassed::IndexOf;
+  // Index is that of IndexOf, found or not.
+  bool Find(int Id, int& Index) const;
+  bool IsIn(int Id) const { return IndexOf(Id) >= 0; }
+  // Where the id stands or would have to stand.
+  int IndexSortId(int Id) const;
+  int IndexSort(const TObject* Item) const override;
+  // The id of the last object; 0 for an empty list.
+  int MaxId() const;
+  // A list that owns adds a Duplicate of each object; one whose class has none to give is left out.
+  void ItemsAdd(const TVxObjectList& Source) override;
+
+  // Frees the object that look-ups share. It is made anew when it is needed again.
+  static void FreeProbe() noexcept;
+
+ protected:
+  // The difference of the ids, held to the range of int.
+  int doCompare(const TObject* Item1, const TObject* Item2) const override;
+
+ private:
+  const TVxDataId& ToDataId(const TObject& Item) const;
+
+  mutable const std::type_info* FKnownClass = nullptr;  // of an object that was a TVxDataId
+};
+
+}  // namespace vx

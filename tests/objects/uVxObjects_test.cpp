@@ -1,0 +1,241 @@
+#include "objects/uVxObjects.h"
+
+#include <gtest/gtest.h>
+
+#include <stdexcept>
+
+#include "objects/uVxClasses.h"
+#include "tests/support/FileText.h"
+#include "tests/support/Print.h"
+#include "tests/support/TempDir.h"
+
+namespace {
+
+using namespace vx;
+
+TDataHeads Heads(String Marker, const TVxClass& Class, TDataHeads Above, TDataHeads Own) {
+  TDataHeadRecordList heads(Marker, Class.ClassName(), &Class);
+  heads.AddRange(Above);
+  heads.AddRange(Own);
+  return heads.getDHRecords();
+}
+
+int PersonAsked = 0;
+struct TPerson : TVxClassed<TPerson, TVxDataIdHelper, u"TPerson"> {
+  static TDataHeads DataHeads(const TVxClass& Self, bool Hierarchy) {
+    if (++PersonAsked == 100) GetDataHeads(Class(), Hierarchy);
+    const TDataHeads own = {{u"Name", u"vftString"}, {u"Geburt", u"vftDate"}, {u"Kinder", u"TPerson", &Class()}};
+    return Heads(u"-9001", Class(), Hierarchy ? TVxDataIdHelper::DataHeads(Self, true) : TDataHeads(), own);
+  }
+  static String ClassCaption(const TVxClass&, bool, int Fall) { return Fall == 0 ? u"Person" : u"die Person"; }
+};
+// Has no description of its own.
+struct TBare : TVxClassed<TBare, TPerson, u"TBare"> {};
+struct TNurse : TVxClassed<TNurse, TBare, u"TNurse"> {
+  static TDataHeads DataHeads(const TVxClass& Self, bool Hierarchy) {
+    const TDataHeads own = {
+        {u"Lohn", u"vftCurrency"}, {u"Chef", u"TPerson", &TPerson::Class()}, {u"Fremd", u"TFremd"}};
+    return Heads(u"-9002", Class(), Hierarchy ? TBare::DataHeads(Self, true) : TDataHeads(), own);
+  }
+  static auto Factory(const TVxClass& Self, const String& Text) { return TBare::Factory(Self, Text + u"0"); }
+};
+// Lists its nurses.
+struct TWard : TVxClassed<TWard, TVxVirtualList, u"TWard"> {
+  static TDataHeads DataHeads(const TVxClass&, bool) {
+    return {{u"-9003", u"TWard", &Class()}, {u"Nr", u"4"}, {u"Pflege", u"TNurse", &TNurse::Class()}};
+  }
+};
+// Link to each other, a house by a link without a name.
+struct TRoom : TVxClassed<TRoom, TVxObject, u"TRoom"> {
+  static TDataHeads DataHeads(const TVxClass&, bool);
+};
+struct THouse : TVxClassed<THouse, TVxObject, u"THouse"> {
+  static TDataHeads DataHeads(const TVxClass&, bool) { return {{u"", u"TRoom", &TRoom::Class()}}; }
+};
+TDataHeads TRoom::DataHeads(const TVxClass&, bool) { return {{u"Haus", u"THouse", &THouse::Class()}}; }
+struct TAbstract : TVxClassed<TAbstract, TVxObject, u"TAbstract"> {
+  virtual void Act() = 0;
+};
+struct TRaising : TVxClassed<TRaising, TVxObject, u"TRaising"> {
+  TRaising() { throw std::runtime_error("no"); }
+};
+struct TLiar : TVxClassed<TLiar, TVxObject, u"TLiar"> {
+  const TVxClass& ClassType() const override { return TVxObject::Class(); }
+};
+
+String NamesOf(const TDataHeads& Heads) {
+  String result;
+  for (const TDataHeadRecord& head : Heads) result += head.name + u" ";
+  return result;
+}
+// Nodes as name:type[children], leaves as name.
+String Drawn(const TVxParserEntryObject& Entry) {
+  const auto* node = dynamic_cast<const TVxParserObject*>(&Entry);
+  if (!node) return Entry.GetName();
+  String result = Concat({Entry.GetName(), u":", Entry.GetTyp(), node->GetIsList() ? u"*[" : u"["});
+  for (const auto& child : node->GetData()) result += (&child == &node->GetData()[0] ? u"" : u" ") + Drawn(*child);
+  return result + u"]";
+}
+auto Leaf(const char16_t* Name) { return std::make_unique<TVxParserEntryObject>(nullptr, Name, u"vftDate"); }
+
+TEST(VxClass, AnswersForTheClassThatIsAsked) {
+  const TBare bare;
+  EXPECT_EQ(bare.ClassName() + u", " + bare.ToString(), u"TBare, object of TBare");
+  EXPECT_EQ(&bare.GetNewInstance()->ClassType(), &TBare::Class());
+  EXPECT_TRUE(TBare::Class().InheritsFrom(TPerson::Class()) && TBare::Class().InheritsFrom(TBare::Class()));
+  EXPECT_FALSE(TPerson::Class().InheritsFrom(TBare::Class()));
+  TVXPermissionSet rights{ppRead};
+  String text, comment = u"x";
+  EXPECT_FALSE(TBare::Class().Permission(rights, text, comment));
+  EXPECT_TRUE(rights.IsEmpty() && text == u"TBare" && comment.empty());
+}
+
+TEST(VxClass, CaptionsFollowTheCase) {
+  const char16_t* const captions[2][6] = {
+      {u"Objekt", u"das Objekt", u"des Objektes", u"dem Objekt", u"das Objekt", u"Objekt"},
+      {u"Objekte", u"die Objekte", u"der Objekte", u"den Objekten", u"die Objekte", u"Objekte"}};
+  for (int fall = -1; fall < 10; ++fall) {
+    for (bool plural : {false, true}) {
+      EXPECT_EQ(TVxObject::Class().ClassCaption(plural, fall), captions[plural][std::clamp(fall, 0, 5)]) << fall;
+    }
+  }
+  EXPECT_EQ(TVxObject::ClassCaption(TBare::Class(), true, 5), u"Person") << "the override is asked for 0";
+}
+
+TEST(VxData, TextsAndKeys) {
+  auto a = TPerson::Class().Factory(u"12"), b = TBare::Class().Factory(u"12"), c = TNurse::Class().Factory(u"-2");
+  EXPECT_EQ(TVxObject::Class().Factory(u"1"), nullptr);
+  EXPECT_EQ(c->GetSerialize(), u"-20") << "the override is reached through the class";
+  EXPECT_TRUE(a->EqualsAll(TPerson::Class().Factory(u"12").get()) && b->EqualsAll(b->Duplicate().get()));
+  EXPECT_FALSE(a->EqualsAll(b.get()) || a->EqualsAll(nullptr) || b->EqualsAll(a.get()));
+  const TVxObject other;
+  EXPECT_TRUE(a->Compare(*b) == 0 && a->Compare(*c) == 1 && c->Compare(*a) == -1);
+  EXPECT_TRUE(a->Compare(other) != 0 && a->Compare(other) == -other.Compare(*a));
+  a->Assign(nullptr);
+  EXPECT_EQ(a->GetSerialize(), u"12");
+  a->SetSerialize(u"x");
+  EXPECT_EQ(a->GetSerialize(), u"0");
+}
+
+TEST(DataHeads, AreMadeOnceWithTheAncestorsInside) {
+  ClearDataheads();
+  PersonAsked = 0;
+  EXPECT_EQ(NamesOf(GetDataHeads(TNurse::Class(), false)), u"-9002 Lohn Chef Fremd ");
+  const TDataHeads& all = GetDataHeads(TNurse::Class(), true);
+  EXPECT_EQ(NamesOf(all), u"-9002 -9001 Name Geburt Kinder Lohn Chef Fremd ");
+  EXPECT_TRUE(&GetDataHeads(TNurse::Class(), true) == &all && PersonAsked == 1);
+  ClearDataheads();
+  GetDataHeads(TNurse::Class(), true);
+  EXPECT_EQ(PersonAsked, 2);
+  PersonAsked = 99;  // the class asks itself now
+  EXPECT_EQ(NamesOf(GetDataHeads(TPerson::Class(), false)), u"-9001 Name Geburt Kinder ");
+}
+
+TEST(CallPath, LeadsToAField) {
+  String tail = u"a|b|c", head;
+  for (const char16_t* expected : {u"a,b|c", u"b,c", u"c,", u","}) {
+    GetSearchString(tail, tail, head);
+    EXPECT_EQ(head + u"," + tail, expected);
+  }
+  const struct { const TVxClass* Class; const char16_t *Call, *Type; } types[] = {
+      {nullptr, u"Name", u"vftString"}, {&TPerson::Class(), u"", u"vftString"},
+      {&TPerson::Class(), u"Nichts|Geburt", u"vftDate"}, {&TPerson::Class(), u"Kinder|[3]|Geburt", u"vftDate"},
+      {&TPerson::Class(), u"Kinder|[3]", u"TPerson"}, {&TPerson::Class(), u"Kinder||Kinder", u"TPerson"},
+      {&TPerson::Class(), u"-9001", u"TPerson"}, {&TNurse::Class(), u"Lohn|Geburt", u"vftDate"},
+      {&TNurse::Class(), u"9001|Lohn", u"TPerson"}, {&TNurse::Class(), u"Chef|9002", u"TPerson"}};
+  for (const auto& row : types) EXPECT_EQ(getEntryInfo(row.Class, row.Call), row.Type) << String(row.Call).ToUtf8();
+  const struct { const char16_t *Call, *Tail; int Position, ListPos; } places[] = {
+      {u"Lohn|x|y", u"x|y", 1, -1}, {u"9002", u"", 0, -1}, {u"-9002|", u"", 0, -1}, {u"Name|x", u"x", -1, -1},
+      {u"[7]|Chef|x", u"x", 2, 7}, {u"[x]|9002", u"", 0, 0}, {u"[7|Nichts", u"", -1, 0}};
+  for (const auto& row : places) {
+    const TValueOfRecord request(0, row.Call, u"", &TNurse::Class());
+    int listPos = -1;
+    EXPECT_EQ(row.ListPos < 0 ? request.GetValueOfPos(tail) : request.GetListValueOfPos(tail, listPos), row.Position);
+    EXPECT_TRUE(tail == row.Tail && listPos == row.ListPos) << String(row.Call).ToUtf8() << listPos;
+  }
+  EXPECT_EQ(TValueOfRecord(0, u"Lohn", u"", nullptr).GetValueOfPos(tail), -1);
+}
+
+TEST(Registry, MakesObjectsByNameAndTestsThem) {
+  vx::uVxObjects::FreeBuffersForLeakPrevention();
+  EXPECT_EQ(TestVxObjects(u""), u"");
+  EXPECT_TRUE(!GetVxObjectClass(u"TPerson") && !CreateVxObject(u"TPerson"));
+  for (const TVxClass* known : {&TPerson::Class(), &TAbstract::Class(), &TLiar::Class(), &TRaising::Class()}) {
+    RegisterVxObject(*known);
+  }
+  EXPECT_EQ(CreateVxObject(u"TPerson")->ClassName(), u"TPerson");
+  EXPECT_EQ(GetVxObjectClass(u"tperson"), nullptr);
+  const test::TTempDir dir;
+  const String text = TestVxObjects(dir.Path("report.txt"));
+  EXPECT_EQ(text, u"TAbstract OK\r\nTLiar ERROR CLASSTYPE\r\nTPerson OK\r\nTRaising ERROR CREATE\r\n"
+                  u"TVxDataIdHelper OK\r\nTVxObject OK");
+  EXPECT_EQ(test::GetText(dir.Path("report.txt")), text.ToUtf8() + "\r\n");
+}
+
+TEST(ObjectCounter, CountsByTheClassThatAnObjectIsOf) {
+  vx::uVxObjects::FreeBuffersForLeakPrevention();
+  auto early = std::make_unique<TBare>();
+  DoCountObjects = true;
+  {
+    const TPerson a, b(a);
+    EXPECT_THROW(TRaising(), std::runtime_error);
+    EXPECT_TRUE(VxObjectCounter().at(u"TPerson") == 2 && VxObjectCounter().at(u"TVxDataId") == 0);
+  }
+  early.reset();
+  DoCountObjects = false;
+  for (const auto& [name, count] : VxObjectCounter()) EXPECT_EQ(count, name == u"TBare" ? -1 : 0) << name.ToUtf8();
+}
+
+TEST(ObjectStructure, WalksLinksToTheDepthAsked) {
+  const String fields = u"-9001:TPerson[+] Name Geburt ", shut = u"TPerson[+]";
+  const String person = u"TPerson[" + fields + u"Kinder:" + shut + u"]", ward = u"W:TWard*[-9003:TWard[+] Nr Pflege:";
+  const String marker = u"-9002:TNurse[+] ", lohn = u"Lohn Chef:", end = u" Fremd:TFremd[+]]";
+  const String open = ward + u"TNurse[" + marker + fields + u"Kinder:";
+  const TVxClass &base = TVxObject::Class(), &self = TPerson::Class(), &sub = TNurse::Class(), &wards = TWard::Class();
+  using TAsked = const TVxClass*;
+  const struct { TAsked Class; String Name; TAsked OwnType; int Depth; TAsked Deepest; String Tree; } rows[] = {
+      {&TRoom::Class(), u"", nullptr, 0, nullptr, u":TRoom[Haus:THouse[:TRoom[Haus:THouse[+]]]]"},
+      {&TRoom::Class(), u"Haus", nullptr, 0, nullptr, u"Haus:TRoom[Haus:THouse[:TRoom[+]]]"},
+      {&self, u"P", nullptr, -1, nullptr, u"P:" + person},
+      {&self, u"a\u00FFP", &base, 0, nullptr, u"P:TPerson[" + fields + u"Kinder:" + person + u"]"},
+      {&self, u"Kinder", nullptr, 1, nullptr,
+       u"Kinder:TPerson[" + fields + u"Kinder:TPerson[" + fields + u"Kinder:" + person + u"]]"},
+      {&sub, u"", nullptr, -1, &self, u":TNurse[" + marker + lohn + shut + end},
+      {&sub, u"", nullptr, -1, &base, u":TNurse[" + fields + u"Kinder:" + shut + u" " + marker + lohn + shut + end},
+      {&sub, u"", nullptr, -1, &sub, u":TNurse[]"},
+      {&wards, u"W", nullptr, -1, nullptr, ward + u"TNurse[+]]"},
+      {&wards, u"W", &self, 0, nullptr, open + person + u" " + lohn + person + end + u"]"},
+      {&wards, u"W", &sub, 0, nullptr, open + shut + u" " + lohn + shut + end + u"]"}};
+  for (const auto& row : rows) {
+    TVxStringList visited;
+    const auto tree = row.Class->GetObjectStructur(visited, row.Name, row.OwnType, row.Depth, row.Deepest);
+    EXPECT_EQ(Drawn(*tree), row.Tree);
+    EXPECT_TRUE(tree->GetParentClass() == row.Class && tree->GetOwnType() == row.OwnType);
+    EXPECT_EQ(tree->GetSize(), tree->GetPropertyList()->GetCount());
+    EXPECT_EQ(row.Class->GetObjectStructur(visited, row.Name, nullptr, row.Depth, row.Deepest)->GetName(), u"LeerOBJ");
+  }
+}
+
+TEST(ObjectStructure, ListsCopiesAndCompares) {
+  TVxParserObject outer(nullptr, u"Out", u"T"), copy, other;
+  auto* node = new TVxParserObject(&TPerson::Class(), u"In", u"T");
+  outer.Add(std::unique_ptr<TVxParserEntryObject>(node));
+  EXPECT_TRUE(node->Add(Leaf(u"Leaf")) && outer.Add(Leaf(u"Last")) && !outer.Add(nullptr));
+  node->SetIsList(true);
+  node->SetIsBridge(true);
+  const auto list = outer.GetPropertyList();
+  EXPECT_EQ(list->GetText() + outer.GetShortPropertyList()->GetText(), u"-<>-|[] In|Leaf\r\nLastIn\r\nLast");
+  EXPECT_EQ(list->GetObject(0), node->GetData()[0].get());
+  for (TVxParserObject* target : {&copy, &outer, static_cast<TVxParserObject*>(nullptr)}) outer.Assignto(target);
+  EXPECT_EQ(Drawn(copy), Drawn(outer));
+  EXPECT_TRUE(copy.GetData()[0]->Equals(node) && node->Equals(copy.GetData()[0].get()) && outer.Equals(&copy));
+  EXPECT_TRUE(other.Add(Leaf(u"a")) && other.Add(Leaf(u"b")));
+  outer.TVxParserEntryObject::Assignto(&other);
+  EXPECT_TRUE(outer.Equals(&other)) << "children are not compared";
+  other.SetIsBridge(true);
+  EXPECT_FALSE(outer.Equals(&other) || outer.Equals(nullptr));
+  node->Assignto(&outer);  // which holds the node
+  EXPECT_EQ(Drawn(outer), u"In:T*[Leaf]");
+}
+
+}  // namespace
