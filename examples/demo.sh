@@ -65,6 +65,16 @@ printf 'a,"  b  "\r\n"",""\r\n"c\nd",e,f\r\n' >"$dir/ragged.csv"
 "$vxtab" dump "$dir/clean.csv" | tee "$dir/clean.json"
 printf '["a", "b", ""]\n["c d", "e", "f"]\n' | cmp - "$dir/clean.json" || die "the table is not clean"
 
+say "Numbers: what the cells look like, sums of amounts and hours, and thousands separators"
+printf 'Posten;Betrag;Dauer\r\nPflege;1234567,89;12:00\r\nFahrt;-1000,5;24:30\r\nSumme;;\r\n' >"$dir/posten.txt"
+"$vxtab" info --types "$dir/posten.txt" | grep '^column '
+echo "$("$vxtab" sum "$dir/posten.txt" --col 1 --type Currency) in $("$vxtab" sum "$dir/posten.txt" --col 2 --type hour) hours" |
+  tee "$dir/sums"
+grep -qx '1233567,39 in 36:30 hours' "$dir/sums" || die "the sums are wrong"
+"$vxtab" clean "$dir/posten.txt" "$dir/posten.txt" --thousands
+"$vxtab" show "$dir/posten.txt"
+"$vxtab" dump "$dir/posten.txt" | grep -q '"1.234.567,89"' || die "the separators are missing"
+
 say "A database server's export (UTF-16, line breaks inside cells without quotes)"
 "$vxtab" mssql "$data/abrechnung_mssql.csv" "$dir/abrechnung.csv"
 "$vxtab" show "$dir/abrechnung.csv" --rows 5

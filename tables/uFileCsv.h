@@ -4,9 +4,10 @@
 //   TCsvAllMode, TCsvAllModes    what DoAll does to all cells
 //   StringsToCsv, CsvToStrings   a table from a list of commatexts and back
 //
-// Everything is a text. Rows may have different lengths, and every operation says what it does with
-// short ones. The column index comes before the row index everywhere; both count from 0. Reads past
-// the end give an empty text and writes past the end are dropped: callers may rely on both.
+// Everything is a text, and typed values are made of it on access. Rows may have different lengths, and
+// every operation says what it does with short ones. The column index comes before the row index
+// everywhere; both count from 0. Reads past the end give an empty text and writes past the end are
+// dropped: callers may rely on both.
 //
 // Example:
 //   vx::TFileCsv table;
@@ -20,6 +21,7 @@
 //   - ".tab" and ".vxt" files lose empty cells when they are read again.
 //   - Reading turns the German letters of old DOS code pages right, and therefore á into ß.
 //   - FieldCount is the length of row 0, whatever the other rows have.
+//   - SumX and SumY take the first row or column for a head and the last one for the totals.
 #pragma once
 
 #include <memory>
@@ -28,7 +30,10 @@
 #include <string_view>
 #include <typeinfo>
 
+#include "core/uConst.h"
+#include "core/uVxTypes.h"
 #include "objects/uVxClasses.h"
+#include "platform/Currency.h"
 #include "platform/TObjectList.h"
 #include "platform/Types.h"
 
@@ -40,7 +45,7 @@ enum TCsvAllMode : uint8_t {
   camDeleteEnter,       // carriage returns and line feeds become spaces
   camBalanceColcount,   // short rows get empty cells up to the length of row 0
   camDeleteEmptyLines,  // rows whose cells are all blank go
-  camThousandDivider,   // does nothing yet: the rule of numbers is not built
+  camThousandDivider,   // whole and decimal numbers get thousands separators; see GuessFieldType
   camBalanceMax         // with camBalanceColcount: up to the length of the longest row
 };
 using TCsvAllModes = Set<TCsvAllMode>;
@@ -93,6 +98,64 @@ class TFileCsv : public TObjectList {
   void SetObject(int Col, int Row, TObject* Object);
   // The cell, or the value told for a row or a column outside the table, negative ones too.
   String getElement(int Col, int Row, const String& NoColValue, const String& NoRowValue) const;
+
+  // --- cells as typed values; see TVxString for the readers and writers ---
+  // Getters trim what GetCell gives; a text that is no such value is 0 or false. Setters hand their text
+  // to SetCell.
+  bool GetCellsAsBool(int Col, int Row) const;
+  void SetCellsAsBool(int Col, int Row, bool Value);
+  TBoolExt GetCellsAsBoolExt(int Col, int Row) const;
+  void SetCellsAsBoolExt(int Col, int Row, TBoolExt Value);
+  Currency GetCellsAsCurrency(int Col, int Row) const;
+  void SetCellsAsCurrency(int Col, int Row, Currency Value);
+  TDateTime GetCellsAsDate(int Col, int Row) const;
+  void SetCellsAsDate(int Col, int Row, TDateTime Value);
+  TDateTime GetCellsAsDateTime(int Col, int Row) const;
+  void SetCellsAsDateTime(int Col, int Row, TDateTime Value);
+  Extended GetCellsAsFloat(int Col, int Row) const;
+  void SetCellsAsFloat(int Col, int Row, Extended Value);
+  // An amount of hours, in days; read as StrToHourDef reads it, with its rule for minus signs, and
+  // written as hours and minutes: 1.5 is u"36:00". Seconds are dropped. A negative amount counts its
+  // days down and its time of day up: -1.25 is u"-18:00". What is no number or infinite counts 0.
+  TDateTime GetCellsAsHour(int Col, int Row) const;
+  void SetCellsAsHour(int Col, int Row, TDateTime Value);
+  int GetCellsAsInt(int Col, int Row) const;
+  void SetCellsAsInt(int Col, int Row, int Value);
+  TDateTime GetCellsAsTime(int Col, int Row) const;
+  void SetCellsAsTime(int Col, int Row, TDateTime Value);
+  // The type by the look of the text alone, blanks at its ends included:
+  //   vftUnknown   the empty text
+  //   vftInteger   digits; a sign may stand in front: u"-12"
+  //   vftFloat     the same with one comma: u"1234,50"
+  //   vftDate      dots at the positions 3 and 6 of 8 or 10, no comma: u"11.02.2015"
+  //   vftTime      u"hh:nn" up to u"24:00", u"hh:nn:ss" up to u"24:00:00"
+  //   vftHour      any other text without a sign that has one colon before two digits up to 59: u"124:30"
+  //   vftString    all else, such as u"1.234,50"
+  // Digits are not looked for: u"-" is an integer. That is wanted.
+  static TVxFieldType GuessFieldType(std::u16string_view Text) noexcept;
+
+  // --- sums over the cells From to To of a row or a column, through the typed getters ---
+  // The sum as text, which is also written to the cell Target of that row or column if there is one.
+  //   vftInteger, vftFloat, vftFraction, vftDateTime   SumFloat, by FloatToStr
+  //   vftCurrency                                      SumCurrency, with two decimals
+  //   vftTime, vftHour                                 SumTime
+  //   any other type                                   empty
+  // A From outside FieldCount (SumX) or GetCount (SumY) means 1, a To outside the last but one: the first
+  // cell is a label and the last one the total. Empty, and nothing is written, if there is no such
+  // row, or no such column in row 0.
+  String SumX(int Row, TVxFieldType FieldType, int From = -1, int To = -1, int Target = -1);
+  String SumY(int Col, TVxFieldType FieldType, int From = -1, int To = -1, int Target = -1);
+  // The range is taken as told; cells past the end count 0.
+  Extended SumFloatX(int Row, int From, int To) const;
+  Extended SumFloatY(int Col, int From, int To) const;
+  // EOverflow where the sum leaves the range of amounts.
+  Currency SumCurrencyX(int Row, int From, int To) const;
+  Currency SumCurrencyY(int Col, int From, int To) const;
+  // The sum of CellsAsHour as hours and minutes. Pitfall: SumTimeX counts the hours within the last day
+  // twice: 12:00 and 24:00 make u"48:00", where SumTimeY has u"36:00". Both keep the hours within 0 to
+  // 65535: one more is 0, and one below 0 is 65535. This is wanted; programs that share tables know it so.
+  String SumTimeX(int Row, int From, int To) const;
+  String SumTimeY(int Col, int From, int To) const;
 
   // --- columns; short rows are skipped, and a negative column does nothing ---
   virtual void DeleteCol(int Col);
@@ -187,6 +250,29 @@ class TFileCsv : public TObjectList {
  private:
   static TVxStringList* CastRow(TObject* Entry);
   void DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths);
+  static String WithThousandDivider(const String& Text);
+  // The cell itself, for reading at once; nullptr past the end.
+  const String* FindCell(int Col, int Row) const {
+    if (Row >= GetCount()) return nullptr;
+    FetchAhead(Get(Row), Col);
+    const TVxStringList* line = GetLines(Row);
+    std::span<const String> cells = line->Items();
+    if (Col < 0) (void)line->Get(Col);
+    return static_cast<size_t>(Col) < cells.size() ? &cells[static_cast<size_t>(Col)] : nullptr;
+  }
+  // Rows and their texts are mostly allocated one behind the other, so that the processor can fetch a
+  // cell while it still waits for its row. A guess that fails costs nothing.
+  static void FetchAhead(const TObject* Row, int Col) noexcept {
+    uintptr_t texts = reinterpret_cast<uintptr_t>(Row) + sizeof(TVxStringList) + 2 * sizeof(void*);
+    uintptr_t cell = texts + static_cast<uintptr_t>(Col) * sizeof(String);
+    __builtin_prefetch(reinterpret_cast<const void*>(cell));  // NOLINT(performance-no-int-to-ptr): never read
+  }
+  // What Read makes of the trimmed cell.
+  template <typename F>
+  auto ReadCell(int Col, int Row, F Read) const;
+  // The last index of the range up to To that may hold a cell.
+  int LastInRow(int Row, int To) const;
+  int LastInCol(int To) const noexcept { return To < GetCount() ? To : GetCount() - 1; }
 };
 
 // A new table, each item read as commatext into a row.

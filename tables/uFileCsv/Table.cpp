@@ -19,14 +19,6 @@ const String& CellOrEmpty(const TVxStringList& Row, int Col) {
   return static_cast<size_t>(Col) < cells.size() ? cells[static_cast<size_t>(Col)] : empty;
 }
 
-// Rows and their texts are mostly allocated one behind the other, so that the processor can fetch a cell
-// while it still waits for its row. A guess that fails costs nothing.
-void FetchAhead(const TObject* Row, int Col) {
-  uintptr_t texts = reinterpret_cast<uintptr_t>(Row) + sizeof(TVxStringList) + 2 * sizeof(void*);
-  uintptr_t cell = texts + static_cast<uintptr_t>(Col) * sizeof(String);
-  __builtin_prefetch(reinterpret_cast<const void*>(cell));  // NOLINT(performance-no-int-to-ptr): never read
-}
-
 String WithoutLineBreaks(const String& Text) {
   auto isBreak = [](char16_t unit) { return unit == u'\r' || unit == u'\n'; };
   if (std::none_of(Text.begin(), Text.end(), isBreak)) return Text;
@@ -133,12 +125,8 @@ int TFileCsv::RemoveEmpty() {
 }
 
 String TFileCsv::GetCell(int Col, int Row) const {
-  if (Row >= GetCount()) return {};
-  FetchAhead(Get(Row), Col);
-  const TVxStringList* line = GetLines(Row);
-  std::span<const String> cells = line->Items();
-  if (static_cast<size_t>(Col) < cells.size()) return cells[static_cast<size_t>(Col)];
-  return Col < 0 ? line->Get(Col) : String();
+  const String* cell = FindCell(Col, Row);
+  return cell ? *cell : String();
 }
 
 void TFileCsv::SetCell(int Col, int Row, const String& Text) {
@@ -265,6 +253,7 @@ void TFileCsv::DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int
     if (Modes.Has(camUnTrim) && static_cast<size_t>(col) < CellWidths.size()) {
       cell = PaddedTo(cell, CellWidths[static_cast<size_t>(col)]);
     }
+    if (Modes.Has(camThousandDivider)) cell = WithThousandDivider(cell);
     if (!(cell == before)) line->Put(col, cell);
     isEmpty = isEmpty && IsBlank(cell);
   }

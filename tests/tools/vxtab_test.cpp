@@ -176,6 +176,10 @@ TEST_F(VxtabTest, FailuresTellWhatAndWhereAndWriteNothing) {
       {{"show", "@in.csv", "--cols", "0-2000000000"}, 2, "too many"},
       {{"info", "--codepage", "99", "@in.csv"}, 2, "unknown code page 99"},
       {{"info", "--separator", "tab", "@in.csv"}, 2, "goes with --foreign only"},
+      {{"sum", "@in.csv", "--col", "2", "--type", "hour"}, 1, "row 0 has no column 2"},
+      {{"sum", "@in.csv", "--col", "1", "--type", "hour", "--to", "2"}, 1, "there is no row 2"},
+      {{"sum", "@in.csv", "--col", "1", "--type", "string"}, 2, "--type string: not a type of numbers"},
+      {{"sum", "@in.csv", "--type", "hour"}, 2, "--col N is missing"},
       {{"merge"}, 2, "unknown command merge"},
       {{"--foreign", "info"}, 2, "the command has to come first"},
       {{}, 2, "a command is missing"},
@@ -296,9 +300,22 @@ TEST_F(VxtabTest, ChangesTables) {
   EXPECT_EQ(Out({"dump", "@export.csv"}), "[\"a\", \"b\"]\n[\"x\\r\\ny\", \"2\"]\n[\"\"]\n");
 }
 
+TEST_F(VxtabTest, TypesAndSumsOfColumns) {
+  Put("t.txt", "Was;Betrag;Dauer\r\na;1234,5;12:00\r\nb;-4,25;24:30\r\nSumme;;\r\n");
+  std::string info = Out({"info", "--types", "@t.txt"});
+  EXPECT_EQ(info.substr(info.find("column 0")), "column 0: vftString 4\ncolumn 1: vftFloat 2, vftUnknown 1, vftString 1\n"
+                                                "column 2: vftUnknown 1, vftString 1, vftTime 1, vftHour 1\n");
+  for (const char* type : {"vftCurrency", "VFTCURRENCY", "currency", "w\u00E4hrung", "13"}) {
+    EXPECT_EQ(Out({"sum", "@t.txt", "--col", "1", "--type", type}), "1230,25\n") << type;
+  }
+  EXPECT_EQ(Out({"sum", "@t.txt", "--col=2", "--type=hour", "--from=2", "--to=3"}), "24:30\n");
+  Out({"clean", "@t.txt", "@t.txt", "--thousands"});
+  EXPECT_EQ(Get("t.txt"), "Was;Betrag;Dauer\r\na;1.234,5;12:00\r\nb;-4,25;24:30\r\nSumme;;\r\n");
+}
+
 TEST_F(VxtabTest, HelpNamesEveryCommandAndWantsNoFile) {
   std::string help = Out({"convert", "--help"});
-  for (const char* name : {"show", "info", "dump", "convert", "turn", "clean", "mssql", "set"}) {
+  for (const char* name : {"show", "info", "dump", "convert", "turn", "clean", "mssql", "set", "sum"}) {
     EXPECT_NE(help.find("vxtab " + std::string(name)), std::string::npos) << name;
   }
   EXPECT_EQ(help, Out({"help"}));

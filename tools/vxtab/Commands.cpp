@@ -1,12 +1,15 @@
 #include "tools/vxtab/Commands.h"
 
 #include <algorithm>
+#include <array>
 #include <iterator>
 #include <memory>
 #include <optional>
 #include <ostream>
 #include <utility>
 
+#include "core/uVxFunctionsSerialize.h"
+#include "platform/Collation.h"
 #include "tools/vxtab/Json.h"
 #include "tools/vxtab/Show.h"
 #include "tools/vxtab/TableFiles.h"
@@ -64,6 +67,30 @@ void RunShow(const TContext& Context) {
   ShowTable(Load(Context, true)->Table, part, Context.Out);
 }
 
+// For each column a line with the types that its cells look like, the most frequent one first.
+void WriteTypes(const TFileCsv& Table, std::ostream& Out) {
+  static constexpr std::array kTypes = {vftUnknown, vftString, vftInteger, vftFloat, vftDate, vftTime, vftHour};
+  using TCounts = std::array<int, kTypes.size()>;
+  std::vector<TCounts> columns;
+  for (int row = 0; row < Table.GetCount(); ++row) {
+    const auto cells = Table.GetLines(row)->Items();
+    if (cells.size() > columns.size()) columns.resize(cells.size());
+    for (size_t col = 0; col < cells.size(); ++col) {
+      const auto type = std::find(kTypes.begin(), kTypes.end(), TFileCsv::GuessFieldType(cells[col]));
+      ++columns[col][static_cast<size_t>(type - kTypes.begin())];
+    }
+  }
+  for (size_t col = 0; col < columns.size() && Out; ++col) {
+    std::array<size_t, kTypes.size()> order{0, 1, 2, 3, 4, 5, 6};
+    std::stable_sort(order.begin(), order.end(), [&](size_t a, size_t b) { return columns[col][a] > columns[col][b]; });
+    Out << "column " << col << ": ";
+    for (size_t i = 0; i < order.size() && columns[col][order[i]] > 0; ++i) {
+      Out << (i > 0 ? ", " : "") << FieldTypeToStr(kTypes[order[i]]).ToUtf8() << ' ' << columns[col][order[i]];
+    }
+    Out << '\n';
+  }
+}
+
 void RunInfo(const TContext& Context) {
   auto file = Load(Context, true);
   int least = file->Table.GetCount() > 0 ? file->Table.FieldCount() : 0;
@@ -81,6 +108,7 @@ void RunInfo(const TContext& Context) {
               << "\ncolumns: " << least << ".." << most << "\nbytes: " << file->Bytes << "\ncells: " << cells
               << "\nlongest cell: " << longest << '\n';
   if (Context.Args.Has("foreign")) Context.Out << "encoding: " << EncodingName(file->Encoding) << '\n';
+  if (Context.Args.Has("types")) WriteTypes(file->Table, Context.Out);
 }
 
 void RunDump(const TContext& Context) {
@@ -121,7 +149,8 @@ void RunClean(const TContext& Context) {
   constexpr std::pair<const char*, TCsvAllModes> kModes[] = {{"trim", {camTrim}},
                                                              {"balance", {camBalanceColcount, camBalanceMax}},
                                                              {"drop-empty", {camDeleteEmptyLines}},
-                                                             {"one-line", {camDeleteEnter}}};
+                                                             {"one-line", {camDeleteEnter}},
+                                                             {"thousands", {camThousandDivider}}};
   TCsvAllModes modes;
   for (auto [option, mode] : kModes) {
     if (Context.Args.Has(option)) modes = modes + mode;
@@ -171,16 +200,53 @@ void RunSet(const TContext& Context) {
   });
 }
 
+// A type that cells can be added up as, by its name, its number, or its word for users.
+TVxFieldType ReadTypeOption(const TArguments& Args) {
+  if (!Args.Has("type")) throw TUsageError("--type TYPE is missing");
+  const std::string& value = Args.Values("type").back();
+  const String text = String::FromUtf8(value);
+  for (TVxFieldType type : {vftInteger, vftFloat, vftTime, vftDateTime, vftHour, vftCurrency, vftFraction}) {
+    if (GetVxFieldType(text) == type || AnsiSameText(text, VxFieldTypeToText(type, false)) ||
+        AnsiSameText(text, VxFieldTypeToText(type, true))) {
+      return type;
+    }
+  }
+  throw TUsageError("--type " + value + ": not a type of numbers, amounts or hours such as vftCurrency");
+}
+
+void RunSum(const TContext& Context) {
+  const TVxFieldType type = ReadTypeOption(Context.Args);
+  if (!Context.Args.Has("col")) throw TUsageError("--col N is missing");
+  const int col = Context.Args.Number("col", 0);
+  const int from = Context.Args.Number("from", -1);
+  const int to = Context.Args.Number("to", -1);
+  auto file = Load(Context);
+  if (col >= file->Table.FieldCount()) {
+    throw TFailure(Context.Args.File(0) + ": row 0 has no column " + std::to_string(col));
+  }
+  if (const int last = std::max(from, to); last >= file->Table.GetCount()) {
+    throw TFailure(Context.Args.File(0) + ": there is no row " + std::to_string(last));
+  }
+  Context.Out << file->Table.SumY(col, type, from, to).ToUtf8() << '\n';
+}
+
 constexpr TCommand kCommands[] = {
     {"show", "FILE [--rows N] [--from N] [--cols LIST]",
      "an aligned table: N rows (50) from row N on, the columns of LIST, such as 0,2-4", RunShow},
-    {"info", "FILE", "separator, rows, columns and sizes, one \"name: value\" a line", RunInfo},
+    {"info", "FILE [--types]",
+     "separator, rows, columns and sizes, one \"name: value\" a line; for each column what its\n"
+     "cells look like, with counts",
+     RunInfo},
+    {"sum", "FILE --col N --type TYPE [--from N] [--to N]",
+     "the sum of a column's cells read as TYPE, such as vftCurrency or hour; rows 1 to the last\n"
+     "but one, for the first is a head and the last has the totals, unless told",
+     RunSum},
     {"dump", "FILE", "each row a line: a JSON array of strings in UTF-8", RunDump},
     {"convert", "IN OUT", "the same table in the form that the extension of OUT tells", RunConvert},
     {"turn", "IN OUT", "rows become columns and columns rows", RunTurn},
-    {"clean", "IN OUT [--trim] [--balance] [--drop-empty] [--one-line]",
+    {"clean", "IN OUT [--trim] [--balance] [--drop-empty] [--one-line] [--thousands]",
      "without blanks around cells; all rows as wide as the widest; without rows of\n"
-     "blank cells; line breaks in cells become blanks",
+     "blank cells; line breaks in cells become blanks; 1234,5 becomes 1.234,5",
      RunClean},
     {"mssql", "IN OUT", "reads a database server's export: UTF-16, commas, no quotes", RunMssql},
     {"set", "IN OUT --cell COL,ROW=TEXT...", "writes cells that exist; repeat --cell for several", RunSet},
