@@ -46,7 +46,8 @@ int TVxIntegerList::Add(int Item) {
   return GetCount() - 1;
 }
 
-void TVxIntegerList::AddAll(std::vector<int> Values) {
+// Overrides take the values over.
+void TVxIntegerList::AddAll(std::vector<int> Values) {  // NOLINT(performance-unnecessary-value-param)
   for (int value : Values) Add(value);
 }
 

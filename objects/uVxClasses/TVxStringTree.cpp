@@ -260,7 +260,7 @@ void TVxStringTree::SetSerialize(std::u16string_view Text) {
     // Nobody else knows of a node that was made here and loses its place.
     if (replaced) replaced->OwnNodes();
     level->Add(key, node.get());
-    node.release();
+    (void)node.release();
     if (!level->GetOptions().Has(vxioOwnsObjects)) delete replaced;
   }
 }

@@ -7,6 +7,13 @@
 
 namespace vx {
 
+namespace {
+
+// One for the class and all that derive from it.
+constinit TVxDataIdSingleton* Slot = nullptr;
+
+}  // namespace
+
 TVxDataIdSingleton::TVxDataIdSingleton() {
   ShowWarning(
       u"Das Hilfsobjekt darf nicht direkt instantiiert werden!\r\n"
@@ -15,24 +22,23 @@ TVxDataIdSingleton::TVxDataIdSingleton() {
 }
 
 TVxDataIdSingleton::~TVxDataIdSingleton() {
-  if (AccessSingleton(0) == this) AccessSingleton(2);
+  if (Slot == this) Slot = nullptr;
 }
 
 TVxDataIdSingleton* TVxDataIdSingleton::Access(int Request, TVxDataIdSingleton* (*Make)()) {
-  static constinit TVxDataIdSingleton* slot = nullptr;
   switch (Request) {
     case 0:
       break;
     case 1:
-      if (!slot) slot = Make();
+      if (!Slot) Slot = Make();
       break;
     case 2:
-      slot = nullptr;
+      Slot = nullptr;
       break;
     default:
       throw Exception(Format(u"Illegal request %d in AccessSingleton", {Request}));
   }
-  return slot;
+  return Slot;
 }
 
 String TVxDataIdSingleton::GetSerialize() const { return IntToStr(GetId()); }

@@ -1,6 +1,6 @@
 #include "objects/uVxObjects/TVxObject.h"
 
-#include <compare>
+#include <functional>
 
 namespace vx {
 
@@ -51,8 +51,8 @@ int TVxObject::ProcessId(const TVxClass&) { return 0; }
 String TVxObject::ProcessData() const { return {}; }
 
 int TVxObject::Compare(const TVxObject& Other) const {
-  const std::strong_ordering order = std::compare_three_way()(this, &Other);
-  return order < 0 ? -1 : order > 0;
+  const std::less<const TVxObject*> isLess;
+  return isLess(this, &Other) ? -1 : isLess(&Other, this) ? 1 : 0;
 }
 
 std::unique_ptr<TVxObject> TVxObject::GetNewInstance() const { return ClassType().NewInstance(); }

@@ -82,7 +82,7 @@ String Scaled(uint64_t size, int shift, int digits) {
   }
   if (rest != 0) Increment(number);
   for (; places > 0 && number.back() == '0'; --places) number.pop_back();
-  const String text = String::FromUtf8(number);
+  String text = String::FromUtf8(number);
   if (places == 0) return text;
   const int whole = text.size() - places;
   return Concat({text.Slice(0, whole), {&GetFormatSettings().DecimalSeparator, 1}, text.Slice(whole)});
