@@ -94,4 +94,10 @@ if [ -x "$programs/hours_account" ]; then
   [ "$(grep -c ' h  .* €$' "$dir/accounts")" -ge 4 ] || die "the accounts are not there"
 fi
 
+if [ -x "$programs/care_plan" ]; then
+  say "Classes that describe themselves: a patient, a visit, and the plan that links both"
+  "$programs/care_plan" | tee "$dir/plan"
+  grep -qx 'Patient|Name (vftString): Max Meier' "$dir/plan" || die "the call path leads nowhere"
+fi
+
 say "All comparisons agree"

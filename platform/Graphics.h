@@ -4,7 +4,7 @@
 //   ColorToString, StringToColor   names such as "clRed", hexadecimal for the others
 //   IdentToColor, ColorToIdent     the names alone
 //   ColorToRGB, SetSystemColors    what a system colour stands for
-//   TRect, TAlign                  a rectangle; the side that something is bound to
+//   TPoint, TRect, TAlign          a place; a rectangle; the side that something is bound to
 //   TFont                          name, colour, style and size
 //
 // Example:
@@ -88,6 +88,13 @@ struct TFont {
   TFontStyles Style;
   int Size = 8;  // points
   friend bool operator==(const TFont&, const TFont&) noexcept = default;
+};
+
+// A place, y growing downwards on a screen.
+struct TPoint {
+  int X = 0;
+  int Y = 0;
+  friend constexpr bool operator==(const TPoint&, const TPoint&) noexcept = default;
 };
 
 // Sides in screen coordinates: y grows downwards, Right and Bottom lie behind the last pixel.

@@ -1,6 +1,5 @@
 // The sorted set of points.
 //
-//   TPoint         a place
 //   TVxPointList   points ascending by X, then by Y, each once
 //
 // Example:
@@ -15,15 +14,10 @@
 #include <span>
 #include <vector>
 
+#include "platform/Graphics.h"
 #include "platform/TObject.h"
 
 namespace vx {
-
-struct TPoint {
-  int X = 0;
-  int Y = 0;
-  friend constexpr bool operator==(const TPoint&, const TPoint&) noexcept = default;
-};
 
 // Indexes count from 0; one outside the list raises EListError with SListIndexError, and nothing has
 // changed then.
