@@ -55,6 +55,7 @@ void TObjectSlots::MoveDown(const TBlock& Block, int First, int Last) noexcept {
 }
 
 void TObjectSlots::Insert(int Index, TObject* Item) noexcept {
+  ++FVersion;
   const int size = Mask() + 1;
   const int last = FCount >> FBits;
   const int target = Index >> FBits;
@@ -79,6 +80,7 @@ void TObjectSlots::Insert(int Index, TObject* Item) noexcept {
 }
 
 void TObjectSlots::Erase(int Index) noexcept {
+  ++FVersion;
   const int size = Mask() + 1;
   const int last = (FCount - 1) >> FBits;
   const int target = Index >> FBits;
@@ -101,6 +103,7 @@ void TObjectSlots::Erase(int Index) noexcept {
 }
 
 void TObjectSlots::SetCount(int Value) noexcept {
+  ++FVersion;
   for (int i = FCount; i < Value; ++i) At(i) = nullptr;
   FCount = Value;
 }

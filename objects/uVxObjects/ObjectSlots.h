@@ -22,7 +22,13 @@ class TObjectSlots {
   void SetCapacity(int Value);
 
   TObject* operator[](int Index) const noexcept { return At(Index); }
-  TObject*& operator[](int Index) noexcept { return At(Index); }
+  // For writing.
+  TObject*& operator[](int Index) noexcept {
+    ++FVersion;
+    return At(Index);
+  }
+  // Another number after every change of a slot.
+  unsigned Version() const noexcept { return FVersion; }
   // Needs a count below the capacity. Index may be the count.
   void Insert(int Index, TObject* Item) noexcept;
   void Erase(int Index) noexcept;
@@ -50,6 +56,7 @@ class TObjectSlots {
   int FBits = kFirstBits;  // a block has 1 << FBits slots
   int FCount = 0;
   int FCapacity = 0;
+  unsigned FVersion = 0;
 };
 
 }  // namespace vx

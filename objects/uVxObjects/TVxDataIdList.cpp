@@ -12,6 +12,9 @@ namespace {
 // Not destroyed at the program's end: lists of others may be used later.
 TVxDataIdHelper* Probe = nullptr;
 
+// Smaller lists are searched as they stand.
+constexpr int kLeastCopied = 64;
+
 TVxDataIdHelper& GetProbe() {
   if (!Probe) Probe = new TVxDataIdHelper();
   return *Probe;
@@ -82,7 +85,41 @@ int TVxDataIdList::IndexSort(const TObject* Item) const {
   return low;
 }
 
+// Whether FIds are those of the list as it is. They are copied when so many look-ups have come together that
+// the copy pays.
+bool TVxDataIdList::HasIds() const {
+  const int count = GetCount();
+  if (FIdsVersion != iList.Version()) {
+    FIdsVersion = iList.Version();
+    FLookups = 0;
+    FIds.clear();
+  }
+  if (!FIds.empty()) return true;
+  if (count < kLeastCopied || FLookups++ < count / 8 || typeid(*this) != typeid(TVxDataIdList)) return false;
+  FLookups = 0;  // whatever becomes of it
+  FIds.reserve(static_cast<size_t>(count));
+  for (int i = 0; i < count; ++i) {
+    const TObject* item = iList[i];
+    if (!item) {
+      FIds.clear();
+      return false;
+    }
+    FIds.push_back(ToDataId(*item).GetId());
+  }
+  return true;
+}
+
+// The place of the id if the copied ids know one that is right; -1 says nothing.
+int TVxDataIdList::KnownPlace(int Id) const {
+  if (!HasIds()) return -1;
+  const auto found = std::lower_bound(FIds.begin(), FIds.end(), Id);
+  if (found == FIds.end() || *found != Id) return -1;
+  const int place = static_cast<int>(found - FIds.begin());
+  return ToDataId(*std::as_const(iList)[place]).GetId() == Id ? place : -1;
+}
+
 int TVxDataIdList::IndexOf(int Id) const {
+  if (const int known = KnownPlace(Id); known >= 0) return known;
   const int place = IndexSortId(Id);
   if (place >= GetCount() || !iList[place]) return -1;
   return ToDataId(*iList[place]).GetId() == Id ? place : -1;

@@ -7,6 +7,7 @@
 #pragma once
 
 #include <typeinfo>
+#include <vector>
 
 #include "objects/uVxObjects/TVxData.h"
 #include "objects/uVxObjects/TVxObjectListSort.h"
@@ -19,8 +20,9 @@ inline int TVxDataIdListCount = 0;
 // Each id once. The objects have to be TVxDataId: to compare or get another one raises EInvalidCast, and
 // an object that raises when added stays the caller's. nullptr stands before all ids.
 //
-// Look-ups by id allocate nothing, but share one object between all lists: not even different lists may be
-// used by several threads at a time.
+// Look-ups by id share one object between all lists: not even different lists may be used by several
+// threads at a time. Many look-ups in a list that stays as it is are made in a copy of its ids, which saves
+// the way to the objects; what it finds is checked at the object, what it lacks is looked for among them.
 //
 // Pitfall: GetItem and IndexOf take ids, GetItems takes an index.
 class TVxDataIdList : public TVxListClassed<TVxDataIdList, TVxObjectListSortU, u"TVxDataIdList"> {
@@ -58,7 +60,14 @@ class TVxDataIdList : public TVxListClassed<TVxDataIdList, TVxObjectListSortU, u
  private:
   const TVxDataId& ToDataId(const TObject& Item) const;
 
+  int KnownPlace(int Id) const;
+  bool HasIds() const;
+
   mutable const std::type_info* FKnownClass = nullptr;  // of an object that was a TVxDataId
+  // The ids in their order, as the list was at a version of its slots.
+  mutable std::vector<int> FIds;
+  mutable unsigned FIdsVersion = 0;
+  mutable int FLookups = 0;  // since that version
 };
 
 }  // namespace vx

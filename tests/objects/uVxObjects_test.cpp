@@ -15,9 +15,7 @@ using namespace vx;
 
 TDataHeads Heads(String Marker, const TVxClass& Class, TDataHeads Above, TDataHeads Own) {
   TDataHeadRecordList heads(Marker, Class.ClassName(), &Class);
-  heads.AddRange(Above);
-  heads.AddRange(Own);
-  return heads.getDHRecords();
+  return heads.AddRange(Above), heads.AddRange(Own), heads.getDHRecords();
 }
 
 int PersonAsked = 0;
@@ -33,8 +31,7 @@ struct TPerson : TVxClassed<TPerson, TVxDataIdHelper, u"TPerson"> {
 struct TBare : TVxClassed<TBare, TPerson, u"TBare"> {};
 struct TNurse : TVxClassed<TNurse, TBare, u"TNurse"> {
   static TDataHeads DataHeads(const TVxClass& Self, bool Hierarchy) {
-    const TDataHeads own = {
-        {u"Lohn", u"vftCurrency"}, {u"Chef", u"TPerson", &TPerson::Class()}, {u"Fremd", u"TFremd"}};
+    const TDataHeads own = {{u"Lohn", u"vftCurrency"}, {u"Chef", u"TPerson", &TPerson::Class()}, {u"Fremd", u"TFremd"}};
     return Heads(u"-9002", Class(), Hierarchy ? TBare::DataHeads(Self, true) : TDataHeads(), own);
   }
   static auto Factory(const TVxClass& Self, const String& Text) { return TBare::Factory(Self, Text + u"0"); }
@@ -46,19 +43,13 @@ struct TWard : TVxClassed<TWard, TVxVirtualList, u"TWard"> {
   }
 };
 // Link to each other, a house by a link without a name.
-struct TRoom : TVxClassed<TRoom, TVxObject, u"TRoom"> {
-  static TDataHeads DataHeads(const TVxClass&, bool);
-};
+struct TRoom : TVxClassed<TRoom, TVxObject, u"TRoom"> { static TDataHeads DataHeads(const TVxClass&, bool); };
 struct THouse : TVxClassed<THouse, TVxObject, u"THouse"> {
   static TDataHeads DataHeads(const TVxClass&, bool) { return {{u"", u"TRoom", &TRoom::Class()}}; }
 };
 TDataHeads TRoom::DataHeads(const TVxClass&, bool) { return {{u"Haus", u"THouse", &THouse::Class()}}; }
-struct TAbstract : TVxClassed<TAbstract, TVxObject, u"TAbstract"> {
-  virtual void Act() = 0;
-};
-struct TRaising : TVxClassed<TRaising, TVxObject, u"TRaising"> {
-  TRaising() { throw std::runtime_error("no"); }
-};
+struct TAbstract : TVxClassed<TAbstract, TVxObject, u"TAbstract"> { virtual void Act() = 0; };
+struct TRaising : TVxClassed<TRaising, TVxObject, u"TRaising"> { TRaising() { throw std::runtime_error("no"); } };
 struct TLiar : TVxClassed<TLiar, TVxObject, u"TLiar"> {
   const TVxClass& ClassType() const override { return TVxObject::Class(); }
 };
@@ -82,22 +73,18 @@ TEST(VxClass, AnswersForTheClassThatIsAsked) {
   const TBare bare;
   EXPECT_EQ(bare.ClassName() + u", " + bare.ToString(), u"TBare, object of TBare");
   EXPECT_EQ(&bare.GetNewInstance()->ClassType(), &TBare::Class());
-  EXPECT_TRUE(TBare::Class().InheritsFrom(TPerson::Class()) && TBare::Class().InheritsFrom(TBare::Class()));
-  EXPECT_FALSE(TPerson::Class().InheritsFrom(TBare::Class()));
-  TVXPermissionSet rights{ppRead};
-  String text, comment = u"x";
-  EXPECT_FALSE(TBare::Class().Permission(rights, text, comment));
-  EXPECT_TRUE(rights.IsEmpty() && text == u"TBare" && comment.empty());
+  const TVxClass &self = TBare::Class(), &above = TPerson::Class();
+  EXPECT_TRUE(self.InheritsFrom(above) && self.InheritsFrom(self) && !above.InheritsFrom(self));
+  TVXPermissionSet rights{ppRead}; String text, comment = u"x";
+  EXPECT_TRUE(!self.Permission(rights, text, comment) && rights.IsEmpty() && text == u"TBare" && comment.empty());
 }
 
 TEST(VxClass, CaptionsFollowTheCase) {
   const char16_t* const captions[2][6] = {
       {u"Objekt", u"das Objekt", u"des Objektes", u"dem Objekt", u"das Objekt", u"Objekt"},
       {u"Objekte", u"die Objekte", u"der Objekte", u"den Objekten", u"die Objekte", u"Objekte"}};
-  for (int fall = -1; fall < 10; ++fall) {
-    for (bool plural : {false, true}) {
-      EXPECT_EQ(TVxObject::Class().ClassCaption(plural, fall), captions[plural][std::clamp(fall, 0, 5)]) << fall;
-    }
+  for (int i = -2, fall = -1; i < 20; fall = ++i / 2) {
+    EXPECT_EQ(TVxObject::Class().ClassCaption(i % 2, fall), captions[i % 2 != 0][std::clamp(fall, 0, 5)]) << fall;
   }
   EXPECT_EQ(TVxObject::ClassCaption(TBare::Class(), true, 5), u"Person") << "the override is asked for 0";
 }
@@ -111,45 +98,38 @@ TEST(VxData, TextsAndKeys) {
   const TVxObject other;
   EXPECT_TRUE(a->Compare(*b) == 0 && a->Compare(*c) == 1 && c->Compare(*a) == -1);
   EXPECT_TRUE(a->Compare(other) != 0 && a->Compare(other) == -other.Compare(*a));
-  a->Assign(nullptr);
-  EXPECT_EQ(a->GetSerialize(), u"12");
-  a->SetSerialize(u"x");
-  EXPECT_EQ(a->GetSerialize(), u"0");
+  EXPECT_EQ((a->Assign(nullptr), a->GetSerialize()), u"12");
+  EXPECT_EQ((a->SetSerialize(u"x"), a->GetSerialize()), u"0");
 }
 
 TEST(DataHeads, AreMadeOnceWithTheAncestorsInside) {
-  ClearDataheads();
-  PersonAsked = 0;
+  ClearDataheads(), PersonAsked = 0;
   EXPECT_EQ(NamesOf(GetDataHeads(TNurse::Class(), false)), u"-9002 Lohn Chef Fremd ");
   const TDataHeads& all = GetDataHeads(TNurse::Class(), true);
   EXPECT_EQ(NamesOf(all), u"-9002 -9001 Name Geburt Kinder Lohn Chef Fremd ");
   EXPECT_TRUE(&GetDataHeads(TNurse::Class(), true) == &all && PersonAsked == 1);
-  ClearDataheads();
-  GetDataHeads(TNurse::Class(), true);
-  EXPECT_EQ(PersonAsked, 2);
+  EXPECT_EQ((ClearDataheads(), GetDataHeads(TNurse::Class(), true), PersonAsked), 2);
   PersonAsked = 99;  // the class asks itself now
   EXPECT_EQ(NamesOf(GetDataHeads(TPerson::Class(), false)), u"-9001 Name Geburt Kinder ");
 }
 
 TEST(CallPath, LeadsToAField) {
   String tail = u"a|b|c", head;
-  for (const char16_t* expected : {u"a,b|c", u"b,c", u"c,", u","}) {
-    GetSearchString(tail, tail, head);
-    EXPECT_EQ(head + u"," + tail, expected);
+  for (auto want : {u"a,b|c", u"b,c", u"c,", u","}) {
+    EXPECT_EQ((GetSearchString(tail, tail, head), head + u"," + tail), want);
   }
+  const TVxClass *self = &TPerson::Class(), *sub = &TNurse::Class();
   const struct { const TVxClass* Class; const char16_t *Call, *Type; } types[] = {
-      {nullptr, u"Name", u"vftString"}, {&TPerson::Class(), u"", u"vftString"},
-      {&TPerson::Class(), u"Nichts|Geburt", u"vftDate"}, {&TPerson::Class(), u"Kinder|[3]|Geburt", u"vftDate"},
-      {&TPerson::Class(), u"Kinder|[3]", u"TPerson"}, {&TPerson::Class(), u"Kinder||Kinder", u"TPerson"},
-      {&TPerson::Class(), u"-9001", u"TPerson"}, {&TNurse::Class(), u"Lohn|Geburt", u"vftDate"},
-      {&TNurse::Class(), u"9001|Lohn", u"TPerson"}, {&TNurse::Class(), u"Chef|9002", u"TPerson"}};
+      {nullptr, u"Name", u"vftString"}, {self, u"", u"vftString"}, {self, u"Nichts|Geburt", u"vftDate"},
+      {self, u"Kinder|[3]|Geburt", u"vftDate"}, {self, u"Kinder|[3]", u"TPerson"}, {sub, u"Lohn|Geburt", u"vftDate"},
+      {self, u"Kinder||Kinder", u"TPerson"}, {self, u"-9001", u"TPerson"}, {sub, u"9001|Lohn", u"TPerson"},
+      {sub, u"Chef|9002", u"TPerson"}};
   for (const auto& row : types) EXPECT_EQ(getEntryInfo(row.Class, row.Call), row.Type) << String(row.Call).ToUtf8();
   const struct { const char16_t *Call, *Tail; int Position, ListPos; } places[] = {
       {u"Lohn|x|y", u"x|y", 1, -1}, {u"9002", u"", 0, -1}, {u"-9002|", u"", 0, -1}, {u"Name|x", u"x", -1, -1},
       {u"[7]|Chef|x", u"x", 2, 7}, {u"[x]|9002", u"", 0, 0}, {u"[7|Nichts", u"", -1, 0}};
   for (const auto& row : places) {
-    const TValueOfRecord request(0, row.Call, u"", &TNurse::Class());
-    int listPos = -1;
+    const TValueOfRecord request(0, row.Call, u"", sub); int listPos = -1;
     EXPECT_EQ(row.ListPos < 0 ? request.GetValueOfPos(tail) : request.GetListValueOfPos(tail, listPos), row.Position);
     EXPECT_TRUE(tail == row.Tail && listPos == row.ListPos) << String(row.Call).ToUtf8() << listPos;
   }
@@ -160,34 +140,30 @@ TEST(Registry, MakesObjectsByNameAndTestsThem) {
   vx::uVxObjects::FreeBuffersForLeakPrevention();
   EXPECT_EQ(TestVxObjects(u""), u"");
   EXPECT_TRUE(!GetVxObjectClass(u"TPerson") && !CreateVxObject(u"TPerson"));
-  for (const TVxClass* known : {&TPerson::Class(), &TAbstract::Class(), &TLiar::Class(), &TRaising::Class()}) {
-    RegisterVxObject(*known);
-  }
-  EXPECT_EQ(CreateVxObject(u"TPerson")->ClassName(), u"TPerson");
-  EXPECT_EQ(GetVxObjectClass(u"tperson"), nullptr);
-  const test::TTempDir dir;
-  const String text = TestVxObjects(dir.Path("report.txt"));
+  RegisterVxObject(TPerson::Class()), RegisterVxObject(TAbstract::Class());
+  RegisterVxObject(TLiar::Class()), RegisterVxObject(TRaising::Class());
+  EXPECT_TRUE(CreateVxObject(u"TPerson")->ClassName() == u"TPerson" && !GetVxObjectClass(u"tperson"));
+  const test::TTempDir dir; const String text = TestVxObjects(dir.Path("report.txt"));
   EXPECT_EQ(text, u"TAbstract OK\r\nTLiar ERROR CLASSTYPE\r\nTPerson OK\r\nTRaising ERROR CREATE\r\n"
                   u"TVxDataIdHelper OK\r\nTVxObject OK");
   EXPECT_EQ(test::GetText(dir.Path("report.txt")), text.ToUtf8() + "\r\n");
 }
 
 TEST(ObjectCounter, CountsByTheClassThatAnObjectIsOf) {
-  vx::uVxObjects::FreeBuffersForLeakPrevention();
-  auto early = std::make_unique<TBare>();
+  vx::uVxObjects::FreeBuffersForLeakPrevention(); auto early = std::make_unique<TBare>();
   DoCountObjects = true;
   {
     const TPerson a, b(a);
     EXPECT_THROW(TRaising(), std::runtime_error);
     EXPECT_TRUE(VxObjectCounter().at(u"TPerson") == 2 && VxObjectCounter().at(u"TVxDataId") == 0);
   }
-  early.reset();
-  DoCountObjects = false;
+  early = nullptr, DoCountObjects = false;
   for (const auto& [name, count] : VxObjectCounter()) EXPECT_EQ(count, name == u"TBare" ? -1 : 0) << name.ToUtf8();
 }
 
 TEST(ObjectStructure, WalksLinksToTheDepthAsked) {
   const String fields = u"-9001:TPerson[+] Name Geburt ", shut = u"TPerson[+]";
+  const String child = u"Kinder:TPerson[" + fields;
   const String person = u"TPerson[" + fields + u"Kinder:" + shut + u"]", ward = u"W:TWard*[-9003:TWard[+] Nr Pflege:";
   const String marker = u"-9002:TNurse[+] ", lohn = u"Lohn Chef:", end = u" Fremd:TFremd[+]]";
   const String open = ward + u"TNurse[" + marker + fields + u"Kinder:";
@@ -198,12 +174,10 @@ TEST(ObjectStructure, WalksLinksToTheDepthAsked) {
       {&TRoom::Class(), u"Haus", nullptr, 0, nullptr, u"Haus:TRoom[Haus:THouse[:TRoom[+]]]"},
       {&self, u"P", nullptr, -1, nullptr, u"P:" + person},
       {&self, u"a\u00FFP", &base, 0, nullptr, u"P:TPerson[" + fields + u"Kinder:" + person + u"]"},
-      {&self, u"Kinder", nullptr, 1, nullptr,
-       u"Kinder:TPerson[" + fields + u"Kinder:TPerson[" + fields + u"Kinder:" + person + u"]]"},
+      {&self, u"Kinder", nullptr, 1, nullptr, child + child + u"Kinder:" + person + u"]]"},
       {&sub, u"", nullptr, -1, &self, u":TNurse[" + marker + lohn + shut + end},
       {&sub, u"", nullptr, -1, &base, u":TNurse[" + fields + u"Kinder:" + shut + u" " + marker + lohn + shut + end},
-      {&sub, u"", nullptr, -1, &sub, u":TNurse[]"},
-      {&wards, u"W", nullptr, -1, nullptr, ward + u"TNurse[+]]"},
+      {&sub, u"", nullptr, -1, &sub, u":TNurse[]"}, {&wards, u"W", nullptr, -1, nullptr, ward + u"TNurse[+]]"},
       {&wards, u"W", &self, 0, nullptr, open + person + u" " + lohn + person + end + u"]"},
       {&wards, u"W", &sub, 0, nullptr, open + shut + u" " + lohn + shut + end + u"]"}};
   for (const auto& row : rows) {
@@ -221,9 +195,7 @@ TEST(ObjectStructure, ListsCopiesAndCompares) {
   auto* node = new TVxParserObject(&TPerson::Class(), u"In", u"T");
   outer.Add(std::unique_ptr<TVxParserEntryObject>(node));
   EXPECT_TRUE(node->Add(Leaf(u"Leaf")) && outer.Add(Leaf(u"Last")) && !outer.Add(nullptr));
-  node->SetIsList(true);
-  node->SetIsBridge(true);
-  const auto list = outer.GetPropertyList();
+  node->SetIsList(true), node->SetIsBridge(true); const auto list = outer.GetPropertyList();
   EXPECT_EQ(list->GetText() + outer.GetShortPropertyList()->GetText(), u"-<>-|[] In|Leaf\r\nLastIn\r\nLast");
   EXPECT_EQ(list->GetObject(0), node->GetData()[0].get());
   for (TVxParserObject* target : {&copy, &outer, static_cast<TVxParserObject*>(nullptr)}) outer.Assignto(target);
@@ -234,8 +206,7 @@ TEST(ObjectStructure, ListsCopiesAndCompares) {
   EXPECT_TRUE(outer.Equals(&other)) << "children are not compared";
   other.SetIsBridge(true);
   EXPECT_FALSE(outer.Equals(&other) || outer.Equals(nullptr));
-  node->Assignto(&outer);  // which holds the node
-  EXPECT_EQ(Drawn(outer), u"In:T*[Leaf]");
+  EXPECT_EQ((node->Assignto(&outer), Drawn(outer)), u"In:T*[Leaf]") << "from a node that is in it";
 }
 
 }  // namespace
