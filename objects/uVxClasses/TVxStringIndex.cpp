@@ -16,9 +16,9 @@ namespace {
 
 // The place of the first unit that differs in the first Size ones; Size if there is none.
 inline size_t FirstOther(const char16_t* A, const char16_t* B, size_t Size) noexcept {
-  static_assert(std::endian::native == std::endian::little);
+  constexpr bool kFirstIsLowest = std::endian::native == std::endian::little;
   size_t at = 0;
-  for (; at + 4 <= Size; at += 4) {
+  for (; kFirstIsLowest && at + 4 <= Size; at += 4) {
     uint64_t a, b;
     std::memcpy(&a, A + at, sizeof a);
     std::memcpy(&b, B + at, sizeof b);
