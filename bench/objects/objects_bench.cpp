@@ -138,6 +138,19 @@ void MeasureDataIds() {
     hashed.emplace(id * 2, object);
   }
   const std::vector<int> keys = Shuffled(Ascending(kCount, 2), 4);
+  TVxObjectList shuffled(false);
+  for (int key : keys) shuffled.Add(hashed[key]);
+  auto addAll = [&] {
+    TVxDataIdList copy(false);
+    copy.ItemsAdd(shuffled);
+    return int64_t{copy.GetCount()};
+  };
+  auto addToMap = [&] {
+    std::map<int, TObject*> copy;
+    for (int i = 0; i < kCount; ++i) copy.emplace(keys[static_cast<size_t>(i)], shuffled.GetItem(i));
+    return static_cast<int64_t>(copy.size());
+  };
+  Compare("objects/dataids_itemsadd_random", "map", kCount, addAll, addToMap);
   auto ours = [&] {
     int64_t sum = 0;
     for (int key : keys) sum += list.GetItem(key)->GetId();

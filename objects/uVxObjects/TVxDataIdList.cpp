@@ -150,15 +150,18 @@ int TVxDataIdList::MaxId() const {
 void TVxDataIdList::ItemsAdd(const TVxObjectList& Source) {
   if (!GetOwnsObjects()) return TVxListClassed::ItemsAdd(Source);
   const int count = Source.GetCount();
-  GrowBy(count);
+  std::vector<std::unique_ptr<TObject>> copies;  // the list takes them over when all are made
+  copies.reserve(static_cast<size_t>(count));
   for (int i = 0; i < count && i < Source.GetCount(); ++i) {
     const TObject* item = Source.GetItem(i);
-    if (!item) {
-      Add(nullptr);
-    } else if (std::unique_ptr<TVxData> copy = ToDataId(*item).Duplicate()) {
-      Add(copy.release());
-    }
+    std::unique_ptr<TObject> copy = item ? ToDataId(*item).Duplicate() : nullptr;
+    if (copy || !item) copies.push_back(std::move(copy));
   }
+  std::vector<TObject*> items;
+  items.reserve(copies.size());
+  for (auto& copy : copies) items.push_back(copy.release());
+  GrowBy(count);
+  AddAll(items);
 }
 
 }  // namespace vx

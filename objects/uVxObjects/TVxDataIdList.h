@@ -56,6 +56,7 @@ class TVxDataIdList : public TVxListClassed<TVxDataIdList, TVxObjectListSortU, u
  protected:
   // The difference of the ids, held to the range of int.
   int doCompare(const TObject* Item1, const TObject* Item2) const override;
+  bool IsPlainSorted() const noexcept override { return typeid(*this) == typeid(TVxDataIdList); }
 
  private:
   const TVxDataId& ToDataId(const TObject& Item) const;

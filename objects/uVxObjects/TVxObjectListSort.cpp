@@ -1,5 +1,7 @@
 #include "objects/uVxObjects/TVxObjectListSort.h"
 
+#include <algorithm>
+
 namespace vx {
 
 int TVxObjectListSortU::IndexSort(const TObject* Item) const {
@@ -35,6 +37,56 @@ int TVxObjectListSortU::Add(TObject* Item) {
     delete Item;
   }
   return place;
+}
+
+void TVxObjectListSortU::ItemsAdd(const TVxObjectList& Source) {
+  std::vector<TObject*> items;
+  items.reserve(static_cast<size_t>(Source.GetCount()));
+  for (int i = 0; i < Source.GetCount(); ++i) items.push_back(Source.GetItem(i));
+  GrowBy(Source.GetCount());
+  AddAll(items);
+}
+
+void TVxObjectListSortU::AddAll(const std::vector<TObject*>& Items) {
+  constexpr size_t kFew = 64;
+  if (Items.size() >= kFew && IsPlainSorted() && MergeAll(Items)) return;
+  for (TObject* item : Items) Add(item);
+}
+
+// False, with nothing changed, for a list that is not in order or has no room.
+bool TVxObjectListSortU::MergeAll(const std::vector<TObject*>& Items) {
+  const int count = GetCount();
+  if (static_cast<size_t>(GetCapacity() - count) < Items.size()) return false;
+  for (int i = 1; i < count; ++i) {
+    if (doCompare(iList[i - 1], iList[i]) > (KeepsEqual() ? 0 : -1)) return false;
+  }
+  struct TNew {
+    TObject* Item;
+    size_t Arrival;
+  };
+  std::vector<TNew> added, refused;
+  for (TObject* item : Items) added.push_back({item, added.size()});
+  std::stable_sort(added.begin(), added.end(),
+                   [this](const TNew& A, const TNew& B) { return doCompare(A.Item, B.Item) < 0; });
+  std::vector<TObject*> merged;
+  merged.reserve(static_cast<size_t>(count) + added.size());
+  int next = 0;
+  for (const TNew& item : added) {
+    while (next < count && doCompare(iList[next], item.Item) <= 0) merged.push_back(iList[next++]);
+    if (KeepsEqual() || merged.empty() || doCompare(item.Item, merged.back()) != 0) {
+      merged.push_back(item.Item);
+    } else if (item.Item != merged.back()) {
+      refused.push_back(item);
+    }
+  }
+  while (next < count) merged.push_back(iList[next++]);
+  std::sort(refused.begin(), refused.end(), [](const TNew& A, const TNew& B) { return A.Arrival < B.Arrival; });
+  iList.SetCount(static_cast<int>(merged.size()));
+  for (size_t i = 0; i < merged.size(); ++i) iList[static_cast<int>(i)] = merged[i];
+  for (const TNew& item : refused) {
+    if (GetOwnsObjects()) delete item.Item;
+  }
+  return true;
 }
 
 int TVxObjectListSortD::IndexSort(const TObject* Item) const {

@@ -22,6 +22,9 @@
 // Pitfalls: the order is not restored when an object changes what it is ordered by, nor after SetItem.
 #pragma once
 
+#include <typeinfo>
+#include <vector>
+
 #include "objects/uVxObjects/TVxObjectList.h"
 
 namespace vx {
@@ -35,6 +38,9 @@ class TVxObjectListSortU : public TVxListClassed<TVxObjectListSortU, TVxObjectLi
   // index is the result, and Item is freed if the list owns: after Add an owning list's caller must
   // not use Item.
   int Add(TObject* Item) override;
+  // Each as Add does, ordered once: n objects in any order cost about n log n. A derived class gets them
+  // one by one, as it may compare, add or be notified in its own way.
+  void ItemsAdd(const TVxObjectList& Source) override;
   // Where Item stands or would have to stand: the index of the first object that is not before it.
   virtual int IndexSort(const TObject* Item) const;
 
@@ -47,6 +53,15 @@ class TVxObjectListSortU : public TVxListClassed<TVxObjectListSortU, TVxObjectLi
 
   // By IndexSort: the place of an object that doCompare gives 0 for.
   int doIndexOf(const TObject* Item) const override;
+  // Adds all in their order, each as Add does.
+  void AddAll(const std::vector<TObject*>& Items);
+  // Whether equal objects stay.
+  virtual bool KeepsEqual() const noexcept { return false; }
+  // The class is known to add, compare and be notified as told here.
+  virtual bool IsPlainSorted() const noexcept { return typeid(*this) == typeid(TVxObjectListSortU); }
+
+ private:
+  bool MergeAll(const std::vector<TObject*>& Items);
 };
 
 // The same for equal objects, which all stay, in the order in which they came.
@@ -62,6 +77,10 @@ class TVxObjectListSortD : public TVxListClassed<TVxObjectListSortD, TVxObjectLi
   int Remove(const TObject* Item) override;
   // The first of equal objects.
   int IndexSort(const TObject* Item) const override;
+
+ protected:
+  bool KeepsEqual() const noexcept override { return true; }
+  bool IsPlainSorted() const noexcept override { return typeid(*this) == typeid(TVxObjectListSortD); }
 };
 
 }  // namespace vx

@@ -247,4 +247,33 @@ TEST(ObjectLists, AddManyInAnyOrderAsOneByOne) {
   EXPECT_TRUE(source.GetCount() == 20000 && source.Last() == plain.Last()) << "one for one";
 }
 
+template <typename TList>
+void ExpectBulkAsOneByOne(const std::vector<TObject*>& first, const TVxObjectList& source) {
+  TList bulk(false), single(false);
+  for (TObject* item : first) bulk.Add(item), single.Add(item);
+  bulk.ItemsAdd(source);
+  for (int i = 0; i < source.GetCount(); ++i) single.Add(source.GetItem(i));
+  ASSERT_EQ(bulk.GetCount(), single.GetCount());
+  for (int i = 0; i < bulk.GetCount(); ++i) ASSERT_EQ(bulk.TVxObjectList::GetItem(i), single.TVxObjectList::GetItem(i)) << i;
+}
+
+TEST(ObjectLists, BulkGivesWhatOneByOneGives) {
+  std::mt19937 random(5); std::vector<TNote> notes(400);
+  for (int round = 0; round < 20; ++round) {
+    std::vector<TObject*> first; TVxObjectList source(false); TVxDataIdList copies, ids(false);
+    for (TNote& note : notes) note.SetId(static_cast<int>(random() % 300));
+    for (int i = round * 7; i > 0; --i) first.push_back(&notes[random() % 400]);
+    for (int i = 60 + round * 9; i > 0; --i) source.Add(random() % 40 == 0 ? nullptr : &notes[random() % 400]);
+    ExpectBulkAsOneByOne<TVxDataIdList>(first, source);
+    ExpectBulkAsOneByOne<TVxObjectListSortU>(first, source);
+    ExpectBulkAsOneByOne<TVxObjectListSortD>(first, source);
+    ids.ItemsAdd(source), copies.ItemsAdd(source);
+    ASSERT_EQ(copies.GetCount(), ids.GetCount());
+    for (int i = 0; i < ids.GetCount(); ++i) {
+      const TVxDataId *copy = copies.GetItems(i), *note = ids.GetItems(i);
+      ASSERT_TRUE(note ? copy && copy != note && copy->GetId() == note->GetId() : !copy);
+    }
+  }
+}
+
 }  // namespace
