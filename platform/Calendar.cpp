@@ -103,14 +103,6 @@ TDateTime EncodeTime(int Hour, int Minute, int Second, int MSec) {
   return result;
 }
 
-void DecodeTime(TDateTime DateTime, int& Hour, int& Minute, int& Second, int& MSec) noexcept {
-  const auto time = static_cast<unsigned>(DateTimeToTimeStamp(DateTime).Time);
-  Hour = static_cast<int>(time / 3600000);
-  Minute = static_cast<int>(time / 60000 % 60);
-  Second = static_cast<int>(time / 1000 % 60);
-  MSec = static_cast<int>(time % 1000);
-}
-
 int DayOfWeek(TDateTime DateTime) noexcept {
   const int day = DateTimeToTimeStamp(DateTime).Date;
   return day == 0 ? 0 : day % 7 + 1;

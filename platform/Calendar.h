@@ -51,7 +51,14 @@ bool TryEncodeTime(int Hour, int Minute, int Second, int MSec, TDateTime& Time) 
 // The same; EConvertError "Invalid argument to time encode".
 TDateTime EncodeTime(int Hour, int Minute, int Second, int MSec);
 // The time of day, whatever the day; all four 0 for a value that is no number or too large for a time.
-void DecodeTime(TDateTime DateTime, int& Hour, int& Minute, int& Second, int& MSec) noexcept;
+// Inline, so that fields nobody uses cost nothing.
+inline void DecodeTime(TDateTime DateTime, int& Hour, int& Minute, int& Second, int& MSec) noexcept {
+  const auto time = static_cast<unsigned>(DateTimeToTimeStamp(DateTime).Time);
+  Hour = static_cast<int>(time / 3600000);
+  Minute = static_cast<int>(time / 60000 % 60);
+  Second = static_cast<int>(time / 1000 % 60);
+  MSec = static_cast<int>(time % 1000);
+}
 
 // 1 for Sunday to 7 for Saturday; 0 for a value outside the years 1 to 9999.
 int DayOfWeek(TDateTime DateTime) noexcept;

@@ -158,10 +158,6 @@ bool ReadTime(TReader& Reader, TDateTime& Value, const TFormatSettings& Settings
   return TryEncodeTime(hour, minute, second, msec, Value);
 }
 
-[[noreturn]] void Fail(std::u16string_view Text, std::u16string_view Kind) {
-  throw EConvertError(Concat({u"'", Text, u"' is not a valid ", Kind}));
-}
-
 }  // namespace
 
 bool TryStrToDate(std::u16string_view Text, TDateTime& Value, const TFormatSettings& Settings) noexcept {
@@ -207,19 +203,19 @@ bool TryStrToDateTime(std::u16string_view Text, TDateTime& Value) noexcept {
 
 TDateTime StrToDate(std::u16string_view Text, const TFormatSettings& Settings) {
   TDateTime value = 0;
-  if (!TryStrToDate(Text, value, Settings)) Fail(Text, u"date");
+  if (!TryStrToDate(Text, value, Settings)) RaiseConvertError(Text, u"date");
   return value;
 }
 
 TDateTime StrToTime(std::u16string_view Text, const TFormatSettings& Settings) {
   TDateTime value = 0;
-  if (!TryStrToTime(Text, value, Settings)) Fail(Text, u"time");
+  if (!TryStrToTime(Text, value, Settings)) RaiseConvertError(Text, u"time");
   return value;
 }
 
 TDateTime StrToDateTime(std::u16string_view Text, const TFormatSettings& Settings) {
   TDateTime value = 0;
-  if (!TryStrToDateTime(Text, value, Settings)) Fail(Text, u"date and time");
+  if (!TryStrToDateTime(Text, value, Settings)) RaiseConvertError(Text, u"date and time");
   return value;
 }
 

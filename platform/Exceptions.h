@@ -103,6 +103,8 @@ inline constexpr char16_t SListCountError[] = u"List count out of bounds (%d)";
 inline constexpr char16_t SSortedListError[] = u"Operation not allowed on sorted list";
 inline constexpr char16_t SDuplicateString[] = u"String list does not allow duplicates";
 
+// Raises EConvertError "'Text' is not a valid Kind".
+[[noreturn]] void RaiseConvertError(std::u16string_view Text, std::u16string_view Kind);
 // The text Pattern with Value in place of its "%d".
 String FormatListError(std::u16string_view Pattern, int Value);
 

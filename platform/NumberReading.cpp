@@ -235,10 +235,6 @@ bool UnitsOf(const TScanned& Number, uint64_t& Units) noexcept {
   return true;
 }
 
-[[noreturn]] void Fail(std::u16string_view Text, std::u16string_view Kind) {
-  throw EConvertError(Concat({u"'", Text, u"' is not a valid ", Kind, u" value"}));
-}
-
 }  // namespace
 
 bool TryStrToInt(std::u16string_view Text, int& Value) noexcept { return ReadInteger(Text, Value); }
@@ -256,13 +252,13 @@ int64_t StrToInt64Def(std::u16string_view Text, int64_t Default) noexcept {
 
 int StrToInt(std::u16string_view Text) {
   int value = 0;
-  if (!ReadInteger(Text, value)) Fail(Text, u"integer");
+  if (!ReadInteger(Text, value)) RaiseConvertError(Text, u"integer value");
   return value;
 }
 
 int64_t StrToInt64(std::u16string_view Text) {
   int64_t value = 0;
-  if (!ReadInteger(Text, value)) Fail(Text, u"integer");
+  if (!ReadInteger(Text, value)) RaiseConvertError(Text, u"integer value");
   return value;
 }
 
@@ -295,7 +291,7 @@ bool TextToCurr(std::u16string_view Text, Currency& Value, const TFormatSettings
 
 Extended StrToFloat(std::u16string_view Text, const TFormatSettings& Settings) {
   Extended value = 0;
-  if (!TextToFloat(Text, value, Settings)) Fail(Text, u"floating point");
+  if (!TextToFloat(Text, value, Settings)) RaiseConvertError(Text, u"floating point value");
   return value;
 }
 
@@ -303,7 +299,7 @@ Extended StrToFloat(std::u16string_view Text) { return StrToFloat(Text, GetForma
 
 Currency StrToCurr(std::u16string_view Text, const TFormatSettings& Settings) {
   Currency value;
-  if (!TextToCurr(Text, value, Settings)) Fail(Text, u"floating point");
+  if (!TextToCurr(Text, value, Settings)) RaiseConvertError(Text, u"floating point value");
   return value;
 }
 

@@ -5,10 +5,17 @@
 
 namespace vx {
 
+Extended PowerOf10(unsigned Exponent) noexcept {
+  Extended result = 1;
+  for (Extended power = 10; Exponent != 0; Exponent >>= 1, power *= power) {
+    if ((Exponent & 1) != 0) result *= power;
+  }
+  return result;
+}
+
 Extended SimpleRoundTo(Extended Value, int Digit) noexcept {
   if (!std::isfinite(Value)) return Value;
-  Extended factor = 1;
-  for (int i = std::abs(std::clamp(Digit, -37, 37)); i > 0; --i) factor *= 10;
+  const Extended factor = PowerOf10(static_cast<unsigned>(std::abs(std::clamp(Digit, -37, 37))));
   Extended scaled = Digit < 0 ? Value * factor : Value / factor;
   if (std::isinf(scaled)) return Value;  // has no such decimals
   Extended rounded = std::round(scaled);

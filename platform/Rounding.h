@@ -1,5 +1,6 @@
 // Rounding and comparing of floating point numbers.
 //
+//   PowerOf10         powers of ten
 //   SimpleRoundTo     to a decimal place, midpoints away from zero
 //   SameValue         equality within a tolerance
 //
@@ -12,6 +13,9 @@
 #include "platform/Types.h"
 
 namespace vx {
+
+// 10 to the power Exponent, exact up to 27; infinite from about 4900 on.
+Extended PowerOf10(unsigned Exponent) noexcept;
 
 // Value to the nearest multiple of 10 to the power Digit, midpoints away from zero: Digit 0 gives whole
 // numbers, -2 hundredths. Digit is held to -37 to 37. What is no number or infinite stays.

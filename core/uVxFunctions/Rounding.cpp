@@ -6,6 +6,7 @@
 
 #include "platform/Exceptions.h"
 #include "platform/Format.h"
+#include "platform/Rounding.h"
 
 namespace vx {
 namespace {
@@ -27,15 +28,6 @@ bool FitsRounded(Extended Value) noexcept { return Value >= -0x1p63L && Value < 
 
 [[noreturn]] void RaiseInvalidOp(std::u16string_view Routine) {
   throw EInvalidOp(Format(u"%s: no number or outside 64 bits", {Routine}));
-}
-
-// Exact up to 10 to the power 27; the library's pow promises no more than nearly so.
-Extended PowerOfTen(unsigned Exponent) noexcept {
-  Extended result = 1;
-  for (Extended power = 10; Exponent != 0; Exponent >>= 1, power *= power) {
-    if (Exponent & 1) result *= power;
-  }
-  return result;
 }
 
 template <typename T>
@@ -73,7 +65,7 @@ int64_t RoundTrade(Extended Value) {
 Extended RoundHalf(Extended Value) { return static_cast<Extended>(RoundTrade(Value * 2)) / 2; }
 
 Extended RoundExtended(Extended Value, int Places, bool Trade) {
-  Extended power = PowerOfTen(Magnitude(Places));
+  const Extended power = PowerOf10(Magnitude(Places));
   if (std::isinf(power)) RaiseInvalidOp(u"RoundExtended");
   // Divided, as the powers below 1 are not exact: midpoints would miss.
   Extended scaled = Places < 0 ? Value / power : Value * power;

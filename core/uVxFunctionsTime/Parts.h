@@ -28,11 +28,10 @@ inline TDate DateOf(TDateTime Value) noexcept {
   DecodeDate(Value, result.Year, result.Month, result.Day);
   return result;
 }
-// Inline, so that fields nobody asks for cost nothing.
 inline TTime TimeOf(TDateTime Value) noexcept {
-  const auto time = static_cast<unsigned>(DateTimeToTimeStamp(Value).Time);
-  return {static_cast<int>(time / 3600000), static_cast<int>(time / 60000 % 60), static_cast<int>(time / 1000 % 60),
-          static_cast<int>(time % 1000)};
+  TTime result;
+  DecodeTime(Value, result.Hour, result.Minute, result.Second, result.MSec);
+  return result;
 }
 
 // The fraction without its sign; 0 for an infinite value.

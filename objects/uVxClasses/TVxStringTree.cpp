@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/uVxFunctionsSerialize/Explode.h"
-#include "objects/uVxClasses/OffsetReader.h"
+#include "objects/uVxClasses/OffsetCells.h"
 #include "platform/Exceptions.h"
 #include "platform/Text.h"
 
@@ -12,12 +12,6 @@ namespace vx {
 namespace {
 
 constexpr size_t kNoSize = SIZE_MAX;
-
-size_t HexDigits(size_t Value) {
-  size_t digits = 1;
-  while (Value >>= 4) ++digits;
-  return digits;
-}
 
 // What a cell of Size units takes in an offsettext behind one of Last units.
 size_t CellSize(size_t Size, size_t Last) { return (Size == Last ? 0 : HexDigits(Size)) + 1 + Size; }
@@ -75,9 +69,7 @@ struct TSizes {
 struct TWriter {
   TWriter(const size_t* Sizes, char16_t* To) : NextSize(Sizes), Target(To) { Open({}); }
   void Put(size_t Size, size_t& Before) {
-    if (Size != Before) {
-      for (size_t digit = HexDigits(Size); digit-- > 0;) *Target++ = u"0123456789ABCDEF"[Size >> 4 * digit & 15];
-    }
+    if (Size != Before) Target = PutHex(Target, Size);
     *Target++ = u'\u00B0';
     Before = Size;
   }

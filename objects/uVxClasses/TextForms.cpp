@@ -4,6 +4,7 @@
 #include <cstring>
 
 #include "objects/uVxClasses/CellReader.h"
+#include "objects/uVxClasses/OffsetCells.h"
 #include "platform/Scan.h"
 
 namespace vx {
@@ -114,46 +115,6 @@ String TakeQuotedCell(const char16_t*& Pos, const char16_t* End, char16_t Quote)
   return std::move(source.Cells.back());
 }
 
-int HexDigit(char16_t Unit) {
-  if (Unit >= u'0' && Unit <= u'9') return Unit - u'0';
-  if (Unit >= u'A' && Unit <= u'F') return Unit - u'A' + 10;
-  if (Unit >= u'a' && Unit <= u'f') return Unit - u'a' + 10;
-  return 0;  // any other unit adds nothing but counts as a place
-}
-
-// Writes Value in hexadecimal digits without leading zeros; returns how many.
-int PutHex(char16_t (&Target)[8], uint32_t Value) {
-  int digits = Value == 0 ? 1 : (32 - std::countl_zero(Value) + 3) / 4;
-  for (int i = digits - 1; i >= 0; --i, Value >>= 4) Target[i] = u"0123456789ABCDEF"[Value & 15];
-  return digits;
-}
-
-// Calls Take(cell) for each cell of an offsettext until it returns false. The result is whether
-// the reading moved from the start of the text.
-template <typename TTake>
-bool WalkOffsettext(std::u16string_view Text, TTake Take) {
-  constexpr size_t kLongestPrefix = 10;
-  size_t pos = 0;
-  uint64_t length = 0;
-  bool hasLength = false;
-  while (pos < Text.size() && Text[pos] != 0) {
-    size_t start = pos;
-    while (pos < Text.size() && Text[pos] != kDegree && Text[pos] != 0 && pos - start <= kLongestPrefix) ++pos;
-    if (pos - start > kLongestPrefix) return true;
-    if (pos == Text.size() || Text[pos] != kDegree) break;
-    if (pos > start || !hasLength) {
-      length = 0;
-      for (size_t i = start; i < pos; ++i) length = length << 4 | static_cast<uint64_t>(HexDigit(Text[i]));
-      hasLength = true;
-    }
-    ++pos;
-    size_t taken = static_cast<size_t>(std::min<uint64_t>(length, Text.size() - pos));
-    if (!Take(Text.substr(pos, taken))) return true;
-    pos += taken;
-  }
-  return pos > 0;
-}
-
 }  // namespace
 
 String QuotedStr(std::u16string_view Text, char16_t Quote) {
@@ -224,20 +185,16 @@ TCells ReadLighttext(std::u16string_view Text) {
 }
 
 String WriteOffsettext(std::span<const String> Cells) {
-  char16_t digits[8];
-  auto prefix = [&, last = -1](const String& cell) mutable {
-    if (cell.size() == last) return 0;
-    last = cell.size();
-    return PutHex(digits, static_cast<uint32_t>(last));
-  };
   size_t total = 0;
-  for (auto length = prefix; const String& cell : Cells) {
-    total += static_cast<size_t>(length(cell)) + 1 + static_cast<size_t>(cell.size());
+  for (int last = -1; const String& cell : Cells) {
+    const auto size = static_cast<size_t>(cell.size());
+    total += (cell.size() == last ? 0 : HexDigits(size)) + 1 + size;
+    last = cell.size();
   }
   return String::Build(total, [&](char16_t* target) {
-    for (const String& cell : Cells) {
-      int count = prefix(cell);
-      target = Put(target, {digits, static_cast<size_t>(count)});
+    for (int last = -1; const String& cell : Cells) {
+      if (cell.size() != last) target = PutHex(target, static_cast<uint64_t>(cell.size()));
+      last = cell.size();
       *target++ = kDegree;
       target = Put(target, cell);
     }
@@ -249,12 +206,12 @@ TCells ReadOffsettext(std::u16string_view Text) { return ReadOffsettext(Text, 0,
 TCells ReadOffsettext(std::u16string_view Text, int First, int Last) {
   TCells cells;
   if (Last < 0) return cells;
-  int index = 0;
-  bool moved = WalkOffsettext(Text, [&](std::u16string_view cell) {
-    if (index >= First) cells.emplace_back(cell);
-    return index++ < Last;
-  });
-  if (First == 0 && cells.empty() && moved) cells.emplace_back(Text);
+  TOffsetReader reader(Text);
+  std::u16string_view cell;
+  for (int64_t index = 0; index <= Last && reader.Next(cell); ++index) {
+    // What is as long as the text is the text itself, taken as one cell where index 0 is asked for.
+    if (index >= First && (First == 0 || cell.size() < Text.size())) cells.emplace_back(cell);
+  }
   return cells;
 }
 

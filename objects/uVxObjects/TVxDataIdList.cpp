@@ -60,31 +60,6 @@ int TVxDataIdList::IndexSortId(int Id) const {
   return IndexSort(&probe);
 }
 
-// The same steps for an item that is no nullptr, unless a derived class compares in another way. Look-ups are
-// mostly these comparisons.
-int TVxDataIdList::IndexSort(const TObject* Item) const {
-  const int count = GetCount();
-  if (!Item || count < 1 || typeid(*this) != typeid(TVxDataIdList)) return TVxListClassed::IndexSort(Item);
-  const int id = ToDataId(*Item).GetId();
-  // nullptr stands before all ids, and an object at its own place.
-  auto isAbove = [&](int Index) {
-    const TObject* item = iList[Index];
-    return item != Item && (!item || id > ToDataId(*item).GetId());
-  };
-  if (isAbove(count - 1)) return count;
-  if (!isAbove(0)) return 0;
-  int low = 1, high = count - 1;
-  while (low < high) {
-    const int middle = (low + high) / 2;
-    if (isAbove(middle)) {
-      low = middle + 1;
-    } else {
-      high = middle;
-    }
-  }
-  return low;
-}
-
 // Whether FIds are those of the list as it is. They are copied when so many look-ups have come together that
 // the copy pays.
 bool TVxDataIdList::HasIds() const {

@@ -44,7 +44,6 @@ class TVxDataIdList : public TVxListClassed<TVxDataIdList, TVxObjectListSortU, u
   bool IsIn(int Id) const { return IndexOf(Id) >= 0; }
   // Where the id stands or would have to stand.
   int IndexSortId(int Id) const;
-  int IndexSort(const TObject* Item) const override;
   // The id of the last object; 0 for an empty list.
   int MaxId() const;
   // A list that owns adds a Duplicate of each object; one whose class has none to give is left out.

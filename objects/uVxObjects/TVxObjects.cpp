@@ -151,11 +151,10 @@ TObject* TVxObjects::GetItem(int Index) const { return IsIndex(Index, u"GetItems
 void TVxObjects::SetItem(int Index, TObject* Item) {
   if (!IsIndex(Index, u"SetItems")) return;
   TObject* old = iList[Index];
-  if (old == Item) return;
   iList[Index] = Item;
   if (old) {
     Notify(old, lnDeleted);
-    if (iOwnsObjects) delete old;
+    if (iOwnsObjects && old != Item) delete old;
   }
   if (Item) Notify(Item, lnAdded);
 }

@@ -109,7 +109,8 @@ class TVxObjects : public TObject {
   void doSort(TListSortCompare Compare);
   // nullptr for a bad index.
   TObject* GetItem(int Index) const;
-  // Deletes the object at Index and puts Item in its place. The object that stands there already stays.
+  // Deletes the object at Index and puts Item in its place. The object that stands there already is told of
+  // as any other, but not freed.
   void SetItem(int Index, TObject* Item);
   // Raises the capacity to Min or above; by one step for 0. A step is a quarter above a capacity of 64,
   // 16 above 8, otherwise 4.

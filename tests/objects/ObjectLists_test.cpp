@@ -70,7 +70,7 @@ TYPED_TEST(AnyObjectList, TellsAndFreesAsItOwns) {
       {[](auto& l) { EXPECT_EQ(l.Remove(l.At(1)), 1); }, "13", "-2", "-2~2"},
       {[](auto& l) { l.Exchange(0, 2); }, "321", "", ""}, {[](auto& l) { l.Move(0, 2), l.Move(7, 7); }, "231", "", ""},
       {[](auto& l) { l.Clear(); }, "", "-3-2-1c", "-3~3-2~2-1~1c"},
-      {[](auto& l) { l.SetItem(2, l.At(2)); }, "123", "", ""},
+      {[](auto& l) { l.SetItem(2, l.At(2)); }, "123", "-3+3", "-3+3"},
       {[](auto& l) { l.Assign(l), l.Assign(TVxObjectList()); }, "", "-3-2-1c", "-3~3-2~2-1~1c"},
       {[this](auto& l) { EXPECT_EQ(l.Add(this->Make(l, 9)), 3); }, "1239", "+9", "+9"},
       {[this](auto& l) { l.Insert(3, this->Make(l, 9)); }, "1239", "+9", "+9"},

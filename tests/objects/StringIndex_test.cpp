@@ -5,7 +5,6 @@
 #include <random>
 #include <set>
 
-#include "objects/uVxClasses/OffsetReader.h"
 #include "objects/uVxClasses/TArrayStrStr.h"
 #include "objects/uVxClasses/TPop.h"
 #include "objects/uVxClasses/TVxStringIndex.h"
@@ -167,9 +166,6 @@ TEST(StringTree, ReadsAnyTextAndAnyDepth) {
   for (int round = 0; round < 3000; ++round) {
     String text = u"0°18°4°Bonn6°5°Beuel2°1°a7°6°°x|y°°";
     for (int i = random() % 4; i-- > 0;) text.SetUnit(static_cast<int>(random() % 30), u"0°|A1\0b"[random() % 7]);
-    TOffsetReader reader(text); std::u16string_view cell;
-    for (const String& expected : ReadOffsettext(text)) EXPECT_TRUE(reader.Next(cell) && expected == cell);
-    EXPECT_FALSE(reader.Next(cell));
     TVxStringTree tree(round % 2 ? kOwns : TVxStringIndexOptions{}), again; tree.SetSerialize(text);
     const String written = tree.GetSerialize(); again.SetSerialize(written);
     EXPECT_TRUE(again.GetSerialize() == written || text.view().find(u'\0') != text.view().npos) << written.ToUtf8();

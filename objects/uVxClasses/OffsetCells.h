@@ -1,14 +1,27 @@
-// Reads the cells of an offsettext one by one, without copying them. Internal to readers of nested forms.
+// The cells of an offsettext: reading them one by one without a copy, and the sizes in front of them. Internal to
+// the forms that are made of it.
 #pragma once
 
 #include <algorithm>
+#include <bit>
 #include <cstdint>
 
 #include "platform/Text.h"
 
 namespace vx {
 
-// Gives what ReadOffsettext gives.
+// How many hexadecimal digits a number has; 1 for 0.
+inline size_t HexDigits(uint64_t Value) noexcept {
+  return Value == 0 ? 1 : (static_cast<size_t>(std::bit_width(Value)) + 3) / 4;
+}
+// Writes Value in as many digits and returns what is behind them.
+inline char16_t* PutHex(char16_t* Target, uint64_t Value) noexcept {
+  char16_t* const end = Target + HexDigits(Value);
+  for (char16_t* digit = end; digit != Target; Value >>= 4) *--digit = u"0123456789ABCDEF"[Value & 15];
+  return end;
+}
+
+// Gives the cells in their order.
 class TOffsetReader {
  public:
   explicit TOffsetReader(std::u16string_view Text) noexcept : FText(Text) {}
