@@ -1,4 +1,6 @@
-// The order of texts: three cells.
+// The order of texts and of their keys: three cells.
+#include <vector>
+
 #include "fuzz/support/Input.h"
 #include "platform/Collation.h"
 #include "platform/Text.h"
@@ -27,6 +29,21 @@ void CheckOrder(const String (&Texts)[3], TCompareTexts Compare) {
   }
 }
 
+struct TKeyed {
+  explicit TKeyed(const String& Text) : Whole(AppendCollationKey(Text, Key)) {}
+  std::vector<uint8_t> Key;
+  bool Whole;
+};
+
+void CheckKeys(const TKeyed& A, const TKeyed& B, int ByText) {
+  const int byKey = (A.Key > B.Key) - (A.Key < B.Key);
+  Check(byKey == Sign(ByText) || (byKey == 0 && !(A.Whole && B.Whole)), "keys stand as the texts");
+  std::vector<uint8_t> a = A.Key, b = B.Key;
+  a.resize(A.Key.size() + B.Key.size());
+  b.resize(a.size());
+  Check((a > b) - (a < b) == byKey, "padded keys stand alike");
+}
+
 }  // namespace
 
 FUZZ(Input) {
@@ -41,6 +58,7 @@ FUZZ(Input) {
       Check((byText == 0) == (LowerCase(a) == LowerCase(b)), "equal without regard to case: one lower case form");
       Check(byText == 0 || Sign(AnsiCompareStr(a, b)) == Sign(byText), "the case only tells equal texts apart");
       Check(AnsiSameText(a, b) == (byText == 0), "same text");
+      CheckKeys(TKeyed(a), TKeyed(b), byText);
     }
   }
 }

@@ -16,6 +16,11 @@ THook<TDialogSink>& Hook() {
   return hook;
 }
 
+THook<TTaskDialogSink>& TaskHook() {
+  static THook<TTaskDialogSink>& hook = *new THook<TTaskDialogSink>;
+  return hook;
+}
+
 const char* KindName(TMsgDlgType Kind) noexcept {
   switch (Kind) {
     case mtWarning:
@@ -59,6 +64,15 @@ TModalResult MessageDlg(String Text, TMsgDlgType Kind, TMsgDlgButtons Buttons) {
 void ShowWarning(String Text) { MessageDlg(std::move(Text), mtWarning, {mbOK}); }
 
 void ShowMessage(String Text) { MessageDlg(std::move(Text), mtCustom, {mbOK}); }
+
+TTaskDialogSink SetTaskDialogSink(TTaskDialogSink Sink) { return TaskHook().Exchange(std::move(Sink)); }
+
+bool HasTaskDialogs() { return TaskHook().Get() != nullptr; }
+
+TModalResult ShowTaskDialog(const TTaskDialog& Dialog) {
+  const auto sink = TaskHook().Get();
+  return sink ? (*sink)(Dialog) : mrNone;
+}
 
 TScriptedDialogs::TScriptedDialogs() {
   FPrevious = SetDialogSink([this](const TDialog& dialog) {

@@ -3,6 +3,7 @@
 //   TDialog          what a dialog shows
 //   MessageDlg       shows a dialog through the sink and returns the button pressed
 //   SetDialogSink    replaces the sink
+//   TTaskDialog, ShowTaskDialog, SetTaskDialogSink   the same for dialogs with a title, where a desktop has them
 //   TScriptedDialogs a sink for tests and programs without a screen: records and answers by a script
 //
 // Example (a program with windows of its own):
@@ -67,6 +68,22 @@ TModalResult MessageDlg(String Text, TMsgDlgType Kind, TMsgDlgButtons Buttons);
 void ShowWarning(String Text);
 // A plain notice with the OK button alone (mtCustom).
 void ShowMessage(String Text);
+
+// A dialog with a title over its text, as some desktops offer them.
+struct TTaskDialog {
+  String Caption;
+  String Title;
+  String Text;
+  TMsgDlgType Kind = mtInformation;
+  String ExtraButton;                 // beside OK and never the default; none if empty
+  TModalResult ExtraResult = mrNone;  // what that button gives
+};
+using TTaskDialogSink = std::function<TModalResult(const TTaskDialog&)>;
+// Unless set, and for an empty function, there are no such dialogs. Returns the sink that was set before.
+TTaskDialogSink SetTaskDialogSink(TTaskDialogSink Sink);
+bool HasTaskDialogs();
+// mrNone where there are none.
+TModalResult ShowTaskDialog(const TTaskDialog& Dialog);
 
 // Takes the sink's place as long as it lives, then puts the previous one back.
 class TScriptedDialogs {

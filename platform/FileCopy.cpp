@@ -28,7 +28,8 @@ std::string ReadLink(const std::string& Native) {
   return length <= 0 || length == sizeof buffer ? std::string() : std::string(buffer, static_cast<size_t>(length));
 }
 
-// Where a symbolic link leads in the end, whether or not something stands there.
+}  // namespace
+
 std::string BehindLinks(std::string Native) {
   struct stat info;
   for (int links = 0; links < kMaxLinks; ++links) {
@@ -39,6 +40,8 @@ std::string BehindLinks(std::string Native) {
   }
   return Native;
 }
+
+namespace {
 
 std::string RealPath(const std::string& Native) {
   char* found = ::realpath(Native.c_str(), nullptr);

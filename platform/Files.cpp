@@ -19,8 +19,6 @@ namespace {
 
 static_assert(sizeof(off_t) == 8);
 
-// The bytes, far behind any file's end, whose locks tell other openers what this one does and denies.
-enum TLockByte : int { lbReads, lbWrites, lbDeniesRead, lbDeniesWrite };
 constexpr off_t kLockBase = 0x7FFFFFFFFFFFFF00;
 constexpr int kGateTries = 200;
 constexpr int kOpenTries = 10;
@@ -99,12 +97,25 @@ int OpenHandle(const std::string& Native, bool Writes, bool WriteOnly, bool Crea
   return handle;
 }
 
+}  // namespace
+
 bool IsStillAt(const std::string& Native, const struct stat& Info) noexcept {
   struct stat now;
   return ::stat(Native.c_str(), &now) == 0 && now.st_dev == Info.st_dev && now.st_ino == Info.st_ino;
 }
 
-}  // namespace
+bool TakeExclusively(int Handle) noexcept { return TakeShare(Handle, {true, true, true, true}) || Fail(EBUSY); }
+
+bool TryLock(int Handle, TLockByte Byte) noexcept {
+  struct flock lock = LockOf(Byte, F_WRLCK);
+  if (::fcntl(Handle, F_OFD_SETLK, &lock) == 0) return true;
+  return Fail(errno == EAGAIN || errno == EACCES ? EBUSY : errno);
+}
+
+void Unlock(int Handle, TLockByte Byte) noexcept {
+  struct flock lock = LockOf(Byte, F_UNLCK);
+  ::fcntl(Handle, F_OFD_SETLK, &lock);
+}
 
 bool THandle::Close() noexcept {
   int handle = Release();
@@ -119,7 +130,7 @@ int OpenFile(const std::string& Native, uint32_t Mode, bool& Seekable) {
                      (Mode & fmShareDenyNone) == 0};
   if (!Permitted(create ? foCreate : foOpen, Native)) return -1;
   for (int tries = 0;; ++tries) {
-    THandle handle(OpenHandle(Native, writes, writeOnly, create));
+    THandle handle(OpenHandle(Native, writes, writeOnly, create && (Mode & kMustExist) == 0));
     struct stat info;
     if (!Check(handle.Get() >= 0 && ::fstat(handle.Get(), &info) == 0)) return -1;
     if (S_ISDIR(info.st_mode)) return Fail(EISDIR), -1;
@@ -129,7 +140,7 @@ int OpenFile(const std::string& Native, uint32_t Mode, bool& Seekable) {
     if (!TakeShare(handle.Get(), share)) return Fail(EBUSY), -1;
     // Another may have put a new file in this one's place before the locks stood.
     if (!IsStillAt(Native, info) && tries < kOpenTries) continue;
-    if (create && !Check(::ftruncate(handle.Get(), 0) == 0)) return -1;
+    if (create && (Mode & kKeepContent) == 0 && !Check(::ftruncate(handle.Get(), 0) == 0)) return -1;
     return handle.Release();
   }
 }
@@ -169,19 +180,11 @@ bool WriteBytes(int Handle, const std::string& Native, const void* Buffer, size_
 
 }  // namespace files
 
-namespace {
-
-constexpr char16_t kCannotOpen[] = u"Cannot open file \"%s\". %s";
-constexpr char16_t kCannotCreate[] = u"Cannot create file \"%s\". %s";
-constexpr char16_t kCannotRead[] = u"Cannot read file \"%s\". %s";
-constexpr char16_t kCannotWrite[] = u"Cannot write file \"%s\". %s";
-
-template <typename E>
-[[noreturn]] void Raise(std::u16string_view Pattern, const String& Path) {
-  throw E(Format(Pattern, {Path.view(), SysErrorMessage(GetLastError()).view()}));
-}
-
-}  // namespace
+using files::kCannotCreate;
+using files::kCannotOpen;
+using files::kCannotRead;
+using files::kCannotWrite;
+using files::Raise;
 
 TFileStream::TFileStream(const String& Path, uint32_t Mode) : FPath(Path) {
   if (files::NativePath(Path, FNative)) FHandle = files::OpenFile(FNative, Mode, FSeekable);
@@ -208,6 +211,29 @@ size_t TFileStream::Read(void* Buffer, size_t Count) {
     if (static_cast<size_t>(got) < wanted) break;
   }
   return done;
+}
+
+void TFileStream::ReadRest(std::string& Bytes, size_t Most) {
+  constexpr size_t kLeastRoom = 64 * 1024;
+  size_t done = 0;
+  // One byte more than is known of shows that the file has ended.
+  auto room = static_cast<size_t>(std::max<int64_t>(GetSize() - FPosition, 0)) + 1;
+  for (;; room = std::max(done, kLeastRoom)) {
+    room = std::min(room, files::kMaxRead);
+    const size_t before = Bytes.size();
+    Bytes.resize(before + room);
+    size_t got = 0;
+    try {
+      got = Read(Bytes.data() + before, room);
+    } catch (...) {
+      Bytes.resize(before);
+      throw;
+    }
+    Bytes.resize(before + got);
+    done += got;
+    if (done > Most) throw EReadError(Format(kCannotRead, {FPath.view(), u"The file is too large."}));
+    if (got < room) return;
+  }
 }
 
 void TFileStream::ReadBuffer(void* Buffer, size_t Count) {

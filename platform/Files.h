@@ -56,6 +56,9 @@ class TFileStream {
   size_t Read(void* Buffer, size_t Count);
   // Exactly Count bytes; EReadError if the file ends before.
   void ReadBuffer(void* Buffer, size_t Count);
+  // Appends all bytes from the position to the end of the file to Bytes, which holds what was read also if
+  // EReadError is raised: by the system, or as there are more than Most.
+  void ReadRest(std::string& Bytes, size_t Most);
   // All Count bytes; EWriteError if the system takes fewer, for example on a full disk.
   void WriteBuffer(const void* Buffer, size_t Count);
   int64_t GetPosition() const noexcept { return FPosition; }

@@ -11,6 +11,7 @@
 #include <utility>
 
 #include "platform/Files.h"
+#include "platform/Format.h"
 
 namespace vx::files {
 
@@ -49,6 +50,16 @@ bool Guarded(F&& Body) noexcept {
   }
 }
 
+inline constexpr char16_t kCannotOpen[] = u"Cannot open file \"%s\". %s";
+inline constexpr char16_t kCannotCreate[] = u"Cannot create file \"%s\". %s";
+inline constexpr char16_t kCannotRead[] = u"Cannot read file \"%s\". %s";
+inline constexpr char16_t kCannotWrite[] = u"Cannot write file \"%s\". %s";
+// Raises an E that names Path and the last error.
+template <typename E>
+[[noreturn]] void Raise(std::u16string_view Pattern, const String& Path) {
+  throw E(Format(Pattern, {Path.view(), SysErrorMessage(GetLastError()).view()}));
+}
+
 // The native path; false for an empty one and for one with a code unit 0.
 bool NativePath(const String& Path, std::string& Native);
 
@@ -66,6 +77,14 @@ TDateTime StampToLocal(const timespec& Stamp);
 // False for what is no time of the years 1 to 9999.
 bool LocalToStamp(TDateTime Local, timespec& Stamp);
 
+// Where a symbolic link leads in the end, whether or not something stands there.
+std::string BehindLinks(std::string Native);
+// Whether Info is that of what stands at Native now. The last error stays.
+bool IsStillAt(const std::string& Native, const struct stat& Info) noexcept;
+
+// Further modes with fmCreate: the old file is not emptied; no file is made.
+inline constexpr uint32_t kKeepContent = 0x2000;
+inline constexpr uint32_t kMustExist = 0x4000;
 // Opens with regard to share modes; -1 if that failed. Seekable is set for what has positions.
 int OpenFile(const std::string& Native, uint32_t Mode, bool& Seekable);
 // As read and write, but whole: fewer bytes, and not more than kMaxRead, only at the end, and all bytes
@@ -74,6 +93,15 @@ inline constexpr size_t kMaxRead = size_t{1} << 30;
 ssize_t ReadBytes(int Handle, const std::string& Native, void* Buffer, size_t Count, int64_t Position);
 bool WriteBytes(int Handle, const std::string& Native, const void* Buffer, size_t Count, int64_t Position,
                 size_t& Done);
+
+// The bytes, far behind any file's end, whose locks tell other openers what this one does and denies; the last
+// two are held by one opener at a time and have nothing to do with share modes.
+enum TLockByte : int { lbReads, lbWrites, lbDeniesRead, lbDeniesWrite, lbTurn, lbAppends };
+// Takes an open file as fmShareExclusive does; EBUSY while another has it open.
+bool TakeExclusively(int Handle) noexcept;
+// Takes one lock alone, on a file open for writing, without waiting; EBUSY while another holds it.
+bool TryLock(int Handle, TLockByte Byte) noexcept;
+void Unlock(int Handle, TLockByte Byte) noexcept;
 
 // Copies one file; see FileCopy. The paths are native.
 bool CopyOne(const std::string& Source, const std::string& Target);

@@ -109,7 +109,7 @@ std::string TPathMap::ToNative(std::u16string_view Path) const {
 }
 
 TPathMap& GetPathMap() {
-  static TPathMap map;
+  static TPathMap& map = *new TPathMap;  // never taken down: the last log line still needs it
   return map;
 }
 

@@ -138,4 +138,19 @@ void TObjectList::Sort(FunctionRef<int(TObject*, TObject*)> Compare) {
   std::copy(sorted.begin(), sorted.end(), FItems);
 }
 
+void TObjectList::Arrange(std::span<const int> Order) {
+  std::vector<TObject*> arranged;
+  std::vector<bool> isTaken(static_cast<size_t>(FCount));
+  arranged.reserve(isTaken.size());
+  for (int from : Order) {
+    if (static_cast<unsigned>(from) >= isTaken.size() || isTaken[static_cast<size_t>(from)]) break;
+    isTaken[static_cast<size_t>(from)] = true;
+    arranged.push_back(FItems[from]);
+  }
+  if (arranged.size() != isTaken.size() || arranged.size() != Order.size()) {
+    throw EArgumentException(u"Arrange: the order does not name each entry once");
+  }
+  std::copy(arranged.begin(), arranged.end(), FItems);
+}
+
 }  // namespace vx

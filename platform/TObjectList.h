@@ -2,6 +2,7 @@
 //
 //   TListNotification   what happened to an entry
 //   TObjectList         the list
+//   TReleaseScope       takes its ownership away for a while
 //
 // Example:
 //   vx::TObjectList list;                 // owns its objects
@@ -74,6 +75,10 @@ class TObjectList : public TObject {
   int IndexOf(const TObject* Object) const noexcept;
   // Reorders the entries by Compare(a, b) < 0, equal ones staying in their order. No notification.
   void Sort(FunctionRef<int(TObject*, TObject*)> Compare);
+  // Reorders the entries: Order[i] is the index of the entry that comes to stand at i. Order has to name
+  // each index of the list once; EArgumentException otherwise, and nothing has changed then. No
+  // notification.
+  void Arrange(std::span<const int> Order);
 
  protected:
   // Called after the list has changed. lnDeleted frees the object if the list owns: an override has
@@ -87,6 +92,21 @@ class TObjectList : public TObject {
   int FCount = 0;
   int FCapacity = 0;
   bool FOwnsObjects;
+};
+
+// Entries that leave the list while this lives are not freed; the list's ownership is what it was afterwards.
+class TReleaseScope {
+ public:
+  explicit TReleaseScope(TObjectList& List) noexcept : FList(List), FOwned(List.GetOwnsObjects()) {
+    FList.SetOwnsObjects(false);
+  }
+  ~TReleaseScope() { FList.SetOwnsObjects(FOwned); }
+  TReleaseScope(const TReleaseScope&) = delete;
+  TReleaseScope& operator=(const TReleaseScope&) = delete;
+
+ private:
+  TObjectList& FList;
+  bool FOwned;
 };
 
 }  // namespace vx

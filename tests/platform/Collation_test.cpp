@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
+#include <string>
 #include <vector>
 
 #include "platform/Text.h"
@@ -11,6 +13,9 @@ namespace vx {
 namespace {
 
 int Sign(int Value) { return (Value > 0) - (Value < 0); }
+const std::u16string kNasty =
+    u"aAäÄáeEsSßẞſæÆǽœøﬁﬃ½…ıIİǆǅǄ中αжЖ \u0301\u0308\u0344\u0300\u0323\u035D\u00AD\uFEFF-1²³ṩǖｓＳ″ɦ" +
+    std::u16string{u'\0', char16_t{0xD83D}, char16_t{0xDE00}, char16_t{0xFFFF}};
 std::string Utf8(std::u16string_view Text) { return String(Text).ToUtf8(); }
 
 // Texts in ascending order, each pair compared both ways.
@@ -53,18 +58,18 @@ TEST(Collation, KeysOfPeople) {
   struct { const char16_t *A, *B; bool Same; } cases[] = {
       {u"Weiß", u"WEIß", true}, {u"Weiß", u"WEIẞ", true}, {u"Weiß", u"Weiss", false}, {u"MÜLLER", u"müller", true},
       {u"Müller", u"Muller", false}, {u"I", u"ı", false}, {u"i", u"İ", false}, {u"Θεός", u"ΘΕός", true},
-      {u"é", u"e\u0301", false}, {u"ﬁ", u"fi", false}, {u"ǅ", u"Ǆ", true}, {u"", u"\u00AD", false}};
+      {u"é", u"e\u0301", false}, {u"ﬁ", u"fi", false}, {u"ǅ", u"Ǆ", true}, {u"", u"\u00AD", false},
+      {u"\uA7AA", u"ɦ", true}, {u"\uA7AAx", u"ɦxx", false}, {u"strassenzüge.", u"STRASSENZÜGE.", true},
+      {u"strasse@", u"strasse`", false}, {u"[[[[[", u"{{{{{", false}};
   for (const auto& c : cases) EXPECT_EQ(AnsiSameText(c.A, c.B), c.Same) << Utf8(c.A) << " | " << Utf8(c.B);
 }
 
 TEST(Collation, StrictWeakOrderOnAnyInput) {
-  std::u16string nasty = u"aAäÄáeEsSßẞſæÆǽœøﬁﬃ½…ıIİǆǅǄ中α \u0301\u0308\u0344\u0300\u0323\u035D\u00AD\uFEFF-1²";
-  nasty += {u'\0', char16_t{0xD83D}, char16_t{0xDE00}, char16_t{0xFFFF}};
   std::mt19937 random(1);
   auto make = [&] {
     std::u16string text(random() % 5, u'a');
     for (char16_t& unit : text) {
-      unit = random() % 200 ? nasty[random() % nasty.size()] : static_cast<char16_t>(random());
+      unit = random() % 200 ? kNasty[random() % kNasty.size()] : static_cast<char16_t>(random());
     }
     return random() % 4 ? text : u"Wei" + text;
   };
@@ -82,12 +87,66 @@ TEST(Collation, StrictWeakOrderOnAnyInput) {
   }
 }
 
+// A text with its key, in a vector that holds another one already.
+struct TKeyed {
+  explicit TKeyed(std::u16string_view AText) : Text(AText) {
+    Whole = AppendCollationKey(Text, Key);
+    Key.erase(Key.begin());
+  }
+  std::u16string Text;
+  std::vector<uint8_t> Key{0};
+  bool Whole;
+};
+
+void ExpectKeysOrdered(const TKeyed& A, const TKeyed& B) {
+  const int text = Sign(AnsiCompareText(A.Text, B.Text)), key = (A.Key > B.Key) - (A.Key < B.Key);
+  std::vector<uint8_t> a = A.Key, b = B.Key;
+  a.resize(A.Key.size() + B.Key.size());
+  b.resize(a.size());
+  ASSERT_EQ((a > b) - (a < b), key) << "padded: " << Utf8(A.Text + u" | " + B.Text);
+  ASSERT_TRUE(key == text || (key == 0 && !(A.Whole && B.Whole))) << Utf8(A.Text + u" | " + B.Text);
+  ASSERT_EQ(AnsiSameText(A.Text, B.Text), text == 0) << Utf8(A.Text + u" | " + B.Text);
+}
+
+TEST(Collation, KeysStandAsTheTexts) {
+  const std::u16string far(300, u'x');
+  std::vector<TKeyed> keyed;
+  for (std::u16string_view text : {u"", u"Müller", u"LÜDENSCHEIDT, „Weiß“ & Söhne – 12€", u"Groß", u"Ægir", u"a\nb§"}) {
+    EXPECT_TRUE(keyed.emplace_back(text).Whole) << Utf8(text);
+  }
+  for (std::u16string_view text : {u"ﬁ", u"a\u0308", u"a\u00AD", u"m²", u"½", u"ｗeit", u"\u0301"}) {
+    EXPECT_FALSE(keyed.emplace_back(text).Whole) << Utf8(text);
+  }
+  for (size_t length : {0, 61, 62, 125, 126, 127, 251, 252, 253, 300}) {
+    for (const char16_t* accent : {u"ä", u"ǟ", u"ß", u"áä"}) keyed.emplace_back(far.substr(length) + accent + far);
+  }
+  for (const TKeyed& a : keyed) {
+    for (const TKeyed& b : keyed) ExpectKeysOrdered(a, b);
+  }
+  keyed.clear();
+  for (int unit = 0; unit < 0x10000; ++unit) keyed.emplace_back(std::u16string(1, static_cast<char16_t>(unit)));
+  std::sort(keyed.begin(), keyed.end(), [](const TKeyed& a, const TKeyed& b) {
+    return a.Key != b.Key ? a.Key < b.Key : a.Whole != b.Whole ? a.Whole : AnsiCompareStr(a.Text, b.Text) < 0;
+  });
+  for (size_t i = 1; i < keyed.size(); ++i) ExpectKeysOrdered(keyed[i - 1], keyed[i]);
+  std::mt19937 random(2);
+  for (int round = 0; round < 300000; ++round) {
+    std::u16string a(random() % 7, u'a'), b(random() % 7, u'a');
+    for (char16_t& unit : a) unit = kNasty[random() % kNasty.size()];
+    if (random() % 2) b = a;
+    if (!b.empty()) b[random() % b.size()] = kNasty[random() % kNasty.size()];
+    ExpectKeysOrdered(TKeyed(a), TKeyed(random() % 4 ? b : a + b));
+    if (HasFatalFailure()) return;
+  }
+}
+
 TEST(Collation, LongTextsTakeLinearTime) {
   const std::u16string marks(2000000, u'\u0301'), sharp(1000000, u'ß'), pairs(2000000, u's');
   EXPECT_LT(AnsiCompareStr(u"a" + marks, u"á" + marks), 0);
   EXPECT_GT(AnsiCompareStr(sharp, pairs), 0);
   EXPECT_LT(AnsiCompareText(sharp, pairs + u"s"), 0);
   EXPECT_GT(AnsiCompareText(u"ä" + pairs + u"b", u"a" + pairs + u"B"), 0);
+  ExpectKeysOrdered(TKeyed(sharp), TKeyed(pairs + marks));
 }
 
 }  // namespace

@@ -1,0 +1,239 @@
+#include "platform/THashedStringList.h"
+
+#include <algorithm>
+#include <bit>
+#include <cstring>
+#include <iterator>
+#include <random>
+
+#include "platform/CaseTables.h"
+#include "platform/Exceptions.h"
+
+namespace vx {
+
+namespace {
+
+constexpr size_t kBlock = 4;  // code units in 64 bits
+constexpr size_t kLeastSlots = 16;
+
+uint64_t Spread(uint16_t Unit) noexcept { return uint64_t{Unit} * 0x0001000100010001; }
+
+// Four units as small letters.
+uint64_t Fold(uint64_t Units) noexcept {
+  if ((Units & Spread(0xFF80)) == 0) {
+    // Bit 7 of each unit: from "A" on, and from behind "Z" on.
+    const uint64_t large = (Units + Spread(0x80 - u'A')) & ~(Units + Spread(0x80 - u'Z' - 1)) & Spread(0x80);
+    return Units + (large >> 2);
+  }
+  uint64_t result = 0;
+  for (int shift = 0; shift < 64; shift += 16) {
+    result |= uint64_t{CaseMap::Lower(static_cast<char16_t>(Units >> shift))} << shift;
+  }
+  return result;
+}
+
+// The units from Index on; in a longer text the last four for the rest at its end, in a shorter one 0 for units
+// that are not there.
+uint64_t Load(std::u16string_view Text, size_t Index) noexcept {
+  uint64_t block = 0;
+  if (Text.size() >= kBlock) {
+    std::memcpy(&block, Text.data() + std::min(Index, Text.size() - kBlock), sizeof block);
+  } else {
+    for (char16_t unit : Text) block = block << 16 | unit;
+  }
+  return block;
+}
+
+bool IsSame(std::u16string_view A, std::u16string_view B) noexcept {
+  if (A.size() != B.size()) return false;
+  for (size_t i = 0; i < A.size(); i += kBlock) {
+    const uint64_t a = Load(A, i), b = Load(B, i);
+    if (a != b && Fold(a) != Fold(b)) return false;
+  }
+  return true;
+}
+
+// Nobody can choose texts of equal hashes, as no one knows the seed.
+uint64_t Seed() {
+  static const uint64_t seed = uint64_t{std::random_device()()} << 32 | std::random_device()();
+  return seed;
+}
+
+uint64_t Mix(uint64_t A, uint64_t B) noexcept {
+  __extension__ using TWide = unsigned __int128;
+  const TWide product = static_cast<TWide>(A) * B;
+  return static_cast<uint64_t>(product) ^ static_cast<uint64_t>(product >> 64);
+}
+
+}  // namespace
+
+// A table of the first item of each key, open with linear probing, at most half full.
+struct THashedStringList::THashes {
+  struct TSlot {
+    uint32_t Hash;
+    int Index;  // -1: free
+    int Size;   // of the key
+  };
+  const bool ByName;
+  const uint64_t Seed = vx::Seed();
+  size_t Used = 0;
+  std::vector<TSlot> Slots;
+
+  THashes(bool Names, const std::vector<TItem>& Items) : ByName(Names) {
+    Slots.assign(std::max(std::bit_ceil(2 * Items.size()), kLeastSlots), TSlot{0, -1, 0});
+    for (size_t i = 0; i < Items.size(); ++i) Add(Items, static_cast<int>(i));
+  }
+
+  // False if the item has no key.
+  static bool KeyOf(bool ByName, std::u16string_view Text, std::u16string_view& Key) noexcept {
+    const size_t end = ByName ? Text.find(u'=') : Text.size();
+    Key = Text.substr(0, end);
+    return end != Text.npos;
+  }
+
+  uint32_t HashOf(std::u16string_view Key) const noexcept {
+    uint64_t hash = Seed ^ Key.size();
+    for (size_t i = 0; i < Key.size(); i += kBlock) {
+      hash = Mix(hash ^ Fold(Load(Key, i)), 0x9E3779B97F4A7C15);
+    }
+    return static_cast<uint32_t>(hash ^ hash >> 32);
+  }
+
+  // The slot of Key, or the free one where it belongs.
+  TSlot& SlotOf(const std::vector<TItem>& Items, std::u16string_view Key, uint32_t Hash) noexcept {
+    const size_t mask = Slots.size() - 1;
+    for (size_t place = Hash & mask;; place = (place + 1) & mask) {
+      TSlot& slot = Slots[place];
+      if (slot.Index < 0) return slot;
+      if (slot.Hash != Hash || static_cast<size_t>(slot.Size) != Key.size()) continue;
+      const String& text = Items[static_cast<size_t>(slot.Index)].Text;
+      if (IsSame(text.view().substr(0, Key.size()), Key)) return slot;
+    }
+  }
+
+  void Add(const std::vector<TItem>& Items, int Index) {
+    std::u16string_view key;
+    if (!KeyOf(ByName, Items[static_cast<size_t>(Index)].Text, key)) return;
+    if (2 * (Used + 1) > Slots.size()) Grow();
+    const uint32_t hash = HashOf(key);
+    TSlot& slot = SlotOf(Items, key, hash);
+    if (slot.Index >= 0) return;
+    slot = {hash, Index, static_cast<int>(key.size())};
+    ++Used;
+  }
+
+  void Grow() {
+    std::vector<TSlot> slots(Slots.size() * 2, TSlot{0, -1, 0});
+    const size_t mask = slots.size() - 1;
+    for (const TSlot& slot : Slots) {
+      if (slot.Index < 0) continue;
+      size_t place = slot.Hash & mask;
+      while (slots[place].Index >= 0) place = (place + 1) & mask;
+      slots[place] = slot;
+    }
+    Slots.swap(slots);
+  }
+};
+
+THashedStringList::THashedStringList() = default;
+THashedStringList::~THashedStringList() = default;
+
+void THashedStringList::Changed() {}
+
+void THashedStringList::Forget() noexcept {
+  FTexts.reset();
+  FNames.reset();
+}
+
+void THashedStringList::Extend(int Index) noexcept {
+  try {
+    if (FTexts) FTexts->Add(FItems, Index);
+    if (FNames) FNames->Add(FItems, Index);
+  } catch (const std::exception&) {
+    Forget();  // no memory: made anew when it is needed
+  }
+}
+
+void THashedStringList::Put(int Index, const String& Text) {
+  String& item = At(Index).Text;
+  std::u16string_view oldName, newName;
+  const bool hadName = THashes::KeyOf(true, item, oldName), hasName = THashes::KeyOf(true, Text, newName);
+  if (hadName != hasName || (hasName && !IsSame(oldName, newName))) FNames.reset();
+  FTexts.reset();
+  item = Text;
+  Changed();
+}
+
+void THashedStringList::PutObject(int Index, TObject* Object) {
+  At(Index).Object = Object;
+  Changed();
+}
+
+void THashedStringList::SetCapacity(int Value) {
+  if (Value < GetCount()) RaiseListError(SListCapacityError, Value);
+  std::vector<TItem> items;
+  items.reserve(static_cast<size_t>(Value));
+  items.insert(items.end(), std::make_move_iterator(FItems.begin()), std::make_move_iterator(FItems.end()));
+  FItems.swap(items);
+}
+
+int THashedStringList::AddObject(const String& Text, TObject* Object) {
+  const int index = GetCount();
+  FItems.push_back({Text, Object});
+  Extend(index);
+  Changed();
+  return index;
+}
+
+void THashedStringList::InsertObject(int Index, const String& Text, TObject* Object) {
+  if (Index < 0 || Index > GetCount()) RaiseListError(SListIndexError, Index);
+  if (Index == GetCount()) {
+    THashedStringList::AddObject(Text, Object);
+    return;
+  }
+  FItems.insert(FItems.begin() + Index, {Text, Object});
+  Forget();
+  Changed();
+}
+
+void THashedStringList::Delete(int Index) {
+  At(Index);
+  FItems.erase(FItems.begin() + Index);
+  Forget();
+  Changed();
+}
+
+void THashedStringList::Clear() {
+  if (FItems.empty()) return;
+  FItems.clear();
+  Forget();
+  Changed();
+}
+
+void THashedStringList::Exchange(int A, int B) {
+  std::swap(At(A), At(B));
+  Forget();
+  Changed();
+}
+
+int THashedStringList::Find(std::unique_ptr<THashes>& Hashes, bool ByName, std::u16string_view Key) const {
+  if (!Hashes) Hashes = std::make_unique<THashes>(ByName, FItems);
+  return Hashes->SlotOf(FItems, Key, Hashes->HashOf(Key)).Index;
+}
+
+int THashedStringList::IndexOf(std::u16string_view Text) const { return Find(FTexts, false, Text); }
+
+int THashedStringList::IndexOfName(std::u16string_view Name) const { return Find(FNames, true, Name); }
+
+String THashedStringList::GetNames(int Index) const {
+  std::u16string_view name;
+  return THashes::KeyOf(true, At(Index).Text, name) ? At(Index).Text.Slice(0, static_cast<int>(name.size())) : String();
+}
+
+String THashedStringList::GetValueFromIndex(int Index) const {
+  std::u16string_view name;
+  const bool hasName = THashes::KeyOf(true, At(Index).Text, name);
+  return hasName ? At(Index).Text.Slice(static_cast<int>(name.size()) + 1) : String();
+}
+
+}  // namespace vx

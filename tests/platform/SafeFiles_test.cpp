@@ -1,0 +1,164 @@
+#include "platform/SafeFiles.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cerrno>
+#include <csignal>
+#include <filesystem>
+#include <functional>
+
+#include "platform/Clock.h"
+#include "tests/support/FileText.h"
+#include "tests/support/Print.h"
+#include "tests/support/Raised.h"
+#include "tests/support/TempDir.h"
+
+namespace vx {
+namespace {
+
+namespace fs = std::filesystem;
+using test::GetText, test::PutText, test::RaisedBy;
+
+class SafeFiles : public testing::Test {
+ protected:
+  SafeFiles() { fs::current_path(Dir.GetPath()); }
+  ~SafeFiles() override { fs::current_path(Before); }
+  static int Entries() { return static_cast<int>(std::distance(fs::directory_iterator("."), {})); }
+  // Runs body in processes of their own; true if nothing was raised there.
+  static bool InProcesses(int count, const std::function<void(int)>& body, useconds_t killAfter = 0) {
+    for (int i = 0; i < count; ++i) {
+      const pid_t child = ::fork();
+      if (child == 0) ::_exit(RaisedBy<Exception>([&] { body(i); }).empty() ? 0 : 1);
+      if (killAfter > 0) ::usleep(killAfter), ::kill(child, SIGKILL);
+    }
+    bool ok = true;
+    for (int status = 0; ::wait(&status) > 0;) ok = ok && WIFEXITED(status) && WEXITSTATUS(status) == 0;
+    return ok;
+  }
+  const fs::path Before = fs::current_path();
+  test::TTempDir Dir;
+};
+
+TEST_F(SafeFiles, ReplacesTheContentAndKeepsTheRest) {
+  struct { const char* Name; std::function<void()> Prepare; bool IsNewFile; } cases[] = {
+      {"rights", [] { ::chmod("a", 0641); }, true},
+      {"what a killed process left", [] { PutText(u".a.vxnew", "longer than new"); }, true},
+      {"a link there", [] { fs::create_symlink("other", ".a.vxnew"); }, true},
+      {"another file there", [] { fs::create_hard_link("other", ".a.vxnew"); }, true},
+      {"special rights", [] { ::chmod("a", 01755); }, false},
+      {"two names", [] { PutText(u".a.vxnew", "left"), fs::create_hard_link("a", "a2"); }, false}};
+  fs::create_symlink("a", "link");
+  for (const auto& c : cases) {
+    PutText(u"a", "old content"), PutText(u"other", "other"), c.Prepare();
+    struct stat old, now;
+    ASSERT_EQ(::stat("a", &old), 0);
+    ReplaceFileContent(u"link", "new");
+    EXPECT_EQ(GetText(u"a") + GetText(u"other") + GetText(u".a.vxnew"), "newother<none>") << c.Name;
+    EXPECT_TRUE(::stat("a", &now) == 0 && now.st_mode == old.st_mode && fs::is_symlink("link")) << c.Name;
+    EXPECT_EQ(now.st_ino != old.st_ino, c.IsNewFile) << c.Name;
+  }
+  for (const char* name : {"a", "a2", "other"}) fs::remove(name);
+  for (const String& path : {String(u"b"), String(u"link"), String(255, u'n')}) ReplaceFileContent(path, "12");
+  EXPECT_EQ(GetText(u"a") + GetText(u"b") + GetText(String(255, u'n')) + std::to_string(Entries()), "1212124");
+}
+
+TEST_F(SafeFiles, FaultsLeaveTheOldContentOrAreWrittenAround) {
+  PutText(u"old", "old");
+  struct { TFileOperation Operation; int Error; std::string On, Content; } cases[] = {
+      {foSetSize, ENOSPC, "", "old"}, {foWrite, EIO, "", "old"}, {foFlush, EIO, "", "old"},
+      {foRename, EACCES, "", "old"}, {foCreate, EDQUOT, ".vxnew", "old"}, {foCreate, EACCES, ".vxnew", "1"},
+      {foCreate, EROFS, ".vxnew", "22"}, {foAttributes, EPERM, ".vxnew", "3"}, {foRename, EBUSY, ".vxnew", "4"}};
+  for (const auto& c : cases) {
+    const bool fails = c.Content == "old";
+    TFileFaults faults;
+    c.Operation == foSetSize ? faults.LimitSpace(2) : faults.Fail(c.Operation, c.Error, 1, 0, c.On);
+    EXPECT_EQ(RaisedBy<EWriteError>([&] { ReplaceFileContent(u"old", fails ? "new" : c.Content); }),
+              fails ? u"Cannot write file \"old\". " + SysErrorMessage(c.Error) : String());
+    EXPECT_TRUE(GetText(u"old") == c.Content && Entries() == 1) << c.Content;
+  }
+  TFileFaults faults;
+  faults.LimitSpace(2);
+  EXPECT_THROW(ReplaceFileContent(u"missing", "new"), EWriteError);
+  EXPECT_EQ(Entries(), 1);
+}
+
+TEST_F(SafeFiles, AFileIsTakenAsByAStream) {
+  TFileStream held(u"held", fmCreate | fmShareDenyNone), beside(u".new.vxnew", fmCreate);
+  PutText(u"ro", "x"), SetReadOnly(u"ro", true);
+  for (const char16_t* path : {u"held", u"ro", u".", u"none/a", u"new/", u""}) {
+    const String text = RaisedBy<EFCreateError>([&] { TFileStream stream(path, fmCreate | fmShareExclusive); });
+    EXPECT_EQ(RaisedBy<EFCreateError>([&] { ReplaceFileContent(path, "new"); }), text);
+    EXPECT_FALSE(text.empty());
+  }
+  EXPECT_THROW(ReplaceFileContent(u"new", "x"), EFCreateError) << "another one makes the same file";
+  EXPECT_EQ(GetText(u"held") + GetText(u"ro") + GetText(u"new"), "x<none>");
+}
+
+TEST_F(SafeFiles, StampsGrow) {
+  TFileInfo info;
+  TDateTime last = 0;
+  for (int i = 0; i < 50; ++i) {
+    if (i == 30) fs::create_hard_link("a", "b");
+    const TDateTime stamp = ReplaceFileContent(u"a", "x");
+    EXPECT_TRUE(stamp > last && GetFileInfo(u"a", info) && info.LastWrite == stamp) << i;
+    last = stamp;
+  }
+  TFileStream(u"a", fmOpenReadWrite).SetLastWrite(Now() + 1);
+  EXPECT_LT(ReplaceFileContent(u"a", "x"), Now() + 0.5) << "where the clock has gone back, it counts";
+}
+
+TEST_F(SafeFiles, AKilledProcessLeavesTheOldOrTheNewContent) {
+  const std::string texts[] = {std::string(300000, 'a'), std::string(200000, 'b'), GetText(u"a")};
+  for (unsigned round = 0; round < 50; ++round) {
+    EXPECT_FALSE(InProcesses(1, [&](int i) { for (;; ++i) ReplaceFileContent(u"a", texts[i % 2]); }, 500 + round * 331));
+    const std::string text = GetText(u"a");
+    EXPECT_NE(std::find(texts, texts + 3, text), texts + 3) << text.size();
+  }
+  ReplaceFileContent(u"a", "end");
+  EXPECT_TRUE(GetText(u"a") == "end" && Entries() == 1);
+}
+
+TEST_F(SafeFiles, AppendsWholePieces) {
+  EXPECT_TRUE(InProcesses(4, [](int child) {
+    for (int i = 0; i < 100; ++i) AppendToFile(u"log", std::string(5000, static_cast<char>('a' + child)) + "\n");
+  }));
+  const std::string text = GetText(u"log");
+  EXPECT_EQ(text.size(), 400u * 5001);
+  for (size_t at = 0; at < text.size(); at += 5001) EXPECT_EQ(text.find_first_not_of(text[at], at), at + 5000);
+  TFileFaults faults;
+  faults.LimitSpace(2);
+  EXPECT_THROW(AppendToFile(u"log", "abc"), EWriteError);
+  EXPECT_TRUE(GetText(u"log") == text);
+  AppendToFile(u"/dev/null", ""), ReplaceFileContent(u"/dev/null", "");
+  TFileStream file(u"log", fmOpenRead | fmShareDenyWrite);
+  EXPECT_THROW(AppendToFile(u"log", "abc"), EFOpenError);
+}
+
+TEST_F(SafeFiles, ATurnIsOneProcessAfterTheOther) {
+  PutText(u"a", "0"), PutText(u"b", "0"), PutText(u"ro", ""), SetReadOnly(u"ro", true);
+  {
+    TManualClock clock(46000);
+    TClockScope scope(clock);
+    TFileTurn turn, other;
+    for (const char16_t* bad : {u"", u"ro", u"none", u"."}) EXPECT_FALSE(turn.Take(bad, 10));
+    EXPECT_TRUE(turn.Take(u"a", 0) && turn.Take(u"a", 0) && !other.Take(u"a", 0) && !other.Take(u"a", 100));
+    EXPECT_EQ(clock.Ticks(), 100);
+    for (int i = 0; i < 2; ++i) ReplaceFileContent(u"a", "0");
+    EXPECT_FALSE(other.Take(u"a", 5)) << "the turn goes with the name";
+    EXPECT_TRUE(FileReplace(u"b", u"a") && other.Take(u"a", 0)) << "but for a file of another making";
+  }
+  EXPECT_TRUE(InProcesses(3, [](int) {
+    for (int i = 0; i < 20; ++i) {
+      TFileTurn turn;
+      if (!turn.Take(u"a", 30000)) throw Exception(u"no turn");
+      for (int j = i % 2; j < 2; ++j) ReplaceFileContent(u"a", std::to_string(std::stoi(GetText(u"a")) + 1));
+    }
+  }));
+  EXPECT_EQ(GetText(u"a"), "90");
+}
+
+}  // namespace
+}  // namespace vx
