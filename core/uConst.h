@@ -2,7 +2,7 @@
 //
 //   TVxFieldType                            the 19 types of a cell
 //   FIELDTYPESTRINGS                        their names, which are their serial form, too
-//   getSubTypeText                          the texts of the named lists of domain values
+//   getSubTypeText and its kin              the named lists of domain values; see core/uConst/Subtypes.h
 //   uConst::FreeBuffersForLeakPrevention    frees what the unit keeps
 //
 // Example:
@@ -17,6 +17,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "core/uConst/Subtypes.h"
 #include "platform/String.h"
 
 namespace vx {
@@ -48,9 +49,6 @@ inline constexpr std::array<std::u16string_view, 19> FIELDTYPESTRINGS = {
     u"vftUnknown",  u"vftShortString", u"vftString",   u"vftBoolean", u"vftInteger", u"vftFloat", u"vftDate",
     u"vftTime",     u"vftCommatext",   u"vftDateTime", u"vftStatus",  u"vftImage",   u"vftHour",  u"vftCurrency",
     u"vftFraction", u"vftTinyHTML",    u"vftToggle",   u"vftGrafic",  u"vftButton"};
-
-// The text at Index, counted from 0, of the list of domain values Key; empty if Key or Index is unknown.
-String getSubTypeText(std::u16string_view Key, int Index);
 
 namespace uConst {
 

@@ -80,15 +80,9 @@ bool ConfirmStamp(const String& Path, TDateTime Before) {
 
 // The code units of a UTF-16 file up to the first 0, as this machine holds them.
 std::u16string ReadUtf16(const String& Path) {
-  TFileStream file(Path, fmOpenRead | fmShareDenyNone);
-  std::vector<char> bytes(static_cast<size_t>(file.GetSize()) + 1);
-  size_t count = 0;
-  // One byte more than was known of shows that the file has ended.
-  while (size_t read = file.Read(bytes.data() + count, bytes.size() - count)) {
-    count += read;
-    if (count == bytes.size()) bytes.resize(2 * count);
-  }
-  std::u16string text(count / 2, u'\0');
+  std::string bytes;
+  TFileStream(Path, fmOpenRead | fmShareDenyNone).ReadRest(bytes, SIZE_MAX / 4);
+  std::u16string text(bytes.size() / 2, u'\0');
   std::memcpy(text.data(), bytes.data(), text.size() * sizeof(char16_t));
   if constexpr (std::endian::native == std::endian::big) {
     for (char16_t& unit : text) unit = static_cast<char16_t>(unit << 8 | unit >> 8);
@@ -111,7 +105,9 @@ bool TFileCsv::LoadFromFile(std::u16string_view FilePath) {
   SetOwnsObjects(true);
   try {
     TFileStream file(Path, fmOpenRead | fmShareDenyNone);
-    TTableReader(file).ReadAll([this](std::unique_ptr<TVxStringList> row) { AddNew(std::move(row)); });
+    AddMany([&] {
+      TTableReader(file).ReadAll([this](std::unique_ptr<TVxStringList> row) { AddNew(std::move(row)); });
+    });
   } catch (const EStreamError&) {
     Clear();
     throw;
@@ -175,21 +171,24 @@ bool TFileCsv::LoadMSSQL(std::u16string_view FilePath) {
     cells.clear();
     AddNew(std::move(row));
   };
-  size_t start = 0;
-  for (size_t pos = 0; pos < text.size(); ++pos) {
-    if (text[pos] == u',') {
-      takeCell(start, pos);
-      start = pos + 1;
-    } else if (IsLineEnd(text[pos]) && cells.size() >= commas) {
-      takeCell(start, pos);
-      takeRow();
-      while (pos + 1 < text.size() && IsLineEnd(text[pos + 1])) ++pos;
-      start = pos + 1;
+  bool isWhole = false;
+  AddMany([&] {
+    size_t start = 0;
+    for (size_t pos = 0; pos < text.size(); ++pos) {
+      if (text[pos] == u',') {
+        takeCell(start, pos);
+        start = pos + 1;
+      } else if (IsLineEnd(text[pos]) && cells.size() >= commas) {
+        takeCell(start, pos);
+        takeRow();
+        while (pos + 1 < text.size() && IsLineEnd(text[pos + 1])) ++pos;
+        start = pos + 1;
+      }
     }
-  }
-  takeCell(start, text.size());
-  bool isWhole = cells.size() == commas + 1;
-  takeRow();
+    takeCell(start, text.size());
+    isWhole = cells.size() == commas + 1;
+    takeRow();
+  });
   return isWhole;
 }
 

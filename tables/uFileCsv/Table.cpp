@@ -7,6 +7,7 @@
 #include "platform/Exceptions.h"
 #include "platform/Text.h"
 #include "tables/uFileCsv.h"
+#include "tables/uFileCsv/ColumnScan.h"
 
 namespace vx {
 
@@ -69,25 +70,29 @@ int TFileCsv::AddEmpty(int Count) {
 
 void TFileCsv::AddFileCsv(const TFileCsv& Other) {
   int count = Other.GetCount();  // read once: Other may be this table
-  for (int i = 0; i < count; ++i) {
-    auto copy = std::make_unique<TVxStringList>();
-    copy->Assign(*Other.GetLines(i));
-    AddNew(std::move(copy));
-  }
+  AddMany([&] {
+    for (int i = 0; i < count; ++i) {
+      auto copy = std::make_unique<TVxStringList>();
+      copy->Assign(*Other.GetLines(i));
+      AddNew(std::move(copy));
+    }
+  });
 }
 
 void TFileCsv::AddAndFree(std::unique_ptr<TFileCsv> Other) {
   if (!Other) return;
   bool isOwned = Other->GetOwnsObjects();
   Other->SetOwnsObjects(false);
-  int i = 0;
-  try {
-    for (; i < Other->GetCount(); ++i) Add(Other->Get(i));
-  } catch (...) {
-    if (i < Other->GetCount() && IndexOf(Other->Get(i)) >= 0) ++i;  // it came in before a derived class raised
-    for (; isOwned && i < Other->GetCount(); ++i) delete Other->Get(i);
-    throw;
-  }
+  AddMany([&] {
+    int i = 0;
+    try {
+      for (; i < Other->GetCount(); ++i) Add(Other->Get(i));
+    } catch (...) {
+      if (i < Other->GetCount() && IndexOf(Other->Get(i)) >= 0) ++i;  // it came in before a derived class raised
+      for (; isOwned && i < Other->GetCount(); ++i) delete Other->Get(i);
+      throw;
+    }
+  });
 }
 
 void TFileCsv::Assign(const TFileCsv& Source) {
@@ -100,7 +105,7 @@ void TFileCsv::Assign(const TFileCsv& Source) {
     } else {
       auto row = std::make_unique<TVxStringList>();
       row->Assign(*Source.GetLines(i));
-      AddNew(std::move(row));
+      AddInPlace(std::move(row));
     }
   }
   while (GetCount() > count) Delete(GetCount() - 1);
@@ -188,23 +193,11 @@ String TFileCsv::ColumnContent(int Col) const {
   return WriteCommatext(cells);
 }
 
-String TFileCsv::ColumnContentUnique(int Col) const {
-  TVxStringList column;
-  column.SetCommatext(ColumnContent(Col));
-  column.Sort();
-  std::span<const String> sorted = column.Items();
-  TCells unique;
-  std::ranges::unique_copy(sorted, std::back_inserter(unique));
-  return WriteCommatext(unique);
-}
+String TFileCsv::ColumnContentUnique(int Col) const { return SortedUnique(ColumnContent(Col)); }
 
 int TFileCsv::IndexForColKey(int Col, std::u16string_view Key) const {
   if (Col < 0) return -1;
-  for (int row = 0; row < GetCount(); ++row) {
-    std::span<const String> cells = GetLines(row)->Items();
-    if (static_cast<size_t>(Col) < cells.size() && AnsiSameText(cells[static_cast<size_t>(Col)], Key)) return row;
-  }
-  return -1;
+  return FindInColumn(Items(), 0, Col, AsRow, SameTextAs(Key));
 }
 
 TVxStringList* TFileCsv::ItemForColKey(int Col, std::u16string_view Key) const {
@@ -272,7 +265,7 @@ std::unique_ptr<TFileCsv> TFileCsv::TurnAxis() const {
     for (size_t row = 0; row < lines.size(); ++row) cells[row] = CellOrEmpty(*lines[row], col);
     auto turned = std::make_unique<TVxStringList>();
     turned->TakeCells(cells);
-    result->AddNew(std::move(turned));
+    result->AddInPlace(std::move(turned));
   }
   return result;
 }
@@ -289,7 +282,9 @@ void TFileCsv::ShowContent() const {
 int TFileCsv::AddNew(std::unique_ptr<TVxStringList> Row) {
   try {
     int index = Add(Row.get());
-    (void)Row.release();
+    // A derived class may have put its cells into another row; one that it does not own is freed here then.
+    bool isTaken = GetOwnsObjects() || index < 0 || Get(index) == Row.get();
+    if (isTaken) (void)Row.release();
     return index;
   } catch (...) {
     if (IndexOf(Row.get()) >= 0) (void)Row.release();  // it came in before a derived class raised

@@ -47,11 +47,13 @@ std::string TFileCsv::GetAnsiCsv() const {
 void TFileCsv::SetAnsiCsv(std::string_view Bytes) {
   std::string kept(Bytes);  // the bytes may be a part of what this table holds
   Clear();
-  for (size_t start = 0; start < kept.size();) {
-    size_t end = std::min(kept.find(kEsc, start), kept.size());
-    if (end > start) AddRow(GetSystemCodePage().Decode({kept.data() + start, end - start}));
-    start = end + 1;
-  }
+  AddMany([&] {
+    for (size_t start = 0; start < kept.size();) {
+      size_t end = std::min(kept.find(kEsc, start), kept.size());
+      if (end > start) AddRow(GetSystemCodePage().Decode({kept.data() + start, end - start}));
+      start = end + 1;
+    }
+  });
 }
 
 String TFileCsv::ExportToString(std::u16string_view Separator) const {
@@ -65,13 +67,15 @@ String TFileCsv::ExportToString(std::u16string_view Separator) const {
 
 bool TFileCsv::ImportFromString(std::u16string_view Text, std::u16string_view Separator) {
   Text = TrimSpaces(Text);
-  while (!Text.empty()) {
-    size_t end = Separator.size() == 1 ? Text.find(Separator[0]) : Text.npos;
-    auto row = std::make_unique<TVxStringList>();
-    row->SetCommatext(Text.substr(0, end));
-    if (row->GetCount() > 0) AddNew(std::move(row));
-    Text = end == Text.npos ? std::u16string_view() : Text.substr(end + 1);
-  }
+  AddMany([&] {
+    while (!Text.empty()) {
+      size_t end = Separator.size() == 1 ? Text.find(Separator[0]) : Text.npos;
+      auto row = std::make_unique<TVxStringList>();
+      row->SetCommatext(Text.substr(0, end));
+      if (row->GetCount() > 0) AddNew(std::move(row));
+      Text = end == Text.npos ? std::u16string_view() : Text.substr(end + 1);
+    }
+  });
   return true;
 }
 
@@ -88,14 +92,19 @@ std::unique_ptr<TVxStringList> TFileCsv::ExportToStringList() const {
 void TFileCsv::ImportFromStringList(const TStrings* Strings) {
   if (!Strings) return;
   int count = Strings->GetCount();
-  for (int i = 0; i < count; ++i) AddRow(Strings->Get(i));
+  AddMany([&] {
+    for (int i = 0; i < count; ++i) AddRow(Strings->Get(i));
+  });
 }
 
 std::unique_ptr<TFileCsv> TFileCsv::ItemToCsv(int Row, int FirstCol) const {
   if (Row < 0 || Row >= GetCount()) return nullptr;
-  auto result = std::make_unique<TFileCsv>();
-  const TVxStringList* line = GetLines(Row);
-  for (int col = FirstCol < 0 ? 0 : FirstCol; col < line->GetCount(); ++col) result->AddRow(line->Get(col));
+  std::unique_ptr<TFileCsv> result = GetNewInstance();
+  for (int col = FirstCol < 0 ? 0 : FirstCol; col < GetLines(Row)->GetCount(); ++col) {
+    auto row = std::make_unique<TVxStringList>();
+    row->SetCommatext(GetLines(Row)->Get(col));
+    result->AddInPlace(std::move(row));
+  }
   return result;
 }
 

@@ -4,8 +4,12 @@
 
 #include "core/uVxFunctionsSerialize/FieldTypes.h"
 #include "core/uVxTypes.h"
+#include "objects/uVxClasses.h"
 #include "platform/Calendar.h"
+#include "platform/Numbers.h"
+#include "platform/Text.h"
 #include "tests/support/Print.h"
+#include "tests/support/Raised.h"
 
 namespace vx {
 namespace {
@@ -46,6 +50,83 @@ TEST(ValueHelpers, Texts) {
   EXPECT_TRUE(TVxStringHelper(u"20150201").ToDate(1) == day && TVxStringHelper(u"29.02.2015").ToDate(1) == 1);
   EXPECT_TRUE(TVxStringHelper(u"-12").ToInt(7) == -12 && TVxStringHelper(u"1,2").ToInt(7) == 7);
   EXPECT_EQ(TVxIntegerHelper(INT32_MIN).ToString(), u"-2147483648");
+}
+
+TEST(Subtypes, Lists) {
+  TVxStringList keys, texts, pairs, symbols;
+  keys.SetCommatext(SubtypeKeys());
+  String counts;
+  for (const String& key : keys.Items()) {
+    uConst::FreeBuffersForLeakPrevention();
+    const String loose = LowerCase(key);
+    symbols.Clear();
+    texts.SetCommatext(SubtypeContent(loose));
+    pairs.SetCommatext(SubtypeIdContent(loose));
+    for (int i = 0; i < pairs.GetCount(); ++i) {
+      const String symbol = getSubTypeSymbol(loose, i), text = getSubTypeText(key, i);
+      EXPECT_EQ(pairs.Get(i) + texts.Get(i), WriteCommatext(TCells{symbol, text}) + text);
+      EXPECT_EQ(getSubTypeIndex(key, LowerCase(symbol)), (symbols.Add(symbol), symbols.IndexOf(symbol)));
+      EXPECT_EQ(SubtypeTextToSymbol(key, symbol), symbol);
+    }
+    EXPECT_EQ(getSubTypeText(key, pairs.GetCount()) + getSubTypeSymbol(key, texts.GetCount()), u"");
+    counts += key + u" " + IntToStr(pairs.GetCount()) + u" ";
+  }
+  EXPECT_EQ(counts, u"ABRRUNDUNG 5 ABWESENHEITANSPRUCH 3 ABWESENHEITARBEITSZEIT 3 ABWESENHEITRUNDUNG 4 "
+                    u"ABWESENHEITSPEZIALISIERUNG 8 ANSPRUCHPRECISION 5 BERUF 19 BERUFSABSCHLUSS 15 BESCHART 9 "
+                    u"BESCHSTATUS 4 BOOLEXT 3 FAMSTATUS 8 FEDERALSTATE 53 LASTSCHRIFT 3 MEDITYP 4 MITTERMINGRUPPEN 6 "
+                    u"NATIONALITY 24 PATRELATION 23 PATTERMINGRUPPEN 6 PFLEGESTUFE 9 RELIGION 24 SEX 2 "
+                    u"SGBXILEISTUNGSART 4 SGBXIRESTAN 6 UNTERBRINGUNG 4 VERSORGUNG 6 WOCHENTAGE 8 ");
+  struct { const char16_t* Key; int Index; const char16_t* Entry; } entries[] = {
+      {u"NATIONALITY", 14, u"040 österreichisch"}, {u"NATIONALITY", 23, u"000 unbekannt"}, {u"RELIGION", 0, u" "},
+      {u"FEDERALSTATE", 40, u"40 Appenzell Ausserrhoden"}, {u"RELIGION", 4, u"ef freie ev. Gemeinde"},
+      {u"RELIGION", 22, u"-- keine Kirche"}, {u"RELIGION", 23, u"?? unbekannt"}, {u"PFLEGESTUFE", 0, u"-1 keine"},
+      {u"SGBXIRESTAN", 5, u"PS Privat + Sozialamt"}, {u"BESCHART", 7, u"48 Praktikant/in, Schüler/in, Azubi"},
+      {u"BERUF", 4, u"4 Fachkrankenschwester/-pfleger"}, {u"BESCHART", 4, u"39 über 50% Vollzeit"},
+      {u"BERUFSABSCHLUSS", 10, u"78 Sozialpädagog(e)/in / Sozialarbeiter/in"}, {u"PATRELATION", 8, u"9 Großmutter"},
+      {u"ABWESENHEITSPEZIALISIERUNG", 3, u"D Dienstbesprechnung"}, {u"PATRELATION", 22, u" "}};
+  for (const auto& c : entries) {
+    EXPECT_EQ(getSubTypeSymbol(c.Key, c.Index) + u" " + getSubTypeText(c.Key, c.Index), c.Entry);
+  }
+  EXPECT_EQ(SubtypeIdContent(u"boolext"), u"\"0,Nein\",\"1,Ja\",\"2,\"\"keine Angabe\"\"\"");
+}
+
+TEST(Subtypes, LookingUp) {
+  struct { const char16_t *Key, *Value; int Index; const char16_t *Symbol, *Text; } cases[] = {
+      {u"federalstate", u"0", 0, u"0", u""}, {u"FEDERALSTATE", u"UNBEKANNT", 52, u"0", u"unbekannt"},
+      {u"FEDERALSTATE", u"zürich", 26, u"26", u"Zürich"}, {u"FEDERALSTATE", u"", 0, u"0", u""},
+      {u"NATIONALITY", u"000", 0, u"000", u""}, {u"Religion", u"LT", 2, u"lt", u"lutherisch"},
+      {u"PFLEGESTUFE", u"0", 1, u"0", u"0"}, {u"PFLEGESTUFE", u"0+", 6, u"5", u"0+"},
+      {u"PATRELATION", u"", 22, u"", u""}, {u"SEX", u"männlich ", -1, u"", u""}, {u"SEX", u"", -1, u"", u""},
+      {u"", u"0", -1, u"", u""}, {u"SEXE", u"0", -1, u"", u""}, {u"zz", u"", -1, u"", u""}};
+  for (const auto& c : cases) {
+    EXPECT_EQ(getSubTypeIndex(c.Key, c.Value), c.Index) << String(c.Value).ToUtf8();
+    EXPECT_EQ(SubtypeTextToSymbol(c.Key, c.Value), c.Symbol);
+    EXPECT_EQ(SubtypeSymbolToText(c.Key, c.Value), c.Text);
+  }
+  EXPECT_EQ(Bundesland(26) + Bundesland(0) + Bundesland(52) + Bundesland(1), u"ZürichBaden-Württemberg");
+  EXPECT_EQ(getSubTypeText(u"none", 0) + getSubTypeSymbol(u"none", 0) + SubtypeContent(u"none"), u"");
+  EXPECT_EQ(test::RaisedBy<EArgumentException>([] { SubtypeIdContent(u"none"); }), u"Unknown subtype \"none\"");
+}
+
+TEST(Subtypes, Countries) {
+  const auto number = [](TObject* object) { return static_cast<int>(reinterpret_cast<intptr_t>(object)); };
+  struct { const char16_t* Selection; int Current, Result; const char16_t* Items; } cases[] = {
+      {u"2,26", 26, 2, u"0 2Bayern 26Zürich 0unbekannt "}, {u" ", 7, 1, u"0 7Niedersachsen 0unbekannt "},
+      {u"3 ,\"1\",99,x", 25, 3, u"0 1Baden-Württemberg 3Berlin 25Wien 0unbekannt "}, {u"0", -5, 0, u"0 0unbekannt "}};
+  TVxStringList list;
+  for (const auto& c : cases) {
+    EXPECT_EQ(GetCountries(list, c.Selection, c.Current), c.Result) << c.Current;
+    String items;
+    for (int i = 0; i < list.GetCount(); ++i) items += IntToStr(number(list.GetObject(i))) + list.Get(i) + u" ";
+    EXPECT_EQ(items, c.Items);
+  }
+  EXPECT_TRUE(GetCountries(list, u"", 0) == 0 && GetCountries(list, u"", 51) == 51 && GetCountries(list, u"", 52) == 0);
+  EXPECT_EQ(list.GetCommatext(), SubtypeContent(u"FEDERALSTATE"));
+  for (int i = 0; i < 53; ++i) EXPECT_EQ(number(list.GetObject(i)), i % 52);
+  // The same texts: nothing is touched, the objects neither.
+  list.PutObject(7, nullptr);
+  EXPECT_TRUE(GetCountries(list, u"", 7) == 0 && list.GetObject(7) == nullptr);
+  EXPECT_TRUE(GetCountries(list, u"7", 7) == 1 && number(list.GetObject(1)) == 7);
 }
 
 }  // namespace

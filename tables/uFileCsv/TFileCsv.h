@@ -1,0 +1,279 @@
+// The table in memory: rows of texts. The unit's header tells the whole and its pitfalls.
+#pragma once
+
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+#include <typeinfo>
+
+#include "core/uConst.h"
+#include "core/uVxTypes.h"
+#include "objects/uVxClasses.h"
+#include "platform/Currency.h"
+#include "platform/TObjectList.h"
+#include "platform/Types.h"
+
+namespace vx {
+
+enum TCsvAllMode : uint8_t {
+  camTrim,              // blanks at both ends of each cell go
+  camUnTrim,            // each cell is padded on the right to the longest of its column
+  camDeleteEnter,       // carriage returns and line feeds become spaces
+  camBalanceColcount,   // short rows get empty cells up to the length of row 0
+  camDeleteEmptyLines,  // rows whose cells are all blank go
+  camThousandDivider,   // whole and decimal numbers get thousands separators; see GuessFieldType
+  camBalanceMax         // with camBalanceColcount: up to the length of the longest row
+};
+using TCsvAllModes = Set<TCsvAllMode>;
+
+// The list operations are those of TObjectList, virtual for derived classes: a table that owns its rows
+// takes Add's and Insert's rows over, and Extract gives a row back without freeing it.
+//
+// Every entry has to be a TVxStringList; reaching another one raises EInvalidCast. Row indexes outside
+// the table raise EListError where an operation says nothing else.
+class TFileCsv : public TObjectList {
+ public:
+  explicit TFileCsv(bool OwnsObjects = true) noexcept : TObjectList(OwnsObjects) {}
+  // Rows are freed while the table is still whole.
+  ~TFileCsv() override { TObjectList::Clear(); }
+  String ClassName() const override { return u"TFileCsv"; }
+  // A new empty table of the same class; a derived class overrides it.
+  virtual std::unique_ptr<TFileCsv> GetNewInstance() const;
+  virtual void Init() { Clear(); }
+
+  // --- rows ---
+  // The row stays the table's.
+  TVxStringList* GetLines(int Row) const { return AsRow(Get(Row)); }
+  // Puts a row in the place of another, which a table that owns frees.
+  void SetLines(int Row, TVxStringList* Line) { Put(Row, Line); }
+  // The number of cells of row 0, 0 for an empty table.
+  int FieldCount() const;
+  // Both append a row and return its index.
+  int AddRow(std::u16string_view Commatext);
+  int AddRow(std::span<const String> Cells);
+  int AddRow(std::initializer_list<String> Cells) { return AddRow(std::span<const String>(Cells)); }
+  // Appends a row of Count empty cells and returns its index; a negative Count means FieldCount.
+  int AddEmpty(int Count);
+  // Appends copies of the rows of Other, which stays as it is.
+  void AddFileCsv(const TFileCsv& Other);
+  // Appends the rows of Other themselves and frees Other; nullptr is ignored.
+  void AddAndFree(std::unique_ptr<TFileCsv> Other);
+  // Makes this table equal to Source, row by row, keeping the row objects that there are.
+  virtual void Assign(const TFileCsv& Source);
+  std::unique_ptr<TFileCsv> Duplicate() const;
+  // Deletes the rows of two or more cells that are all empty and returns how many. Rows without cells
+  // and rows of one empty cell stay; that is wanted.
+  int RemoveEmpty();
+
+  // --- cells ---
+  // Negative indexes raise the list errors.
+  virtual String GetCell(int Col, int Row) const;
+  virtual void SetCell(int Col, int Row, const String& Text);
+  // The object beside a cell; nullptr past the end. Rows do not own their objects unless told.
+  TObject* GetObject(int Col, int Row) const;
+  void SetObject(int Col, int Row, TObject* Object);
+  // The cell, or the value told for a row or a column outside the table, negative ones too.
+  String getElement(int Col, int Row, const String& NoColValue, const String& NoRowValue) const;
+
+  // --- cells as typed values; see TVxString for the readers and writers ---
+  // Getters trim what GetCell gives; a text that is no such value is 0 or false. Setters hand their text
+  // to SetCell.
+  bool GetCellsAsBool(int Col, int Row) const;
+  void SetCellsAsBool(int Col, int Row, bool Value);
+  TBoolExt GetCellsAsBoolExt(int Col, int Row) const;
+  void SetCellsAsBoolExt(int Col, int Row, TBoolExt Value);
+  Currency GetCellsAsCurrency(int Col, int Row) const;
+  void SetCellsAsCurrency(int Col, int Row, Currency Value);
+  TDateTime GetCellsAsDate(int Col, int Row) const;
+  void SetCellsAsDate(int Col, int Row, TDateTime Value);
+  TDateTime GetCellsAsDateTime(int Col, int Row) const;
+  void SetCellsAsDateTime(int Col, int Row, TDateTime Value);
+  Extended GetCellsAsFloat(int Col, int Row) const;
+  void SetCellsAsFloat(int Col, int Row, Extended Value);
+  // An amount of hours, in days; read as StrToHourDef reads it, with its rule for minus signs, and
+  // written as hours and minutes: 1.5 is u"36:00". Seconds are dropped. A negative amount counts its
+  // days down and its time of day up: -1.25 is u"-18:00". What is no number or infinite counts 0.
+  TDateTime GetCellsAsHour(int Col, int Row) const;
+  void SetCellsAsHour(int Col, int Row, TDateTime Value);
+  int GetCellsAsInt(int Col, int Row) const;
+  void SetCellsAsInt(int Col, int Row, int Value);
+  TDateTime GetCellsAsTime(int Col, int Row) const;
+  void SetCellsAsTime(int Col, int Row, TDateTime Value);
+  // The type by the look of the text alone, blanks at its ends included:
+  //   vftUnknown   the empty text
+  //   vftInteger   digits; a sign may stand in front: u"-12"
+  //   vftFloat     the same with one comma: u"1234,50"
+  //   vftDate      dots at the positions 3 and 6 of 8 or 10, no comma: u"11.02.2015"
+  //   vftTime      u"hh:nn" up to u"24:00", u"hh:nn:ss" up to u"24:00:00"
+  //   vftHour      any other text without a sign that has one colon before two digits up to 59: u"124:30"
+  //   vftString    all else, such as u"1.234,50"
+  // Digits are not looked for: u"-" is an integer. That is wanted.
+  static TVxFieldType GuessFieldType(std::u16string_view Text) noexcept;
+
+  // --- sums over the cells From to To of a row or a column, through the typed getters ---
+  // The sum as text, which is also written to the cell Target of that row or column if there is one.
+  //   vftInteger, vftFloat, vftFraction, vftDateTime   SumFloat, by FloatToStr
+  //   vftCurrency                                      SumCurrency, with two decimals
+  //   vftTime, vftHour                                 SumTime
+  //   any other type                                   empty
+  // A From outside FieldCount (SumX) or GetCount (SumY) means 1, a To outside the last but one: the first
+  // cell is a label and the last one the total. Empty, and nothing is written, if there is no such
+  // row, or no such column in row 0.
+  String SumX(int Row, TVxFieldType FieldType, int From = -1, int To = -1, int Target = -1);
+  String SumY(int Col, TVxFieldType FieldType, int From = -1, int To = -1, int Target = -1);
+  // The range is taken as told; cells past the end count 0.
+  Extended SumFloatX(int Row, int From, int To) const;
+  Extended SumFloatY(int Col, int From, int To) const;
+  // EOverflow where the sum leaves the range of amounts.
+  Currency SumCurrencyX(int Row, int From, int To) const;
+  Currency SumCurrencyY(int Col, int From, int To) const;
+  // The sum of CellsAsHour as hours and minutes. Pitfall: SumTimeX counts the hours within the last day
+  // twice: 12:00 and 24:00 make u"48:00", where SumTimeY has u"36:00". Both keep the hours within 0 to
+  // 65535: one more is 0, and one below 0 is 65535. This is wanted; programs that share tables know it so.
+  String SumTimeX(int Row, int From, int To) const;
+  String SumTimeY(int Col, int From, int To) const;
+
+  // --- columns; short rows are skipped, and a negative column does nothing ---
+  virtual void DeleteCol(int Col);
+  virtual void ClearCol(int Col);
+  // Empties every cell and clears its object. The last cell of row 0 becomes a single space; that is
+  // wanted, so that the table does not look empty to those who test its text.
+  void ClearContent();
+  // The commatext of the trimmed cells of a column; a short row gives an empty cell.
+  String ColumnContent(int Col) const;
+  // The same sorted without regard to case, and neighbours that are exactly equal once.
+  String ColumnContentUnique(int Col) const;
+
+  // --- looking up by a key, without regard to case ---
+  // The first row whose cell at Col is Key; -1 if there is none or Col is negative.
+  int IndexForColKey(int Col, std::u16string_view Key) const;
+  // The row itself, which stays the table's; nullptr if there is none.
+  TVxStringList* ItemForColKey(int Col, std::u16string_view Key) const;
+  // The cell at ResultCol of that row; Default if there is no such row or cell.
+  String ElementForColKey(int KeyCol, std::u16string_view Key, int ResultCol, const String& Default) const;
+  virtual String ElementForKey(int KeyCol, std::u16string_view Key, int ResultCol, const String& Default) const;
+
+  // --- the whole table ---
+  void DoAll(TCsvAllModes Modes);
+  // A new table with rows and columns exchanged: as many rows as row 0 has cells. Cells beyond the
+  // width of row 0 are dropped; a short row gives empty cells.
+  std::unique_ptr<TFileCsv> TurnAxis() const;
+  // Shows the commatexts of all rows in a dialog: a debugging aid.
+  void ShowContent() const;
+
+  // --- files; see tables/uFileCsv/Files.cpp for the bytes ---
+  // Replaces the table by the file's rows. The separator (comma, ";", ESC or tab) is counted in the
+  // first line, whatever the file's name. A missing file shows a warning, gives false and leaves the
+  // table as it was. A fault while reading raises EStreamError; the table is empty then.
+  virtual bool LoadFromFile(std::u16string_view Path);
+  // Writes the table in the form that the extension tells: ".csv" comma, ".txt" ";", ".vxt" ESC,
+  // ".tab" tab, none: space, without any quotes. Then watches the file's stamp for up to 1500 ms. If
+  // the file can't be seen to have changed, and can't be stamped, shows a warning and gives false.
+  // Another extension raises EStringListError on a table with rows, and nothing is written. Faults
+  // while writing raise EStreamError.
+  virtual bool SaveToFile(std::u16string_view Path);
+  // The same, and then opens a ".csv" or ".txt" file in its application; ".txt" is renamed to ".csv"
+  // for that, if possible. The result is that of SaveToFile.
+  virtual bool SaveAndExecute(std::u16string_view Path);
+  // Replaces the table by a database server's export: UTF-16, comma between fields, no quotes; a line
+  // end inside a field belongs to the field. False if the last record is ragged; the rows stand then
+  // as they were read.
+  bool LoadMSSQL(std::u16string_view Path);
+
+  // --- the whole table as one text ---
+  // Rows as commatexts, joined by carriage return and line feed, none behind the last row.
+  String GetText() const;
+  void SetText(std::u16string_view Text);
+  // Rows as commatexts in the system's code page, each followed by ESC. Cells must not hold an ESC,
+  // and rows without cells are lost when it is read again.
+  std::string GetAnsiCsv() const;
+  void SetAnsiCsv(std::string_view Bytes);
+  // Rows as commatexts, each followed by Separator.
+  String ExportToString(std::u16string_view Separator) const;
+  // Appends the rows; always true. Separator has to be one character, and cells must not hold it. Rows
+  // without cells are dropped.
+  bool ImportFromString(std::u16string_view Text, std::u16string_view Separator);
+  // Appends the commatext of each row to Strings; or gives a new list.
+  void ExportToStringList(TStrings& Strings) const;
+  std::unique_ptr<TVxStringList> ExportToStringList() const;
+  // Appends a row for each commatext, also one without cells; nullptr is ignored.
+  void ImportFromStringList(const TStrings* Strings);
+  // A new table of the same class with a row for each cell of a row from FirstCol on, read as commatext;
+  // nullptr if there is no such row.
+  std::unique_ptr<TFileCsv> ItemToCsv(int Row, int FirstCol) const;
+
+  // --- lines of table files ---
+  // The separator that a text's first line is cut by: u",", u";", ESC or tab.
+  static String AnalyseToParse(std::u16string_view Text);
+  // The same from the first item, taking no notice of quotes; empty for an empty list.
+  static String AnalyseToParse(const TStrings& Strings);
+  // One line as a new row; an empty Separator means the comma.
+  static std::unique_ptr<TVxStringList> ParseCommatext(std::u16string_view Text, std::u16string_view Separator);
+  // One row as a line: cells that hold Separator, a code unit below 33 or a double quote stand in double
+  // quotes. With a space as Separator nothing is quoted.
+  static String ParseChar(const TVxStringList& Row, std::u16string_view Separator);
+
+ protected:
+  // The entry as a row; EInvalidCast if it is none.
+  static TVxStringList* AsRow(TObject* Entry) {
+    if (Entry && typeid(*Entry) == typeid(TVxStringList)) return static_cast<TVxStringList*>(Entry);
+    return CastRow(Entry);
+  }
+
+  // Appends a row of the table's own making through the virtual Add and returns its index.
+  int AddNew(std::unique_ptr<TVxStringList> Row);
+  // The same for an operation that puts each row in its told place; a derived class that orders what Add
+  // gets overrides it.
+  virtual int AddInPlace(std::unique_ptr<TVxStringList> Row) { return AddNew(std::move(Row)); }
+  // Around operations that add many rows: a derived class that orders them may do so once, in EndRows.
+  // Pairs may nest.
+  virtual void BeginRows() {}
+  virtual void EndRows() {}
+  // Adds what Rows() adds between the two.
+  template <typename F>
+  void AddMany(F Rows) {
+    BeginRows();
+    try {
+      Rows();
+    } catch (...) {
+      EndRows();
+      throw;
+    }
+    EndRows();
+  }
+
+ private:
+  static TVxStringList* CastRow(TObject* Entry);
+  void DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths);
+  static String WithThousandDivider(const String& Text);
+  // The cell itself, for reading at once; nullptr past the end.
+  const String* FindCell(int Col, int Row) const {
+    if (Row >= GetCount()) return nullptr;
+    FetchAhead(Get(Row), Col);
+    const TVxStringList* line = GetLines(Row);
+    std::span<const String> cells = line->Items();
+    if (Col < 0) (void)line->Get(Col);
+    return static_cast<size_t>(Col) < cells.size() ? &cells[static_cast<size_t>(Col)] : nullptr;
+  }
+  // Rows and their texts are mostly allocated one behind the other, so that the processor can fetch a
+  // cell while it still waits for its row. A guess that fails costs nothing.
+  static void FetchAhead(const TObject* Row, int Col) noexcept {
+    uintptr_t texts = reinterpret_cast<uintptr_t>(Row) + sizeof(TVxStringList) + 2 * sizeof(void*);
+    uintptr_t cell = texts + static_cast<uintptr_t>(Col) * sizeof(String);
+    __builtin_prefetch(reinterpret_cast<const void*>(cell));  // NOLINT(performance-no-int-to-ptr): never read
+  }
+  // What Read makes of the trimmed cell.
+  template <typename F>
+  auto ReadCell(int Col, int Row, F Read) const;
+  // The last index of the range up to To that may hold a cell.
+  int LastInRow(int Row, int To) const;
+  int LastInCol(int To) const noexcept { return To < GetCount() ? To : GetCount() - 1; }
+};
+
+// A new table, each item read as commatext into a row.
+std::unique_ptr<TFileCsv> StringsToCsv(const TStrings& Strings);
+// A new list of the commatexts of the rows.
+std::unique_ptr<TVxStringList> CsvToStrings(const TFileCsv& Table);
+
+}  // namespace vx
