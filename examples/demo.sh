@@ -75,6 +75,54 @@ grep -qx '1233567,39 in 36:30 hours' "$dir/sums" || die "the sums are wrong"
 "$vxtab" show "$dir/posten.txt"
 "$vxtab" dump "$dir/posten.txt" | grep -q '"1.234.567,89"' || die "the separators are missing"
 
+say "The duty roster sorted by date, the last days first and within a day by name; then by name, and by hours"
+"$vxtab" sort "$data/dienstplan.txt" "$dir/bydate.txt" --by Datum --type vftDate --desc --stable-with Pflegekraft
+"$vxtab" show "$dir/bydate.txt" --cols 0-4
+"$vxtab" dump "$dir/bydate.txt" | sed -n '2p;$p' | cut -d'"' -f2,10 | tr '\n' ' ' >"$dir/ends"
+grep -qx '03.03.2026"Anja Bößer 02.03.2026"Tim Sörensen ' "$dir/ends" || die "the dates are not in their order"
+"$vxtab" sort "$data/dienstplan.txt" "$dir/byname.txt" --by Pflegekraft --stable-with Beginn
+"$vxtab" dump "$dir/byname.txt" | sed 1d | cut -d'"' -f4,10 | tr '"' ' ' >"$dir/names"
+cat "$dir/names"
+LC_ALL=C sort -k2 -k1,1 "$dir/names" | cmp - "$dir/names" || die "the roster is not in the order of its names"
+"$vxtab" dump "$data/dienstplan.txt" | sort >"$dir/all"
+"$vxtab" dump "$dir/byname.txt" | sort | cmp - "$dir/all" || die "a row is lost"
+"$vxtab" sort "$data/dienstplan.txt" "$dir/byhours.txt" --by Dauer --type hour --desc
+"$vxtab" dump "$dir/byhours.txt" | sed -n 2p | grep -q '"1:30"' || die "the longest visit is not the first"
+
+say "A selection: the visits from ten o'clock on, those of Svenja Groß among them, and the names once each"
+"$vxtab" select "$data/dienstplan.txt" "$dir/late.txt" --where Beginn '>=' 10:00 --type Zeit
+"$vxtab" select "$dir/late.txt" "$dir/hers.txt" --where Pflegekraft enthält GROß
+"$vxtab" show "$dir/hers.txt"
+"$vxtab" dump "$dir/hers.txt" | cut -d'"' -f4 | tr '\n' ' ' | grep -qx 'Beginn 16:00 20:30 ' || die "not her visits"
+"$vxtab" unique "$dir/late.txt" "$dir/who.txt" --col Pflegekraft
+"$vxtab" dump "$dir/who.txt"
+[ "$("$vxtab" dump "$dir/who.txt" | wc -l)" -eq 5 ] || die "the names are not each there once"
+
+say "A second address list merged into the first by its names: a number changed, a row and a column new"
+printf '%s\r\n' 'Telefon,Name,Notiz' '"0228 555 0999","Apotheke zum Löwen","bis 20:00"' ',"Fahrdienst ""Mobil""",neu' |
+  iconv -f UTF-8 -t WINDOWS-1252 >"$dir/more.csv"
+"$vxtab" merge "$dir/adressen.csv" "$dir/more.csv" --key Name --add-fields "$dir/merged.csv"
+"$vxtab" show "$dir/merged.csv" --cols 0,3-4,6
+key='name=Apotheke zum Löwen'
+[ "$("$vxtab" get "$dir/merged.csv" "$key" telefon)" = "0228 555 0999" ] || die "the number is the old one"
+[ "$("$vxtab" get "$dir/merged.csv" "$key" Ort)" = Bonn ] || die "the merge lost a cell"
+[ "$("$vxtab" dump "$dir/merged.csv" | wc -l)" -eq 14 ] || die "the merged list has not 14 rows"
+"$vxtab" merge "$dir/adressen.csv" "$dir/more.csv" --key PLZ "$dir/none.csv" 2>"$dir/note" && die "merged without a key"
+cat "$dir/note"
+[ ! -e "$dir/none.csv" ] || die "a failed merge wrote a file"
+
+say "A configuration file as a table"
+printf '[Station 1]\nName=Rheinblick\nBetten=24\n[Station 2]\nname=Am Park\n' >"$dir/haus.ini"
+"$vxtab" ini "$dir/haus.ini" "$dir/haus.csv"
+"$vxtab" show "$dir/haus.csv"
+[ "$("$vxtab" get "$dir/haus.csv" '[sections]=[Station 2]' name)" = "Am Park" ] || die "the section is not a row"
+
+say "The lists of domain values, and one of them"
+"$vxtab" vocab | sed -n 1,5p
+"$vxtab" vocab FEDERALSTATE | tee "$dir/states" | sed -n '1,5p;$p'
+[ "$(wc -l <"$dir/states")" -eq 55 ] || die "there are not 53 states"
+grep -qx ' 9 | 9  | Rheinland-Pfalz' "$dir/states" || die "a state is not there"
+
 say "A database server's export (UTF-16, line breaks inside cells without quotes)"
 "$vxtab" mssql "$data/abrechnung_mssql.csv" "$dir/abrechnung.csv"
 "$vxtab" show "$dir/abrechnung.csv" --rows 5

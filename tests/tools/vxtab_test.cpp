@@ -169,7 +169,7 @@ TEST_F(VxtabTest, FailuresTellWhatAndWhereAndWriteNothing) {
       {{"convert", "@in.csv"}, 2, "OUT is missing"},
       {{"convert", "@in.csv", "-"}, 2, "'-' can't be written to"},
       {{"info", "@in.csv", "@old.csv"}, 2, "old.csv' is too much"},
-      {{"info", ""}, 2, "a file name is empty"},
+      {{"info", ""}, 2, "FILE is empty"},
       {{"show", "@in.csv", "--rows"}, 2, "option --rows needs a value"},
       {{"show", "@in.csv", "--rows=-1"}, 2, "not a number from 0 on"},
       {{"show", "@in.csv", "--cols", "3-1"}, 2, "not a list like 0,2-4"},
@@ -178,9 +178,27 @@ TEST_F(VxtabTest, FailuresTellWhatAndWhereAndWriteNothing) {
       {{"info", "--separator", "tab", "@in.csv"}, 2, "goes with --foreign only"},
       {{"sum", "@in.csv", "--col", "2", "--type", "hour"}, 1, "row 0 has no column 2"},
       {{"sum", "@in.csv", "--col", "1", "--type", "hour", "--to", "2"}, 1, "there is no row 2"},
-      {{"sum", "@in.csv", "--col", "1", "--type", "string"}, 2, "--type string: not a type of numbers"},
+      {{"sum", "@in.csv", "--col", "1", "--type", "string"}, 2, "--type string: not a type for this command; known are Integer (Zahl)"},
       {{"sum", "@in.csv", "--type", "hour"}, 2, "--col N is missing"},
-      {{"merge"}, 2, "unknown command merge"},
+      {{"melt"}, 2, "unknown command melt"},
+      {{"get", "@in.csv", "a=c", "x"}, 1, "in.csv: row 0 has no column named 'x'"},
+      {{"get", "@in.csv", "a=C", "b"}, 1, "in.csv: no row has exactly 'C' in the column 'a'; row 1 has 'c'"},
+      {{"get", "@in.csv", "a=a", "b"}, 1, "no row has exactly 'a' in the column 'a'\n"},
+      {{"get", "-", "a=a", "b"}, 1, "-: row 0 has no column named 'a'"},
+      {{"get", "@in.csv", "a", "b"}, 2, "'a' is not of the form KEYNAME=VALUE"},
+      {{"sort", "@in.csv", "@old.csv"}, 2, "--by NAME is missing"},
+      {{"sort", "@in.csv", "@old.csv", "--by", "a", "--stable-with", "y"}, 1, "no column named 'y'"},
+      {{"sort", "@in.csv", "@old.csv", "--by", "a", "--type", "Bild"}, 2, "Date (Datum), Time (Zeit)"},
+      {{"sort", "@in.csv", "@old.csv", "--by", "a", "--format", "yyyy"}, 2, "--format goes with"},
+      {{"merge", "@in.csv", "@fixed.csv", "--key", "a", "@old.csv"}, 1, "fixed.csv: row 0 has no column named 'a'"},
+      {{"merge", "@fixed.csv", "@in.csv", "@old.csv", "--key=a"}, 1, "fixed.csv: row 0 has no column named 'a'"},
+      {{"merge", "-", "-", "@old.csv", "--key", "a"}, 2, "only one of INTO and FROM can be '-'"},
+      {{"select", "@in.csv", "@old.csv", "--where", "a", "="}, 2, "--where needs all of NAME CLAUSE VALUE"},
+      {{"select", "@in.csv", "@old.csv", "--where", "x", "=", "1"}, 1, "in.csv: row 0 has no column named 'x'"},
+      {{"select", "@in.csv", "@old.csv", "--where", "a", "==", "1"}, 2, "known are v (enthält), # (enthält nicht)"},
+      {{"select", "@in.csv", "@old.csv", "--where", "a", "<", "bald", "--type=Datum"}, 2, "'bald' is not of the type"},
+      {{"ini", "@none.ini", "@old.csv"}, 1, "none.ini"},
+      {{"vocab", "Farben"}, 1, "there is no vocabulary 'Farben'"},
       {{"--foreign", "info"}, 2, "the command has to come first"},
       {{}, 2, "a command is missing"},
   };
@@ -313,9 +331,109 @@ TEST_F(VxtabTest, TypesAndSumsOfColumns) {
   EXPECT_EQ(Get("t.txt"), "Was;Betrag;Dauer\r\na;1.234,5;12:00\r\nb;-4,25;24:30\r\nSumme;;\r\n");
 }
 
+TEST_F(VxtabTest, SortKeepsTheHeadAndEveryRow) {
+  const char* kRows[] = {"P2,09:30,02.03.2026,\xC4lf,1", "p1,10:00,31.12.2025,Alf,-5", "P3,09:15,x,alf", "P4",
+                         "P1,,02.03.2025,Bodo,\"1.000,50\",more"};
+  std::string bytes = "Id,Zeit,Datum,Name,Betrag\r\n";
+  for (const char* row : kRows) bytes += std::string(row) + "\r\n";
+  Put("t.csv", bytes);
+  const struct {
+    std::vector<std::string> Options;
+    std::string Order;  // of kRows
+  } kCases[] = {
+      {{"--by", "id"}, "14023"},
+      {{"--by", "Name"}, "31204"},
+      {{"--by", "Datum", "--type", "vftDate"}, "23410"},
+      {{"--by", "Datum", "--type", "Datum", "--desc"}, "01423"},
+      {{"--by", "Datum", "--type", "date", "--format", "mmdd", "--stable-with", "Id"}, "40231"},
+      {{"--by", "Betrag", "--type", "w\u00E4hrung", "--desc"}, "40231"},
+      {{"--by", "Betrag", "--type", "Integer", "--stable-with=Name", "--stable-with", "Id"}, "13240"},
+  };
+  for (const auto& test : kCases) {
+    std::vector<std::string> words = {"sort", "@t.csv", "@out.csv"};
+    words.insert(words.end(), test.Options.begin(), test.Options.end());
+    std::string expected = bytes.substr(0, bytes.find('\n') + 1);
+    for (char row : test.Order) expected += std::string(kRows[row - '0']) + "\r\n";
+    EXPECT_EQ(Out(words), "");
+    EXPECT_EQ(Get("out.csv"), expected) << testing::PrintToString(test.Options);
+  }
+  Put("t.csv", "B,a,b\r\n2,x,1\r\n1,y,2\r\n");
+  TResult twice = Run({"sort", "@t.csv", "@t.csv", "--by", "b"});
+  EXPECT_NE(twice.Err.find("'b' stands twice; column 0 is taken"), std::string::npos) << twice.Err;
+  EXPECT_EQ(Get("t.csv"), "B,a,b\r\n1,y,2\r\n2,x,1\r\n");
+  EXPECT_EQ(Out({"sort", "-", "@t.csv", "--by", "a"}, "a,b\r\n"), "");
+  EXPECT_EQ(Get("t.csv"), "a,b\r\n");
+}
+
+TEST_F(VxtabTest, SelectsByEightClausesInSymbolsAndTexts) {
+  Put("t.txt", "0;Ort;Von\r\n1;K\xF6ln;09.03.2026\r\n2;BONN;10.02.2026\r\n3;Bonn;\r\n4;\"Region K\xD6LN\"\r\n");
+  const struct {
+    const char *Name, *Symbol, *Text, *Value, *Type, *Rows;
+  } kCases[] = {
+      {"ort", "v", "enthält", "KÖLN", "Text", "014"},
+      {"Ort", "#", "enthält nicht", "o", "Text", "01"},
+      {"Ort", "v", "Enthält", "", "Text", "01234"},
+      {"Ort", "=", "gleich =", "bonn", "Text", "023"},
+      {"Ort", "<>", "ungleich <>", "bonn", "Text", "014"},
+      {"Von", "=", "gleich =", "", "Text", "034"},
+      {"Von", "<", "kleiner <", "09.03.2026", "Datum", "0234"},
+      {"Von", "<=", "kleiner gleich <=", "20260309", "vftDate", "01234"},
+      {"Von", ">", "größer >", "28.02.2026", "date", "01"},
+      {"Von", ">=", "GRÖßER GLEICH >=", "10.02.2026", "6", "012"},
+  };
+  for (const auto& test : kCases) {
+    for (const char* clause : {test.Symbol, test.Text}) {
+      Out({"select", "@t.txt", "@out.txt", "--where", test.Name, clause, test.Value, "--type", test.Type});
+      std::string rows;
+      std::istringstream lines(Get("out.txt"));
+      for (std::string line; std::getline(lines, line);) rows += line[0];
+      EXPECT_EQ(rows, test.Rows) << test.Name << clause << test.Value;
+    }
+  }
+  Put("t.csv", "a=b,c\r\n-5,1\r\n");
+  Out({"select", "@t.csv", "@t.csv", "--where=a=b", "<", "-4", "--type", "Zahl"});
+  EXPECT_EQ(Out({"get", "@t.csv", "A=B=-5", "C"}), "1\n");
+}
+
+TEST_F(VxtabTest, MergesByKeyAndTellsWhatIsLost) {
+  Put("a.csv", "Id,Ort\r\n1,Bonn\r\n2\r\n1,x\r\n");
+  Put("b.csv", "ort,Tel,ID\r\n,77,1\r\nK\xF6ln,88,2\r\nUlm,99,3\r\n");
+  TResult result = Run({"merge", "@a.csv", "@b.csv", "--key", "ID", "@out.csv"});
+  EXPECT_NE(result.Err.find("b.csv: the column 'Tel' is left out, as all"), std::string::npos) << result.Err;
+  EXPECT_EQ(Get("out.csv"), "Id,Ort\r\n1,Bonn\r\n2,K\xF6ln\r\n1,x\r\n3,Ulm\r\n");
+  EXPECT_EQ(Out({"merge", "@a.csv", "--key", "id", "--add-fields", "-", "@a.csv"}, Get("b.csv")), "");
+  EXPECT_EQ(Get("a.csv"), "Id,Ort,Tel\r\n1,Bonn,77\r\n2,K\xF6ln,88\r\n1,x,\r\n3,Ulm,99\r\n");
+  Put("b.csv", "Id,Tel,Tel\r\n,1,2,3\r\n\"\",5,\r\n");
+  result = Run({"merge", "@a.csv", "@b.csv", "--key", "id", "@out.csv"});
+  for (const char* note : {"'Tel' stands twice; the last", "cells beyond the head are left out, first in row 1\n",
+                           "rows with the same key become one row, first 1 and 2 with ''\n"}) {
+    EXPECT_NE(result.Err.find(note), std::string::npos) << result.Err;
+  }
+  EXPECT_EQ(Out({"dump", "@out.csv"}), Out({"dump", "@a.csv"}) + "[\"\", \"\", \"5\"]\n");
+}
+
+TEST_F(VxtabTest, ConfigurationFilesUniqueColumnsAndVocabularies) {
+  Put("t.ini", "\xEF\xBB\xBFx=0\n[b]\nOrt=K\xC3\xB6ln\nZ=1\n;Z=2\n[B]\nz=3\nnur\n[c]\n");
+  EXPECT_NE(Run({"ini", "@t.ini", "@t.csv"}).Err.find("the section [B] stands twice"), std::string::npos);
+  EXPECT_EQ(Get("t.csv"), "[Sections],ORT,Z\r\n[b],K\xF6ln,1\r\n[B],K\xF6ln,1\r\n[c],,\r\n");
+  Put("t.ini", Get("t.ini").substr(3, 17));
+  EXPECT_NE(Run({"ini", "@t.ini", "@t.csv"}).Err.find("it looks like UTF-8 without a"), std::string::npos);
+  EXPECT_EQ(Get("t.csv"), "[Sections],ORT\r\n[b],K\xC3\xB6ln\r\n");
+  Out({"ini", "--foreign", "@t.ini", "@t.csv"});
+  EXPECT_EQ(Get("t.csv"), "[Sections],ORT\r\n[b],K\xF6ln\r\n");
+  Put("t.csv", "A,Wort\r\n1,\" b \"\r\n2,\xC4\r\n3,b\r\n4,a\r\n5,B\r\n6,b\r\n");
+  Out({"unique", "@t.csv", "@out.csv", "--col", "wort"});
+  EXPECT_EQ(Get("out.csv"), "Wort\r\na\r\n\xC4\r\nb\r\nB\r\n");
+  EXPECT_NE(Out({"vocab"}).find(" | FEDERALSTATE               | 53\n"), std::string::npos);
+  EXPECT_EQ(Out({"vocab", "boolext"}),
+            "  | 0 | 1\n--+---+-------------\n0 | 0 | Nein\n1 | 1 | Ja\n2 | 2 | keine Angabe\n");
+  EXPECT_NE(Out({"vocab", "BERUFSABSCHLUSS"}).find(" eines nichtärztlichen Heilberufes\n"), std::string::npos);
+}
+
 TEST_F(VxtabTest, HelpNamesEveryCommandAndWantsNoFile) {
   std::string help = Out({"convert", "--help"});
-  for (const char* name : {"show", "info", "dump", "convert", "turn", "clean", "mssql", "set", "sum"}) {
+  for (const char* name : {"show", "info", "dump", "convert", "turn", "clean", "mssql", "set", "sum", "get", "sort",
+                           "merge", "select", "ini", "unique", "vocab"}) {
     EXPECT_NE(help.find("vxtab " + std::string(name)), std::string::npos) << name;
   }
   EXPECT_EQ(help, Out({"help"}));

@@ -5,36 +5,6 @@
 
 namespace vx::vxtab {
 
-namespace {
-
-struct TUsage {
-  std::vector<std::string> Files;
-  std::map<std::string, bool, std::less<>> Options;  // whether the option takes a value
-};
-
-TUsage ReadUsage(std::string_view Text) {
-  TUsage usage;
-  for (size_t pos = 0; pos < Text.size();) {
-    size_t end = std::min(Text.find(' ', pos), Text.size());
-    std::string_view word = Text.substr(pos, end - pos);
-    pos = end + 1;
-    bool isOptional = word.starts_with('[');
-    if (isOptional) word.remove_prefix(1);
-    bool isClosed = word.ends_with(']');
-    if (isClosed) word.remove_suffix(1);
-    if (!word.starts_with("--")) {
-      if (!word.empty()) usage.Files.emplace_back(word);
-      continue;
-    }
-    bool hasValue = !isClosed && pos < Text.size();
-    usage.Options.emplace(word.substr(2), hasValue);
-    if (hasValue) pos = std::min(Text.find(' ', pos), Text.size()) + 1;
-  }
-  return usage;
-}
-
-}  // namespace
-
 int ParseNumber(std::string_view Text) noexcept {
   int value = 0;
   auto [end, error] = std::from_chars(Text.data(), Text.data() + Text.size(), value);
@@ -42,8 +12,38 @@ int ParseNumber(std::string_view Text) noexcept {
   return isGood ? value : -1;
 }
 
+void TArguments::ReadUsage(std::string_view Usage) {
+  TOption* option = nullptr;  // the one that a word would be a value of
+  for (size_t pos = 0; pos < Usage.size();) {
+    size_t end = std::min(Usage.find(' ', pos), Usage.size());
+    std::string_view word = Usage.substr(pos, end - pos);
+    pos = end + 1;
+    if (word.empty()) continue;
+    const bool isOptional = word.starts_with('[');
+    const bool isClosed = word.ends_with(']');
+    if (isOptional) word.remove_prefix(1);
+    if (isClosed) word.remove_suffix(1);
+    if (word.ends_with("...")) word.remove_suffix(3);
+    if (word.starts_with("--")) {
+      option = &FOptions[std::string(word.substr(2))];
+    } else if (option != nullptr && !isOptional) {
+      option->Names.emplace_back(word);
+    } else {
+      FNames.emplace_back(word);
+      if (!isOptional) FNeeded = FNames.size();
+    }
+    if (isClosed) option = nullptr;
+  }
+}
+
+std::string TArguments::TOption::Form() const {
+  std::string result;
+  for (const std::string& name : Names) result += ' ' + name;
+  return result;
+}
+
 TArguments::TArguments(std::string_view Usage, std::span<const std::string> Words) {
-  const TUsage usage = ReadUsage(Usage);
+  ReadUsage(Usage);
   bool onlyFiles = false;
   for (size_t i = 0; i < Words.size(); ++i) {
     const std::string& word = Words[i];
@@ -57,28 +57,48 @@ TArguments::TArguments(std::string_view Usage, std::span<const std::string> Word
     }
     size_t equals = word.find('=');
     std::string name = word.substr(0, equals);
-    auto known = name.starts_with("--") ? usage.Options.find(std::string_view(name).substr(2)) : usage.Options.end();
-    if (known == usage.Options.end()) throw TUsageError("unknown option " + name);
-    std::vector<std::string>& values = FOptions[known->first];
-    if (!known->second) {
-      if (equals != std::string::npos) throw TUsageError("option " + name + " takes no value");
-    } else if (equals != std::string::npos) {
-      values.push_back(word.substr(equals + 1));
-    } else if (i + 1 < Words.size()) {
-      values.push_back(Words[++i]);
-    } else {
-      throw TUsageError("option " + name + " needs a value");
+    auto known = name.starts_with("--") ? FOptions.find(std::string_view(name).substr(2)) : FOptions.end();
+    if (known == FOptions.end()) throw TUsageError("unknown option " + name);
+    TOption& option = known->second;
+    option.IsGiven = true;
+    size_t missing = option.Names.size();
+    if (equals != word.npos) {
+      if (missing == 0) throw TUsageError("option " + name + " takes no value");
+      option.Values.push_back(word.substr(equals + 1));
+      --missing;
     }
+    if (missing >= Words.size() - i) {
+      throw TUsageError("option " + name + " needs " +
+                        (option.Names.size() == 1 ? "a value" : "all of" + option.Form()));
+    }
+    for (; missing > 0; --missing) option.Values.push_back(Words[++i]);
   }
-  if (std::find(FFiles.begin(), FFiles.end(), "") != FFiles.end()) throw TUsageError("a file name is empty");
-  if (FFiles.size() < usage.Files.size()) throw TUsageError(usage.Files[FFiles.size()] + " is missing");
-  if (FFiles.size() > usage.Files.size()) throw TUsageError("'" + FFiles[usage.Files.size()] + "' is too much");
+  CheckFiles();
+}
+
+void TArguments::CheckFiles() const {
+  if (FFiles.size() < FNeeded) throw TUsageError(FNames[FFiles.size()] + " is missing");
+  if (FFiles.size() > FNames.size()) throw TUsageError("'" + FFiles[FNames.size()] + "' is too much");
+  for (size_t i = 0; i < FFiles.size(); ++i) {
+    if (FFiles[i].empty()) throw TUsageError(FNames[i] + " is empty");
+  }
+}
+
+bool TArguments::Has(std::string_view Option) const {
+  auto found = FOptions.find(Option);
+  return found != FOptions.end() && found->second.IsGiven;
 }
 
 std::span<const std::string> TArguments::Values(std::string_view Option) const {
   auto found = FOptions.find(Option);
   if (found == FOptions.end()) return {};
-  return found->second;
+  return found->second.Values;
+}
+
+std::span<const std::string> TArguments::Needed(std::string_view Option) const {
+  const TOption& option = FOptions.find(Option)->second;
+  if (!option.IsGiven) throw TUsageError("--" + std::string(Option) + option.Form() + " is missing");
+  return std::span(option.Values).last(option.Names.size());
 }
 
 int TArguments::Number(std::string_view Option, int Default) const {

@@ -2,61 +2,18 @@
 
 #include <algorithm>
 #include <array>
-#include <iterator>
-#include <memory>
-#include <optional>
 #include <ostream>
 #include <utility>
 
 #include "core/uVxFunctionsSerialize.h"
-#include "platform/Collation.h"
+#include "tools/vxtab/CommandHelpers.h"
 #include "tools/vxtab/Json.h"
+#include "tools/vxtab/NamedCommands.h"
 #include "tools/vxtab/Show.h"
-#include "tools/vxtab/TableFiles.h"
 
 namespace vx::vxtab {
 
 namespace {
-
-constexpr std::pair<char16_t, const char*> kSeparators[] = {
-    {u',', "comma"}, {u';', "semicolon"}, {u'\t', "tab"}, {u'\x1B', "esc"}};
-
-const char* SeparatorName(char16_t Separator) {
-  for (auto [unit, name] : kSeparators) {
-    if (unit == Separator) return name;
-  }
-  return "other";
-}
-
-char16_t SeparatorOption(const TArguments& Args) {
-  if (!Args.Has("separator")) return 0;
-  if (!Args.Has("foreign")) throw TUsageError("--separator goes with --foreign only");
-  const std::string& value = Args.Values("separator").back();
-  for (auto [unit, name] : kSeparators) {
-    if (value == name) return unit;
-  }
-  if (value.size() == 1 && value[0] >= ' ' && value[0] < 127 && value[0] != '"') return static_cast<char16_t>(value[0]);
-  throw TUsageError("--separator " + value + ": neither comma, semicolon, tab, esc nor a single character");
-}
-
-std::unique_ptr<TLoadedFile> Load(const TContext& Context, bool WithDetails = false) {
-  const TArguments& args = Context.Args;
-  auto file = LoadTable(args.File(0), args.Has("foreign") ? rbForeign : rbLibrary, SeparatorOption(args), WithDetails,
-                        Context.In, Context.Reporter);
-  if (!file->Hint.empty()) {
-    Context.Reporter.Say("note: " + args.File(0) + " seems to come from another program, try --foreign: " + file->Hint);
-  }
-  return file;
-}
-
-// What all commands of the form IN OUT have in common: Change makes the table that is saved.
-template <typename F>
-void LoadChangeSave(const TContext& Context, F Change) {
-  CheckTarget(Context.Args.File(1));
-  auto file = Load(Context);
-  Change(file->Table);
-  SaveTable(file->Table, Context.Args.File(1), Context.Reporter);
-}
 
 void RunShow(const TContext& Context) {
   TShowPart part;
@@ -64,7 +21,7 @@ void RunShow(const TContext& Context) {
   part.Rows = Context.Args.Number("rows", part.Rows);
   part.Columns = Context.Args.Numbers("cols");
   part.Width = Context.Terminal.Width;
-  ShowTable(Load(Context, true)->Table, part, Context.Out);
+  ShowTable(Load(Context, 0, true)->Table, part, Context.Out);
 }
 
 // For each column a line with the types that its cells look like, the most frequent one first.
@@ -92,7 +49,7 @@ void WriteTypes(const TFileCsv& Table, std::ostream& Out) {
 }
 
 void RunInfo(const TContext& Context) {
-  auto file = Load(Context, true);
+  auto file = Load(Context, 0, true);
   int least = file->Table.GetCount() > 0 ? file->Table.FieldCount() : 0;
   int most = least;
   int64_t cells = 0;
@@ -186,9 +143,9 @@ TCellText ReadCellOption(const std::string& Value) {
 }
 
 void RunSet(const TContext& Context) {
+  (void)Context.Args.Needed("cell");
   std::vector<TCellText> cells;
   for (const std::string& value : Context.Args.Values("cell")) cells.push_back(ReadCellOption(value));
-  if (cells.empty()) throw TUsageError("--cell COL,ROW=TEXT is missing");
   LoadChangeSave(Context, [&](TFileCsv& table) {
     for (const TCellText& cell : cells) {
       if (cell.Row >= table.GetCount() || cell.Col >= table.GetLines(cell.Row)->GetCount()) {
@@ -200,23 +157,12 @@ void RunSet(const TContext& Context) {
   });
 }
 
-// A type that cells can be added up as, by its name, its number, or its word for users.
-TVxFieldType ReadTypeOption(const TArguments& Args) {
-  if (!Args.Has("type")) throw TUsageError("--type TYPE is missing");
-  const std::string& value = Args.Values("type").back();
-  const String text = String::FromUtf8(value);
-  for (TVxFieldType type : {vftInteger, vftFloat, vftTime, vftDateTime, vftHour, vftCurrency, vftFraction}) {
-    if (GetVxFieldType(text) == type || AnsiSameText(text, VxFieldTypeToText(type, false)) ||
-        AnsiSameText(text, VxFieldTypeToText(type, true))) {
-      return type;
-    }
-  }
-  throw TUsageError("--type " + value + ": not a type of numbers, amounts or hours such as vftCurrency");
-}
-
 void RunSum(const TContext& Context) {
-  const TVxFieldType type = ReadTypeOption(Context.Args);
-  if (!Context.Args.Has("col")) throw TUsageError("--col N is missing");
+  static constexpr TVxFieldType kTypes[] = {vftInteger, vftFloat,    vftTime,    vftDateTime,
+                                            vftHour,    vftCurrency, vftFraction};
+  (void)Context.Args.Needed("type");
+  const TVxFieldType type = TypeOption(Context.Args, kTypes, vftUnknown);
+  (void)Context.Args.Needed("col");
   const int col = Context.Args.Number("col", 0);
   const int from = Context.Args.Number("from", -1);
   const int to = Context.Args.Number("to", -1);
@@ -250,6 +196,27 @@ constexpr TCommand kCommands[] = {
      RunClean},
     {"mssql", "IN OUT", "reads a database server's export: UTF-16, commas, no quotes", RunMssql},
     {"set", "IN OUT --cell COL,ROW=TEXT...", "writes cells that exist; repeat --cell for several", RunSet},
+    {"get", "FILE KEYNAME=VALUE RESULTNAME",
+     "the cell in the column RESULTNAME of the first row that has exactly VALUE in the column KEYNAME", RunGet},
+    {"sort", "IN OUT --by NAME [--type TYPE] [--format MASK] [--desc] [--stable-with NAME...]",
+     "the rows behind the head in the order of a column, read as TYPE, such as vftDate or Zahl;\n"
+     "else as text. MASK is how dates and times are compared, such as mmdd. Equal rows stay as they\n"
+     "stand, unless --stable-with (repeat it for several) tells them apart, as ascending texts. Times of\n"
+     "day have to be of one form, such as 09:30; Hour sorts them in any form",
+     RunSort},
+    {"merge", "INTO FROM --key NAME [--add-fields] OUT",
+     "each row of FROM goes into the first row of INTO with exactly its key, or into a new one; empty\n"
+     "cells change nothing. All rows get the width of the head. Columns that INTO lacks are left out\n"
+     "unless --add-fields is told",
+     RunMerge},
+    {"select", "IN OUT --where NAME CLAUSE VALUE [--type TYPE]",
+     "the head and the rows whose cell is as CLAUSE says: v (enthält), # (enthält nicht), =, <>, <, <=,\n"
+     "> or >=, or their German texts; v and # look for a part of the text in any case, the others\n"
+     "compare as TYPE, else as texts in any case",
+     RunSelect},
+    {"ini", "IN OUT", "a configuration file: a row for each section, a column for each key", RunIni},
+    {"unique", "IN OUT --col NAME", "what a column holds, without blanks around, sorted and each once", RunUnique},
+    {"vocab", "[KEY]", "the lists of domain values with their lengths, or one of them: symbol and text", RunVocab},
 };
 
 }  // namespace

@@ -115,7 +115,7 @@ size_t Utf8Length(std::string_view Bytes, size_t Index) {
 
 // UTF-16 without a mark: in every other place of the beginning nearly all bytes are zero, and hardly
 // one in the others. encAscii if it is not so.
-TEncoding Utf16ByZeros(std::string_view Bytes) {
+TFileEncoding Utf16ByZeros(std::string_view Bytes) {
   size_t length = std::min<size_t>(Bytes.size(), 65536) / 2 * 2;
   size_t zeros[2] = {};
   for (size_t i = 0; i < length; ++i) zeros[i & 1] += Bytes[i] == '\0';
@@ -136,7 +136,7 @@ String DecodeUtf16(std::string_view Bytes, bool LittleEndFirst) {
 
 }  // namespace
 
-const char* EncodingName(TEncoding Encoding) noexcept {
+const char* EncodingName(TFileEncoding Encoding) noexcept {
   static constexpr const char* kNames[] = {"ASCII",
                                            "code page",
                                            "UTF-8",
@@ -146,12 +146,12 @@ const char* EncodingName(TEncoding Encoding) noexcept {
   return kNames[Encoding];
 }
 
-TEncoding GuessEncoding(std::string_view Bytes) noexcept {
+TFileEncoding GuessEncoding(std::string_view Bytes) noexcept {
   if (Bytes.starts_with("\xEF\xBB\xBF")) return encUtf8Mark;
   if (Bytes.starts_with("\xFF\xFE")) return encUtf16Le;
   if (Bytes.starts_with("\xFE\xFF")) return encUtf16Be;
-  if (TEncoding wide = Utf16ByZeros(Bytes); wide != encAscii) return wide;
-  TEncoding result = encAscii;
+  if (TFileEncoding wide = Utf16ByZeros(Bytes); wide != encAscii) return wide;
+  TFileEncoding result = encAscii;
   for (size_t i = 0; i < Bytes.size();) {
     size_t length = Utf8Length(Bytes, i);
     if (length == 0) return encCodePage;

@@ -19,17 +19,17 @@
 
 namespace vx::vxtab {
 
-enum TEncoding : uint8_t { encAscii, encCodePage, encUtf8, encUtf8Mark, encUtf16Le, encUtf16Be };
+enum TFileEncoding : uint8_t { encAscii, encCodePage, encUtf8, encUtf8Mark, encUtf16Le, encUtf16Be };
 // As shown to the user, such as "UTF-16, little end first".
-const char* EncodingName(TEncoding Encoding) noexcept;
+const char* EncodingName(TFileEncoding Encoding) noexcept;
 
 // By the byte order mark; without one UTF-16 by its zero bytes, UTF-8 if there are characters beyond
 // ASCII and all are valid, otherwise the system's code page.
-TEncoding GuessEncoding(std::string_view Bytes) noexcept;
+TFileEncoding GuessEncoding(std::string_view Bytes) noexcept;
 
 struct TForeignText {
   String Text;  // without the byte order mark
-  TEncoding Encoding = encAscii;
+  TFileEncoding Encoding = encAscii;
 };
 TForeignText DecodeForeign(std::string_view Bytes);
 

@@ -10,7 +10,6 @@ namespace vx::vxtab {
 
 namespace {
 
-constexpr int kMaxCell = 40;      // columns of the terminal that one cell gets
 constexpr int kPipeWidth = 4096;  // of a line where there is no terminal
 
 struct TRange {
@@ -89,7 +88,8 @@ struct TColumn {
 };
 
 // The columns that fit, with their widths; the last one may be narrowed.
-std::vector<TColumn> Fit(const TFileCsv& Table, std::span<const int> Columns, int From, int Last, int Room) {
+std::vector<TColumn> Fit(const TFileCsv& Table, std::span<const int> Columns, int MaxCell, int From, int Last,
+                         int Room) {
   std::vector<TColumn> result;
   for (int column : Columns) {
     int width = Digits(column);
@@ -97,7 +97,7 @@ std::vector<TColumn> Fit(const TFileCsv& Table, std::span<const int> Columns, in
       auto cells = Table.GetLines(row)->Items();
       if (static_cast<size_t>(column) >= cells.size()) continue;
       int cellWidth;
-      VisibleText(cells[static_cast<size_t>(column)], kMaxCell, cellWidth);
+      VisibleText(cells[static_cast<size_t>(column)], MaxCell, cellWidth);
       width = std::max(width, cellWidth);
     }
     Room -= 3;
@@ -141,6 +141,11 @@ std::string VisibleText(std::u16string_view Text, int Limit, int& Width) {
   return result;
 }
 
+std::string Quoted(std::u16string_view Text) {
+  int width;
+  return "'" + VisibleText(Text, 40, width) + "'";
+}
+
 void ShowTable(const TFileCsv& Table, const TShowPart& Part, std::ostream& Out) {
   const int lineWidth = Part.Width > 0 ? std::max(Part.Width, 8) : kPipeWidth;
   const int from = std::min(Part.From, Table.GetCount());
@@ -153,7 +158,7 @@ void ShowTable(const TFileCsv& Table, const TShowPart& Part, std::ostream& Out) 
     for (int column = 0; column < std::min(all, lineWidth / 3); ++column) columns.push_back(column);
   }
   const int numberWidth = Digits(std::max(last - 1, 0));
-  const std::vector<TColumn> fitting = Fit(Table, columns, from, last, lineWidth - numberWidth);
+  const std::vector<TColumn> fitting = Fit(Table, columns, Part.CellWidth, from, last, lineWidth - numberWidth);
   TLinePrinter line(Out);
   line.Cell("", 0, numberWidth, "");
   for (TColumn column : fitting) {
@@ -176,7 +181,7 @@ void ShowTable(const TFileCsv& Table, const TShowPart& Part, std::ostream& Out) 
       int width = 0;
       std::string text;
       if (isThere(column)) {
-        text = VisibleText(cells[static_cast<size_t>(column.Index)], std::min(column.Width, kMaxCell), width);
+        text = VisibleText(cells[static_cast<size_t>(column.Index)], std::min(column.Width, Part.CellWidth), width);
       }
       line.Cell(text, width, column.Width, " | ");
     }

@@ -17,10 +17,14 @@ int DisplayWidth(char32_t CodePoint) noexcept;
 // Width is the number of columns it takes. Looks at no more of Text than it shows.
 std::string VisibleText(std::u16string_view Text, int Limit, int& Width);
 
+// The same in single quotes with at most 40 columns between them, for messages.
+std::string Quoted(std::u16string_view Text);
+
 struct TShowPart {
   int From = 0;              // the first row
   int Rows = 50;             // at most so many
   std::vector<int> Columns;  // empty: all
+  int CellWidth = 40;        // columns of the terminal that a cell gets at most
   int Width = 0;             // columns of the terminal; 0: no terminal
 };
 

@@ -8,6 +8,7 @@
 #include <optional>
 #include <random>
 
+#include "platform/Encoding.h"
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
@@ -80,6 +81,8 @@ class TInput {
   TInput(const TInput&) = delete;
   TInput& operator=(const TInput&) = delete;
   const String& Path() const { return FPath; }
+  // From now on the file is another one with this content.
+  void Replace(std::string_view Bytes) { TFileStream(Scratch(), fmCreate).WriteBuffer(Bytes.data(), Bytes.size()); }
 
  private:
   const String& Scratch() {
@@ -142,6 +145,21 @@ void LoadOwn(TLoadedFile& File, const String& Path, bool WithDetails) {
   } else {
     File.Hint = std::string("it looks like ") + EncodingName(text.Encoding);
   }
+}
+
+// A configuration file; those of other programs get the byte order mark that they may lack.
+void LoadIni(TLoadedFile& File, TInput& Input, bool IsForeign) {
+  const std::string bytes = ReadBytes(Input.Path());
+  size_t mark = 0;
+  (void)TEncoding::Detect(bytes, mark, TEncoding::Default());
+  File.Encoding = GuessEncoding(bytes);
+  File.Bytes = static_cast<int64_t>(bytes.size());
+  if (IsForeign) {
+    Input.Replace("\xEF\xBB\xBF" + DecodeForeign(bytes).Text.ToUtf8());
+  } else if (mark == 0 && File.Encoding != encAscii && File.Encoding != encCodePage) {
+    File.Hint = std::string("it looks like ") + EncodingName(File.Encoding) + " without a byte order mark";
+  }
+  if (!File.Table.LoadFromIni(Input.Path(), true)) throw TFailure("there is no such file");
 }
 
 struct TKnownForm {
@@ -211,11 +229,6 @@ void CopyInto(const String& Path, const std::string& Name) {
   if (!target.flush()) throw TFailure("can't be written");
 }
 
-std::string Quoted(std::u16string_view Text) {
-  int width;
-  return "'" + VisibleText(Text, 40, width) + "'";
-}
-
 }  // namespace
 
 std::unique_ptr<TLoadedFile> LoadTable(const std::string& Name, TReadBy ReadBy, char16_t Separator, bool WithDetails,
@@ -224,12 +237,14 @@ std::unique_ptr<TLoadedFile> LoadTable(const std::string& Name, TReadBy ReadBy, 
   return Naming(Name, [&] {
     TInput input(Name, In);
     auto file = std::make_unique<TLoadedFile>();
-    if (ReadBy == rbForeign) {
+    if (ReadBy == rbIni || ReadBy == rbForeignIni) {
+      LoadIni(*file, input, ReadBy == rbForeignIni);
+    } else if (ReadBy == rbForeign) {
       LoadForeign(*file, input.Path(), Separator);
     } else if (ReadBy == rbLibrary) {
       LoadOwn(*file, input.Path(), WithDetails);
     } else if (!file->Table.LoadMSSQL(input.Path())) {
-      const TFileCsv& table = file->Table;
+      const THeadCsv& table = file->Table;
       file->Hint = "the last record has " + std::to_string(table.GetLines(table.GetCount() - 1)->GetCount()) +
                    " cells, the first " + std::to_string(table.FieldCount());
     }

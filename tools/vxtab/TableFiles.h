@@ -12,17 +12,19 @@
 namespace vx::vxtab {
 
 enum TReadBy : uint8_t {
-  rbLibrary,  // as the library reads table files
-  rbForeign,  // as RFC 4180 has it
-  rbExport    // a database server's export in UTF-16
+  rbLibrary,    // as the library reads table files
+  rbForeign,    // as RFC 4180 has it
+  rbExport,     // a database server's export in UTF-16
+  rbIni,        // a configuration file: UTF-8 or UTF-16 by its byte order mark, else the code page
+  rbForeignIni  // the same, but UTF-8 and UTF-16 need no mark
 };
 
 struct TLoadedFile {
-  TFileCsv Table;
+  THeadCsv Table;
   int64_t Bytes = 0;
   // The rest is known only if it was asked for, and to rbForeign.
   char16_t Separator = u',';
-  TEncoding Encoding = encAscii;
+  TFileEncoding Encoding = encAscii;
   std::string Hint;  // why the file looks foreign, empty if it does not
 };
 

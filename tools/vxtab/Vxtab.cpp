@@ -16,7 +16,9 @@ namespace {
 
 constexpr char kHelpEnd[] = R"(
 OUT may be IN. The extension of OUT decides its form: .csv comma, .txt semicolon, .vxt ESC, .tab tab,
-none: blanks and no quotes. "-" as FILE or IN is standard input. Columns and rows count from 0.
+none: blanks and no quotes. "-" as a file to read is standard input. Columns and rows count from 0.
+The names of columns stand in row 0, and their case does not matter; of a name that stands twice the first
+column is taken.
 
   --foreign         read a file of another program: only the separator and the line end close a cell;
                     UTF-8 and UTF-16 are recognised. Without it a blank ends a cell that does not stand
@@ -32,7 +34,7 @@ Exit status: 0 done, also with notes; 1 failed, with a message on standard error
 )";
 
 void WriteHelp(std::ostream& Out) {
-  Out << "vxtab shows, checks and converts table files.\n\n";
+  Out << "vxtab shows, checks, converts, sorts, merges and searches table files.\n\n";
   for (const TCommand& command : AllCommands()) {
     Out << "  vxtab " << command.Name << ' ' << command.Usage << "\n      ";
     for (std::string_view help = command.Help; !help.empty(); help.remove_prefix(1)) {
