@@ -66,11 +66,21 @@ class TSystemTimeZone final : public TTimeZone {
     // To the millisecond first: 01:00 as a fraction of a day may lie a little below 01:00.
     double milliseconds = std::round((Utc - kUnixEpoch) * kMsPerDay);
     auto seconds = static_cast<time_t>(std::floor(milliseconds / 1000.0));
+    // Mostly the same second is asked for again and again.
+    if (const int64_t last = FLast.load(std::memory_order_relaxed); last >> kOffsetBits == seconds) {
+      return static_cast<int>(last & ((1 << kOffsetBits) - 1)) - kOffsetBias;
+    }
     tm local{};
     if (localtime_r(&seconds, &local) == nullptr) return 0;
     // Zones of the time before standard time are no whole minutes off.
-    return static_cast<int>(std::lround(static_cast<double>(local.tm_gmtoff) / 60.0));
+    const int offset = static_cast<int>(std::lround(static_cast<double>(local.tm_gmtoff) / 60.0));
+    FLast.store(int64_t{seconds} << kOffsetBits | (offset + kOffsetBias), std::memory_order_relaxed);
+    return offset;
   }
+
+ private:
+  static constexpr int kOffsetBits = 12, kOffsetBias = 1 << (kOffsetBits - 1);  // no zone is a whole day off
+  std::atomic<int64_t> FLast{INT64_MIN};                                        // a second and its offset
 };
 
 }  // namespace

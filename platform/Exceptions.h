@@ -7,6 +7,7 @@
 //   EMathError             a fault of a calculation, and its kinds EInvalidArgument, EInvalidOp,
 //                          EOverflow, EZeroDivide
 //   EInvalidCast           an object that is not of the class it should be
+//   EAccessViolation       a node of a tree that should be there and is not
 //   EInvalidPointer        an object that should be there and is not
 //   EStreamError           a fault of a file, and its kinds EFOpenError, EFCreateError, EReadError,
 //                          EWriteError
@@ -49,6 +50,10 @@ class EConvertError : public Exception {
   using Exception::Exception;
 };
 class EInvalidCast : public Exception {
+ public:
+  using Exception::Exception;
+};
+class EAccessViolation : public Exception {
  public:
   using Exception::Exception;
 };

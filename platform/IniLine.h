@@ -30,9 +30,10 @@ TIniLine ParseIniLine(std::u16string_view Line) noexcept;
 template <typename F>
 void ForEachLine(std::u16string_view Text, F Take) {
   while (!Text.empty()) {
-    const size_t end = Text.find_first_of(u"\r\n");
+    size_t end = 0;
+    while (end < Text.size() && Text[end] != u'\r' && Text[end] != u'\n') ++end;
     Take(Text.substr(0, end));
-    if (end == Text.npos) return;
+    if (end == Text.size()) return;
     Text.remove_prefix(end + (Text.substr(end, 2) == u"\r\n" ? 2 : 1));
   }
 }

@@ -2,6 +2,7 @@
 
 #include <fcntl.h>
 #include <stdio.h>
+#include <sys/file.h>
 #include <sys/xattr.h>
 #include <time.h>
 
@@ -79,6 +80,7 @@ struct TFileTurns {
   static void Replace(TFileTurn& Turn, int Handle) noexcept {
     const THandle old(std::exchange(Turn.FHandle, Handle));
     files::Unlock(old.Get(), files::lbTurn);
+    ::flock(old.Get(), LOCK_UN);  // of a directory
   }
 };
 
@@ -320,12 +322,30 @@ THandle OpenToAppend(const String& Path, std::string& Native) {
   }
 }
 
+// What a turn on the file is held by: the file itself or, if it is not there, its directory.
 THandle OpenForTurn(const std::string& Native, struct stat& Info) noexcept {
   THandle file(::open(Native.c_str(), O_RDWR | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+  if (file.Get() < 0 && errno == ENOENT) {
+    const size_t name = Native.rfind('/');
+    const std::string directory = name == Native.npos ? "." : name == 0 ? "/" : Native.substr(0, name);
+    file = THandle(::open(directory.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+  }
   if (!Check(file.Get() >= 0 && ::fstat(file.Get(), &Info) == 0)) return THandle();
+  if (S_ISDIR(Info.st_mode)) return file;
   if (!S_ISREG(Info.st_mode)) return Fail(EINVAL), THandle();
   if ((Info.st_mode & S_IWUSR) == 0) return Fail(EACCES), THandle();
   return file;
+}
+
+bool TryTurn(int Handle, const struct stat& Info) noexcept {
+  if (!S_ISDIR(Info.st_mode)) return files::TryLock(Handle, files::lbTurn);
+  return ::flock(Handle, LOCK_EX | LOCK_NB) == 0 || Fail(errno == EWOULDBLOCK ? EBUSY : errno);
+}
+
+// The turn is on what stands there now.
+bool IsTurnStill(const std::string& Native, const struct stat& Info) noexcept {
+  struct stat now;
+  return S_ISDIR(Info.st_mode) ? ::stat(Native.c_str(), &now) != 0 : files::IsStillAt(Native, Info);
 }
 
 }  // namespace
@@ -358,8 +378,8 @@ bool TFileTurn::Take(const String& Path, int Milliseconds) {
     for (THandle file;;) {
       if (file.Get() < 0) file = OpenForTurn(native, info);
       if (file.Get() < 0) return false;
-      if (files::TryLock(file.Get(), files::lbTurn)) {
-        if (files::IsStillAt(native, info)) return TFileTurns::Add(*this, file.Release()), true;
+      if (TryTurn(file.Get(), info)) {
+        if (IsTurnStill(native, info)) return TFileTurns::Add(*this, file.Release()), true;
         file = THandle();  // another file stands there by now
       } else if (GetLastError() != EBUSY || !polling.Wait()) {
         return false;

@@ -50,9 +50,10 @@ class TFileTurn {
   TFileTurn& operator=(const TFileTurn&) = delete;
 
   // Waits up to so many milliseconds by the clock. False, and no turn is held, if another holds it all that
-  // time, if there is no such file or it can't be opened for writing, and where the system has no locks. A turn
-  // that was held is given back first. It stays with the name when this process replaces the content meanwhile,
-  // by ReplaceFileContent; a file that others put there can be taken by the next one.
+  // time, if the file can't be opened for writing, and where the system has no locks. A turn that was held is
+  // given back first. A file that is not there yet can be taken, too: the right to make it, for which all wait
+  // who are to make files in its directory. The turn stays with the name when this process replaces the content
+  // meanwhile, by ReplaceFileContent; a file that others put there can be taken by the next one.
   bool Take(const String& Path, int Milliseconds);
   void Release() noexcept;
 

@@ -62,12 +62,7 @@ int TVxObjectListSimpleSort::Remove(TObject* Item) {
 TObject* TVxObjectListSimpleSort::Extract(TObject* Item) {
   int place = IndexOf(Item);
   if (place < 0) return nullptr;
-  struct TOwningOff {
-    explicit TOwningOff(TObjectList& List) : FList(List), FOwned(List.GetOwnsObjects()) { List.SetOwnsObjects(false); }
-    ~TOwningOff() { FList.SetOwnsObjects(FOwned); }
-    TObjectList& FList;
-    bool FOwned;
-  } scope(*this);
+  const TReleaseScope scope(*this);
   Delete(place);
   return Item;
 }

@@ -105,9 +105,8 @@ bool TFileCsv::LoadFromFile(std::u16string_view FilePath) {
   SetOwnsObjects(true);
   try {
     TFileStream file(Path, fmOpenRead | fmShareDenyNone);
-    AddMany([&] {
-      TTableReader(file).ReadAll([this](std::unique_ptr<TVxStringList> row) { AddNew(std::move(row)); });
-    });
+    AddMany(
+        [&] { TTableReader(file).ReadAll([this](std::unique_ptr<TVxStringList> row) { AddNew(std::move(row)); }); });
   } catch (const EStreamError&) {
     Clear();
     throw;

@@ -143,7 +143,8 @@ TEST_F(SafeFiles, ATurnIsOneProcessAfterTheOther) {
     TManualClock clock(46000);
     TClockScope scope(clock);
     TFileTurn turn, other;
-    for (const char16_t* bad : {u"", u"ro", u"none", u"."}) EXPECT_FALSE(turn.Take(bad, 10));
+    for (const char16_t* bad : {u"", u"ro", u"none/none", u"."}) EXPECT_FALSE(turn.Take(bad, 10));
+    EXPECT_TRUE(turn.Take(u"none", 0) && !other.Take(u"none", 0)) << "the right to make a file";
     EXPECT_TRUE(turn.Take(u"a", 0) && turn.Take(u"a", 0) && !other.Take(u"a", 0) && !other.Take(u"a", 100));
     EXPECT_EQ(clock.Ticks(), 100);
     for (int i = 0; i < 2; ++i) ReplaceFileContent(u"a", "0");

@@ -1,14 +1,17 @@
+// Declared where all units can see it, and made here, above those that it calls.
 #include "objects/uFreeBuffersLib.h"
 
 #include "core/uConst.h"
 #include "objects/uSingleton.h"
 #include "objects/uVxGenerics.h"
 #include "objects/uVxObjects.h"
+#include "services/uMsg.h"
 
 namespace vx {
 
-// The objects that applications file go first: they may use all the rest.
+// The log is written first; then go the objects that applications file, which may use all the rest.
 void FreeBuffersForLeakPrevention() {
+  uMsg::FreeBuffersForLeakPrevention();
   uSingleton::FreeBuffersForLeakPrevention();
   uVxGenerics::FreeBuffersForLeakPrevention();
   ClearDataheads();

@@ -1,0 +1,112 @@
+// The handler of messages.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "objects/uVxClasses/TVxStringList.h"
+#include "objects/uVxGenerics/GList.h"
+#include "platform/Method.h"
+#include "services/uMsg/TMsgInfo.h"
+
+namespace vx {
+
+// When the lines of the log reach the file.
+enum TLogAttitude : uint8_t {
+  laInstant,  // each at once
+  laMsg,      // when the outermost operation ends
+  laDestroy   // when the handler ends
+};
+
+struct TMsgHandlerLog {
+  bool Active = true;
+  TLogAttitude Attitude = laDestroy;
+  String FileName = u"messages.log";  // without a directory: in the current one; empty: no log
+  // %1 the stamp, %2 LOG, WARNING or ERROR, %3 "ignored" or nothing, %4 the sender, %5 the level, %6 the text;
+  // replaced in this order, so that a text put in may be replaced again by a later one. Nothing is escaped.
+  String Format = u"%1,%2,%3,%4,%5,\"%6\"";
+};
+
+using TMsgList = GList<TMsgInfo>;
+using TMsgFunction = Method<bool(const TMsgInfo& msgInfo, bool success)>;
+// Takes the place of the whole presentation.
+using TMsgInterrupt = Method<void(const TMsgInfo& topInfo, TMsgList& msgList, bool return_)>;
+// Takes the place of the whole logging.
+using TLogInterrupt = Method<void(const TMsgInfo& msgInfo, int level, bool ignored)>;
+
+class TMsgHandler : public TObject {
+ public:
+  TMsgHandler() = default;
+  // Writes what the log still has to hold. A handler whose operations have not all ended says so in the log and
+  // in a dialog.
+  ~TMsgHandler() override;
+  String ClassName() const override { return u"TMsgHandler"; }
+
+  // The function to report by; see the unit's header. It gives the success told or, at the outermost level,
+  // whether no error was reported since the operation began.
+  TMsgFunction GetMsg();
+  const TLogInterrupt& GetLogInterrupt() const noexcept { return iLogInterrupt; }
+  void SetLogInterrupt(TLogInterrupt Value) noexcept { iLogInterrupt = Value; }
+  const TMsgInterrupt& GetMsgInterrupt() const noexcept { return iMsgInterrupt; }
+  void SetMsgInterrupt(TMsgInterrupt Value) noexcept { iMsgInterrupt = Value; }
+  const TMsgHandlerLog& GetLog() const noexcept { return FLog; }
+  void SetLog(TMsgHandlerLog Value) { FLog = std::move(Value); }
+
+  // Warnings of this sender are neither listed nor shown from now on; the log has them as ignored. An empty
+  // sender is not taken.
+  void Ignore(const String& Sender);
+  // Opens an action: what is reported until its EndAction belongs together.
+  void BeginAction();
+  // Closes the action. Whether no error was reported since the outermost operation began. The form with a
+  // message reports it, as an error if there was one, but only if anything was reported in the action; at the
+  // outermost level its successMsg is shown if nothing was.
+  bool EndAction();
+  bool EndAction(const TMsgInfo& MsgInfo);
+  // Whether anything was reported in the present action.
+  bool IsAlert() const noexcept;
+
+ private:
+  void Inc();
+  void Dec() noexcept { --counter; }
+  bool MsgFunction(const TMsgInfo& MsgInfo, bool Success);
+  int TakeStart();
+  void HandleMsg(const TMsgInfo& TopInfo);
+  void DefaultMsgHandling(const TMsgInfo& TopInfo, const TMsgList& List, bool Return);
+  void DoLog(const TMsgInfo& MsgInfo, int Level, bool Ignored);
+  std::u16string_view StampText(TDateTime Stamp);
+  void AppendLine(std::string& Bytes, const TMsgInfo& MsgInfo, int Level, bool Ignored);
+  bool writeLog(std::string_view Bytes);
+
+  std::string buffer;  // lines of the log that are not in the file yet, as they will stand there
+  int counter = 0;     // depth
+  std::unique_ptr<TVxStringList> ignoreList;
+  TLogInterrupt iLogInterrupt;
+  TMsgInterrupt iMsgInterrupt;
+  TMsgList iMsgList;
+  std::vector<int> msgCount;  // of each open action, how long iMsgList was when it began
+  bool return_ = true;
+  TMsgHandlerLog FLog;
+  std::u16string FLine;  // the line that is being made
+  String FStampText;     // of the latest stamp, by its second and the separator in use
+  int64_t FStampSecond = -1;
+  char16_t FStampSeparator = 0;
+};
+
+// The one handler of the program, made at first use.
+TMsgHandler& Msg();
+
+// Two small operations that report in every way; both end in one dialog unless an interrupt is set.
+void TestErrorHandling();
+void TestBeginEndAction();
+
+namespace uMsg {
+
+// Frees the handler, which writes its log; the next use makes a new one.
+void FreeBuffersForLeakPrevention();
+
+}  // namespace uMsg
+
+}  // namespace vx

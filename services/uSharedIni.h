@@ -1,0 +1,31 @@
+// Configuration files that several processes read and write at the same time.
+//
+//   TSharedIni              one file
+//   TDuplicateIni           a local mirror of a central file
+//   TSharedIniModification  one change that is not stored yet
+//   IniStrToData, IniDataToStr   texts with line breaks as one value, and back
+//
+// Example:
+//   vx::TSharedIni ini(u"X:\\Pflege\\Station.ini");
+//   ini.WriteString(u"Fenster", u"Breite", u"800");
+//   if (!ini.Store()) Tell(u"Die Einstellungen sind noch nicht gespeichert.");     // tried again next time
+//
+// Each object keeps its own copy of the file and a journal of the changes made to it. Store reads the file
+// afresh, replays the journal on it, writes the result and takes it over: what other processes wrote to other
+// keys stays, and becomes visible here. Two that store at the same moment wait for each other. Whatever
+// happens to the process or the disk, the file is whole, the old or the new one, as ReplaceFileContent has it.
+//
+// The file: "[Section]", then its lines "key=value", then an empty line. Section names and keys are matched
+// without regard to case; of what stands twice the first counts. Comments and lines before the first section
+// are not kept when the file is stored. Failures are told through Msg(); nothing raises.
+//
+// Pitfalls:
+//   - Nothing is stored by itself: what was not stored when the object ends is lost.
+//   - Reload does not replay the journal: until Store, changes that are not stored are out of sight then.
+//   - A write that fails on the way (a full disk) is told as a warning, and the journal is gone all the same.
+//   - One thread an object.
+#pragma once
+
+#include "services/uSharedIni/IniData.h"
+#include "services/uSharedIni/TDuplicateIni.h"
+#include "services/uSharedIni/TSharedIni.h"

@@ -1,0 +1,259 @@
+// The file of a shared configuration: loading, storing, merging.
+#include <algorithm>
+#include <functional>
+#include <memory>
+#include <utility>
+#include <vector>
+
+#include "objects/uVxClasses/TVxStringList.h"
+#include "platform/Clock.h"
+#include "platform/DateText.h"
+#include "platform/Exceptions.h"
+#include "platform/Files.h"
+#include "platform/FormatSettings.h"
+#include "platform/IniLine.h"
+#include "platform/Paths.h"
+#include "platform/SafeFiles.h"
+#include "services/uHandleFile.h"
+#include "services/uMsg.h"
+#include "services/uSharedIni/TSharedIni.h"
+
+namespace vx {
+
+namespace {
+
+constexpr int kRetryPause = 10;  // milliseconds
+constexpr std::u16string_view kLoadValues = u"TSharedIni.LoadValues";
+constexpr std::u16string_view kStoreValues = u"TSharedIni.StoreValues";
+
+void Tell(TMsgType Type, std::u16string_view What, std::u16string_view Detail, std::u16string_view Sender,
+          bool Success) {
+  Msg().GetMsg()(msgInfo(Type, Concat({u"Die Konfigurationsdatei konnte nicht ", What, u"! ", Detail}), Sender),
+                 Success);
+}
+
+// Runs Open until it does not raise or so many milliseconds have passed. Each failure is logged, the last one
+// told; false then.
+template <typename F>
+bool Retry(const String& FileName, uint32_t TimeOut, std::u16string_view Sender, F Open) {
+  const int64_t deadline = GetTickCount() + TimeOut;
+  do {
+    std::u16string_view word = u"erstellt oder geöffnet";
+    String reason;
+    try {
+      Open();
+      return true;
+    } catch (const EFOpenError& error) {
+      word = u"geöffnet";
+      reason = error.GetMessage();
+    } catch (const EFCreateError& error) {
+      word = u"erstellt";
+      reason = error.GetMessage();
+    } catch (const Exception& error) {
+      reason = error.GetMessage();
+    }
+    Tell(msgLog, Concat({word, u" werden"}), reason, Sender, true);
+    Sleep(kRetryPause);
+  } while (GetTickCount() <= deadline);
+  Tell(msgWarning, u"erstellt/geöffnet werden", FileName, Sender, false);
+  return false;
+}
+
+// The later ones first, so that the others keep their places.
+void DeleteLines(THashedStringList* Lines, std::vector<int>& Places) {
+  std::sort(Places.begin(), Places.end(), std::greater<>());
+  Places.erase(std::unique(Places.begin(), Places.end()), Places.end());
+  for (int place : Places) Lines->Delete(place);
+  Places.clear();
+}
+
+// Whether a line with these names, written and read again, says the same.
+bool ReadsBack(const String& Section, const String& Ident, const String& Value) {
+  constexpr std::u16string_view kBreaks = u"\r\n";
+  const String head = Concat({u"[", Section, u"]"});
+  const String text = Concat({Ident, u"=", Value});
+  const TIniLine line = ParseIniLine(text);
+  return ParseIniLine(head).Name == Section && line.Kind == ilValue && line.Name == Ident && line.Value == Value &&
+         head.view().find_first_of(kBreaks) == head.view().npos &&
+         text.view().find_first_of(kBreaks) == text.view().npos;
+}
+
+}  // namespace
+
+void TSharedIni::MakeDirectory(const String& FileName) {
+  const String directory = ExtractFileDir(FileName);
+  if (!directory.empty() && !DirectoryExists(directory)) VxForceDirectories(directory);
+}
+
+TDateTime TSharedIni::LoadValues() {
+  const String& name = GetFileName();
+  if (name.empty() || !VxFileExists(name)) {
+    Clear();
+    return 0;
+  }
+  TDateTime result = 0;
+  std::unique_ptr<TFileStream> file;
+  const bool isOpen = Retry(name, iTimeOut, kLoadValues, [&] {
+    result = VxFileLastWrite(name, false);
+    file = std::make_unique<TFileStream>(name, fmOpenRead | fmShareDenyWrite);
+  });
+  if (!isOpen) return 0;
+  std::string bytes;
+  try {
+    file->ReadRest(bytes, INT32_MAX);
+  } catch (const Exception&) {
+    Tell(msgWarning, u"gelesen werden", name, kLoadValues, true);
+  }
+  size_t mark = 0;
+  iEncoding = &TEncoding::Detect(bytes, mark, iEncoding ? *iEncoding : TEncoding::Default());
+  SetText(iEncoding->Decode(std::string_view(bytes).substr(mark)));
+  return result;
+}
+
+bool TSharedIni::StoreValues(TSharedIni& Target) {
+  const TEncoding& encoding = iEncoding ? *iEncoding : TEncoding::Default();
+  const std::string bytes = std::string(encoding.Mark()) + encoding.Encode(Target.GetText());
+  return Retry(Target.GetFileName(), iTimeOut, kStoreValues, [&] {
+    try {
+      FStored = ReplaceFileContent(Target.GetFileName(), bytes);
+    } catch (const EWriteError&) {
+      FStored = VxFileLastWrite(Target.GetFileName(), false);
+      Tell(msgWarning, u"geschrieben werden", Target.GetFileName(), kLoadValues, true);
+    }
+  });
+}
+
+bool TSharedIni::Reload(bool Force, bool ClearModifications) {
+  if (!Force && VxFileLastWrite(GetFileName(), false) == iLoaded) return false;
+  iLoaded = LoadValues();
+  if (ClearModifications) ModificationsClear();
+  return iLoaded != 0;
+}
+
+bool TSharedIni::Store() {
+  if (!Storeable()) {
+    if (GetFileName().empty() || (GetTransaction() && iOptions.Has(sioInstantWrite))) return false;
+    Reload(false, false);
+    return true;
+  }
+  if (!VxFileExists(GetFileName())) MakeDirectory(GetFileName());
+  // Who finds no file takes the turn to make it, and may find one when it has it.
+  TFileTurn turn;
+  turn.Take(GetFileName(), static_cast<int>(std::min<uint32_t>(iTimeOut, INT32_MAX)));
+  const bool result = VxFileExists(GetFileName()) ? StoreMerged() : StoreWhole();
+  if (result) ModificationsClear();
+  return result;
+}
+
+// The stamp of all sections that one store touches.
+struct TSharedIni::TStamp {
+  String Date, Time, User;
+};
+
+TSharedIni::TStamp TSharedIni::MakeStamp() const {
+  if (!GetSectionStamp()) return {};
+  const TDateTime now = Now();
+  const TFormatSettings& settings = GetFormatSettings();
+  return {FormatDateTime(settings.ShortDateFormat, now), FormatDateTime(settings.ShortTimeFormat, now), iUsername};
+}
+
+void TSharedIni::WriteStamp(TSharedIni& Target, const TVxStringList& Sections, const TStamp& Stamp) {
+  auto write = [&](const String& section, const String& ident, const String& value) {
+    Target.WriteString(section, ident, value);
+    if (&Target != this) Modification(section, ident, value, atModify);
+  };
+  for (const String& section : Sections.Items()) {
+    write(section, u"Datum", Stamp.Date);
+    write(section, u"Zeit", Stamp.Time);
+    if (!Stamp.User.empty()) write(section, u"Benutzer", Stamp.User);
+  }
+}
+
+// Replays the journal on Other, which has no journal, and notes the sections that it changes. Whether it changed
+// anything.
+bool TSharedIni::Replay(TSharedIni& Other, TVxStringList& Changed) const {
+  const std::span<const TSharedIniModification> journal = iModifications->Items();
+  bool isErasing = false;
+  THashedStringList* section = nullptr;
+  std::vector<int> gone;  // places of lines to be deleted in it
+  for (size_t i = journal.size(); i-- > 0;) {
+    const TSharedIniModification& entry = journal[i];
+    THashedStringList* lines = Other.Lines(entry.Section);
+    if (lines != section || entry.ActionType != atDelete) DeleteLines(std::exchange(section, lines), gone);
+    const int place = lines ? lines->IndexOfName(entry.Ident) : -1;
+    isErasing = isErasing || entry.ActionType == atErase;
+    if (entry.ActionType == atModify) {
+      const size_t value = static_cast<size_t>(entry.Ident.size()) + 1;
+      if (place >= 0 && lines->View(place).view().substr(value) == entry.Value.view()) continue;
+      Other.WriteString(entry.Section, entry.Ident, entry.Value);
+      Changed.Add(entry.Section);
+    } else if (entry.ActionType == atDelete && place >= 0) {
+      gone.push_back(place);
+      Changed.Add(entry.Section);
+    }
+  }
+  DeleteLines(section, gone);
+  bool isChanged = Changed.GetCount() > 0;
+  for (size_t i = journal.size(); isErasing && i-- > 0;) {
+    const TSharedIniModification& entry = journal[i];
+    if (entry.ActionType != atErase || !Other.SectionExists(entry.Section, true) || Other.HasKeys(entry.Section)) {
+      continue;
+    }
+    Other.EraseSection(entry.Section);
+    if (const int place = Changed.IndexOf(entry.Section); place >= 0) Changed.Delete(place);
+    isChanged = true;
+  }
+  return isChanged;
+}
+
+// Into a file that is there: the journal is replayed on what stands in it now.
+bool TSharedIni::StoreMerged() {
+  const TStamp stamp = MakeStamp();
+  TSharedIni other(GetFileName(), {sioReadOnly}, iEncoding);  // a file without a mark is read as it is written
+  if (other.iLoaded == 0) return false;
+  TVxStringList changed(false, true, dupIgnore, false);
+  bool isPlain = true;
+  for (const TSharedIniModification& entry : iModifications->Items()) {
+    isPlain = isPlain && (entry.ActionType != atModify || ReadsBack(entry.Section, entry.Ident, entry.Value));
+  }
+  if (!Replay(other, changed)) {
+    iLoaded = other.iLoaded;
+  } else {
+    if (GetSectionStamp()) WriteStamp(other, changed, stamp);
+    if (!StoreValues(other)) return false;
+    iLoaded = FStored;
+  }
+  // What is read back as it was written needs no reading.
+  for (const String& value : {stamp.Date, stamp.Time, stamp.User}) isPlain = isPlain && ReadsBack(u"x", u"x", value);
+  if (isPlain) {
+    iSections.swap(other.iSections);
+  } else {
+    Assign(&other);
+  }
+  return true;
+}
+
+// Into a file that is not there: all that this object holds.
+bool TSharedIni::StoreWhole() {
+  if (GetSectionStamp()) {
+    TVxStringList sections(false, true, dupIgnore, false);
+    for (int i = 0; i < iSections->GetCount(); ++i) sections.Add(iSections->View(i));
+    const bool isInstant = iOptions.Has(sioInstantWrite);
+    SetOption(sioInstantWrite, false);
+    WriteStamp(*this, sections, MakeStamp());
+    SetOption(sioInstantWrite, isInstant);
+  }
+  if (!StoreValues(*this)) return false;
+  iLoaded = FStored;
+  return true;
+}
+
+bool TSharedIni::HasKeys(std::u16string_view Section) const {
+  const THashedStringList* lines = Lines(Section);
+  for (int i = 0; lines && i < lines->GetCount(); ++i) {
+    if (lines->View(i).view().find(u'=') != std::u16string_view::npos) return true;
+  }
+  return false;
+}
+
+}  // namespace vx

@@ -1,0 +1,62 @@
+// A local mirror of a central configuration file.
+#pragma once
+
+#include <memory>
+
+#include "services/uSharedIni/TSharedIni.h"
+
+namespace vx {
+
+enum TDuplicateIniOption : uint8_t {
+  dioReadOnly,  // the first five as those of TSharedIni
+  dioMemorizeDefaults,
+  dioSectionStamp,
+  dioInstantWrite,
+  dioInstantRead,
+  dioInstantSourceWrite,  // each Store passes the changes on to the central file
+  dioInstantSourceRead    // the central file is fetched at the start, and by Reload if it has changed
+};
+using TDuplicateIniOptions = Set<TDuplicateIniOption>;
+
+// A TSharedIni on the local file that exchanges its content with a central one. A central file that has gone
+// while the local one is there is made again from it when it is to be fetched.
+//
+// Example:
+//   vx::TDuplicateIni ini(local, central, {vx::dioInstantSourceRead, vx::dioInstantSourceWrite});
+//   ini.WriteString(u"Fenster", u"Breite", u"800");
+//   ini.Store();                          // in both files, merged into each
+class TDuplicateIni : public TSharedIni {
+ public:
+  // Without options nothing is fetched.
+  TDuplicateIni(String FileName, String Sourcename);
+  TDuplicateIni(String FileName, String Sourcename, TDuplicateIniOptions Options, const TEncoding* Encoding = nullptr);
+  String ClassName() const override { return u"TDuplicateIni"; }
+
+  TDuplicateIniOptions GetDuplicateOptions() const noexcept { return iDuplicateOptions; }
+  // The central file's last-write time when it was fetched last; 0 before.
+  TDateTime GetSourceLoaded() const noexcept { return iSourceLoaded; }
+  const String& GetSourcename() const noexcept { return iSourcename; }
+
+  // Makes the local file equal to the central one: keys that it lacks go, all others come. Empty sections stay.
+  bool Download();
+  // The other way round.
+  bool Upload();
+  bool Store() override;
+  bool Reload(bool Force, bool ClearModifications) override;
+  void ModificationsClear() override;
+
+ private:
+  TDuplicateIni(String FileName, String Sourcename, TDuplicateIniOptions Options, const TEncoding* Encoding,
+                TDateTime SourceLoaded);
+  static TDateTime FetchFirst(const String& FileName, const String& Sourcename, TDuplicateIniOptions Options);
+  static bool Rebuild(const String& Sourcename, TSharedIni& Target);
+  // Makes Target equal to the central file, whose last-write time comes into SourceLoaded.
+  static bool DoDownload(const String& Sourcename, TSharedIni& Target, TDateTime& SourceLoaded);
+
+  TDuplicateIniOptions iDuplicateOptions;
+  TDateTime iSourceLoaded = 0;
+  String iSourcename;
+  std::unique_ptr<TSharedIni> iSource;  // while Store runs
+};
+
+}  // namespace vx

@@ -1,0 +1,187 @@
+// A configuration file shared by several processes. The unit's header tells the whole.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+#include <string_view>
+
+#include "objects/uVxClasses/TVxStringList.h"
+#include "objects/uVxGenerics/GSortList.h"
+#include "platform/CustomIniFile.h"
+#include "platform/Encoding.h"
+#include "platform/THashedStringList.h"
+
+namespace vx {
+
+enum TSharedIniOption : uint8_t {
+  sioReadOnly,          // no journal: nothing ever reaches the file
+  sioMemorizeDefaults,  // reads, and writes in default mode, note keys with their defaults
+  sioSectionStamp,      // each stored section gets "Datum", "Zeit" and, with a user, "Benutzer"
+  sioInstantWrite,      // each change is stored at once, but in a transaction
+  sioInstantRead        // each read first reloads a file that has changed, but in a transaction
+};
+using TSharedIniOptions = Set<TSharedIniOption>;
+
+enum TSharedIniModificationType : uint8_t {
+  atModify,  // a key got a value
+  atDelete,  // a key went
+  atErase    // a section went; Ident is empty
+};
+
+// One entry of a journal.
+struct TSharedIniModification {
+  String Section;
+  String Ident;
+  String Value;
+  TSharedIniModificationType ActionType = atModify;
+
+  void Init() { *this = TSharedIniModification(); }
+  // By Section, then Ident, without regard to case; Value and ActionType don't count.
+  int Compare(const TSharedIniModification& Modify) const noexcept;
+};
+
+// A section and key occur at most once, if entries come by AddOrReplace.
+class TSharedIniModifications : public GSortList<TSharedIniModification> {
+ public:
+  TSharedIniModifications();
+  String ClassName() const override { return u"TSharedIniModifications"; }
+  // The entry takes the place of one of the same section and key.
+  void AddOrReplace(TSharedIniModification Modify);
+  // The entry of that section and key, which stays the list's; nullptr if there is none.
+  const TSharedIniModification* FindEntry(const String& Section, const String& Ident) const;
+};
+
+class TSharedIni : public TCustomIniFile {
+ public:
+  // Loads the file. One that can't be opened within TimeOut is told as a warning; the object is empty then, and
+  // GetLoaded is 0. Encoding is that of a file without a byte order mark, nullptr for the system's code page.
+  explicit TSharedIni(String FileName);
+  TSharedIni(String FileName, TSharedIniOptions Options, const TEncoding* Encoding = nullptr);
+  // Tells the log of a transaction that is still open.
+  ~TSharedIni() override;
+  String ClassName() const override { return u"TSharedIni"; }
+
+  // --- properties ---
+  // Default mode, which may nest: reads give their defaults, or those remembered, and writes write nothing.
+  bool GetDefaults() const noexcept { return iDefaults > 0; }
+  void SetDefaults(bool Value) noexcept;
+  // Of the last load: what a byte order mark told, else as told to the constructor. nullptr: not known yet.
+  const TEncoding* GetEncoding() const noexcept { return iEncoding; }
+  void SetEncoding(const TEncoding* Value) noexcept { iEncoding = Value; }
+  // The file's last-write time at the last load or store, in local time; 0 if it could not be read.
+  TDateTime GetLoaded() const noexcept { return iLoaded; }
+  bool GetMemorizeDefaults() const noexcept { return iOptions.Has(sioMemorizeDefaults); }
+  void SetMemorizeDefaults(bool Value) noexcept { SetOption(sioMemorizeDefaults, Value); }
+  bool GetSectionStamp() const noexcept { return iOptions.Has(sioSectionStamp); }
+  void SetSectionStamp(bool Value) noexcept { SetOption(sioSectionStamp, Value); }
+  TSharedIniOptions GetOptions() const noexcept { return iOptions; }
+  // For how many milliseconds opening the file, and waiting for others who store, is tried.
+  uint32_t GetTimeOut() const noexcept { return iTimeOut; }
+  void SetTimeOut(uint32_t Value) noexcept { iTimeOut = Value; }
+  // A transaction, which may nest, puts instant stores and reloads off. Opening the outermost reloads a changed
+  // file with sioInstantRead; closing it stores with sioInstantWrite.
+  bool GetTransaction() const noexcept { return iTransaction > 0; }
+  void SetTransaction(bool Value);
+  const String& GetUsername() const noexcept { return iUsername; }
+  void SetUsername(const String& Value);
+
+  // --- values ---
+  String ReadString(std::u16string_view Section, std::u16string_view Ident, const String& Default) override;
+  void WriteString(const String& Section, const String& Ident, const String& Value) override;
+  void ReadSection(std::u16string_view Section, TStrings& Strings) override;
+  void ReadSections(TStrings& Strings) override;
+  void ReadSectionValues(std::u16string_view Section, TStrings& Strings) override;
+  // The section goes with the keys that this object knows of; one to which another process has added a key
+  // meanwhile stays with that key.
+  void EraseSection(const String& Section) override;
+  void DeleteKey(const String& Section, const String& Ident) override;
+  void UpdateFile() override { Store(); }
+  bool ValueExists(std::u16string_view Section, std::u16string_view Ident) override;
+  bool SectionExists(std::u16string_view Section, bool EvenIfEmpty) const;
+  // Whether a default of that section was remembered.
+  bool DefaultSectionExists(std::u16string_view Section) const;
+  // Replaces a section by the lines that have a "=" behind their first character.
+  void WriteSectionValues(const String& Section, const TStrings& Strings);
+  // ReadString and WriteString for texts of any characters; see IniStrToData.
+  String ReadData(std::u16string_view Section, std::u16string_view Ident, const String& Default);
+  void WriteData(const String& Section, const String& Ident, const String& Value);
+  // u"Letzte Bearbeitung: 24.12.2026, 8:30, meier" in the separators in use; empty without sioSectionStamp.
+  String ReadSectionStamp(std::u16string_view Section);
+
+  // --- the whole content; the journal stays as it is ---
+  // Appends a section, also one that is there already. Its lines stay this object's.
+  THashedStringList& AddSection(const String& Name);
+  void Clear();
+  // Takes over the content of Other; nullptr clears.
+  void Assign(const TSharedIni* Other);
+  // The content as lines of a file, appended to Strings; or taken from such lines.
+  void GetStrings(TStrings& Strings) const;
+  void SetStrings(const TStrings& Strings);
+
+  // --- the file ---
+  // Whether there are changes that are not stored.
+  bool Modified() const noexcept;
+  // Whether Store would write: there are changes, a file name, and no transaction that puts stores off.
+  bool Storeable() const noexcept;
+  // Brings the changes to the file and takes over what it holds besides; without changes, reloads a file that
+  // has changed. False if that failed, and nothing is lost then, or if a transaction puts it off.
+  virtual bool Store();
+  // Loads the file again if its last-write time is not Loaded any more, or if Force tells so, and with
+  // ClearModifications forgets the changes that are not stored. Whether it was loaded.
+  virtual bool Reload(bool Force, bool ClearModifications);
+  virtual void ModificationsClear();
+  // Entries for the journal; they replace those of the same section and key.
+  void AddModifications(const TSharedIniModifications& List);
+
+ protected:
+  // Reads the file; its last-write time, or 0 if there is none or it can't be opened.
+  virtual TDateTime LoadValues();
+  // Writes the content of Target to its file, in this object's encoding. Whether the file could be opened.
+  virtual bool StoreValues(TSharedIni& Target);
+  // StoreValues of another object on itself.
+  static bool StoreItself(TSharedIni& Ini) { return Ini.StoreValues(Ini); }
+  // Makes the directory of a file if it is missing.
+  static void MakeDirectory(const String& FileName);
+  // nullptr with sioReadOnly.
+  const TSharedIniModifications* GetModifications() const noexcept { return iModifications.get(); }
+
+ private:
+  struct TStamp;
+
+  void Modification(const String& Section, const String& Ident, const String& Value, TSharedIniModificationType Type);
+  void InstantRead();
+  void InstantWrite();
+  void Memorize(std::u16string_view Section, std::u16string_view Ident, const String& Value);
+  // The lines of the first section of that name, and the line of a key in it; nullptr if there is none.
+  THashedStringList* Lines(std::u16string_view Section) const;
+  const String* FindLine(std::u16string_view Section, std::u16string_view Ident) const;
+  bool HasKeys(std::u16string_view Section) const;
+  void TakeLine(const String& Text, THashedStringList*& Section);
+  // The content as the text of a file.
+  template <typename F>
+  void ForEachPiece(F Take) const;
+  String GetText() const;
+  void SetText(const String& Text);
+  bool StoreMerged();
+  bool StoreWhole();
+  bool Replay(TSharedIni& Other, TVxStringList& Changed) const;
+  TStamp MakeStamp() const;
+  void WriteStamp(TSharedIni& Target, const TVxStringList& Sections, const TStamp& Stamp);
+  void SetOption(TSharedIniOption Option, bool Value) noexcept {
+    Value ? iOptions.Include(Option) : iOptions.Exclude(Option);
+  }
+
+  std::unique_ptr<TSharedIniModifications> iDefaultList;  // remembered defaults
+  int iDefaults = 0;
+  const TEncoding* iEncoding = nullptr;
+  TDateTime iLoaded = 0;
+  std::unique_ptr<TSharedIniModifications> iModifications;  // the journal
+  TSharedIniOptions iOptions;
+  std::unique_ptr<THashedStringList> iSections;  // names; the lines of each stand beside it
+  uint32_t iTimeOut = 1000;
+  int iTransaction = 0;
+  String iUsername;
+  TDateTime FStored = 0;  // the last-write time of the file as StoreValues left it
+};
+
+}  // namespace vx

@@ -1,0 +1,187 @@
+#include "services/uMsg.h"
+
+#include <gtest/gtest.h>
+
+#include "platform/Application.h"
+#include "platform/Clock.h"
+#include "platform/Dialogs.h"
+#include "platform/Files.h"
+#include "tests/support/FileText.h"
+#include "tests/support/Print.h"
+#include "tests/support/TempDir.h"
+
+namespace vx {
+namespace {
+
+using test::GetText;
+
+struct Messages : testing::Test {
+  Messages() { SetLog(laDestroy); }
+  ~Messages() override {
+    TMsgHandlerLog log = Msg().GetLog();
+    log.Active = false;
+    Msg().SetLog(log);
+    uMsg::FreeBuffersForLeakPrevention();
+  }
+  void SetLog(TLogAttitude attitude, String format = u"%2,%3,%4,%5,%6") {
+    uMsg::FreeBuffersForLeakPrevention();
+    Msg().SetLog({true, attitude, Dir.Path("messages.log"), std::move(format)});
+  }
+  // The dialogs since the last call: kind, buttons by "I" for Ignore, and text.
+  std::vector<std::string> Dialogs() {
+    std::vector<std::string> result;
+    for (const TDialog& dialog : Screen.Shown) {
+      result.push_back(std::string(1, "WEI"[dialog.Kind]) + (dialog.Buttons.Has(mbIgnore) ? "I " : " ") + dialog.Text.ToUtf8());
+    }
+    Screen.Shown.clear();
+    return result;
+  }
+  std::string EndLog() {
+    uMsg::FreeBuffersForLeakPrevention();
+    return GetText(Dir.Path("messages.log"));
+  }
+  test::TTempDir Dir;
+  TScriptedDialogs Screen;
+  TManualClock Clock{46000.25};
+  TFixedTimeZone Zone{60};
+  TClockScope ClockScope{Clock};
+  TTimeZoneScope ZoneScope{Zone};
+};
+using TTexts = std::vector<std::string>;
+
+bool Report(TMsgInfo info, bool success) { return Msg().GetMsg()(info, success); }
+
+TEST_F(Messages, SingleReports) {
+  struct { TMsgInfo Info; bool Success, Result; TTexts Shown; } cases[] = {
+      {Error(u"e"), true, true, {}},
+      {Error(u"e", u"s", u"gut"), true, true, {"I gut"}},
+      {Error(u"e", u"s", u"gut"), false, false, {"E e"}},
+      {Warning(u"w", u"s"), true, true, {"WI w"}},
+      {Warning(u"w"), false, true, {"WI w"}},
+      {{msgWarning, u"w", u"", u"gut"}, true, true, {"WI gut\r\nWarnung: w"}},
+      {Log(u"l", u"s"), false, true, {}},
+  };
+  for (auto& c : cases) {
+    EXPECT_EQ(Report(c.Info, c.Success), c.Result);
+    EXPECT_EQ(Dialogs(), c.Shown) << c.Info.msg.ToUtf8();
+  }
+  SetTerminating(true);
+  Report(Error(u"e"), false);
+  SetTerminating(false);
+  EXPECT_EQ(Dialogs(), TTexts());
+  EXPECT_EQ(EndLog(), "ERROR,,s,0,e\r\nWARNING,,s,0,w\r\nWARNING,,,0,w\r\nWARNING,,,0,w\r\nLOG,,s,0,l\r\nERROR,,,0,e\r\n");
+}
+
+TEST_F(Messages, NestedReportsAreOneDialog) {
+  TestErrorHandling();
+  EXPECT_EQ(Dialogs(), (TTexts{"E Falsch\r\n\r\nFehler: Store: Error"}));
+  TestBeginEndAction();
+  EXPECT_EQ(Dialogs(), (TTexts{"WI BeginEndAction hat nen Problem\r\n\r\nWarnung: TSubClass: Anzahl der Felder nicht korrekt\r\n"
+                               "Warnung: TClass: Anzahl der Felder nicht korrekt"}));
+  EXPECT_EQ(EndLog(), "ERROR,,store,1,Store: Error\r\nERROR,,Testerrorhandling,0,Falsch\r\n"
+                      "WARNING,,TSubClass.SetData,3,TSubClass: Anzahl der Felder nicht korrekt\r\n"
+                      "WARNING,,TClass.SetData,2,TClass: Anzahl der Felder nicht korrekt\r\n"
+                      "WARNING,,TClass.SetData,2,TClass: Anzahl der Felder nicht korrekt\r\n"
+                      "WARNING,,TSubClass.SetData,3,TSubClass: Anzahl der Felder nicht korrekt\r\n"
+                      "WARNING,,TestBeginEndAction,1,BeginEndAction hat nen Problem\r\n");
+}
+
+TEST_F(Messages, Actions) {
+  Msg().BeginAction();
+  EXPECT_FALSE(Msg().IsAlert());
+  EXPECT_TRUE(Msg().EndAction({msgError, u"nicht berichtet", u"s", u"fertig"}));
+  EXPECT_EQ(Dialogs(), (TTexts{"I fertig"}));
+  Msg().BeginAction();
+  Report(Error(u"tief"), false);
+  EXPECT_TRUE(Msg().IsAlert());
+  EXPECT_FALSE(Msg().EndAction(Warning(u"Ende", u"s"))) << "a failed action closes with an error";
+  EXPECT_EQ(Dialogs(), (TTexts{"E Ende\r\n\r\nFehler: tief"}));
+  for (int i = 0; i < 3; ++i) Report(Warning(u"x", u"s"), true);
+  Msg().BeginAction(), Report(Warning(u"a", u"s"), true), Report(Warning(u"b", u"s"), true), Report(Warning(u"a", u"s"), true);
+  Dialogs();
+  Msg().EndAction({msgWarning, u"c", u"s", u"gut"});
+  EXPECT_EQ(Dialogs(), (TTexts{"WI gut\r\nEs sind 3 Warnungen aufgetreten\r\n\r\nWarnung: a\r\nWarnung: b"}));
+  Msg().EndAction();
+  EXPECT_EQ(Dialogs().size(), 2u) << "an EndAction too many is told, and shown twice as the depth falls twice";
+  Msg().BeginAction();
+  const std::string log = EndLog();
+  EXPECT_EQ(Dialogs(), (TTexts{"E MessageHandler korrupt!"}));
+  EXPECT_NE(log.find("ERROR,,TMsgHandler.Destroy,-1,MessageHandler korrupt, EndAction ohne BeginAction!\r\n"), log.npos);
+  EXPECT_EQ(log.find("nicht berichtet"), log.npos);
+  EXPECT_TRUE(log.ends_with("LOG,,TMsgHandler.Destroy,0,MessageHandler korrupt!\r\n")) << log;
+}
+
+struct TRecorder {
+  void Shown(const TMsgInfo& top, TMsgList& list, bool result) { Tops.push_back(top.msg), Count = list.GetCount(), Result = result; }
+  void Logged(const TMsgInfo&, int level, bool ignored) { Levels.push_back(ignored ? -1 : level); }
+  std::vector<String> Tops;
+  std::vector<int> Levels;
+  int Count = 0;
+  bool Result = true;
+};
+
+TEST_F(Messages, IgnoringAndInterrupts) {
+  Screen.AnswerNext(mrIgnore);
+  Report(Warning(u"w", u"Sender"), true);
+  Report(Warning(u"w", u"Sender"), true);
+  Report(Warning(u"w", u"sender"), true);
+  EXPECT_EQ(Dialogs().size(), 2u) << "senders are told apart by case";
+  TTaskDialog task;
+  SetTaskDialogSink([&](const TTaskDialog& dialog) { return task = dialog, mrIgnore; });
+  Report(Warning(u"w", u"Dritter"), true);
+  SetTaskDialogSink({});
+  EXPECT_EQ(task.Caption.ToUtf8() + "|" + task.Title.ToUtf8() + "|" + task.ExtraButton.ToUtf8(), "Warnung|w|Warnungen ignorieren");
+  Report(Warning(u"w", u"Dritter"), true);
+  EXPECT_EQ(Dialogs(), TTexts());
+  TRecorder recorder;
+  Msg().SetMsgInterrupt(TMsgInterrupt::Of<&TRecorder::Shown>(recorder));
+  Msg().SetLogInterrupt(TLogInterrupt::Of<&TRecorder::Logged>(recorder));
+  Msg().GetMsg()(Error(u"außen"), Report(Warning(u"innen", u"Sender"), true) && Report(Error(u"innen"), false));
+  EXPECT_TRUE(recorder.Tops == std::vector<String>{u"außen"} && recorder.Count == 2 && !recorder.Result);
+  EXPECT_EQ(recorder.Levels, (std::vector<int>{-1, 1, 0}));
+  Msg().SetLogInterrupt({});
+  EXPECT_NE(EndLog().find("WARNING,ignored,Sender,0,w"), std::string::npos);
+}
+
+TEST_F(Messages, LogFormsAndAttitudes) {
+  SetLog(laInstant, u"%%1%7|%1|%6|%4|%");
+  TMsgInfo info = Log(u"M%1\"\r\n", u"%5");
+  Report(info, true);
+  info.stamp = 0;
+  Report(info, true);
+  const std::string stamp = "09.12.2025 07:00:00";
+  EXPECT_EQ(GetText(Dir.Path("messages.log")), "%" + stamp + "%7|" + stamp + "|M%1\"\r\n|0|%\r\n%%7||M%1\"\r\n|0|%\r\n");
+  {
+    TFileFaults faults;
+    faults.Fail(foWrite, 28, 2);
+    Screen.AnswerNext(mrRetry);
+    Report(Log(u"spät", u""), true);
+    EXPECT_EQ(Dialogs().size(), 2u);
+    Report(Log(u"früh", u""), true);
+  }
+  std::string log = EndLog();
+  EXPECT_TRUE(log.find("früh") != log.npos && log.find("früh") < log.find("spät")) << log;
+  SetLog(laMsg, u"%6");
+  Msg().BeginAction();
+  Report(Log(u"eins", u""), true);
+  EXPECT_EQ(GetText(Dir.Path("messages.log")), log);
+  Msg().EndAction();
+  Report(Log(u"zwei", u""), true);
+  EXPECT_EQ(GetText(Dir.Path("messages.log")), log + "eins\r\nzwei\r\n");
+}
+
+TEST_F(Messages, SerialForm) {
+  TMsgInfo info(msgError, u"a,\"b\"\r\n", u"s", u"gut");
+  info.level = -2;
+  EXPECT_EQ(info.GetSerialize(), u"\"09.12.2025 07:00:00\",2,\"a,\"\"b\"\"\r\n\",s,gut,-2");
+  TMsgInfo again;
+  again.SetSerialize(info.GetSerialize() + u",mehr");
+  EXPECT_EQ(again.GetSerialize(), info.GetSerialize());
+  EXPECT_EQ(Dialogs(), TTexts());
+  again.SetSerialize(u"");
+  EXPECT_EQ(again.GetSerialize(), u"\"09.12.2025 07:00:00\",1,,,,0");
+  EXPECT_EQ(Dialogs(), (TTexts{"WI TMsgInfo: Anzahl der Felder nicht korrekt"}));
+}
+
+}  // namespace
+}  // namespace vx

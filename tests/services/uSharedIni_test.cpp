@@ -1,0 +1,301 @@
+#include "services/uSharedIni.h"
+
+#include <gtest/gtest.h>
+
+#include <cerrno>
+#include <map>
+#include <optional>
+#include <random>
+#include <sstream>
+
+#include "platform/Clock.h"
+#include "platform/Files.h"
+#include "platform/IniLine.h"
+#include "platform/Text.h"
+#include "services/uHandleFile.h"
+#include "services/uMsg.h"
+#include "tests/support/FileText.h"
+#include "tests/support/Print.h"
+#include "tests/support/Raised.h"
+#include "tests/support/TempDir.h"
+
+namespace vx {
+namespace {
+
+using TTexts = std::vector<std::string>;
+using TContent = std::map<String, std::map<String, String>>;
+
+const std::string kNot = "Die Konfigurationsdatei konnte nicht ", kLoad = "TSharedIni.LoadValues: ";
+const std::string kStamp = "Datum=09.12.2025\nZeit=07:00\n", kUser = kStamp + "Benutzer=meier\n\n";
+
+std::string Replaced(std::string text, const std::string& from, const std::string& to) {
+  for (size_t at = 0; (at = text.find(from, at)) != text.npos; at += to.size()) text.replace(at, from.size(), to);
+  return text;
+}
+// What an object holds, as a text with "\n" at line ends; and its keys, names in capital letters.
+std::string Lines(const TSharedIni& ini) {
+  THashedStringList lines;
+  ini.GetStrings(lines);
+  return Replaced(lines.GetTextStr().ToUtf8(), "\r\n", "\n");
+}
+TContent Content(const TSharedIni& ini) {
+  TContent result;
+  THashedStringList lines;
+  ini.GetStrings(lines);
+  for (int i = 0, section = 0; i < lines.GetCount(); ++i) {
+    const TIniLine line = ParseIniLine(lines.View(i));
+    const auto head = [&] { return UpperCase(String(ParseIniLine(lines.View(section)).Name)); };
+    if (line.Kind == ilSection) section = i, result[head()];
+    if (line.Kind == ilValue) result[head()][UpperCase(String(line.Name))] = line.Value;
+  }
+  return result;
+}
+// Does steps on objects a, b, ...: "a+S.x=1" writes, "a-S.x" deletes, "a!S" erases, "a/" deletes the file, brackets
+// open and close a transaction and the default mode, "_" is a blank. Tells what "a>S.x=1" reads (1 is the default) and
+// what a store (".") and a reload gave ("?"; "~" if it is forced and changes are forgotten).
+std::string Do(std::span<TSharedIni* const> inis, const std::string& steps) {
+  std::istringstream stream(steps);
+  std::string told;
+  for (std::string step; stream >> step;) {
+    TSharedIni& ini = *inis[static_cast<size_t>(step[0] - 'a')];
+    const size_t dot = step.find('.', 2), is = std::min(step.find('='), step.size());
+    const auto part = [&](size_t from, size_t to) {
+      return String::FromUtf8(from < to && from < step.size() ? Replaced(step.substr(from, to - from), "_", " ") : "");
+    };
+    const String section = part(2, dot), key = dot == step.npos ? String() : part(dot + 1, is), value = part(is + 1, step.npos);
+    switch (step[1]) {
+      case '+': ini.WriteString(section, key, value); break;
+      case '-': ini.DeleteKey(section, key); break;
+      case '!': ini.EraseSection(section); break;
+      case '/': FileDelete(ini.GetFileName()); break;
+      case '(': case ')': ini.SetTransaction(step[1] == '('); break;
+      case '[': case ']': ini.SetDefaults(step[1] == '['); break;
+      case '>': told += ini.ReadString(section, key, value).ToUtf8() + ","; break;
+      case '.': told += ini.Store() ? "1," : "0,"; break;
+      default: told += ini.Reload(step[1] == '~', step[1] == '~') ? "1," : "0,";
+    }
+  }
+  return told;
+}
+
+struct SharedIni : testing::Test {
+  SharedIni() {
+    Msg().SetMsgInterrupt({[](void*, const TMsgInfo&, TMsgList&, bool) {}, nullptr});
+    Msg().SetLogInterrupt(TLogInterrupt::Of<&SharedIni::Note>(*this));
+  }
+  ~SharedIni() override { uMsg::FreeBuffersForLeakPrevention(); }
+  void Note(const TMsgInfo& info, int, bool) {
+    Notes.push_back(String(Concat({String(1, u"LWE"[info.msgType]), u" ", info.sender, u": ", info.msg})).ToUtf8());
+  }
+  TTexts Told() { return std::exchange(Notes, {}); }
+  // Writes and reads a file, "\n" standing for its line ends; each write has a stamp of its own.
+  String Put(const std::string& name, const std::string& text) {
+    test::PutText(Dir.Path(name), Replaced(text, "\n", "\r\n"));
+    TFileStream(Dir.Path(name), fmOpenReadWrite).SetLastWrite(++Stamp);
+    return Dir.Path(name);
+  }
+  std::string Get(const std::string& name) { return Replaced(test::GetText(Dir.Path(name)), "\r\n", "\n"); }
+  test::TTempDir Dir;
+  TManualClock Clock{46000.25};
+  TFixedTimeZone Zone{60};
+  TClockScope ClockScope{Clock};
+  TTimeZoneScope ZoneScope{Zone};
+  TDateTime Stamp = 45000;
+  TTexts Notes;
+};
+
+TEST_F(SharedIni, ReadsLinesAndAnyEncoding) {
+  const std::pair<std::string, std::string> cases[] = {
+      {" [ A ] \n x = 1 \n;c\ny z\nq = = 2\n\n=v\nk =\n", "[A]\nx=1\ny z\nq== 2\n=v\nk=\n\n"}, {"a=1\n;\n[A]\nb", "[A]\nb\n\n"},
+      {"[A]\nx=1\n[a]\nx=2", "[A]\nx=1\n\n[a]\nx=2\n\n"}, {"[a=b]\n[\n]\n[]\n[x=y]z", "[a=b]\n[\n]\n\n[]\n[x=y]z\n\n"}, {"x=1", ""}};
+  for (const auto& [text, lines] : cases) EXPECT_EQ(Lines(TSharedIni(Put("f", text))), lines);
+  TSharedIni ini(Put("f", "[ \xC4 ]\nKEY=1\nkey=2\nplain\n[\xE4]\nz=3\n[e]\nh=0XFF\no=0x\n[n]\n"));
+  TVxStringList list;
+  const auto shown = [&](auto read) { return list.Add(u"old"), (ini.*read)(u"ä", list), list.GetCommaText(); };
+  EXPECT_EQ(shown(&TSharedIni::ReadSection) + u"|" + shown(&TSharedIni::ReadSectionValues), u"KEY,key|KEY=1,key=2,plain");
+  EXPECT_EQ(ini.ReadString(u"ä", u"Key", u"-") + ini.ReadString(u"Ä", u"z", u"-") + ini.ReadString(u"e", u"", u"!"), u"1-!");
+  EXPECT_TRUE(ini.ReadInteger(u"e", u"h", 3) == 255 && ini.ReadInteger(u"e", u"o", 3) == 3);
+  EXPECT_TRUE(ini.SectionExists(u"N", true) && !ini.SectionExists(u"N", false) && !ini.SectionExists(u"q", true));
+  list.SetCommaText(u"a=1,=2,b,c=d=e,A=3");
+  ini.WriteSectionValues(u"e", list);
+  EXPECT_EQ(Content(ini)[u"E"], (TContent::mapped_type{{u"A", u"3"}, {u"C", u"d=e"}}));
+  const auto bytes = [](const TEncoding& e, const String& text) { return std::string(e.Mark()) + e.Encode(text); };
+  const TEncoding *none = nullptr, *utf8 = &TEncoding::Utf8(), *low = &TEncoding::Utf16(), *high = &TEncoding::Utf16BigEndian();
+  for (auto [mark, told] : {std::pair(none, none), {none, low}, {utf8, none}, {low, utf8}, {high, none}}) {
+    const TEncoding& kept = mark ? *mark : told ? *told : TEncoding::Default();
+    FileDelete(Dir.Path("f"));
+    if (mark || !told) test::PutText(Dir.Path("f"), bytes(kept, u"[S]\r\nn=ü"));
+    TSharedIni coded(Dir.Path("f"), {}, told);
+    EXPECT_EQ(coded.ReadString(u"S", u"n", u"ü"), u"ü");
+    coded.WriteString(u"S", u"n", u"ä€");
+    EXPECT_TRUE(coded.Store() && test::GetText(Dir.Path("f")) == bytes(kept, u"[S]\r\nn=ä€\r\n\r\n"));
+  }
+}
+
+TEST_F(SharedIni, StepsOfTwo) {
+  const std::string x = "[S]\nx=1\n";
+  const TSharedIniOptions none, stamp{sioSectionStamp}, write{sioInstantWrite}, memorize{sioMemorizeDefaults, sioInstantWrite};
+  struct { TSharedIniOptions A; std::string Start, Steps, Told, End; } cases[] = {
+      {none, x, "a+S.x=2 b+S.y=3 a. b. a>S.y a. a>S.y", "1,1,,1,3,", "[S]\nx=2\ny=3\n\n"},
+      {none, x + "plain\n[T]\n", "a!S a. b+T.k= b.", "1,1,", "[T]\nk=\n\n"},
+      {none, "[M]\n", "a+A.b=1 a+A.a=2 a+Z.k=3 a+M.n=4 a.", "1,", "[M]\nn=4\n\n[Z]\nk=3\n\n[A]\nb=1\na=2\n\n"},
+      {none, ";c\nl=1\n[S]\nx = a\n", "a+S.X=a a-S.q a-T.q a!T b+S.x=c a. a>S.x", "1,a,", ";c\nl=1\n[S]\nx = a\n"},  // not written
+      {none, ";c\nl=1\n[S]\nx = a\n", "a+S.X=A a. a?", "1,0,", "[S]\nX=A\n\n"},
+      {none, x, "a+T.x=2 a/ b? a. b? b.", "0,1,1,1,", "[S]\nx=1\n\n[T]\nx=2\n\n"},
+      {none, x + "[S]\nx=2\n", "a!S a.", "1,", "[S]\nx=2\n\n"},
+      {none, x, "a+_T_._k=_v_ a+;.;=; a+[S.k=S] a+S].a=b=c a+S.[a=b] a. a>T.k a>S].a", "1,v,b=c,", "[S]\nx=1\n[a=b]\n\n[S]]\na=b=c\n\n[[S]\nk=S]\n\n[;]\n;=;\n\n[ T ]\n k= v \n\n"},
+      {{sioReadOnly}, x, "a+S.x=2 a. a>S.x b+S.y=1 b. a. a>S.x", "1,2,1,1,1,", "[S]\nx=1\ny=1\n\n"},
+      {write, x, "a+S.x=2 b? b>S.x a( a( a+S.y=3 a-S.x a) a. b? a) a. b?", "1,2,0,0,1,1,", "[S]\ny=3\n\n"},
+      {write, x, "a) a) a( a+S.x=2 b? a) b?", "0,1,", "[S]\nx=2\n\n"},
+      {{sioInstantRead}, x, "b+S.x=2 b. a>S.x a( b+S.x=3 b. a( a>S.x a) a) a>S.x", "1,2,1,2,3,", "[S]\nx=3\n\n"},
+      {memorize, x, "a>S.x=d a[ a[ a] a+T.w=5 a+T.w=6 a>s.X=e a>T.w=e a>U.n=1 a>U.n=2 a] a>S.x=e", "1,d,5,1,1,1,", x},
+      {write, x, "a>S.x=d a[ a+T.w=5 a>s.X=e a>T.w=e a>U.n=1 a>U.n=2 a]", "1,e,e,1,2,", x},
+      {stamp, "[A]\n[B]\nb=1\n[C]\nc=1\n", "a+A.a=2 a+B.b=1 a!C a-D.x a.", "1,", "[A]\na=2\n" + kUser + "[B]\nb=1\n\n"},
+      {{sioSectionStamp, sioInstantWrite}, x + "[T]\n", "a/ a+N.n=1 a.", "1,", x + kUser + "[T]\n" + kUser + "[N]\nn=1\n" + kUser}};
+  for (const auto& [options, start, steps, told, end] : cases) {
+    TSharedIni a(Put("f", start), options), b(Dir.Path("f"));
+    a.SetUsername(u" meier ");
+    TSharedIni* inis[] = {&a, &b};
+    EXPECT_EQ(Do(inis, steps), told) << steps;
+    EXPECT_EQ(Get("f"), end) << steps;
+    EXPECT_TRUE(a.Store() && !a.Modified() && a.GetLoaded() == VxFileLastWrite(a.GetFileName(), false)) << steps;
+    EXPECT_EQ(Lines(a), Lines(TSharedIni(a.GetFileName()))) << steps;
+    EXPECT_EQ(a.DefaultSectionExists(u"u"), options == memorize);
+  }
+  TSharedIni ini(Put("f", "[A]\n" + kUser), stamp), other(Dir.Path("f"));
+  Clock.Advance(3600000);
+  EXPECT_EQ(ini.ReadSectionStamp(u"A"), u"Letzte Bearbeitung: 9.12.2025, 7:00, meier");
+  EXPECT_EQ(ini.ReadSectionStamp(u"B") + other.ReadSectionStamp(u"A"), u"Letzte Bearbeitung: 9.12.2025, 8:00, ");
+}
+
+TEST_F(SharedIni, RetriesAndTells) {
+  const String path = Put("f", "[S]\nx=1\n");
+  const std::string p = path.ToUtf8();
+  TSharedIni a(path), none{String()}, below(Dir.Path("d/e/f")), directory(Dir.Path("d"));
+  TSharedIni* inis[] = {&a, &none, &below, &directory};
+  EXPECT_EQ(Do(inis, "b+S.k=v b. c. c+S.k=v c. d+S.k=v a+S.y=2"), "0,1,1,");
+  EXPECT_TRUE(none.Modified() && Get("d/e/f") == "[S]\nk=v\n\n" && Told().empty());
+  a.SetTimeOut(50);
+  const auto failed = [&](size_t times, const std::string& sender, const std::string& word, const String& why) {
+    TTexts result(times, "L " + sender + kNot + word + " werden! " + why.ToUtf8());
+    return result.push_back("W " + sender + kNot + "erstellt/geöffnet werden! " + p), result;
+  };
+  {
+    const TFileStream held(path, fmOpenReadWrite | fmShareExclusive);
+    const String why = test::RaisedBy<EFOpenError>([&] { TFileStream(path, fmOpenRead | fmShareDenyWrite); });
+    const TSharedIni shut(path);
+    EXPECT_TRUE(shut.GetLoaded() == 0 && Lines(shut).empty() && Clock.GetSleeps() == 101 && Clock.Ticks() == 1010);
+    EXPECT_EQ(Told(), failed(101, kLoad, "geöffnet", why));
+    EXPECT_TRUE(Do(inis, "a.") == "0," && Told().size() == 102);  // the fresh copy has a patience of its own
+    EXPECT_TRUE(!a.Reload(true, false) && a.GetLoaded() == 0 && a.Modified() && Lines(a) == "[S]\nx=1\ny=2\n\n");
+    EXPECT_EQ(Told(), failed(6, kLoad, "geöffnet", why));
+  }
+  {
+    const TFileStream held(path, fmOpenRead | fmShareDenyNone);
+    EXPECT_TRUE(Do(inis, "a.") == "0," && a.Modified() && a.GetLoaded() == 0);
+    const String whyNot = test::RaisedBy<EFCreateError>([&] { TFileStream(path, fmCreate | fmShareExclusive); });
+    EXPECT_EQ(Told(), failed(6, "TSharedIni.StoreValues: ", "erstellt", whyNot));
+  }
+  EXPECT_TRUE(Do(inis, "d.") == "0," && directory.Modified() && DirectoryExists(Dir.Path("d")) && Told().size() == 102);
+  TFileFaults faults;
+  faults.Fail(foCreate, EACCES, 3, 0, "/f");
+  EXPECT_TRUE(Do(inis, "a.") == "1," && !a.Modified() && Told().size() == 3 && Get("f") == "[S]\nx=1\ny=2\n\n");
+  faults.LimitSpace(5);
+  EXPECT_TRUE(Do(inis, "a+S.y=3 a.") == "1," && !a.Modified() && Get("f") == "[S]\nx=1\ny=2\n\n");
+  faults.Fail(foRead, EIO);
+  EXPECT_TRUE(Do(inis, "a+S.x=2 a~ a>S.x=-") == "1,-," && !a.Modified());
+  EXPECT_EQ(Told(), (TTexts{"W " + kLoad + kNot + "geschrieben werden! " + p, "W " + kLoad + kNot + "gelesen werden! " + p}));
+  TSharedIni(path).SetTransaction(true);
+  EXPECT_EQ(Told(), TTexts{"L TSharedIni.Destroy: Eine Transaktion auf einer Konfigurationsdatei wurde nicht beendet!" + p});
+}
+
+TEST_F(SharedIni, DataFormKeepsAnyText) {
+  const std::pair<String, String> cases[] = {{u"a\r\nb", u"\"a\"0D0A\"b\""}, {u"\n", u"\"\"0A"}, {u"", u""}, {u"\"", u"\"\"\"\""},
+      {u"a\"\x1F", u"\"a\"\"\"1F"}, {u"ä€ ", u"\"ä€ \""}};
+  for (const auto& [text, data] : cases) EXPECT_TRUE(IniStrToData(text) == data && IniDataToStr(data) == text) << data.ToUtf8();
+  EXPECT_EQ(IniDataToStr(u"0d\"x\"4G\"\"41 \"\"\"b") + IniDataToStr(u"\""), String(1, u'\0') + u"x@A\"b");
+  std::mt19937 random(1);
+  for (TSharedIni ini{String()}; random() % 300 != 0;) {
+    std::u16string text;
+    while (random() % 12 != 0) text += u"a\"\n\r\0\x1F =ä"[random() % 9];
+    ini.WriteData(u"S", u"k", text);
+    ASSERT_TRUE(ini.ReadData(u"S", u"k", u"?") == text && ini.ReadData(u"S", u"none", text) == text);
+  }
+}
+
+TEST_F(SharedIni, MirrorsACentralFile) {
+  const String local = Put("l", "[S]\nx=1\nold=2\n[E]\n"), central = Put("c", "[S]\nX=1\ny=3\n[T]\nz=4\n");
+  TDuplicateIni plain(local, central, {dioSectionStamp, dioInstantWrite});
+  EXPECT_TRUE(plain.GetSourceLoaded() == 0 && plain.Download() && plain.GetSourceLoaded() == VxFileLastWrite(central, false));
+  EXPECT_TRUE(plain.GetSectionStamp() && !plain.GetTransaction());
+  EXPECT_EQ(Get("l"), "[S]\nx=1\ny=3\n\n[E]\n\n[T]\nz=4\n\n");
+  TDuplicateIni ini(local, central, {dioInstantSourceRead, dioInstantSourceWrite, dioSectionStamp});
+  TSharedIni other(central);
+  TSharedIni* inis[] = {&ini, &other};
+  EXPECT_EQ(Do(inis, "b+S.y=5 b+T.n=6 b. a+S.x=9 a-T.z a. a>S.y a? a>S.y a?"), "1,1,3,1,5,0,");  // merged into both
+  EXPECT_EQ(Get("c"), "[S]\nx=9\ny=5\nZeit=07:00\nDatum=09.12.2025\n\n[T]\nn=6\nZeit=07:00\nDatum=09.12.2025\n\n");
+  EXPECT_EQ(Get("l"), "[S]\nx=9\ny=5\n" + kStamp + "\n[E]\n\n[T]\n" + kStamp + "n=6\n\n");
+  for (bool empty : {false, true}) {  // the central file is made anew
+    empty ? (void)Put("c", "") : (void)FileDelete(central);
+    EXPECT_FALSE(ini.Reload(false, false));
+    EXPECT_TRUE(Get("c") == Get("l") && ini.GetSourceLoaded() == VxFileLastWrite(central, false));
+    const std::string paths = central.ToUtf8() + "->" + local.ToUtf8();
+    EXPECT_EQ(Told(), TTexts{"L " + kLoad + kNot + "heruntergeladen werden! " + paths});
+  }
+  TDuplicateIni deep(local, Dir.Path("n/c"), {dioInstantSourceRead}), none(Dir.Path("no"), Dir.Path("nc"));
+  EXPECT_TRUE(Get("n/c") == Get("l") && !none.Download() && !none.Upload());
+  EXPECT_TRUE(TDuplicateIni(Put("l", "[S]\nQ=8\n"), central).Upload() && Get("c") == "[S]\nQ=8\n\n[E]\n\n[T]\n\n");
+}
+
+// Replays a journal on maps: no text is a deleted key, and an empty key an erased section.
+using TJournal = std::map<std::pair<String, String>, std::optional<String>>;
+TContent Replayed(TContent file, const TJournal& journal) {
+  for (const auto& [place, value] : journal) {
+    if (value) file[place.first][place.second] = *value;
+    else if (file.contains(place.first)) file[place.first].erase(place.second);
+  }
+  for (const auto& [place, value] : journal) {
+    if (place.second.empty() && file.contains(place.first) && file[place.first].empty()) file.erase(place.first);
+  }
+  return file;
+}
+
+TEST_F(SharedIni, RandomStepsGoAsOnMaps) {
+  std::mt19937 random(1);
+  TContent file{{u"A", {{u"X", u"1"}}}, {u"B", {}}};
+  TSharedIni a(Put("f", "[A]\nx=1\n[B]\n")), b(a.GetFileName()), c(a.GetFileName());
+  TSharedIni* inis[] = {&a, &b, &c};
+  struct { TContent Memory; int Loaded = 1; TJournal Journal{}; } models[] = {{file}, {file}, {file}};
+  int written = 1, version = 1;  // of the file; 0: there is none
+  for (int round = 0; round < 1500; ++round) {
+    const auto pick = [&](const char* from, unsigned count) { return std::string(1, from[random() % count]); };
+    const std::string who = pick("abc", 3), section = pick("AbC", 3), key = pick("xYz", 3), value = pick("123", 3);
+    const std::string kind = pick("+++++++++++++++----!!!!???~....../", 34), step = who + kind + section + "." + key + "=" + value;
+    const std::string told = Do(inis, step);
+    auto& [memory, loaded, journal] = models[who[0] - 'a'];
+    const String s = UpperCase(String::FromUtf8(section)), k = UpperCase(String::FromUtf8(key));
+    const bool isMerging = kind == "." && !journal.empty(), isLoading = kind == "." || kind == "?" || kind == "~";
+    if (kind == "+") journal[{s, k}] = memory[s][k] = String::FromUtf8(value);
+    if (kind == "-") journal[{s, k}] = {}, memory.contains(s) && memory[s].erase(k);
+    if (kind == "/") file = {}, version = 0;
+    if (kind == "!") {
+      for (const auto& entry : memory[s]) journal[{s, entry.first}] = {};
+      journal[{s, u""}] = {}, memory.erase(s);
+    }
+    if (isMerging) {
+      const TContent after = version == 0 ? memory : Replayed(file, journal);
+      if (version == 0 || after != file) version = ++written;
+      file = memory = after, journal.clear(), loaded = version;
+    }
+    const bool isDue = loaded != version || kind == "~";
+    ASSERT_EQ(told, !isLoading ? "" : kind == "." || (isDue && version != 0) ? "1," : "0,") << round;
+    if (isLoading && isDue) memory = file, loaded = version;
+    if (kind == "~") journal.clear();
+    ASSERT_EQ(Content(TSharedIni(a.GetFileName())), file) << round;
+    ASSERT_EQ(Content(*inis[who[0] - 'a']), memory) << round;
+    ASSERT_EQ(inis[who[0] - 'a']->Modified(), !journal.empty()) << round;
+  }
+}
+
+}  // namespace
+}  // namespace vx

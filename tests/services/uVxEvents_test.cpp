@@ -1,0 +1,200 @@
+#include "services/uVxEvents.h"
+
+#include <gtest/gtest.h>
+
+#include <functional>
+#include <map>
+#include <random>
+
+#include "platform/Exceptions.h"
+
+namespace vx {
+namespace {
+
+using TCalls = std::vector<int>;
+
+// A listener that notes its number and then does as told.
+struct TListener : TObject {
+  TListener(int number, TCalls& calls) : Number(number), Calls(calls) {}
+  void Hear(TObject*, int) {
+    Calls.push_back(Number);
+    if (auto act = Act) act();
+  }
+  TIdEvent Event() { return TIdEvent::Of<&TListener::Hear>(*this); }
+  int Number;
+  TCalls& Calls;
+  std::function<void()> Act;
+};
+
+struct Signals : testing::Test {
+  TListener& Make(int number) { return *Listeners.emplace(number, std::make_unique<TListener>(number, Calls)).first->second; }
+  TCalls Emit() {
+    Calls.clear();
+    Signal->Emit(nullptr, 0);
+    return Calls;
+  }
+  TCalls Calls;
+  std::map<int, std::unique_ptr<TListener>> Listeners;
+  std::unique_ptr<TIdSignal> Signal = std::make_unique<TIdSignal>();
+};
+
+TEST_F(Signals, CallEachMethodOnceOldestFirst) {
+  TListener &a = Make(1), &b = Make(2);
+  EXPECT_EQ(Signal->Add(a.Event()), 0);
+  EXPECT_EQ(Signal->Add(b.Event()), 0);
+  EXPECT_EQ(Signal->Add(a.Event()), 1);
+  EXPECT_EQ(Signal->Count(), 2);
+  EXPECT_EQ(Emit(), (TCalls{1, 2}));
+  EXPECT_EQ(Signal->IndexOf(a.Event()), 1);
+  Signal->Remove(a.Event());
+  Signal->Remove(a.Event());
+  EXPECT_EQ(Emit(), (TCalls{2}));
+  EXPECT_THROW(Signal->GetEventHandler(1), EListError);
+}
+
+TEST_F(Signals, BearWhateverHandlersDo) {
+  for (int i : {1, 2, 3}) Signal->Add(Make(i).Event());
+  TListener &a = *Listeners[1], &b = *Listeners[2], &c = *Listeners[3];
+  a.Act = [&] { Signal->Remove(a.Event()), Signal->Remove(c.Event()), Signal->Add(Make(4).Event()); };
+  EXPECT_EQ(Emit(), (TCalls{1, 2}));
+  EXPECT_EQ(Emit(), (TCalls{2, 4}));
+  Signal->Add(a.Event());
+  b.Act = [&] { b.Act = nullptr, Signal->Emit(nullptr, 1), Signal->Remove(Listeners[4]->Event()); };
+  a.Act = nullptr;
+  EXPECT_EQ(Emit(), (TCalls{2, 2, 4, 1, 1})) << "the nested emission is whole, the outer one hears of the removal";
+  a.Act = [] { throw EConvertError(u"no"); };
+  Signal->Add(c.Event());
+  EXPECT_THROW(Emit(), EConvertError);
+  EXPECT_EQ(Calls, (TCalls{2, 1}));
+  a.Act = [&] { Signal->GetHandlerList().Clear(); };
+  EXPECT_EQ(Emit(), (TCalls{2, 1}));
+  Signal->Add(a.Event()), Signal->Add(b.Event());
+  a.Act = [&] { Signal.reset(); };
+  Calls.clear();
+  Signal->Emit(nullptr, 0);
+  EXPECT_EQ(Calls, (TCalls{1})) << "a handler may free the signal";
+}
+
+// The rules as they are told: each walk has a copy of its own, from which removals are taken out.
+struct TModel {
+  struct TWalk {
+    std::vector<int> Copy;
+    int Index;
+  };
+  std::vector<int> List;
+  std::vector<TWalk*> Walks;
+  void Add(int n) {
+    if (std::find(List.begin(), List.end(), n) == List.end()) List.insert(List.begin(), n);
+  }
+  void Remove(int n) {
+    if (std::erase(List, n) == 0) return;
+    for (TWalk* walk : Walks) {
+      auto at = std::find(walk->Copy.begin(), walk->Copy.end(), n);
+      auto place = static_cast<int>(at - walk->Copy.begin());
+      if (at == walk->Copy.end() || place > walk->Index) continue;
+      walk->Copy.erase(at);
+      if (place < walk->Index) --walk->Index;
+    }
+  }
+  void Emit(const std::function<void(int)>& call) {
+    TWalk walk{List, static_cast<int>(List.size())};
+    Walks.push_back(&walk);
+    while (walk.Index >= 0 && --walk.Index >= 0) call(walk.Copy[static_cast<size_t>(walk.Index)]);
+    Walks.pop_back();
+  }
+};
+
+TEST_F(Signals, FollowTheToldWalkUnderRandomChanges) {
+  constexpr int kListeners = 8;
+  for (unsigned seed = 0; seed < 300; ++seed) {
+    Signal = std::make_unique<TIdSignal>();
+    Listeners.clear();
+    // The same decisions on both sides, drawn by the same generator in the same order of calls.
+    auto run = [&](auto add, auto remove, auto emit) {
+      std::mt19937 random(seed);
+      int budget = 60;
+      std::function<void(int)> act = [&](int depth) {
+        for (int i = static_cast<int>(random() % 3); i > 0 && budget > 0; --i, --budget) {
+          int who = static_cast<int>(random() % kListeners);
+          unsigned what = random() % 5;
+          if (what < 2) add(who);
+          if (what == 2 || what == 3) remove(who);
+          if (what == 4 && depth < 3) emit([&act, depth] { act(depth + 1); });
+        }
+      };
+      for (int i = 0; i < kListeners; ++i) add(i);
+      for (int i = 0; i < 5; ++i) emit([&act] { act(0); });
+    };
+    TCalls expected;
+    TModel model;
+    run([&](int n) { model.Add(n); }, [&](int n) { model.Remove(n); },
+        [&](const std::function<void()>& act) { model.Emit([&](int n) { expected.push_back(n), act(); }); });
+    Calls.clear();
+    for (int i = 0; i < kListeners; ++i) Make(i);
+    auto actAll = [&](const std::function<void()>& act) { for (auto& [n, l] : Listeners) l->Act = act; };
+    run([&](int n) { Signal->Add(Listeners[n]->Event()); }, [&](int n) { Signal->Remove(Listeners[n]->Event()); },
+        [&](const std::function<void()>& act) {
+          auto before = Listeners[0]->Act;
+          actAll(act);
+          Signal->Emit(nullptr, 0);
+          actAll(before);
+        });
+    ASSERT_EQ(Calls, expected) << "seed " << seed;
+  }
+}
+
+struct TFamilies : TObject {
+  void Simple(TObject*, TObject*) { ++Heard; }
+  void Progress(TObject*, int step, int max, bool& stop, TObject*) { Heard += step * max, stop = true; }
+  void Notify(TObject*) { ++Heard; }
+  int Heard = 0;
+};
+struct TCounted : TObject {
+  explicit TCounted(int& freed) : Freed(freed) {}
+  ~TCounted() override { ++Freed; }
+  int& Freed;
+};
+
+void Note(TObject* handler, TListNotification) { ++static_cast<TFamilies*>(handler)->Heard; }
+
+TEST(SignalFamilies, KeepTheirOwnRules) {
+  TFamilies one, two;
+  int freed = 0;
+  TSimpleSignal simple;
+  simple.SetOwnsObject(true);
+  simple.Emit(nullptr, new TCounted(freed));
+  EXPECT_EQ(freed, 1) << "also with no handlers";
+  auto event = TSimpleEvent::Of<&TFamilies::Simple>(one);
+  simple.Add(event);
+  simple.Emit(nullptr, new TCounted(freed)), simple.Emit(nullptr, nullptr);
+  TEventPointer halves{reinterpret_cast<void*>(event.GetCode()), event.GetData()};
+  EXPECT_EQ(simple.IndexOf(halves), 0);
+  simple.SetEventHandler(0, new TNotifyEventHandler(TNotifyEvent::Of<&TFamilies::Notify>(one)));
+  simple.Emit(nullptr, nullptr);
+  EXPECT_EQ(simple.GetEventHandler(0), nullptr);
+  EXPECT_EQ(simple.IndexOf(halves), -1);
+  EXPECT_EQ(std::make_pair(freed, one.Heard), std::make_pair(2, 2)) << "a handler of another family is skipped";
+
+  TProgressSignal progress;
+  progress.Add(TProgressEvent::Of<&TFamilies::Progress>(one));
+  progress.Add(TProgressEvent::Of<&TFamilies::Progress>(two));
+  bool stop = false;
+  TProgressString text(u"Import");
+  progress.Emit(&one, 3, 7, stop, &text);
+  EXPECT_TRUE(stop && two.Heard == 21) << "doStop does not end the emission";
+
+  TNotifyHandlerList list;
+  list.SetOnNotify(TNotifyHandlerListEvent::Of<&Note>());
+  list.SetOwnsObjects(false);
+  list.Add(&one), list.Insert(0, &two);
+  auto walk = list.GetEnumerator();
+  EXPECT_EQ(walk->GetCurrent(), nullptr);
+  EXPECT_TRUE(walk->MoveNext());
+  list.Exchange(0, 1);
+  EXPECT_TRUE(walk->GetCurrent() == &one && walk->MoveNext() && walk->GetCurrent() == &two && !walk->MoveNext())
+      << "the walk goes on over the list as it was";
+  EXPECT_EQ(two.Heard, 22);
+}
+
+}  // namespace
+}  // namespace vx
