@@ -148,4 +148,25 @@ if [ -x "$programs/care_plan" ]; then
   grep -qx 'Patient|Name (vftString): Max Meier' "$dir/plan" || die "the call path leads nowhere"
 fi
 
+if [ -x "$programs/import_job" ]; then
+  say "An import that reports at three depths: one dialog at the end, and a log"
+  printf 'Patient,Betrag\r\nP-1001,"12,50"\r\nP-1002,zwölf\r\n"","7,50"\r\n' >"$dir/besuche.csv"
+  "$programs/import_job" "$dir/besuche.csv" "$dir/messages.log" 2>"$dir/dialog"
+  cat "$dir/dialog"
+  echo "The log:"
+  cut -d, -f2- "$dir/messages.log"
+  [ "$(grep -c '^Error: ' "$dir/dialog")" = 1 ] || die "there is more than one dialog"
+  [ "$(wc -l <"$dir/messages.log")" = 4 ] || die "the log is not whole"
+fi
+
+if [ -x "$programs/shared_settings" ]; then
+  say "Two processes store 25 changes each in one configuration file at the same time"
+  printf '[Besuche]\r\n\r\n' >"$dir/settings.ini"
+  "$programs/shared_settings" "$dir/settings.ini" anja 25 &
+  "$programs/shared_settings" "$dir/settings.ini" tim 25
+  wait
+  cat "$dir/settings.ini"
+  grep -q '^anja=25' "$dir/settings.ini" && grep -q '^tim=25' "$dir/settings.ini" || die "a change was lost"
+fi
+
 say "All comparisons agree"

@@ -1,0 +1,527 @@
+// Services side by side with their peers: signals with sigc++ and boost.Signals2, shared configuration files with
+// GKeyFile and SimpleIni, the log with spdlog.
+//
+// Results are compared before they count. An argument names the one topic to measure: signals, ini, stores or log.
+// Flushes to the disk are counted; lines named noflush leave ours out, as most peers do not flush.
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <iterator>
+#include <memory>
+#include <random>
+#include <string>
+#include <vector>
+
+#include "bench/services/Flushes.h"
+#include "bench/services/PeersIni.h"
+#include "bench/services/PeersLog.h"
+#include "bench/services/PeersSignals.h"
+#include "bench/support/Bench.h"
+#include "services/uMsg.h"
+#include "services/uSharedIni.h"
+#include "services/uVxEvents.h"
+
+namespace vx::bench {
+
+namespace {
+
+constexpr int kRounds = 7;
+
+void Expect(bool IsGood, const std::string& What) {
+  if (IsGood) return;
+  std::printf("FAILED %s\n", What.c_str());
+  std::fflush(stdout);
+  std::_Exit(1);
+}
+
+// A fresh directory, which goes with all that is in it.
+class TDirectory {
+ public:
+  TDirectory() {
+    const char* root = std::getenv("TMPDIR");
+    FPath = std::string(root ? root : "/tmp") + "/vx_bench_services_XXXXXX";
+    Expect(::mkdtemp(FPath.data()) != nullptr, "mkdtemp");
+  }
+  ~TDirectory() {
+    std::error_code ignored;
+    std::filesystem::remove_all(FPath, ignored);
+  }
+  TDirectory(const TDirectory&) = delete;
+  TDirectory& operator=(const TDirectory&) = delete;
+  std::string Path(const std::string& Name) const { return FPath + "/" + Name; }
+
+ private:
+  std::string FPath;
+};
+
+void WriteFile(const std::string& Path, const std::string& Bytes) {
+  std::ofstream file(Path, std::ios::binary);
+  file << Bytes;
+  file.close();
+  Expect(file.good(), Path);
+}
+
+std::string ReadFile(const std::string& Path) {
+  std::ifstream file(Path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(file), {}};
+}
+
+String Text(const std::string& Utf8) { return String::FromUtf8(Utf8); }
+
+// --- signals ---
+
+constexpr int kEmissions = 10000000;
+constexpr size_t kConnected = 1000;
+constexpr int kReconnections = 20000;
+
+TIdEvent EventOf(TCounter& Counter) { return TIdEvent::Of<&TCounter::Hear>(Counter); }
+
+struct TPeerOfSignals {
+  const char* Name;
+  std::unique_ptr<TPeerSignal> (*Make)();
+};
+constexpr TPeerOfSignals kPeersOfSignals[] = {
+    {"sigc++", MakeSigc}, {"signals2", MakeSignals2}, {"signals2_dummy_mutex", MakeSignals2Dummy}};
+
+void MeasureEmission(size_t Handlers) {
+  const int times = kEmissions / static_cast<int>(Handlers + 1);
+  std::vector<TCounter> counters(Handlers), peerCounters(Handlers);
+  TIdSignal signal;
+  for (TCounter& counter : counters) signal.Add(EventOf(counter));
+  auto ours = [&] {
+    return Time([&] {
+      TIdSignal* place = &signal;
+      for (int id = 0; id < times; ++id) {
+        ::benchmark::DoNotOptimize(place);
+        place->Emit(nullptr, id);
+      }
+    });
+  };
+  for (const TPeerOfSignals& peer : kPeersOfSignals) {
+    const std::string what = "services/emit_to_" + std::to_string(Handlers);
+    std::fill(counters.begin(), counters.end(), TCounter());
+    std::fill(peerCounters.begin(), peerCounters.end(), TCounter());
+    const std::unique_ptr<TPeerSignal> peerSignal = peer.Make();
+    for (TCounter& counter : peerCounters) peerSignal->Connect(counter);
+    const auto medians = Medians(kRounds, ours, [&] { return Time([&] { peerSignal->Emit(times); }); });
+    const int64_t sum = int64_t{times} * (times - 1) / 2 * kRounds;
+    for (size_t i = 0; i < Handlers; ++i) Expect(counters[i].Sum == sum && peerCounters[i].Sum == sum, what);
+    Report(what.c_str(), medians[0], peer.Name, medians[1], times);
+  }
+}
+
+// Ours finds a method among the others and takes none twice; the peers either keep a connection for each handler,
+// or look for the function as ours do, and take it as often as it comes.
+void MeasureReconnection() {
+  std::vector<TCounter> counters(kConnected), peerCounters(kConnected);
+  std::mt19937 random(7);
+  std::vector<size_t> order(kReconnections);
+  for (size_t& index : order) index = random() % kConnected;
+  TIdSignal signal;
+  for (TCounter& counter : counters) signal.Add(EventOf(counter));
+  auto ours = [&] {
+    return Time([&] {
+      for (size_t index : order) {
+        signal.Remove(EventOf(counters[index]));
+        signal.Add(EventOf(counters[index]));
+      }
+    });
+  };
+  auto compare = [&](const TPeerOfSignals& Peer, bool ByFunction) {
+    const std::string what = ByFunction ? "services/reconnect_of_1000_by_function" : "services/reconnect_of_1000";
+    const std::unique_ptr<TPeerSignal> peer = Peer.Make();
+    for (TCounter& counter : peerCounters) peer->Connect(counter);
+    auto reconnect = [&] {
+      for (size_t index : order) {
+        if (ByFunction) {
+          peer->ReconnectByFunction(peerCounters[index]);
+        } else {
+          peer->Reconnect(index, peerCounters[index]);
+        }
+      }
+    };
+    const auto medians = Medians(kRounds, ours, [&] { return Time(reconnect); });
+    std::fill(counters.begin(), counters.end(), TCounter());
+    std::fill(peerCounters.begin(), peerCounters.end(), TCounter());
+    signal.Emit(nullptr, 1);
+    peer->Emit(2);
+    for (size_t i = 0; i < kConnected; ++i) Expect(counters[i].Sum == 1 && peerCounters[i].Sum == 1, what);
+    Report(what.c_str(), medians[0], Peer.Name, medians[1], kReconnections);
+  };
+  for (const TPeerOfSignals& peer : kPeersOfSignals) compare(peer, false);
+  compare(kPeersOfSignals[1], true);
+}
+
+// --- configuration in one process ---
+
+constexpr int kSections = 200, kKeys = 100, kSmallSections = 2, kSmallKeys = 10;
+constexpr int kLookUps = 1000000, kIniRounds = 21;
+
+std::string SectionName(int Index) { return "Abschnitt " + std::to_string(Index); }
+std::string KeyName(int Index) { return "Schluessel" + std::to_string(Index); }
+
+// About 50 bytes a key, in ASCII: the peers know UTF-8 only, ours stores in the system's code page.
+std::string MakeIniText(int Sections, int Keys) {
+  std::string text;
+  for (int section = 0; section < Sections; ++section) {
+    text += "[" + SectionName(section) + "]\r\n";
+    for (int key = 0; key < Keys; ++key) {
+      const int number = section * Keys + key;
+      text += KeyName(key) + "=Breite der Spalten von Seite " + std::to_string(number) + "\r\n";
+    }
+    text += "\r\n";
+  }
+  return text;
+}
+
+struct TPeerOfIni {
+  const char* Name;
+  std::unique_ptr<TPeerIni> (*Make)();
+};
+constexpr TPeerOfIni kPeersOfIni[] = {{"gkeyfile", MakeGKeyFile}, {"simpleini", MakeSimpleIni}};
+
+std::unique_ptr<TSharedIni> LoadOurs(const std::string& Path, TSharedIniOptions Options) {
+  return std::make_unique<TSharedIni>(Text(Path), Options);
+}
+
+void ExpectSame(TSharedIni& Ours, TPeerIni& Peer, int Sections, int Keys) {
+  for (int section = 0; section < Sections; ++section) {
+    for (int key = 0; key < Keys; ++key) {
+      const std::string ours = Ours.ReadString(Text(SectionName(section)), Text(KeyName(key)), {}).ToUtf8();
+      Expect(!ours.empty() && ours == Peer.Get(SectionName(section), KeyName(key)), "services/ini: values differ");
+    }
+  }
+}
+
+struct TOurKeys {
+  std::vector<String> Sections, Keys;
+};
+
+// All keys at random, or the last one of each section.
+TIniKeys MakeKeys(bool IsAll) {
+  TIniKeys result;
+  for (int i = 0; i < kSections; ++i) result.Sections.push_back(SectionName(i));
+  for (int i = 0; i < kKeys; ++i) result.Keys.push_back(KeyName(i));
+  for (size_t section = 0; section < kSections; ++section) {
+    for (size_t key = IsAll ? 0 : kKeys - 1; key < kKeys; ++key) result.Pairs.emplace_back(section, key);
+  }
+  std::shuffle(result.Pairs.begin(), result.Pairs.end(), std::mt19937(11));
+  return result;
+}
+
+TOurKeys OursOf(const TIniKeys& Keys) {
+  TOurKeys result;
+  for (const std::string& section : Keys.Sections) result.Sections.push_back(Text(section));
+  for (const std::string& key : Keys.Keys) result.Keys.push_back(Text(key));
+  return result;
+}
+
+int64_t LookUp(TSharedIni& Ini, const TIniKeys& Keys, const TOurKeys& Names) {
+  int64_t sum = 0;
+  const String none;
+  for (const auto& [section, key] : Keys.Pairs) {
+    sum += Ini.ReadString(Names.Sections[section], Names.Keys[key], none).view().back();
+  }
+  return sum;
+}
+
+// Loading alone; and with the first look-up in each section, as ours makes its indexes only then.
+void MeasureLoad(const std::string& Path, const TPeerOfIni& Peer) {
+  const TIniKeys keys = MakeKeys(false);
+  const TOurKeys names = OursOf(keys);
+  std::unique_ptr<TSharedIni> ours;
+  std::unique_ptr<TPeerIni> peer;
+  for (bool isUsed : {false, true}) {
+    int64_t sum = 0, peerSum = 0;
+    auto load = [&] {
+      ours.reset();
+      return Time([&] {
+        ours = LoadOurs(Path, {sioReadOnly});
+        if (isUsed) sum += LookUp(*ours, keys, names);
+      });
+    };
+    auto peerLoad = [&] {
+      peer = Peer.Make();
+      return Time([&] {
+        peer->Load(Path);
+        if (isUsed) peerSum += peer->LookUp(keys);
+      });
+    };
+    const auto medians = Medians(kIniRounds, load, peerLoad);
+    ExpectSame(*ours, *peer, kSections, kKeys);
+    Expect(sum == peerSum, "services/ini_load_and_use");
+    Report(isUsed ? "services/ini_load_and_use" : "services/ini_load", medians[0], Peer.Name, medians[1]);
+  }
+}
+
+void MeasureLookUps(const std::string& Path, const TPeerOfIni& Peer) {
+  const TIniKeys keys = MakeKeys(true);
+  const TOurKeys names = OursOf(keys);
+  const std::unique_ptr<TSharedIni> ours = LoadOurs(Path, {sioReadOnly});
+  const std::unique_ptr<TPeerIni> peer = Peer.Make();
+  peer->Load(Path);
+  int64_t sum = 0, peerSum = 0;
+  const int times = kLookUps / static_cast<int>(keys.Pairs.size());
+  auto lookUp = [&] {
+    return Time([&] {
+      for (int i = 0; i < times; ++i) sum += LookUp(*ours, keys, names);
+    });
+  };
+  auto peerLookUp = [&] {
+    return Time([&] {
+      for (int i = 0; i < times; ++i) peerSum += peer->LookUp(keys);
+    });
+  };
+  const auto medians = Medians(kRounds, lookUp, peerLookUp);
+  Expect(sum == peerSum, "services/ini_look_up");
+  Report("services/ini_look_up", medians[0], Peer.Name, medians[1], kLookUps);
+}
+
+// One key is changed and the file stored. Ours reads the file afresh and merges the change into it; the peers only
+// write what they hold, or read the file again before, as they must where others write to it.
+void MeasureStore(const TDirectory& Directory, const std::string& Bytes, const TPeerOfIni& Peer) {
+  const std::string path = Directory.Path("ours.ini"), peerPath = Directory.Path("peer.ini");
+  WriteFile(path, Bytes);
+  WriteFile(peerPath, Bytes);
+  const std::unique_ptr<TSharedIni> ours = LoadOurs(path, {});
+  const std::unique_ptr<TPeerIni> peer = Peer.Make();
+  peer->Load(peerPath);
+  int flushes[3] = {}, counts[3] = {};
+  auto store = [&](int Index, auto Work) {
+    flushes[Index] -= FlushCount();
+    const std::string value = "Wert " + std::to_string(++counts[Index]);
+    const double time = Time([&] { Work(value); });
+    flushes[Index] += FlushCount();
+    return time;
+  };
+  auto measure = [&](const std::string& What) {
+    const auto medians = Medians(
+        kIniRounds,
+        [&] {
+          return store(0, [&](const std::string& value) {
+            ours->WriteString(Text(SectionName(7)), Text(KeyName(7)), Text(value));
+            Expect(ours->Store(), "services/ini_store");
+          });
+        },
+        [&] {
+          return store(1, [&](const std::string& value) {
+            const std::unique_ptr<TPeerIni> fresh = Peer.Make();
+            fresh->Load(peerPath);
+            fresh->Set(SectionName(7), KeyName(7), value);
+            fresh->Save(peerPath);
+          });
+        },
+        [&] {
+          return store(2, [&](const std::string& value) {
+            peer->Set(SectionName(7), KeyName(7), value);
+            peer->Save(peerPath);
+          });
+        });
+    Report(What.c_str(), medians[0], Peer.Name, medians[2]);
+    Report(What.c_str(), medians[0], (std::string(Peer.Name) + "_reloading").c_str(), medians[1]);
+  };
+  measure("services/ini_store");
+  std::printf("BENCH services/ini_flushes_of_a_store ours=%d %s=%d\n", flushes[0] / kIniRounds, Peer.Name,
+              flushes[2] / kIniRounds);
+  {
+    TWithoutFlushes without;
+    measure("services/ini_store_noflush");
+  }
+  const std::unique_ptr<TSharedIni> again = LoadOurs(path, {});
+  const std::unique_ptr<TPeerIni> peerAgain = Peer.Make();
+  peerAgain->Load(peerPath);
+  ExpectSame(*again, *peerAgain, kSections, kKeys);
+}
+
+// --- locked stores ---
+
+// Runs Store(process, i) for i from 0 to Count - 1 in so many processes at the same time. Seconds for all.
+double InProcesses(int Processes, int Count, const std::function<std::function<void(int)>(int)>& MakeStore) {
+  int ready[2], start[2];
+  Expect(::pipe(ready) == 0 && ::pipe(start) == 0, "pipe");
+  char byte = 0;
+  std::vector<pid_t> children;
+  for (int process = 0; process < Processes; ++process) {
+    children.push_back(::fork());
+    Expect(children.back() >= 0, "fork");
+    if (children.back() > 0) continue;
+    ::close(start[1]);
+    const std::function<void(int)> store = MakeStore(process);
+    const bool isGood = ::write(ready[1], &byte, 1) == 1 && ::read(start[0], &byte, 1) == 0;
+    for (int i = 0; isGood && i < Count; ++i) store(i);
+    std::_Exit(isGood ? 0 : 1);
+  }
+  for (int process = 0; process < Processes; ++process) Expect(::read(ready[0], &byte, 1) == 1, "a child");
+  const double begin = Seconds();
+  ::close(start[1]);
+  for (const pid_t child : children) {
+    int status = 1;
+    Expect(::waitpid(child, &status, 0) == child && status == 0, "a child");
+  }
+  const double time = Seconds() - begin;
+  for (int handle : {ready[0], ready[1], start[0]}) ::close(handle);
+  return time;
+}
+
+std::string StoredValue(int Process, int Index) {
+  return "Prozess " + std::to_string(Process) + ", Wert " + std::to_string(Index);
+}
+
+std::function<void(int)> OurStores(const std::string& Path, int Process, int Keys) {
+  const std::shared_ptr<TSharedIni> ini = LoadOurs(Path, {});
+  ini->SetTimeOut(10000);
+  return [=](int i) {
+    ini->WriteString(Text(SectionName(Process)), Text(KeyName(i % Keys)), Text(StoredValue(Process, i)));
+    Expect(ini->Store(), "services/locked_store: a store");
+  };
+}
+
+std::function<void(int)> PeerStores(const std::string& Path, int Process, int Keys) {
+  return [=](int i) { StoreLocked(Path, SectionName(Process), KeyName(i % Keys), StoredValue(Process, i)); };
+}
+
+// Every store of every process must be in the file.
+void ExpectStored(const std::string& Path, int Processes, int Count, int Keys) {
+  const std::unique_ptr<TSharedIni> ini = LoadOurs(Path, {sioReadOnly});
+  for (int process = 0; process < Processes; ++process) {
+    for (int i = std::max(0, Count - Keys); i < Count; ++i) {
+      const String value = ini->ReadString(Text(SectionName(process)), Text(KeyName(i % Keys)), {});
+      Expect(value == Text(StoredValue(process, i)), "services/locked_store: a lost change in " + Path);
+    }
+  }
+}
+
+void MeasureLockedStores(const TDirectory& Directory, const char* Size, const std::string& Bytes, int Keys, int Count) {
+  const std::string path = Directory.Path("ours.ini"), peerPath = Directory.Path("peer.ini");
+  for (int processes : {1, 2}) {
+    const int all = processes * Count;
+    auto ours = [&] {
+      WriteFile(path, Bytes);
+      return InProcesses(processes, Count, [&](int process) { return OurStores(path, process, Keys); }) / all;
+    };
+    auto oursWithout = [&] {
+      TWithoutFlushes without;
+      return ours();
+    };
+    auto peer = [&] {
+      WriteFile(peerPath, Bytes);
+      return InProcesses(processes, Count, [&](int process) { return PeerStores(peerPath, process, Keys); }) / all;
+    };
+    const auto medians = Medians(3, ours, oursWithout, peer);
+    ExpectStored(path, processes, Count, Keys);
+    ExpectStored(peerPath, processes, Count, Keys);
+    const std::string what = std::string("services/locked_store_") + Size + "_by_" + std::to_string(processes);
+    Report(what.c_str(), medians[0], "simpleini+flock", medians[2]);
+    Report((what + "_noflush").c_str(), medians[1], "simpleini+flock", medians[2]);
+  }
+}
+
+// --- log ---
+
+constexpr int kLines = 100000, kGroup = 100;
+
+void SetLog(TLogAttitude Attitude, const std::string& Path) {
+  TMsgHandlerLog log;
+  log.Attitude = Attitude;
+  log.FileName = Text(Path);
+  log.Active = !Path.empty();
+  Msg().SetLog(log);
+}
+
+// Group lines belong to one operation, the last one being its own.
+void WriteByOurs(TLogAttitude Attitude, const std::string& Path, const std::vector<String>& Texts, int Group) {
+  uMsg::FreeBuffersForLeakPrevention();
+  SetLog(Attitude, Path);
+  const String sender = u"Bench";
+  size_t line = 0;
+  auto next = [&]() -> const String& { return Texts[line++ % Texts.size()]; };
+  for (int i = 0; i < kLines; i += Group) {
+    const TMsgFunction whole = Msg().GetMsg();
+    for (int k = 1; k < Group; ++k) Msg().GetMsg()(Log(next(), sender), true);
+    whole(Log(next(), sender), true);
+  }
+  uMsg::FreeBuffersForLeakPrevention();
+}
+
+// Whether the files are the same but for the stamps and the level, which the peer does not know.
+bool AreSameLogs(const std::string& Ours, const std::string& Peer) {
+  constexpr size_t kStamp = 19;
+  std::string ours = ReadFile(Ours), peer = ReadFile(Peer);
+  for (std::string* text : {&ours, &peer}) {
+    for (size_t at = 0; at + kStamp < text->size(); at = text->find('\n', at) + 1) {
+      text->replace(at, kStamp, kStamp, '0');
+      const size_t level = text->find(",,Bench,", at) + 8;
+      if (level < text->size()) (*text)[level] = '0';
+    }
+  }
+  return !ours.empty() && ours == peer && std::count(ours.begin(), ours.end(), '\n') == kLines;
+}
+
+void MeasureLog(const TDirectory& Directory) {
+  std::vector<std::string> texts;
+  std::vector<String> ourTexts;
+  for (int i = 0; i < 1000; ++i) {
+    texts.push_back("Der Einsatz " + std::to_string(1000 + i) + " bei Frau Müller wurde gespeichert.");
+    ourTexts.push_back(Text(texts.back()));
+  }
+  struct TCase {
+    const char* What;
+    TLogAttitude Attitude;
+    int Group;
+    int FlushEach;
+  };
+  constexpr TCase kCases[] = {{"services/log_instant", laInstant, 1, 1},
+                              {"services/log_msg_single", laMsg, 1, 1},
+                              {"services/log_msg_groups_of_100", laMsg, kGroup, kGroup},
+                              {"services/log_destroy", laDestroy, 1, 0}};
+  const std::string path = Directory.Path("ours.log"), peerPath = Directory.Path("peer.log");
+  for (const TCase& each : kCases) {
+    auto ours = [&] {
+      std::filesystem::remove(path);
+      return Time([&] { WriteByOurs(each.Attitude, path, ourTexts, each.Group); });
+    };
+    auto peer = [&] { return Time([&] { WriteBySpdlog(peerPath, texts, kLines, each.FlushEach); }); };
+    const auto medians = Medians(3, ours, peer);
+    Expect(AreSameLogs(path, peerPath), each.What);
+    Report(each.What, medians[0], each.FlushEach == 0 ? "spdlog" : "spdlog_flushed", medians[1], kLines);
+  }
+}
+
+}  // namespace
+
+}  // namespace vx::bench
+
+int main(int argc, char** argv) {
+  using namespace vx;
+  using namespace vx::bench;
+  const std::string topic = argc > 1 ? argv[1] : "";
+  auto is = [&](const char* Topic) { return topic.empty() || topic == Topic; };
+  const TDirectory directory;
+  SetLog(laDestroy, {});  // what is told of configuration files
+  if (is("signals")) {
+    for (size_t handlers : {size_t{0}, size_t{1}, size_t{10}}) MeasureEmission(handlers);
+    MeasureReconnection();
+  }
+  const std::string big = MakeIniText(kSections, kKeys);
+  if (is("ini")) {
+    const std::string path = directory.Path("big.ini");
+    WriteFile(path, big);
+    std::printf("BENCH services/ini_file size=%zu keys=%d\n", big.size(), kSections * kKeys);
+    for (const TPeerOfIni& peer : kPeersOfIni) {
+      MeasureLoad(path, peer);
+      MeasureLookUps(path, peer);
+      MeasureStore(directory, big, peer);
+    }
+  }
+  if (is("stores")) {
+    MeasureLockedStores(directory, "20_keys", MakeIniText(kSmallSections, kSmallKeys), kSmallKeys, 500);
+    MeasureLockedStores(directory, "1mb", big, kKeys, 50);
+  }
+  if (is("log")) MeasureLog(directory);
+  return 0;
+}
