@@ -150,7 +150,7 @@ fi
 
 if [ -x "$programs/import_job" ]; then
   say "An import that reports at three depths: one dialog at the end, and a log"
-  printf 'Patient,Betrag\r\nP-1001,"12,50"\r\nP-1002,zwölf\r\n"","7,50"\r\n' >"$dir/besuche.csv"
+  printf 'Patient,Betrag\r\nP-1001,"12,50"\r\nP-1002,zw\366lf\r\n"","7,50"\r\n' >"$dir/besuche.csv"
   "$programs/import_job" "$dir/besuche.csv" "$dir/messages.log" 2>"$dir/dialog"
   cat "$dir/dialog"
   echo "The log:"
