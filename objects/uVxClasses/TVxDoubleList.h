@@ -32,7 +32,11 @@ class TVxDoubleList : public TObject {
   //   2  Exchange, first      6  Move               11  an entry of a commatext that is no number
   //   3  Exchange, second     7  Put
   //   4  Get                  8  SetCapacity
+  // The names that lists of objects have for the same, which are hidden here.
+#pragma GCC diagnostic push
+#pragma GCC diagnostic ignored "-Wshadow"
   enum TNotification : uint8_t { lnAdded, lnExtracted, lnDeleted, lnError };
+#pragma GCC diagnostic pop
   // Capacity and count stay below it.
   static constexpr int MaxCount = 0x8000000;
 

@@ -1,18 +1,14 @@
 #include "core/uConst.h"
 
-#include <gtest/gtest.h>
-
 #include "core/uVxFunctionsSerialize/FieldTypes.h"
 #include "core/uVxTypes.h"
 #include "objects/uVxClasses.h"
 #include "platform/Calendar.h"
-#include "platform/Numbers.h"
-#include "platform/Text.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 TEST(FieldTypes, TextsAndNumbers) {
   String german, internal;
@@ -84,9 +80,8 @@ TEST(Subtypes, Lists) {
       {u"BERUF", 4, u"4 Fachkrankenschwester/-pfleger"}, {u"BESCHART", 4, u"39 über 50% Vollzeit"},
       {u"BERUFSABSCHLUSS", 10, u"78 Sozialpädagog(e)/in / Sozialarbeiter/in"}, {u"PATRELATION", 8, u"9 Großmutter"},
       {u"ABWESENHEITSPEZIALISIERUNG", 3, u"D Dienstbesprechnung"}, {u"PATRELATION", 22, u" "}};
-  for (const auto& c : entries) {
+  for (const auto& c : entries)
     EXPECT_EQ(getSubTypeSymbol(c.Key, c.Index) + u" " + getSubTypeText(c.Key, c.Index), c.Entry);
-  }
   EXPECT_EQ(SubtypeIdContent(u"boolext"), u"\"0,Nein\",\"1,Ja\",\"2,\"\"keine Angabe\"\"\"");
 }
 
@@ -130,4 +125,3 @@ TEST(Subtypes, Countries) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,13 +1,12 @@
-#include <gtest/gtest.h>
-
 #include "core/uVxFunctions/CurrencyText.h"
 #include "core/uVxFunctions/Database.h"
 #include "core/uVxFunctions/DateParsers.h"
 #include "platform/Calendar.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 TDateTime Time(int Hour, int Minute = 0, int Second = 0, int MSec = 0) {
   return Hour / 24 + EncodeTime(Hour % 24, Minute, Second, MSec);
@@ -66,4 +65,3 @@ TEST(Database, TextsAndTestsForEmpty) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,11 +1,10 @@
 #include "core/uVxFunctions.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Test.h"
 
-#include "tests/support/Print.h"
-
-namespace vx {
 namespace {
+
+using namespace vx;
 
 TEST(Colors, BrightnessChangesAndTexts) {
   struct { TColor Color, Average; } cases[] = {{0, 0}, {clWhite, 255}, {clRed, 76}, {clBlue, 29}, {0x00FAFA, 222},
@@ -52,4 +51,3 @@ TEST(Layout, TextsInBothLanguagesAndRects) {
 }
 
 }  // namespace
-}  // namespace vx

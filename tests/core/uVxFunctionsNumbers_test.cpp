@@ -1,19 +1,12 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <cmath>
-#include <vector>
-
 #include "core/uVxFunctions/CurrencyText.h"
 #include "core/uVxFunctions/Numbers.h"
 #include "core/uVxFunctions/Rounding.h"
 #include "core/uVxFunctions/Sorting.h"
-#include "platform/FormatSettings.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 constexpr int64_t kMin = INT64_MIN, kMax = INT64_MAX;
 
@@ -22,9 +15,8 @@ TEST(Rounding, MidpointsGoToTheEvenOneOrAwayFromZero) {
       {1.4999999L, 1, 1}, {-0x1p63L, kMin, kMin}, {0x1p63L - 1, kMax, kMax}};
   for (auto& c : numbers) EXPECT_TRUE(RoundMath(c.Value) == c.Math && RoundTrade(c.Value) == c.Trade) << c.Value;
   auto raised = [](auto round, Extended v) { return test::RaisedBy<EInvalidOp>([&] { round(v); }).Slice(0, 9); };
-  for (Extended bad : {NAN * 1.0L, INFINITY * 1.0L, 0x1p63L, 0x1p63L - 0.5L, -0x1p63L - 1}) {
+  for (Extended bad : {NAN * 1.0L, INFINITY * 1.0L, 0x1p63L, 0x1p63L - 0.5L, -0x1p63L - 1})
     EXPECT_TRUE(raised(RoundMath, bad) == u"RoundMath" && raised(RoundTrade, bad) == u"RoundTrad") << bad;
-  }
   EXPECT_TRUE(RoundHalf(1.25L) == 1.5L && RoundHalf(-1.25L) == -1.5L && RoundExtended(0.125L, 2, true) == 0.13L);
   EXPECT_TRUE(RoundExtended(-1500, -3, true) == -2000 && RoundExtended(0.125L, 2, false) == 0.12L);
   struct { int64_t Units; int Places; int64_t Rounded; } amounts[] = {{10050, 2, 10100}, {-10050, 2, -10100},
@@ -93,12 +85,8 @@ TEST(Numbers, ReadersGiveTheirDefaultOrRepair) {
       {55000, {ctsAutoDigits, ctsNullAsNull}, 2, u"5,50"}, {12345678, {ctsThousendDivider}, -2, u"1.200"},
       {12345678, {ctsSign}, 2, u"1234,57 €"}, {-12345678, {ctsThousendDivider, ctsSign}, 3, u"-1.234,568 €"}};
   for (auto& c : texts) EXPECT_EQ(VxCurrToStr(Currency::FromUnits(c.Units), c.Options, c.Digits), c.Text) << c.Units;
-  TFormatSettings english;
-  english.DecimalSeparator = u'.';
-  english.ThousandSeparator = 0;
-  TFormatSettingsScope scope(english);
+  TFormatSettingsScope scope({.DecimalSeparator = u'.', .ThousandSeparator = 0});
   EXPECT_TRUE(StrToCurrDef(u"1.5", 7).Units == 15000 && StrToCurrHeavy(u"1.5", 7) == 15) << "points go here, too";
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,13 +1,11 @@
 #include "core/uVxFunctions.h"
 
-#include <gtest/gtest.h>
-
 #include "objects/uVxClasses.h"
-#include "platform/Text.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 TEST(Strings, ChangeOnlyWhatHasToAndShareTheRest) {
   for (const String result : {u"", u"ab", u"abc", u"abc  "}) {
@@ -82,4 +80,3 @@ TEST(Finding, ComparesFoldedLowBytesAndStopsAtTheEnd) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,17 +1,11 @@
 #include "core/uVxFunctionsTime.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
 #include "objects/uVxClasses.h"
-#include "platform/Clock.h"
-#include "platform/FormatSettings.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 constexpr double kMSec = 1.0 / 86400000;
 TDateTime Time(int Hour, int Minute, int Second = 0, int MSec = 0) { return VxEncodeTime(Hour, Minute, Second, MSec); }
@@ -83,9 +77,8 @@ TEST(TimeText, ReadsDatesTimesAndHours) {
       {u"1.2.15", 150201, 150201}, {u"29.02.2015", 0, 0}, {u"4294967297.2.2015", 0, 0}, {u"01.02.2015 ", 0, 0},
       {u"01.00.2015", 0, 0}, {u"00.02.2015", 0, 20150201}, {u"00.00.2015", 0, 20150101}, {u"0.02.2015", 0, 0},
       {u"00.000.2015", 0, 20151001}, {u"00000000001.2.2015", 20150201, 20150201}, {u"1.2", 0, 0}};
-  for (auto& c : dates) {
+  for (auto& c : dates)
     EXPECT_TRUE(VxStrToDate(c.Text) == Day(c.Date) && VxStrToDateProtected(c.Text) == Day(c.Protected)) << c.Date;
-  }
   const TDateTime day = Day(20150211);
   struct { String Text; TDateTime Value; } moments[] = {{u"", 0}, {u"0.0.0", 0}, {u"11.02.2015 ", day},
       {u"11-02/2015T06:30", day + Time(6, 30)}, {u"0.0.0 06:30:15,250.99", Time(6, 30, 15, 250)},
@@ -195,8 +188,7 @@ TEST(Periods, Overlap) {
     EXPECT_EQ(OverlappingTime(c.B1, c.B2, c.A1, c.A2), c.Overlaps) << c.A2 << ' ' << c.B1;
     EXPECT_NEAR(GetOverlappingTime(c.A1, c.A2, c.B1, c.B2), c.Length, 1e-15);
   }
-  TFixedTimeZone zone(120);
-  TTimeZoneScope scope(zone);
+  test::TZoneAt zone(120);
   EXPECT_EQ(UtcTOLocalDateTime(41000.75), 41000.75 + 2 / 24.0);
 }
 
@@ -213,4 +205,3 @@ TEST(Values, OutOfRangeAreHarmless) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,20 +1,17 @@
 #include "core/uVxFunctions.h"
 
-#include <gtest/gtest.h>
-
 #include "core/uConstHex.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
 
+using namespace vx;
+
 TEST(Quoting, QuotesWhatHoldsASpaceQuoteOrComma) {
-  struct { String Plain, Quoted; } cases[] = {
-      {u"", u""}, {u"abc", u"abc"}, {u"Max Meier", u"\"Max Meier\""}, {u"a,b", u"\"a,b\""}, {u"\"", u"\"\"\"\""},
-      {u"a\"\"b\"", u"\"a\"\"\"\"b\"\"\""}, {u"a\tb\r\n", u"a\tb\r\n"}};
-  for (const auto& c : cases) {
+  struct { String Plain, Quoted; } cases[] = {{u"", u""}, {u"abc", u"abc"}, {u"Max Meier", u"\"Max Meier\""},
+      {u"a,b", u"\"a,b\""}, {u"\"", u"\"\"\"\""}, {u"a\"\"b\"", u"\"a\"\"\"\"b\"\"\""}, {u"a\tb\r\n", u"a\tb\r\n"}};
+  for (const auto& c : cases)
     EXPECT_TRUE(VxStrToQuoted(c.Plain) == c.Quoted && VxQuotedToStr(c.Quoted) == c.Plain) << c.Quoted.ToUtf8();
-  }
   EXPECT_EQ(VxQuotedToStr(u"\"ab") + VxQuotedToStr(u"\""), u"a") << "the last unit goes without a look";
 }
 
@@ -29,4 +26,3 @@ TEST(HexTables, HoldTheDigits) {
 }
 
 }  // namespace
-}  // namespace vx

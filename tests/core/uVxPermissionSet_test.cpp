@@ -1,11 +1,10 @@
 #include "core/uVxPermissionSet.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Test.h"
 
-#include "tests/support/Print.h"
-
-namespace vx {
 namespace {
+
+using namespace vx;
 
 TEST(Permissions, TextsAndNumbers) {
   struct { String Text; int Number; TVxPermissionPart Part, Back; } parts[] = {{u"Schreiben", 2, ppWrite, ppWrite},
@@ -32,4 +31,3 @@ TEST(Permissions, TextsAndNumbers) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,15 +1,7 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
 #include <bit>
-#include <cmath>
-#include <random>
 
 #include "objects/uVxClasses.h"
-#include "platform/Dialogs.h"
-#include "platform/Numbers.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -47,11 +39,10 @@ TEST(IntegerLists, ChangeByIndexOrRaise) {
   EXPECT_TRUE(list.GetCount() == 12 && list.First() == -2 && list.Last() == 9 && list.Extract(9) == 5);
   list.Put(0, INT32_MAX), list.Sort();
   EXPECT_TRUE(std::ranges::is_sorted(list.Items()));
-  void (*runs[])(TVxIntegerList&, int) = {
-      [](auto& l, int i) { l.Get(i); }, [](auto& l, int i) { l.Put(i, 1); }, [](auto& l, int i) { l.Delete(i); },
-      [](auto& l, int i) { l.Exchange(i, 0); }, [](auto& l, int i) { l.Exchange(0, i); },
-      [](auto& l, int i) { l.Move(i, 0); }, [](auto& l, int i) { l.Move(0, i); },
-      [](auto& l, int i) { l.Insert(i == l.GetCount() ? i + 1 : i, 1); }};
+  void (*runs[])(TVxIntegerList&, int) = {[](auto& l, int i) { l.Get(i); }, [](auto& l, int i) { l.Put(i, 1); },
+      [](auto& l, int i) { l.Delete(i); }, [](auto& l, int i) { l.Exchange(i, 0); },
+      [](auto& l, int i) { l.Exchange(0, i); }, [](auto& l, int i) { l.Move(i, 0); },
+      [](auto& l, int i) { l.Move(0, i); }, [](auto& l, int i) { l.Insert(i == l.GetCount() ? i + 1 : i, 1); }};
   for (int index : {-1, 2, INT32_MIN, INT32_MAX, 0}) {
     list.SetCount(index == 0 ? 0 : 2);
     for (auto run : runs) EXPECT_NE(test::RaisedBy<EListError>([&] { run(list, index); }), u"") << index;

@@ -1,15 +1,5 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <functional>
-#include <random>
-#include <set>
-
 #include "objects/uVxObjects.h"
-#include "platform/Dialogs.h"
-#include "platform/Exceptions.h"
-#include "platform/Numbers.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -224,9 +214,8 @@ TEST(ObjectList, HoldsManyObjectsInOrder) {
     adds ? list.Insert(place, &objects[i]) : list.Delete(place);
     adds ? expected.insert(expected.begin() + place, &objects[i]) : expected.erase(expected.begin() + place);
     if (i % 12000 == 0) list.SetCapacity(i == 24000 ? 5000000 : list.GetCount());  // for many, blocks are larger
-    for (int k = i % 6000 && i != 47999 ? list.GetCount() : 0; k < list.GetCount(); ++k) {
+    for (int k = i % 6000 && i != 47999 ? list.GetCount() : 0; k < list.GetCount(); ++k)
       ASSERT_EQ(list.GetItem(k), expected[static_cast<size_t>(k)]) << i;
-    }
   }
 }
 
@@ -240,8 +229,7 @@ TEST(ObjectLists, AddManyInAnyOrderAsOneByOne) {
   for (int i = 1; i < 20000; ++i) ASSERT_LT(key(i - 1), key(i));
   sorted.Compared = 0, notes[0].SetId(999);
   EXPECT_TRUE(sorted.Add(notes.data()) == 20000 && sorted.Compared == 1) << "one comparison at the end";
-  plain.ItemsAdd(source), plain.ItemsAdd(source);
-  EXPECT_TRUE(plain.GetCount() == 20000 && plain.Last() == source.Last());
+  plain.ItemsAdd(source);
   EXPECT_EQ(source.ItemsXOR(plain)->GetCount(), 0);
   source.ItemsAdd(source), source.ItemsSubtract(plain);
   EXPECT_TRUE(source.GetCount() == 20000 && source.Last() == plain.Last()) << "one for one";
@@ -265,6 +253,7 @@ TEST(ObjectLists, BulkGivesWhatOneByOneGives) {
     for (int i = round * 7; i > 0; --i) first.push_back(&notes[random() % 400]);
     for (int i = 60 + round * 9; i > 0; --i) source.Add(random() % 40 == 0 ? nullptr : &notes[random() % 400]);
     ExpectBulkAsOneByOne<TVxDataIdList>(first, source);
+    ExpectBulkAsOneByOne<TVxObjectListU>(first, source);
     ExpectBulkAsOneByOne<TVxObjectListSortU>(first, source);
     ExpectBulkAsOneByOne<TVxObjectListSortD>(first, source);
     ids.ItemsAdd(source), copies.ItemsAdd(source);

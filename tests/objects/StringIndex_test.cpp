@@ -1,22 +1,13 @@
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <map>
-#include <random>
-#include <set>
-
 #include "objects/uVxClasses/TArrayStrStr.h"
 #include "objects/uVxClasses/TPop.h"
 #include "objects/uVxClasses/TVxStringIndex.h"
 #include "objects/uVxClasses/TVxStringTree.h"
 #include "objects/uVxClasses/TvxDateRange.h"
-#include "platform/Exceptions.h"
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/TempDir.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 constexpr TVxStringIndexOptions kOwns{vxioOwnsObjects}, kOwnsAnyCase{vxioOwnsObjects, vxioNotCaseSensitive};
 
@@ -231,4 +222,3 @@ TEST(Pop, FailsOnceAndForAll) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,10 +1,8 @@
 #include "objects/uVxClasses/TVxString.h"
 
-#include <gtest/gtest.h>
-
 #include "objects/uVxClasses.h"
 #include "platform/Calendar.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
 namespace {
 

@@ -1,15 +1,11 @@
 #include "objects/uVxClasses/TextForms.h"
 
-#include <gtest/gtest.h>
-
-#include <algorithm>
-#include <random>
-
 #include "objects/uVxClasses.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 using std::u16string_view;
 using namespace std::string_view_literals;
@@ -28,10 +24,14 @@ struct TForm {
 bool Has(const TCells& Cells, u16string_view Units) {
   return std::ranges::any_of(Cells, [&](const String& c) { return c.view().find_first_of(Units) != Units.npos; });
 }
-bool HasEmpty(const TCells& Cells) {
-  return std::ranges::any_of(Cells, [](const String& c) { return c.empty(); });
-}
 bool NoZero(const TCells& Cells) { return !Has(Cells, u"\0"sv); }
+bool NoEmptyAndZero(const TCells& Cells) {
+  return NoZero(Cells) && (Cells.size() == 1 || std::ranges::find(Cells, u"") == Cells.end());
+}
+bool NoLineFeed(const TCells& Cells) { return Cells != TCells{u""} && !Has(Cells, u"\n"); }
+bool NoBlankInFront(const TCells& Cells) {
+  return !Has(Cells, u"\x1B\0"sv) && std::ranges::none_of(Cells, [](const String& c) { return c[0] <= 32; });
+}
 template <char16_t kDelimiter, char16_t kQuote>
 String WriteFree(std::span<const String> Cells) { return WriteSerialize(Cells, kDelimiter, kQuote); }
 template <char16_t kDelimiter, char16_t kQuote>
@@ -45,16 +45,9 @@ const TForm kForms[] = {
      &TList::GetOffsettext},
     {"intelli", WriteIntellitext, ReadIntellitext, NoZero, u"°°", &TList::SetIntellitext, &TList::GetIntellitext},
     {"serial ;'", WriteFree<u';', u'\''>, ReadFree<u';', u'\''>, NoZero, u"''"},
-    {"serial tab", WriteFree<u'\t', u'"'>, ReadFree<u'\t', u'"'>,
-     [](const TCells& Cells) { return NoZero(Cells) && (Cells.size() == 1 || !HasEmpty(Cells)); }, u"\"\""},
-    {"cell", WriteCellText, ReadCellText,
-     [](const TCells& Cells) { return Cells != TCells{u""} && !Has(Cells, u"\n"); }, u"", &TList::SetCellText,
-     &TList::GetCellText},
-    {"csv", WriteCsv, ReadCsv,
-     [](const TCells& Cells) {
-       return !Has(Cells, u"\x1B\0"sv) && std::ranges::none_of(Cells, [](const String& c) { return c[0] <= 32; });
-     },
-     u"\x1B", &TList::SetCsv, &TList::GetCsv}};
+    {"serial tab", WriteFree<u'\t', u'"'>, ReadFree<u'\t', u'"'>, NoEmptyAndZero, u"\"\""},
+    {"cell", WriteCellText, ReadCellText, NoLineFeed, u"", &TList::SetCellText, &TList::GetCellText},
+    {"csv", WriteCsv, ReadCsv, NoBlankInFront, u"\x1B", &TList::SetCsv, &TList::GetCsv}};
 
 constexpr u16string_view kNasty = u"ab1F,;|\u00B0\"' \t\r\n\x1B\0\u0100\u2022\xD83D"sv;
 
@@ -125,11 +118,7 @@ TEST(TextForms, OfTheListsAndOfNoCellAndOneEmptyCell) {
   }
 }
 
-struct TCase {
-  int Form;
-  String Text;
-  TCells Cells;
-};
+struct TCase { int Form; String Text; TCells Cells; };
 
 TEST(TextForms, Writing) {
   const String y(256, u'y'), z(4096, u'z'), odd(0xA0B, u'z');
@@ -160,9 +149,8 @@ TEST(TextForms, Reading) {
       {3, u"abc|d°e", {u"e"}},  // no form of this system's own: read as an offsettext
       {6, u"a\r\n\nb\n", {u"a\r", u"", u"b", u""}}, {7, u" \ra \x1B\x1B \x1B\tb", {u"a ", u"b"}},
       {7, u"a\x1B\0b"sv, {u"a"}}};
-  for (const auto& c : cases) {
+  for (const auto& c : cases)
     EXPECT_EQ(kForms[c.Form].Read(c.Text), c.Cells) << kForms[c.Form].Name << ": " << c.Text.ToUtf8();
-  }
 }
 
 TEST(TextForms, IntellitextDecidesByTheMiddleCellAndASample) {
@@ -172,9 +160,8 @@ TEST(TextForms, IntellitextDecidesByTheMiddleCellAndASample) {
   const std::pair<TCells, bool> cases[] = {
       {{u"a", u"°b", u"c"}, true}, {{u"a", u"b", u"°c"}, false}, {{u"a", u"°"}, true}, {few, false}, {many, true},
       {{String(250, u'x'), String(250, u'x')}, false}, {{String(250, u'x'), String(251, u'x')}, true}};
-  for (const auto& [cells, isOffset] : cases) {
+  for (const auto& [cells, isOffset] : cases)
     EXPECT_EQ(WriteIntellitext(cells), isOffset ? WriteOffsettext(cells) : WriteLighttext(cells)) << cells[1].ToUtf8();
-  }
 }
 
 TEST(TextForms, Parts) {
@@ -188,4 +175,3 @@ TEST(TextForms, Parts) {
 }
 
 }  // namespace
-}  // namespace vx

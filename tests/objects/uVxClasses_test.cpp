@@ -1,23 +1,13 @@
 #include "objects/uVxClasses.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Test.h"
 
-#include <algorithm>
-#include <set>
-
-#include "platform/CodePage.h"
-#include "platform/Files.h"
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
-#include "tests/support/TempDir.h"
-
-namespace vx {
 namespace {
 
+using namespace vx;
+
 TEST(Lists, RaiseTheListErrorsWithTheirTexts) {
-  void (*runs[])(TTextList&, int) = {
-      [](TTextList& l, int i) { l.Get(i); }, [](TTextList& l, int i) { l.Put(i, u"x"); },
+  void (*runs[])(TTextList&, int) = {[](TTextList& l, int i) { l.Get(i); }, [](TTextList& l, int i) { l.Put(i, u"x"); },
       [](TTextList& l, int i) { l.GetObject(i); }, [](TTextList& l, int i) { l.PutObject(i, nullptr); },
       [](TTextList& l, int i) { l.Delete(i); }, [](TTextList& l, int i) { l.Insert(i == 2 ? 3 : i, u"x"); },
       [](TTextList& l, int i) { l.Exchange(0, i); }, [](TTextList& l, int i) { l.Exchange(i, 0); }};
@@ -27,9 +17,8 @@ TEST(Lists, RaiseTheListErrorsWithTheirTexts) {
     auto error = [](auto run) { return test::RaisedBy<EStringListError>(run); };
     each->AddStrings(u"b,a");
     for (int index : {-1, 2, INT32_MIN, INT32_MAX}) {
-      for (auto run : runs) {
+      for (auto run : runs)
         EXPECT_TRUE(error([&] { run(*each, index); }).view().starts_with(u"List index out of bounds (")) << index;
-      }
     }
     EXPECT_EQ(error([&] { each->Get(2); }), u"List index out of bounds (2)");
     EXPECT_EQ(error([&] { each->SetCapacity(1); }), u"List capacity out of bounds (1)");
@@ -58,12 +47,9 @@ TEST(Lists, SortedOnesTakeTextsInOrder) {
 }
 
 // Writes down when it goes, and how many items the list had then.
-struct TNote : TObject {
-  TNote(std::string& Log, char Name, const TStrings& List) : FLog(Log), FName(Name), FList(List) {}
-  ~TNote() override { (FLog += FName) += std::to_string(FList.GetCount()); }
-  std::string& FLog;
-  char FName;
-  const TStrings& FList;
+struct TNote : test::TProbe {
+  TNote(std::string& Log, char Name, const TStrings& List)
+      : TProbe([&Log, Name, &List] { (Log += Name) += std::to_string(List.GetCount()); }) {}
 };
 
 TEST(Lists, OwnedObjectsGoAfterTheirItems) {
@@ -73,25 +59,18 @@ TEST(Lists, OwnedObjectsGoAfterTheirItems) {
   {
     TVxStringList list(true, false, dupIgnore, false);
     for (char name : {'a', 'b', 'c', 'd'}) list.AddObject(u"x", new TNote(log, name, list));
-    list.Delete(1);
-    list.Add(u"without");
-    list.Clear();
-    EXPECT_EQ(log, "b3a0c0d0");
-    EXPECT_EQ(list.GetCapacity(), 0);
+    list.Delete(1), list.Add(u"without"), list.Clear();
+    EXPECT_TRUE(log == "b3a0c0d0" && list.GetCapacity() == 0) << log;
     list.AddObject(u"x", new TNote(log, 'e', keeper));
     delete list.GetObject(0);
-    list.PutObject(0, new TNote(log, 'f', keeper));
-    list.SetSorted(true);
+    list.PutObject(0, new TNote(log, 'f', keeper)), list.SetSorted(true);
     EXPECT_EQ(list.AddObject(u"X", new TNote(log, 'g', keeper)), 0);
     EXPECT_EQ(log, "b3a0c0d0e0g0");
-    keeper.AddObject(u"x", &kept);
-    keeper.SetSorted(true);
-    keeper.AddObject(u"x", &kept);
+    keeper.AddObject(u"x", &kept), keeper.SetSorted(true), keeper.AddObject(u"x", &kept);
     TOldStringList old;
     old.Assign(keeper);
     EXPECT_EQ(old.GetObject(0), &kept);
-    old.Delete(0);
-    keeper.Clear();
+    old.Delete(0), keeper.Clear();
   }
   EXPECT_EQ(log, "b3a0c0d0e0g0f0");
 }
@@ -107,12 +86,8 @@ TEST(Lists, MoveInsertAndExchangeTakeObjectsAlong) {
   TObject a, b;
   TObject* objects[] = {&b};
   TVxStringList list;
-  list.AddStrings(u"a,b,c");
-  list.PutObject(0, &a);
-  list.InsertObject(1, u"x", &b);
-  list.Move(0, 3);
-  list.Exchange(0, 1);
-  list.AddStrings(TCells{u"y", u"z"}, objects);
+  list.AddStrings(u"a,b,c"), list.PutObject(0, &a), list.InsertObject(1, u"x", &b);
+  list.Move(0, 3), list.Exchange(0, 1), list.AddStrings(TCells{u"y", u"z"}, objects);
   EXPECT_EQ(list.GetCommatext(), u"b,x,c,a,y,z");
   TObject* expected[] = {nullptr, &b, nullptr, &a, &b, nullptr};
   for (int i = 0; i < 6; ++i) EXPECT_EQ(list.GetObject(i), expected[i]) << i;
@@ -124,13 +99,11 @@ TEST(Lists, MoveInsertAndExchangeTakeObjectsAlong) {
 TEST(Lists, SortAsTheHoarePartitionDoes) {
   // By the first letter alone, so that the order of equal ones shows the steps of the sort.
   auto byLetter = [](const TTextList& List, int A, int B) { return List.Items()[A][0] - List.Items()[B][0]; };
-  struct { const char16_t *Before, *After; } cases[] = {
-      {u"a1,a2,a3", u"a3,a2,a1"}, {u"b1,a1,b2,a2", u"a2,a1,b1,b2"},
+  struct { const char16_t *Before, *After; } cases[] = {{u"a1,a2,a3", u"a3,a2,a1"}, {u"b1,a1,b2,a2", u"a2,a1,b1,b2"},
       {u"b1,b2,a1,b3,a2,b4,a3,c1,b5,a4", u"a2,a3,a4,a1,b5,b1,b2,b3,b4,c1"}};
   for (const auto& c : cases) {
     TVxStringList list;
-    list.SetCommatext(c.Before);
-    list.CustomSort(byLetter);
+    list.SetCommatext(c.Before), list.CustomSort(byLetter);
     EXPECT_EQ(list.GetCommatext(), c.After);
     list.SetSorted(true);
     String sorted = list.GetCommatext();
@@ -139,21 +112,16 @@ TEST(Lists, SortAsTheHoarePartitionDoes) {
   }
   TOldStringList old;
   old.SetCommatext(u"b,c,a,e,d");
-  old.Sort();
-  EXPECT_EQ(old.GetCommatext(), u"a,b,c,d,e");
+  EXPECT_EQ((old.Sort(), old.GetCommatext()), u"a,b,c,d,e");
 }
 
 TEST(Lists, MinusAssignAndEquals) {
   TObject object;
   TVxStringList list, minus, source(false, false, dupError, true);
-  list.SetCommatext(u"a,b,A,c,b,a");
-  minus.SetCommatext(u"A,b,x,b");
-  list.Minus(minus);
-  EXPECT_EQ(list.GetCommatext(), u"A,c,a");
-  source.SetCommatext(u"b,a");
-  source.PutObject(1, &object);
-  list.SetOwnsObjects(false);
-  list.Assign(source);
+  list.SetCommatext(u"a,b,A,c,b,a"), minus.SetCommatext(u"A,b,x,b");
+  EXPECT_EQ((list.Minus(minus), list.GetCommatext()), u"A,c,a");
+  source.SetCommatext(u"b,a"), source.PutObject(1, &object);
+  list.SetOwnsObjects(false), list.Assign(source);
   EXPECT_TRUE(list.GetCaseSensitive() && list.GetDuplicates() == dupError);
   EXPECT_TRUE(list.EqualsAll(source) && list.EqualsObjects(source));
   auto copy = source.Duplicate();
@@ -174,8 +142,7 @@ TEST(PairLists, KeepThePairsBesideTheirKeys) {
   TObject a, b;
   TVxStringPairList list;
   auto text = [](TVxStringPairList& List) { return List.GetCommatext() + u"/" + List.GetList().GetCommatext(); };
-  EXPECT_EQ(list.AddPair(u"m", u"1"), 0);
-  EXPECT_EQ(list.AddPair(u"k", u"2", &a, &b), 0);
+  EXPECT_EQ(list.AddPair(u"m", u"1") + list.AddPair(u"k", u"2", &a, &b), 0);
   EXPECT_EQ(list.AddPair(u"M", u"3"), 1);  // the last pair wins
   list.Add(u"l");
   EXPECT_EQ(text(list), u"k,l,m/2,,3");
@@ -185,24 +152,18 @@ TEST(PairLists, KeepThePairsBesideTheirKeys) {
   auto copy = list.Duplicate();
   auto& pairs = static_cast<TVxStringPairList&>(*copy);
   EXPECT_TRUE(copy->EqualsAll(list) && copy->EqualsObjects(list) && copy->GetSorted());
-  pairs.SetPairs(1, u"x");
-  pairs.SetPairObjects(1, &a);
+  pairs.SetPairs(1, u"x"), pairs.SetPairObjects(1, &a);
   EXPECT_FALSE(copy->EqualsAll(list) || copy->EqualsObjects(list));
-  list.SetSorted(false);
-  list.Exchange(0, 2);
-  list.Move(0, 2);
+  list.SetSorted(false), list.Exchange(0, 2), list.Move(0, 2);
   EXPECT_EQ(text(list), u"l,k,m/,2,3");
-  list.Insert(1, u"L");
-  list.AddStrings(*copy);
+  list.Insert(1, u"L"), list.AddStrings(*copy);
   EXPECT_EQ(text(list), u"l,L,k,m,k,l,m/,,2,3,2,x,3");
-  EXPECT_EQ(list.Remove(u"L"), 3);
-  EXPECT_EQ(list.Remove(u"L"), -1);
+  EXPECT_TRUE(list.Remove(u"L") == 3 && list.Remove(u"L") == -1);
   EXPECT_EQ(text(list), u"k,m,k,m/2,3,2,3");
   list.Exchange(0, 1);
   list.Sort();  // of the keys alone
   EXPECT_EQ(list.GetList().GetCommatext(), u"3,2,2,3");
-  list.Clear();
-  EXPECT_EQ(list.PairCount(), 0);
+  EXPECT_EQ((list.Clear(), list.PairCount()), 0);
 }
 
 template <typename TList>
@@ -226,16 +187,14 @@ TYPED_TEST(Files, LinesOfAFile) {
   for (const auto& c : cases) {
     test::PutText(path, c.Bytes);
     TypeParam list;
-    list.Add(u"gone");
-    list.LoadFromFile(path);
+    list.Add(u"gone"), list.LoadFromFile(path);
     EXPECT_TRUE(std::ranges::equal(list.Items(), c.Lines)) << c.Bytes.size();
     EXPECT_EQ(list.GetUpdateCount(), 0);
     list.SaveToFile(path);
     EXPECT_EQ(static_cast<size_t>(list.GetSaveToSize()), test::GetText(path).size());
   }
   TypeParam list;
-  list.SetCommatext(u"€,\"a\u0100\",");
-  list.SaveToFile(path);
+  list.SetCommatext(u"€,\"a\u0100\","), list.SaveToFile(path);
   EXPECT_EQ(test::GetText(path), "\x80\r\na?\r\n\r\n");
   EXPECT_THROW(list.LoadFromFile(dir.Path("none.txt")), EFOpenError);
   EXPECT_EQ(list.GetCount(), 0);
@@ -247,8 +206,7 @@ TYPED_TEST(Files, SaveToFileAddAtBothEnds) {
   String path = dir.Path("a.txt");
   TypeParam list;
   for (auto [cells, front] : {std::pair{u"a,b", true}, {u"c", false}, {u"d,ee,fff,gggg,hhhhh", true}, {u"", true}}) {
-    list.SetCommatext(cells);
-    list.SaveToFileAdd(path, front);
+    list.SetCommatext(cells), list.SaveToFileAdd(path, front);
   }
   EXPECT_EQ(test::GetText(path), "d\r\nee\r\nfff\r\ngggg\r\nhhhhh\r\na\r\nb\r\nc\r\n");
   test::PutText(path, "");
@@ -263,4 +221,3 @@ TYPED_TEST(Files, SaveToFileAddAtBothEnds) {
 }
 
 }  // namespace
-}  // namespace vx

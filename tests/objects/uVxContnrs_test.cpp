@@ -1,18 +1,13 @@
 #include "objects/uVxContnrs.h"
 
-#include <gtest/gtest.h>
-
 #include <atomic>
-#include <map>
-#include <random>
 #include <thread>
 
-#include "platform/Dialogs.h"
-#include "platform/Exceptions.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 char pool[128];
 void* P(char name) { return &pool[static_cast<int>(name)]; }
@@ -20,10 +15,9 @@ void* P(char name) { return &pool[static_cast<int>(name)]; }
 TEST(TVxChainList, CacheFollowsTheWork) {
   // g<i> Get, d<i> Delete, i<i><c> Insert, f<c> IndexOf, r<c> Remove, < and > pop, c Clear
   const struct { const char* Script; const char* Items; int Cached; } cases[] = {
-      {"", "abcdefghij", -1}, {"g3g10g-1", "abcdefghij", 3},
-      {"i3x", "abcxdefghij", 3}, {"i0x", "xabcdefghij", -1}, {"g2i0x", "xabcdefghij", 3},
-      {"g2i99x", "abcdefghijx", 2}, {"g2i10x", "abcdefghijx", 2}, {"g4i-5xd-1d11", "xabcdefghij", 5},
-      {"g4d4", "abcdfghij", 4}, {"g9d9", "abcdefghi", 8}, {"d2", "abdefghij", 2},
+      {"", "abcdefghij", -1}, {"g3g10g-1", "abcdefghij", 3}, {"i3x", "abcxdefghij", 3}, {"i0x", "xabcdefghij", -1},
+      {"g2i0x", "xabcdefghij", 3}, {"g2i99x", "abcdefghijx", 2}, {"g2i10x", "abcdefghijx", 2},
+      {"g4i-5xd-1d11", "xabcdefghij", 5}, {"g4d4", "abcdfghij", 4}, {"g9d9", "abcdefghi", 8}, {"d2", "abdefghij", 2},
       {"g4<", "bcdefghij", 3}, {"g4>", "abcdefghi", 4}, {"g0<", "bcdefghij", 0}, {"g9>", "abcdefghi", 8},
       {"g4fd", "abcdefghij", 4}, {"g4ff", "abcdefghij", 4}, {"g4fa", "abcdefghij", 0}, {"g4fz", "abcdefghij", 4},
       {"g4ra", "bcdefghij", 0}, {"g4rf", "abcdeghij", 4}, {"g4rd", "abcefghij", 3}, {"g4rz", "abcdefghij", 4},
@@ -73,10 +67,8 @@ TEST(TVxThreadList, ThreadsShareIt) {
   EXPECT_TRUE(std::all_of(taken.begin(), taken.end(), [](int times) { return times == 1; }) && list.GetCount() == 0);
 }
 
-struct TProbe : TObject {
-  TProbe(std::string& l, char c, std::function<void()> atEnd = [] {}) : FAtEnd([&l, c, atEnd] { l += c, atEnd(); }) {}
-  ~TProbe() override { FAtEnd(); }
-  std::function<void()> FAtEnd;
+struct TProbe : test::TProbe {
+  TProbe(std::string& l, char c, std::function<void()> f = [] {}) : test::TProbe([&l, c, f] { l += c, f(); }) {}
 };
 
 TEST(TVxThreadList, FreesOnlyWhatItIsToldTo) {
@@ -175,4 +167,3 @@ TEST(TVxObjectListSimpleSort, KeepsTheOrderOfItsNumbers) {
 }
 
 }  // namespace
-}  // namespace vx

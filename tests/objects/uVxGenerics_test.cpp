@@ -1,17 +1,12 @@
 #include "objects/uVxGenerics.h"
 
-#include <gtest/gtest.h>
-
-#include <random>
-
 #include "objects/uSingleton.h"
 #include "objects/uVxDataSerialize.h"
-#include "platform/Dialogs.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 struct TCard { int Key, Arrival; friend bool operator==(const TCard&, const TCard&) = default; };
 int ByKey(const TCard& a, const TCard& b) { return CompareValues(a.Key, b.Key); }
@@ -159,4 +154,3 @@ TEST(TSerialData, TravelsInItsForm) {
 }
 
 }  // namespace
-}  // namespace vx

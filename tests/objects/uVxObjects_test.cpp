@@ -1,13 +1,7 @@
 #include "objects/uVxObjects.h"
 
-#include <gtest/gtest.h>
-
-#include <stdexcept>
-
 #include "objects/uVxClasses.h"
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/TempDir.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -83,9 +77,8 @@ TEST(VxClass, CaptionsFollowTheCase) {
   const char16_t* const captions[2][6] = {
       {u"Objekt", u"das Objekt", u"des Objektes", u"dem Objekt", u"das Objekt", u"Objekt"},
       {u"Objekte", u"die Objekte", u"der Objekte", u"den Objekten", u"die Objekte", u"Objekte"}};
-  for (int i = -2, fall = -1; i < 20; fall = ++i / 2) {
+  for (int i = -2, fall = -1; i < 20; fall = ++i / 2)
     EXPECT_EQ(TVxObject::Class().ClassCaption(i % 2, fall), captions[i % 2 != 0][std::clamp(fall, 0, 5)]) << fall;
-  }
   EXPECT_EQ(TVxObject::ClassCaption(TBare::Class(), true, 5), u"Person") << "the override is asked for 0";
 }
 
@@ -115,15 +108,13 @@ TEST(DataHeads, AreMadeOnceWithTheAncestorsInside) {
 
 TEST(CallPath, LeadsToAField) {
   String tail = u"a|b|c", head;
-  for (auto want : {u"a,b|c", u"b,c", u"c,", u","}) {
+  for (auto want : {u"a,b|c", u"b,c", u"c,", u","})
     EXPECT_EQ((GetSearchString(tail, tail, head), head + u"," + tail), want);
-  }
   const TVxClass *self = &TPerson::Class(), *sub = &TNurse::Class();
-  const struct { const TVxClass* Class; const char16_t *Call, *Type; } types[] = {
-      {nullptr, u"Name", u"vftString"}, {self, u"", u"vftString"}, {self, u"Nichts|Geburt", u"vftDate"},
-      {self, u"Kinder|[3]|Geburt", u"vftDate"}, {self, u"Kinder|[3]", u"TPerson"}, {sub, u"Lohn|Geburt", u"vftDate"},
-      {self, u"Kinder||Kinder", u"TPerson"}, {self, u"-9001", u"TPerson"}, {sub, u"9001|Lohn", u"TPerson"},
-      {sub, u"Chef|9002", u"TPerson"}};
+  const struct { const TVxClass* Class; const char16_t *Call, *Type; } types[] = {{nullptr, u"Name", u"vftString"},
+      {self, u"", u"vftString"}, {self, u"Nichts|Geburt", u"vftDate"}, {self, u"Kinder|[3]|Geburt", u"vftDate"},
+      {self, u"Kinder|[3]", u"TPerson"}, {sub, u"Lohn|Geburt", u"vftDate"}, {self, u"Kinder||Kinder", u"TPerson"},
+      {self, u"-9001", u"TPerson"}, {sub, u"9001|Lohn", u"TPerson"}, {sub, u"Chef|9002", u"TPerson"}};
   for (const auto& row : types) EXPECT_EQ(getEntryInfo(row.Class, row.Call), row.Type) << String(row.Call).ToUtf8();
   const struct { const char16_t *Call, *Tail; int Position, ListPos; } places[] = {
       {u"Lohn|x|y", u"x|y", 1, -1}, {u"9002", u"", 0, -1}, {u"-9002|", u"", 0, -1}, {u"Name|x", u"x", -1, -1},

@@ -1,16 +1,11 @@
 #include "platform/Calendar.h"
 
-#include <gtest/gtest.h>
-
-#include <cmath>
-
-#include "platform/Clock.h"
 #include "platform/DateText.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 constexpr double kMs = 1.0 / MSecsPerDay;
 constexpr TDateTime kNone = -77777;
@@ -74,12 +69,8 @@ TEST(DateText, Masks) {
   String many;
   for (int i = 0; i < 100000; ++i) many += u"h ";
   EXPECT_EQ(FormatDateTime(many, 0).size(), 200000) << "quadratic time would not end";
-  TFormatSettings settings;
-  settings.DateSeparator = u'-';
-  settings.TimeSeparator = 0;
-  settings.TimeAMString = u"vorm.";
-  settings.ShortDateFormat = u"yyyy/mm/dd";
-  settings.LongTimeFormat = u"h:nn ampm";
+  TFormatSettings settings{.DateSeparator = u'-', .TimeSeparator = 0, .ShortDateFormat = u"yyyy/mm/dd",
+                           .LongTimeFormat = u"h:nn ampm", .TimeAMString = u"vorm."};
   EXPECT_EQ(FormatDateTime(u"c", 42046.25, settings), u"2015-02-11 600 vorm.");
   EXPECT_EQ(DateToStr(42046.25) + TimeToStr(42046.25) + DateTimeToStr(42046), u"11.02.201506:00:0011.02.2015");
   settings.ShortDateFormat = settings.LongDateFormat = settings.LongTimeFormat = u"c ddddd tt";
@@ -87,19 +78,15 @@ TEST(DateText, Masks) {
 }
 
 TEST(DateText, ReadsDatesNearThePresent) {
-  TFixedTimeZone zone(60);
-  TTimeZoneScope zoneScope(zone);
-  TManualClock clock(EncodeDate(2015, 12, 31) + EncodeTime(23, 30, 0, 0));  // 2016 by local time
-  TClockScope clockScope(clock);
+  test::TZoneAt zone(60);
+  test::TClockAt clock(EncodeDate(2015, 12, 31) + EncodeTime(23, 30, 0, 0));  // 2016 by local time
   struct { String Form, Text; int Window, Year, Month, Day; } cases[] = {{u"dd.mm.yyyy", u"29. 2", 50, 2016, 2, 29},
       {u"d.m.y", u"1.1.66", 50, 1966, 1, 1}, {u"d.m.y", u"1.1.65", 50, 2065, 1, 1}, {u"d.m.y", u"1.1.007", 50, 7, 1, 1},
       {u"m/d/yyyy", u"2.11.2015", 50, 2015, 2, 11}, {u"YYYY-mm-dd", u"2015.2.11", 50, 2015, 2, 11},
       {u"yy-m-d", u"2.11", 50, 2016, 2, 11}, {u"d.m.y", u"1.1.99", 0, 2099, 1, 1},
       {u"d.m.y", u"1.1.35", 80, 2035, 1, 1}, {u"d.m.y", u"1.1.14", 1, 2114, 1, 1}};
   for (const auto& c : cases) {
-    TFormatSettings settings;
-    settings.ShortDateFormat = c.Form;
-    settings.TwoDigitYearCenturyWindow = static_cast<uint16_t>(c.Window);
+    TFormatSettings settings{.TwoDigitYearCenturyWindow = static_cast<uint16_t>(c.Window), .ShortDateFormat = c.Form};
     EXPECT_EQ(StrToDate(c.Text, settings), EncodeDate(c.Year, c.Month, c.Day)) << c.Text.ToUtf8() << c.Window;
   }
 }
@@ -125,18 +112,13 @@ TEST(DateText, ReadsDatesAndTimes) {
       u"6:00:00,1000", u"13:00 pm", u"4294967302", u"6:00 p m"}},
       {both, {u"", u"x", u"11.2.2015 24:00", u"31.2.2015 6:00", u"11.2.2015T6:00", u"6:00 11.2.2015"}}};
   TDateTime kept = kNone;
-  for (const auto& c : bad) {
+  for (const auto& c : bad)
     for (const String& text : c.Texts) EXPECT_TRUE(!c.Try(text, kept) && kept == kNone) << text.ToUtf8();
-  }
   EXPECT_EQ(test::RaisedBy<EConvertError>([] { StrToDate(u"31.4.2015"); }), u"'31.4.2015' is not a valid date");
   EXPECT_EQ(test::RaisedBy<EConvertError>([] { StrToTime(u"6:60"); }), u"'6:60' is not a valid time");
   EXPECT_EQ(test::RaisedBy<EConvertError>([] { StrToDateTime(u"x"); }), u"'x' is not a valid date and time");
-  TFormatSettings settings;
-  settings.TimeSeparator = u'h';
-  settings.DecimalSeparator = u'.';
-  settings.TimePMString = u"nachm.";
+  TFormatSettings settings{.DecimalSeparator = u'.', .TimeSeparator = u'h', .TimePMString = u"nachm."};
   EXPECT_NEAR(StrToTime(u"6h00h00.500 NACHM.", settings), 0.75 + 500 * kMs, 1E-12);
 }
 
 }  // namespace
-}  // namespace vx

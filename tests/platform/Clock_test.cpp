@@ -1,16 +1,15 @@
 #include "platform/Clock.h"
 
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/time.h>
 #include <time.h>
 #include <unistd.h>
 
-#include <cmath>
-#include <cstdlib>
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 constexpr double kMs = 1.0 / 86400000.0;
 // The days on which summer time begins and ends in 2026.
@@ -18,18 +17,12 @@ constexpr int kSpring = 46110, kAutumn = 46320;
 constexpr TDateTime At(int Day, int Hour, int Minute = 0) { return Day + (Hour * 60 + Minute) / 1440.0; }
 
 TEST(ClockTest, ManualClockMovesByAdvanceAndSleepOnly) {
-  TFixedTimeZone zone(90);
-  TTimeZoneScope zoneScope(zone);
-  TManualClock clock(46000.5);
-  TClockScope scope(clock);
+  test::TZoneAt zone(90);
+  test::TClockAt clock(46000.5);
   EXPECT_EQ(Now(), 46000.5625);
-  Sleep(100);
-  Sleep(-7);
-  clock.Advance(43200000 - 100);
-  clock.Advance(-5);
-  EXPECT_EQ(GetTickCount(), 43200000);
-  EXPECT_EQ(LocalToUtc(Now()), 46001.0);
-  EXPECT_EQ(clock.GetSleeps(), 2);
+  for (int pause : {100, -7}) Sleep(pause);
+  for (int pause : {43200000 - 100, -5}) clock.Advance(pause);
+  EXPECT_TRUE(GetTickCount() == 43200000 && LocalToUtc(Now()) == 46001 && clock.GetSleeps() == 2);
 }
 
 TEST(ClockTest, SystemClockTellsTheTimeToTheMicrosecond) {
@@ -78,19 +71,16 @@ TEST(TimeZoneTest, SystemZoneFollowsTheRulesOfEachYear) {
   SetSystemZone("XXX-5");
   for (double value : {-657434.0, 0.0, 2958465.9}) EXPECT_EQ(SystemTimeZone().OffsetAtUtc(value), 300) << value;
   for (double value : {-657435.0, 2958466.0, 1e300, -1e300, HUGE_VAL, -HUGE_VAL, std::nan("")}) {
-    EXPECT_EQ(SystemTimeZone().OffsetAtUtc(value), 0) << value;
-    EXPECT_EQ(SystemTimeZone().OffsetAtLocal(value * 1.1), 0) << value;
+    EXPECT_EQ(SystemTimeZone().OffsetAtUtc(value) + SystemTimeZone().OffsetAtLocal(value * 1.1), 0) << value;
   }
   SetSystemZone(nullptr);
   if (access("/usr/share/zoneinfo/Europe/Berlin", R_OK) != 0) GTEST_SKIP() << "no zone data of Europe/Berlin here";
   SetSystemZone("Europe/Berlin");
   CheckCentralEurope2026();
   // No summer time in 1970, double summer time in 1945, local mean time in 1890.
-  EXPECT_EQ(SystemTimeZone().OffsetAtUtc(25750), 60);
-  EXPECT_EQ(SystemTimeZone().OffsetAtUtc(16619), 180);
-  EXPECT_EQ(SystemTimeZone().OffsetAtUtc(-3650), 53);
+  for (auto [day, offset] : {std::pair{25750, 60}, {16619, 180}, {-3650, 53}})
+    EXPECT_EQ(SystemTimeZone().OffsetAtUtc(day), offset);
   SetSystemZone(nullptr);
 }
 
 }  // namespace
-}  // namespace vx

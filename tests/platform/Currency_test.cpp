@@ -1,15 +1,11 @@
 #include "platform/Currency.h"
 
-#include <gtest/gtest.h>
-
-#include <cfloat>
-#include <cmath>
-
-#include "platform/Exceptions.h"
 #include "platform/Rounding.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 constexpr int64_t kMax = INT64_MAX, kRaises = 77777;
 constexpr Currency Units(int64_t Count) { return Currency::FromUnits(Count); }
@@ -41,9 +37,8 @@ TEST(Currency, RoundsToTheEvenUnitAndRaises) {
   struct { Extended Value; int64_t Result; } floats[] = {{0.03125L, 312}, {0.09375L, 938}, {-0.03125L, -312},
       {-0.00006L, -1}, {1E-4900L, 0}, {922337203685477.5807L, kMax}, {-922337203685477.5807L, -kMax}};
   for (const auto& c : floats) EXPECT_EQ(Currency::FromExtended(c.Value).Units, c.Result) << c.Value;
-  for (Extended bad : {922337203685477.5808L, -922337203685477.581L, 1E300L, HUGE_VALL, Extended{NAN}}) {
+  for (Extended bad : {922337203685477.5808L, -922337203685477.581L, 1E300L, HUGE_VALL, Extended{NAN}})
     EXPECT_THROW(Currency::FromExtended(bad), EOverflow) << bad;
-  }
   EXPECT_EQ(Currency::FromExtended(Units(kMax).ToExtended()), Units(kMax));
 }
 
@@ -60,10 +55,8 @@ TEST(Rounding, MidpointsAwayFromZeroAndSameValues) {
   struct { double A, B, Epsilon; bool Same; } pairs[] = {{0.1 + 0.2, 0.3, 0, true}, {1E15, 1E15 + 900, 0, true},
       {1E15, 1E15 + 1100, 0, false}, {0, 9E-13, 0, true}, {0, 1.1E-12, 0, false}, {1, 1.5, 0.5, true},
       {1, 1.51, 0.5, false}, {-1E15, 1E15, 0, false}, {NAN, NAN, 1, false}, {HUGE_VAL, 1E308, 0, false}};
-  for (const auto& c : pairs) {
+  for (const auto& c : pairs)
     EXPECT_TRUE(SameValue(c.A, c.B, c.Epsilon) == c.Same && SameValue(c.B, c.A, c.Epsilon) == c.Same) << c.A << c.B;
-  }
 }
 
 }  // namespace
-}  // namespace vx

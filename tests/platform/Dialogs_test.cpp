@@ -1,33 +1,27 @@
 #include "platform/Dialogs.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cstdlib>
-
-#include "platform/Exceptions.h"
 #include "platform/Graphics.h"
 #include "platform/Shell.h"
-#include "tests/support/FileText.h"
-#include "tests/support/TempDir.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 TEST(DialogsTest, DefaultSinkWritesToStandardErrorAndAnswersOk) {
   testing::internal::CaptureStderr();
   EXPECT_EQ(MessageDlg(u"Löschen?\r\nJa\rNein", mtConfirmation, {mbYes, mbNo}), mrOk);
-  ShowWarning(u"w");
-  ShowMessage(u"");
+  ShowWarning(u"w"), ShowMessage(u"");
   EXPECT_EQ(testing::internal::GetCapturedStderr(), "Confirmation: Löschen?\nJa\rNein\nWarning: w\nMessage: \n");
 }
 
 TEST(DialogsTest, ScriptRecordsAnswersInOrderAndPutsThePreviousBack) {
   TScriptedDialogs dialogs;
-  dialogs.AnswerNext(mrNo);
-  dialogs.AnswerNext(mrAbort);
+  dialogs.AnswerNext(mrNo), dialogs.AnswerNext(mrAbort);
   EXPECT_EQ(MessageDlg(u"a", mtConfirmation, {mbYes, mbNo}), mrNo);
   {
     TScriptedDialogs inner;
@@ -71,36 +65,27 @@ TEST_F(ShellTest, StartsTheOpenerWithTheFileInTheDirectory) {
 }
 
 TEST_F(ShellTest, ReportsWhatCannotBeStarted) {
-  for (const String& file : {String(), FFile + u".missing", FFile + std::u16string_view(u"\0x", 2)}) {
+  for (const String& file : {String(), FFile + u".missing", FFile + std::u16string_view(u"\0x", 2)})
     EXPECT_FALSE(OpenDocument(file, u"")) << file.ToUtf8();
-  }
   EXPECT_FALSE(OpenDocument(FFile, FFile)) << "not a directory";
   setenv("PATH", "/nowhere", 1);
   EXPECT_FALSE(OpenDocument(FFile, u"")) << "no opener";
   SetOpenDocument([](const String& file, const String& directory) { return file == u"D:\\a" && directory == u"D:\\"; });
-  EXPECT_TRUE(OpenDocument(u"D:\\a", u"D:\\"));
-  EXPECT_TRUE(SetOpenDocument({}));
+  EXPECT_TRUE(OpenDocument(u"D:\\a", u"D:\\") && SetOpenDocument({}));
 }
 
 TEST(ColorTest, NamesAndNumbers) {
-  struct { std::u16string_view Text, Written; TColor Color; } cases[] = {
-      {u"CLBLUE", u"clBlue", 0xFF0000}, {u"clMoneyGreen", u"clMoneyGreen", 0xC0DCC0},
-      {u"clNone", u"clNone", 0x1FFFFFFF}, {u"clbtnface", u"clBtnFace", 0xFF00000F},
-      {u"clMenuBar", u"clMenuBar", 0xFF00001E}, {u"$123abc", u"$00123ABC", 0x123ABC},
-      {u"$ff000008", u"clWindowText", 0xFF000008}, {u"$00000000000FF", u"clRed", 0xFF},
-      {u"-16777208", u"clWindowText", 0xFF000008}, {u"4294967295", u"$FFFFFFFF", 0xFFFFFFFF},
-      {u"-2147483648", u"$80000000", 0x80000000}};
-  for (const auto& c : cases) {
+  struct { std::u16string_view Text, Written; TColor Color; } cases[] = {{u"CLBLUE", u"clBlue", 0xFF0000},
+      {u"$123abc", u"$00123ABC", 0x123ABC}, {u"$ff000008", u"clWindowText", 0xFF000008},
+      {u"$00000000000FF", u"clRed", 0xFF}, {u"-16777208", u"clWindowText", 0xFF000008},
+      {u"4294967295", u"$FFFFFFFF", 0xFFFFFFFF}, {u"-2147483648", u"$80000000", 0x80000000}};
+  for (const auto& c : cases)
     EXPECT_TRUE(StringToColor(c.Text) == c.Color && ColorToString(c.Color) == c.Written) << String(c.Text).ToUtf8();
-  }
-  for (uint64_t value = 0; value <= 0xFFFFFFFF; value += value < 0xFEFF0000 || value > 0xFF000100 ? 99991 : 1) {
+  for (uint64_t value = 0; value <= 0xFFFFFFFF; value += value < 0xFEFF0000 || value > 0xFF000100 ? 99991 : 1)
     ASSERT_EQ(StringToColor(ColorToString(static_cast<TColor>(value))), value);
-  }
   for (std::u16string_view text : {u"", u"$", u"-", u"clRe", u"clRedd", u" 1", u"1 ", u"0x1", u"$-1", u"-$1", u"1A",
-                                   u"4294967296", u"-2147483649", u"$100000000", u"cl\u212Aed"}) {
+                                   u"4294967296", u"-2147483649", u"$100000000", u"cl\u212Aed"})
     EXPECT_THROW(StringToColor(text), EConvertError) << String(text).ToUtf8();
-  }
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,32 +1,23 @@
 #include "platform/Files.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <functional>
-#include <limits>
+#include "tests/support/Test.h"
 
-#include "platform/Clock.h"
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
-#include "tests/support/TempDir.h"
-
-namespace vx {
 namespace {
 
-using test::GetText;
-using test::RaisedBy;
+using namespace vx;
+
+using test::GetText, test::RaisedBy;
 
 bool Opens(const String& path, uint32_t mode) {
   return RaisedBy<EStreamError>([&] { TFileStream file(path, mode); }).empty();
 }
 
 bool OpensInOtherProcess(const String& path, uint32_t mode) {
-  pid_t child = ::fork();
+  const pid_t child = ::fork();
   if (child == 0) ::_exit(Opens(path, mode) ? 1 : 0);
   int status = 0;
   EXPECT_EQ(::waitpid(child, &status, 0), child);
@@ -45,12 +36,10 @@ class Files : public testing::Test {
 TEST_F(Files, ShareModesHoldWithinAndBetweenProcesses) {
   struct TMode { uint32_t Mode; bool Reads, Writes, SharesRead, SharesWrite; };
   std::vector<TMode> modes;
-  for (uint32_t access : {fmOpenRead, fmOpenWrite, fmOpenReadWrite, fmCreate}) {
-    for (uint32_t share : {0u, 0u | fmShareExclusive, 0u | fmShareDenyWrite, 0u | fmShareDenyNone}) {
+  for (uint32_t access : {fmOpenRead, fmOpenWrite, fmOpenReadWrite, fmCreate})
+    for (uint32_t share : {0u, 0u | fmShareExclusive, 0u | fmShareDenyWrite, 0u | fmShareDenyNone})
       modes.push_back({access | share, access != fmOpenWrite, access != fmOpenRead, share >= fmShareDenyWrite,
                        share == fmShareDenyNone});
-    }
-  }
   const String path = Make("a", "x");
   for (const TMode& first : modes) {
     TFileStream file(path, first.Mode);
@@ -79,8 +68,7 @@ TEST_F(Files, ReadsAndWritesAtItsPosition) {
   file.SetPosition(7);
   EXPECT_EQ(RaisedBy<EReadError>([&] { file.ReadBuffer(buffer, 4); }),
             u"Cannot read file \"" + path + u"\". The file ends before.");
-  file.SetPosition(12);
-  file.WriteBuffer("xy", 2);
+  file.SetPosition(12), file.WriteBuffer("xy", 2);
   EXPECT_EQ(GetText(path), std::string("0123456789\0\0xy", 14));
   file.SetPosition(-1);
   EXPECT_THROW(file.Read(buffer, 1), EReadError);
@@ -104,13 +92,11 @@ TEST_F(Files, FailuresNameThePathAndTheReason) {
 }
 
 TEST_F(Files, StampsAreLocalAndExactToAMicrosecond) {
-  TFixedTimeZone zone(120);
-  TTimeZoneScope scope(zone);
+  test::TZoneAt zone(120);
   TFileStream file(Make("a", "x"), fmOpenRead);
   for (TDateTime stamp : {46000.5, 46000.123456789, 29221.0, 25568.75}) {
     TFileInfo info;
-    EXPECT_TRUE(file.SetLastWrite(stamp) && GetFileInfo(file.GetPath(), info));
-    EXPECT_EQ(info.LastWrite, stamp);
+    EXPECT_TRUE(file.SetLastWrite(stamp) && GetFileInfo(file.GetPath(), info) && info.LastWrite == stamp) << stamp;
   }
   struct stat info;
   ASSERT_TRUE(file.SetLastWrite(25570) && ::stat(file.GetPath().ToUtf8().c_str(), &info) == 0);
@@ -170,10 +156,8 @@ TEST_F(Files, AFailedCopyLeavesTheOldTarget) {
     TFileStream holder(held, fmOpenReadWrite | fmShareExclusive);
     EXPECT_TRUE(failsWith(EBUSY));
   }
-  EXPECT_EQ(GetText(target), "old");
-  EXPECT_EQ(FindFiles(Dir.Path("*")).size(), 2u);
-  EXPECT_TRUE(FileCopy(source, target));
-  EXPECT_EQ(GetText(target), std::string(700000, 'n'));
+  EXPECT_TRUE(GetText(target) == "old" && FindFiles(Dir.Path("*")).size() == 2);
+  EXPECT_TRUE(FileCopy(source, target) && GetText(target) == std::string(700000, 'n'));
 }
 
 TEST_F(Files, CopiesDirectories) {
@@ -217,4 +201,3 @@ TEST_F(Files, FaultsStrikeWhereTheyAreTold) {
 }
 
 }  // namespace
-}  // namespace vx

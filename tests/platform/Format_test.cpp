@@ -1,12 +1,10 @@
 #include "platform/Format.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Test.h"
 
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
-
-namespace vx {
 namespace {
+
+using namespace vx;
 
 using TValues = std::initializer_list<TFormatArg>;
 
@@ -26,10 +24,7 @@ TEST(Format, PutsValuesInTheirPlaces) {
       {u"%m %.0m %m", {1234.5, 0.5, -2.0}, u"1.234,50 € 1 € -2,00 €"},
       {u"%m %.4n %.4f", {most, most, most}, u"922.337.203.685.477,58 € 922.337.203.685.477,5807 922337203685477,5807"}};
   for (const auto& c : cases) EXPECT_EQ(Format(c.Pattern, c.Values), c.Text) << c.Pattern.ToUtf8();
-  TFormatSettings settings;
-  settings.DecimalSeparator = u'.';
-  settings.CurrencyFormat = 0;
-  settings.CurrencyDecimals = 3;
+  TFormatSettings settings{.DecimalSeparator = u'.', .CurrencyFormat = 0, .CurrencyDecimals = 3};
   EXPECT_EQ(Format(u"%n %m", {234.5, Currency(1)}, settings), u"234.50 €1.000");
 }
 
@@ -43,10 +38,8 @@ TEST(Format, RefusesWrongPlacesAndValues) {
   auto raised = [](const auto& c) { return test::RaisedBy<EConvertError>([&] { Format(c.Pattern, c.Values); }); };
   for (auto& c : faults) EXPECT_EQ(raised(c), u"Format '" + c.Pattern + u"' invalid or incompatible with argument");
   for (auto& c : missing) EXPECT_EQ(raised(c), u"No argument for format '" + c.Pattern + u"'");
-  for (const char16_t* huge : {u"%99999999999:s", u"%4294967296:s", u"%99999999999q", u"%.99999999999q"}) {
+  for (const char16_t* huge : {u"%99999999999:s", u"%4294967296:s", u"%99999999999q", u"%.99999999999q"})
     EXPECT_THROW(Format(huge, {u"a"}), EConvertError) << String(huge).ToUtf8();
-  }
 }
 
 }  // namespace
-}  // namespace vx

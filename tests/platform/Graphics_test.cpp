@@ -1,14 +1,10 @@
 #include "platform/Graphics.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Test.h"
 
-#include <vector>
-
-#include "platform/Text.h"
-#include "tests/support/Print.h"
-
-namespace vx {
 namespace {
+
+using namespace vx;
 
 #define C(name) {u"cl" #name, cl##name}
 const struct { String Name; TColor Color; } kNames[] = {C(Black), C(Maroon), C(Green), C(Olive), C(Navy), C(Purple),
@@ -48,4 +44,3 @@ TEST(Graphics, SystemColorsStandForOthers) {
 }
 
 }  // namespace
-}  // namespace vx

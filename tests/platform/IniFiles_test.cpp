@@ -1,16 +1,10 @@
-#include <gtest/gtest.h>
-
-#include <map>
-#include <random>
-
 #include "platform/CustomIniFile.h"
-#include "platform/Exceptions.h"
 #include "platform/THashedStringList.h"
-#include "platform/Text.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 // Searches of a list against those of a plain one, under random changes of both.
 TEST(HashedStringList, FindsTheFirstWhateverChanges) {
@@ -95,4 +89,3 @@ TEST(CustomIniFile, TypedValuesGoThroughTheirTexts) {
 }
 
 }  // namespace
-}  // namespace vx

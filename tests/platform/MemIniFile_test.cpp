@@ -1,19 +1,13 @@
 #include "platform/MemIniFile.h"
 
-#include <gtest/gtest.h>
-
 #include "objects/uVxClasses.h"
-#include "platform/CodePage.h"
 #include "platform/Encoding.h"
-#include "platform/Files.h"
 #include "platform/IniLine.h"
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
-#include "tests/support/TempDir.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 using namespace std::literals;
 
@@ -44,13 +38,11 @@ TEST(Encoding, DetectsDecodesAndEncodes) {
 }
 
 TEST(IniLine, KindsAndLineEnds) {
-  struct { std::u16string_view Line; TIniLine Said; } cases[] = {
-      {u"", {}}, {u" \t\0"sv, {}}, {u" ;a=b", {}}, {u" [ a b ] ", {ilSection, u"a b", {}}},
-      {u"[]", {ilSection, {}, {}}}, {u"[", {ilPlain, u"[", {}}}, {u"[a]b", {ilPlain, u"[a]b", {}}},
-      {u"[a]=b", {ilValue, u"[a]", u"b"}}, {u"[a=b]", {ilSection, u"a=b", {}}},
-      {u" a = b = c ", {ilValue, u"a", u"b = c"}},
-      {u"=v", {ilValue, {}, u"v"}}, {u"a=", {ilValue, u"a", {}}}, {u"a b;c", {ilPlain, u"a b;c", {}}},
-      {u"a\0b=c\0d"sv, {ilValue, u"a\0b"sv, u"c\0d"sv}}};
+  struct { std::u16string_view Line; TIniLine Said; } cases[] = {{u"", {}}, {u" \t\0"sv, {}}, {u" ;a=b", {}},
+      {u" [ a b ] ", {ilSection, u"a b", {}}}, {u"[]", {ilSection, {}, {}}}, {u"[", {ilPlain, u"[", {}}},
+      {u"[a]b", {ilPlain, u"[a]b", {}}}, {u"[a]=b", {ilValue, u"[a]", u"b"}}, {u"[a=b]", {ilSection, u"a=b", {}}},
+      {u" a = b = c ", {ilValue, u"a", u"b = c"}}, {u"=v", {ilValue, {}, u"v"}}, {u"a=", {ilValue, u"a", {}}},
+      {u"a b;c", {ilPlain, u"a b;c", {}}}, {u"a\0b=c\0d"sv, {ilValue, u"a\0b"sv, u"c\0d"sv}}};
   for (const auto& c : cases) {
     const TIniLine line = ParseIniLine(c.Line);
     EXPECT_TRUE(line.Kind == c.Said.Kind && line.Name == c.Said.Name && line.Value == c.Said.Value)
@@ -120,4 +112,3 @@ TEST_F(MemIniFile, LargeFilesInLinearTime) {
 }
 
 }  // namespace
-}  // namespace vx

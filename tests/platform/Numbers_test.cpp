@@ -1,27 +1,16 @@
 #include "platform/Numbers.h"
 
-#include <gtest/gtest.h>
-
-#include <cfloat>
-#include <cmath>
-
 #include "platform/NumberMasks.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 constexpr int64_t kMax = INT64_MAX, kMin = INT64_MIN;
 constexpr Currency Units(int64_t Count) { return Currency::FromUnits(Count); }
 String Digits(int Count, char16_t Digit = u'0') { return String(Count, Digit); }
-TFormatSettings English() {
-  TFormatSettings settings;
-  settings.DecimalSeparator = u'.';
-  settings.ThousandSeparator = u',';
-  settings.CurrencyString = u"$";
-  return settings;
-}
+TFormatSettings English() { return {.DecimalSeparator = u'.', .ThousandSeparator = u',', .CurrencyString = u"$"}; }
 
 TEST(Numbers, WholeNumbers) {
   EXPECT_EQ(IntToStr(0) + IntToStr(kMin) + IntToStr(kMax), u"0-92233720368547758089223372036854775807");
@@ -94,9 +83,8 @@ TEST(Numbers, ReadsDecimalTexts) {
   Extended value = 7;
   Currency amount = 7;
   for (const String text : {u"", u" ", u",", u"+", u"-,", u"E3", u",E3", u"1E", u"1E+", u"1E1,5", u"1.5", u"1.234,56",
-                            u"1,5,5", u"1 5", u"--1", u"$10", u"0x10", u"INF", u"NAN", u"1,5 €", u"１"}) {
+                            u"1,5,5", u"1 5", u"--1", u"$10", u"0x10", u"INF", u"NAN", u"1,5 €", u"１"})
     EXPECT_FALSE(TextToFloat(text, value, german) || TextToCurr(text, amount, german)) << text.ToUtf8();
-  }
   EXPECT_TRUE(value == 7 && amount == 7 && StrToFloat(u"-1.5", English()) + StrToFloat(u"1,5") == 0);
   EXPECT_EQ(test::RaisedBy<EConvertError>([] { StrToCurr(u"1E15"); }), u"'1E15' is not a valid floating point value");
 }
@@ -118,4 +106,3 @@ TEST(NumberMasks, Masks) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,18 +1,14 @@
 #include "platform/Paths.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Test.h"
 
-#include <vector>
-
-#include "tests/support/Print.h"
-
-namespace vx {
 namespace {
+
+using namespace vx;
 
 TEST(Paths, MapsTheGrammarToTheLocalFileSystem) {
   TPathMap map;
-  map.SetDrive(u'd', "/srv/daten/");
-  map.SetShare(u"Server\\Pflege", "/mnt/pflege");
+  map.SetDrive(u'd', "/srv/daten/"), map.SetShare(u"Server\\Pflege", "/mnt/pflege");
   const std::pair<String, std::string> cases[] = {
       {u"", ""}, {u"/home/anna/Müller.csv", "/home/anna/Müller.csv"}, {u"a\\b.csv", "a/b.csv"}, {u"\\a\\b", "/a/b"},
       {u"/tmp/x\\y", "/tmp/x/y"}, {u"c:/etc\\hosts", "/etc/hosts"}, {u"C:", "/"}, {u"C:\\", "/"}, {u"D:", "/srv/daten"},
@@ -21,9 +17,8 @@ TEST(Paths, MapsTheGrammarToTheLocalFileSystem) {
   for (const auto& [path, native] : cases) EXPECT_EQ(map.ToNative(path), native);
   map.SetShare(u"\\\\server\\weg", "/mnt");
   map.SetShare(u"\\\\server\\WEG", "");
-  for (const char16_t* unknown : {u"E:\\a", u"\\\\server\\weg\\a", u"\\\\server", u"\\\\\\a"}) {
+  for (const char16_t* unknown : {u"E:\\a", u"\\\\server\\weg\\a", u"\\\\server", u"\\\\\\a"})
     EXPECT_TRUE(map.ToNative(unknown).starts_with("/dev/null/")) << String(unknown).ToUtf8();
-  }
   EXPECT_TRUE(map.HasDrive(u'D') && map.HasDrive(u'c') && !map.HasDrive(u'E') && !map.HasDrive(u'1'));
 }
 
@@ -48,4 +43,3 @@ TEST(Paths, TakesPathsApart) {
 }
 
 }  // namespace
-}  // namespace vx

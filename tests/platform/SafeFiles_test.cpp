@@ -1,23 +1,15 @@
 #include "platform/SafeFiles.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
-
-#include <cerrno>
 #include <csignal>
-#include <filesystem>
-#include <functional>
 
-#include "platform/Clock.h"
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
-#include "tests/support/TempDir.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 namespace fs = std::filesystem;
 using test::GetText, test::PutText, test::RaisedBy;
@@ -140,8 +132,7 @@ TEST_F(SafeFiles, AppendsWholePieces) {
 TEST_F(SafeFiles, ATurnIsOneProcessAfterTheOther) {
   PutText(u"a", "0"), PutText(u"b", "0"), PutText(u"ro", ""), SetReadOnly(u"ro", true);
   {
-    TManualClock clock(46000);
-    TClockScope scope(clock);
+    test::TClockAt clock(46000);
     TFileTurn turn, other;
     for (const char16_t* bad : {u"", u"ro", u"none/none", u"."}) EXPECT_FALSE(turn.Take(bad, 10));
     EXPECT_TRUE(turn.Take(u"none", 0) && !other.Take(u"none", 0)) << "the right to make a file";
@@ -162,4 +153,3 @@ TEST_F(SafeFiles, ATurnIsOneProcessAfterTheOther) {
 }
 
 }  // namespace
-}  // namespace vx

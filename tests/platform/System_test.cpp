@@ -1,17 +1,12 @@
 #include "platform/System.h"
 
-#include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <cerrno>
-#include <filesystem>
+#include "tests/support/Test.h"
 
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/TempDir.h"
-
-namespace vx {
 namespace {
+
+using namespace vx;
 
 // A system of its own in a fresh directory.
 class SystemTest : public testing::Test {
@@ -103,4 +98,3 @@ TEST_F(SystemTest, FontsAreTrueTypeByTheirOutlinesAndNamedByTheirFamily) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,12 +1,10 @@
 #include "platform/Text.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Test.h"
 
-#include <climits>
-#include <random>
-
-namespace vx {
 namespace {
+
+using namespace vx;
 
 TEST(Text, TrimsUnitsUpTo32AtTheEndsOnly) {
   struct { String Text, Both, Left, Right; } cases[] = {
@@ -19,10 +17,9 @@ TEST(Text, TrimsUnitsUpTo32AtTheEndsOnly) {
 }
 
 TEST(Text, CaseOfLettersOneUnitToOne) {
-  struct { String Text, Upper, Lower; } cases[] = {
-      {u"Größe äöü ÄÖÜ éŁđ", u"GRÖßE ÄÖÜ ÄÖÜ ÉŁĐ", u"größe äöü äöü éłđ"}, {u"Ωώς Жђё", u"ΩΏς ЖЂЁ", u"ωώς жђё"},
-      {u"ẞß ÿŸ ıİ ſ µ", u"ẞß ŸŸ ıİ ſ µ", u"ßß ÿÿ ıİ ſ µ"}, {u"ǅ ȺⱥƏə Ệệ ắ", u"Ǆ ȺȺƏƏ ỆỆ Ắ", u"ǆ ⱥⱥəə ệệ ắ"},
-      {u"@[`{×÷ªº \xD83D", u"@[`{×÷ªº \xD83D", u"@[`{×÷ªº \xD83D"}};
+  struct { String Text, Upper, Lower; } cases[] = {{u"Größe äöü ÄÖÜ éŁđ", u"GRÖßE ÄÖÜ ÄÖÜ ÉŁĐ", u"größe äöü äöü éłđ"},
+      {u"Ωώς Жђё", u"ΩΏς ЖЂЁ", u"ωώς жђё"}, {u"ẞß ÿŸ ıİ ſ µ", u"ẞß ŸŸ ıİ ſ µ", u"ßß ÿÿ ıİ ſ µ"},
+      {u"ǅ ȺⱥƏə Ệệ ắ", u"Ǆ ȺȺƏƏ ỆỆ Ắ", u"ǆ ⱥⱥəə ệệ ắ"}, {u"@[`{×÷ªº \xD83D", u"@[`{×÷ªº \xD83D", u"@[`{×÷ªº \xD83D"}};
   for (const auto& c : cases) EXPECT_EQ(UpperCase(c.Text) + LowerCase(c.Text), c.Upper + c.Lower);
   int letters = 0;
   for (int i = 0; i <= 0xFFFF; ++i) {
@@ -35,9 +32,8 @@ TEST(Text, CaseOfLettersOneUnitToOne) {
 }
 
 TEST(Text, CopyHoldsBothNumbersToTheText) {
-  struct { int Index, Count; const char16_t* Part; } cases[] = {
-      {1, 2, u"ab"}, {0, 2, u"ab"}, {INT_MIN, 1, u"a"}, {4, 9, u"d"}, {5, 1, u""}, {2, INT_MAX, u"bcd"},
-      {2, 0, u""},   {2, -1, u""},  {INT_MAX, INT_MAX, u""}};
+  struct { int Index, Count; const char16_t* Part; } cases[] = {{1, 2, u"ab"}, {0, 2, u"ab"}, {INT_MIN, 1, u"a"},
+      {4, 9, u"d"}, {5, 1, u""}, {2, INT_MAX, u"bcd"}, {2, 0, u""}, {2, -1, u""}, {INT_MAX, INT_MAX, u""}};
   for (const auto& c : cases) EXPECT_EQ(Copy(u"abcd", c.Index, c.Count), c.Part) << c.Index << "," << c.Count;
 }
 
@@ -69,4 +65,3 @@ TEST(Text, ReplaceAll) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,22 +1,10 @@
 #include "services/uHandleFile.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Test.h"
 
-#include <algorithm>
-#include <cerrno>
-#include <cmath>
-#include <functional>
-
-#include "platform/Clock.h"
-#include "platform/Dialogs.h"
-#include "platform/Files.h"
-#include "platform/Text.h"
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/TempDir.h"
-
-namespace vx {
 namespace {
+
+using namespace vx;
 
 using test::GetText;
 
@@ -36,10 +24,7 @@ class HandleFile : public testing::Test {
     GetPathMap().SetDrive(u'W', Dir.GetPath() + "/w");
     DirectoryCreate(Dir.Path("w"));
   }
-  ~HandleFile() override {
-    GetPathMap().SetDrive(u'V', "");
-    GetPathMap().SetDrive(u'W', "");
-  }
+  ~HandleFile() override { for (char16_t drive : {u'V', u'W'}) GetPathMap().SetDrive(drive, ""); }
   static String Make(const String& path, const std::string& bytes, bool readOnly = false) {
     test::PutText(path, bytes);
     if (readOnly) SetReadOnly(path, true);
@@ -125,8 +110,7 @@ TEST_F(HandleFile, ForcesDirectories) {
     EXPECT_EQ(VxForceDirectories(c.Path), c.Told.empty()) << c.Path.ToUtf8();
     EXPECT_EQ(Told(), c.Told);
     EXPECT_EQ(DirectoryExists(c.Made), !c.Made.empty()) << c.Path.ToUtf8();
-    EXPECT_EQ(VxForceDirectoriesOld(c.Path), c.ToldOld.empty()) << c.Path.ToUtf8();
-    EXPECT_EQ(Told(), c.ToldOld);
+    EXPECT_TRUE(VxForceDirectoriesOld(c.Path) == c.ToldOld.empty() && Told() == c.ToldOld) << c.Path.ToUtf8();
   }
   EXPECT_TRUE(VxForceDirectoriesOld(u" V:\\older\\x\r\n") && DirectoryExists(u"V:\\older\\x"));
   EXPECT_FALSE(VxForceDirectories(u"V:" + ReplaceAll(String(500000, u'x'), u"x", u"\\x")));
@@ -158,8 +142,7 @@ TEST_F(HandleFile, MergesDirectories) {
 }
 
 TEST_F(HandleFile, TellsWhetherFilesExistAndAreFree) {
-  TFixedTimeZone zone(60);
-  TTimeZoneScope scope(zone);
+  test::TZoneAt zone(60);
   const String a = Make(u"V:\\a.txt", "x"), b = Make(u"V:\\b", "x", true), empty = Make(u"V:\\empty", "");
   EXPECT_TRUE(VxFileExists(a) && VxFileExists(u"V:\\*.T?T") && VxFileExists(Dir.Path("a.txt")));
   EXPECT_FALSE(VxFileExists(u"V:\\g*") || VxFileExists(u"V:\\w") || VxFileExists(u""));
@@ -199,8 +182,7 @@ TEST_F(HandleFile, SizeStampAndHash) {
   const String a = Make(u"V:\\a", "12345678ab"), dir = u"V:\\w", none = u"V:\\none";
   EXPECT_EQ(VxFileSize(a, true) * 100 + VxFileSize(dir, true) * 10 + VxFileSize(none, true), 979);
   EXPECT_TRUE(VxFileSize(dir, false) + VxFileSize(none, false) == 0 && VxFileLastWrite(none, true) == -1);
-  TFixedTimeZone zone(60);
-  TTimeZoneScope scope(zone);
+  test::TZoneAt zone(60);
   int code = 9;
   EXPECT_TRUE(VxSetFileLastWrite(a, 46000.75, code) && code == 0 && VxFileLastWrite(a, true) == 46000.75);
   TFileFaults faults;
@@ -286,4 +268,3 @@ TEST(HandleFileNames, TakesPathsApart) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,18 +1,11 @@
 #include "services/uMsg.h"
 
-#include <gtest/gtest.h>
-
 #include "platform/Application.h"
-#include "platform/Clock.h"
-#include "platform/Dialogs.h"
-#include "platform/Files.h"
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/TempDir.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
 
+using namespace vx;
 using test::GetText;
 
 struct Messages : testing::Test {
@@ -30,37 +23,26 @@ struct Messages : testing::Test {
   // The dialogs since the last call: kind, buttons by "I" for Ignore, and text.
   std::vector<std::string> Dialogs() {
     std::vector<std::string> result;
-    for (const TDialog& dialog : Screen.Shown) {
+    for (const TDialog& dialog : Screen.Shown)
       result.push_back(std::string(1, "WEI"[dialog.Kind]) + (dialog.Buttons.Has(mbIgnore) ? "I " : " ") + dialog.Text.ToUtf8());
-    }
     Screen.Shown.clear();
     return result;
   }
-  std::string EndLog() {
-    uMsg::FreeBuffersForLeakPrevention();
-    return GetText(Dir.Path("messages.log"));
-  }
+  std::string EndLog() { return uMsg::FreeBuffersForLeakPrevention(), GetText(Dir.Path("messages.log")); }
   test::TTempDir Dir;
   TScriptedDialogs Screen;
-  TManualClock Clock{46000.25};
-  TFixedTimeZone Zone{60};
-  TClockScope ClockScope{Clock};
-  TTimeZoneScope ZoneScope{Zone};
+  test::TClockAt Clock{46000.25};
+  test::TZoneAt Zone{60};
 };
 using TTexts = std::vector<std::string>;
 
 bool Report(TMsgInfo info, bool success) { return Msg().GetMsg()(info, success); }
 
 TEST_F(Messages, SingleReports) {
-  struct { TMsgInfo Info; bool Success, Result; TTexts Shown; } cases[] = {
-      {Error(u"e"), true, true, {}},
-      {Error(u"e", u"s", u"gut"), true, true, {"I gut"}},
-      {Error(u"e", u"s", u"gut"), false, false, {"E e"}},
-      {Warning(u"w", u"s"), true, true, {"WI w"}},
-      {Warning(u"w"), false, true, {"WI w"}},
-      {{msgWarning, u"w", u"", u"gut"}, true, true, {"WI gut\r\nWarnung: w"}},
-      {Log(u"l", u"s"), false, true, {}},
-  };
+  struct { TMsgInfo Info; bool Success, Result; TTexts Shown; } cases[] = {{Error(u"e"), true, true, {}},
+      {Error(u"e", u"s", u"gut"), true, true, {"I gut"}}, {Error(u"e", u"s", u"gut"), false, false, {"E e"}},
+      {Warning(u"w", u"s"), true, true, {"WI w"}}, {Warning(u"w"), false, true, {"WI w"}},
+      {{msgWarning, u"w", u"", u"gut"}, true, true, {"WI gut\r\nWarnung: w"}}, {Log(u"l", u"s"), false, true, {}}};
   for (auto& c : cases) {
     EXPECT_EQ(Report(c.Info, c.Success), c.Result);
     EXPECT_EQ(Dialogs(), c.Shown) << c.Info.msg.ToUtf8();
@@ -122,9 +104,7 @@ struct TRecorder {
 
 TEST_F(Messages, IgnoringAndInterrupts) {
   Screen.AnswerNext(mrIgnore);
-  Report(Warning(u"w", u"Sender"), true);
-  Report(Warning(u"w", u"Sender"), true);
-  Report(Warning(u"w", u"sender"), true);
+  for (const char16_t* sender : {u"Sender", u"Sender", u"sender"}) Report(Warning(u"w", sender), true);
   EXPECT_EQ(Dialogs().size(), 2u) << "senders are told apart by case";
   TTaskDialog task;
   SetTaskDialogSink([&](const TTaskDialog& dialog) { return task = dialog, mrIgnore; });
@@ -184,4 +164,3 @@ TEST_F(Messages, SerialForm) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -16,15 +16,8 @@ inline std::vector<TCells> ReadPlainly(const std::string& Bytes) {
   std::u16string text;
   for (char byte : Bytes) {
     char16_t unit = GetSystemCodePage().DecodeByte(static_cast<uint8_t>(byte));
-    static constexpr std::pair<char16_t, char16_t> kRepairs[] = {{129, 252}, {132, 228}, {142, 196}, {148, 246},
-                                                                 {153, 214}, {154, 220}, {225, 223}};
-    for (auto [from, to] : kRepairs) {
-      if (unit == from) {
-        unit = to;
-        break;
-      }
-    }
-    if (unit != 0) text += unit;
+    const size_t repaired = std::u16string_view(u"\x81\x84\x8E\x94\x99\x9A\xE1").find(unit);
+    if (unit != 0) text += repaired < 7 ? u"üäÄöÖÜß"[repaired] : unit;
   }
   char16_t separator = TFileCsv::AnalyseToParse(text)[0];
   std::vector<TCells> rows;

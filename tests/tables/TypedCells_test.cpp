@@ -1,11 +1,5 @@
-#include <gtest/gtest.h>
-
-#include <climits>
-#include <cmath>
-
-#include "platform/Exceptions.h"
 #include "tables/uFileCsv.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
 namespace {
 
@@ -19,9 +13,8 @@ TEST(TypedCells, TheLookOfATextDecidesItsType) {
       {vftHour, {u"24:01", u"6:30", u"124:30", u":30", u"99:59", u"1,5:30"}},
       {vftString, {u"1.5", u" 1", u"1,2,3", u"+-1", u"1-", u"11.02.201", u"11.2.20155", u"1.102.2015", u"11.02.20,5",
                    u"12:60", u"-6:30", u"123:4", u"24:00:01", u"06:60:00", u"06:00:60", u"6:30:000", u"::", u"١"}}};
-  for (const auto& [type, texts] : kCases) {
+  for (const auto& [type, texts] : kCases)
     for (const String& text : texts) EXPECT_EQ(TFileCsv::GuessFieldType(text), type) << text.ToUtf8();
-  }
 }
 
 TEST(TypedCells, ThousandsSeparatorsGoIntoNumbersOnce) {

@@ -1,29 +1,16 @@
 // Table files: bytes to rows and back, and everything that can go wrong on the way.
-#include <gtest/gtest.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <filesystem>
-#include <random>
-
-#include "platform/Clock.h"
-#include "platform/CodePage.h"
-#include "platform/Dialogs.h"
-#include "platform/Files.h"
 #include "platform/Shell.h"
 #include "tables/uFileCsv.h"
-#include "tests/support/FileText.h"
 #include "tests/support/PlainTable.h"
-#include "tests/support/Print.h"
-#include "tests/support/TempDir.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
 
-using test::GetText;
-using test::PutText;
-using test::ReadPlainly;
-using test::Rows;
+using namespace vx;
+
+using test::GetText, test::PutText, test::ReadPlainly, test::Rows;
 
 class TableFiles : public ::testing::Test {
  protected:
@@ -40,38 +27,25 @@ class TableFiles : public ::testing::Test {
 TEST_F(TableFiles, AreReadByTheRules) {
   using R = std::vector<TCells>;
   struct { std::string Bytes; R Expected; } cases[] = {
-      {"", {}},
-      {"a;b\r\nc;d\r\n", {{u"a", u"b"}, {u"c", u"d"}}},
+      {"", {}}, {"x", {}}, {"x\n", {{u"x"}}}, {"a;b\r\nc;d\r\n", {{u"a", u"b"}, {u"c", u"d"}}},
       {"a,b\n\nc,d\n", {{u"a", u"b"}, {u"c", u"d"}}},                   // two line feeds are one line end
       {"a,b\r\n\r\nc", {{u"a", u"b"}, {}}},                             // a last line of one character is lost
-      {"a,b\r\ncd", {{u"a", u"b"}, {u"cd"}}},
-      {"x", {}},
-      {"x\n", {{u"x"}}},
-      {"a;\"b\r\n;\"\"c\"\"\"\r\n", {{u"a", u"b\r\n;\"c\""}}},
+      {"a,b\r\ncd", {{u"a", u"b"}, {u"cd"}}}, {"a;\"b\r\n;\"\"c\"\"\"\r\n", {{u"a", u"b\r\n;\"c\""}}},
       {"a;\"open\r\nb;c", {{u"a", u"open\r\nb;"}}},                     // an open quote takes all but the last
       {"a;b\"c\r\nd;e\"f\r\ng", {{u"a", u"b\"c", u"d", u"e\"f"}}},      // a quote inside still counts
-      {"Max Meier;Bonn\r\n", {{u"Max", u"Meier", u"Bonn"}}},
-      {"a;;b;\r\n;\r\n", {{u"a", u"", u"b", u""}, {u"", u""}}},
-      {"a\t\tb\t\r\n", {{u"a", u"b"}}},
-      {"a\x1B" "b\r\n", {{u"a", u"b"}}},
-      {std::string("\0a\0;b\0\r\0\n", 9), {{u"a", u"b"}}},
-      {"\x81\x84\x8E\x94\x99\x9A\xE1\xE4\x80\r\n", {{u"\u00FC\u201E\u017D\u201D\u2122\u0161\u00DF\u00E4\u20AC"}}},
-      {"\"a\"b;\"c\" \"d\"\r\n", {{u"a", u"b", u"c", u"d"}}},
+      {"Max Meier;Bonn\r\n", {{u"Max", u"Meier", u"Bonn"}}}, {"a\x1B" "b\r\n", {{u"a", u"b"}}},
+      {"a;;b;\r\n;\r\n", {{u"a", u"", u"b", u""}, {u"", u""}}}, {"a\t\tb\t\r\n", {{u"a", u"b"}}},
+      {std::string("\0a\0;b\0\r\0\n", 9), {{u"a", u"b"}}}, {"\"a\"b;\"c\" \"d\"\r\n", {{u"a", u"b", u"c", u"d"}}},
+      {"\x81\x84\x8E\x94\x99\x9A\xE1\xE4\x80\r\n", {{u"ü\u201E\u017D\u201D\u2122\u0161ßä€"}}},
   };
   for (auto& c : cases) {
-    if (c.Bytes[0] == '\x81') {
-      // Only code units that stand for themselves after decoding are turned right.
-      ASSERT_TRUE(SetSystemCodePage(28591));
-      EXPECT_EQ(Load(c.Bytes), (R{{u"\u00FC\u00E4\u00C4\u00F6\u00D6\u00DC\u00DF\u00E4\x80"}}));
-      ASSERT_TRUE(SetSystemCodePage(1252));
-    }
-    if (c.Bytes == "x" || c.Bytes.empty()) {
-      EXPECT_EQ(Load(c.Bytes), c.Expected);
-      continue;
-    }
     EXPECT_EQ(Load(c.Bytes), c.Expected) << c.Bytes;
     EXPECT_EQ(ReadPlainly(c.Bytes), c.Expected) << c.Bytes;
   }
+  // Only code units that stand for themselves after decoding are turned right.
+  ASSERT_TRUE(SetSystemCodePage(28591));
+  EXPECT_EQ(Load("\x81\x84\x8E\x94\x99\x9A\xE1\xE4\x80\r\n"), (R{{u"üäÄöÖÜßä\x80"}}));
+  ASSERT_TRUE(SetSystemCodePage(1252));
 }
 
 TEST_F(TableFiles, ReadTheSameAsThePlainRulesOnAnything) {
@@ -91,8 +65,7 @@ TEST_F(TableFiles, ReadTheSameWhereverTheChunksEnd) {
     std::mt19937 random(seed);
     std::string bytes;
     while (bytes.size() < 1200000) {
-      bytes += std::to_string(random() % 1000);
-      bytes += ";\"" + std::string(random() % 40, 'q') + "\"\"\r\n\";";
+      bytes += std::to_string(random() % 1000) + ";\"" + std::string(random() % 40, 'q') + "\"\"\r\n\";";
       if (random() % 5000 == 0) bytes += std::string(400000, 'x');
       if (random() % 50 == 0) bytes += "a\"b c\"d";
       if (random() % 70 == 0) bytes += std::string(3, '\0');
@@ -104,17 +77,14 @@ TEST_F(TableFiles, ReadTheSameWhereverTheChunksEnd) {
 
 TEST_F(TableFiles, AreWrittenByTheExtension) {
   TFileCsv table;
-  const String first[] = {u"a b", u"", u"c\"d", u"e;f", u"g,h", u"M\u00FCller \u20AC \u4E2D", u"i\tj", u"12345678 Wort"};
-  table.AddRow(first);
-  table.AddEmpty(1);
-  table.AddEmpty(0);
+  table.AddRow({u"a b", u"", u"c\"d", u"e;f", u"g,h", u"Müller € \u4E2D", u"i\tj", u"12345678 Wort"});
+  for (int cells : {1, 0}) table.AddEmpty(cells);
   struct { const char* Name; std::string Expected; } cases[] = {
       {"t.csv", "\"a b\",,\"c\"\"d\",e;f,\"g,h\",\"M\xFCller \x80 ?\",\"i\tj\",\"12345678 Wort\"\r\n\"\"\r\n\r\n"},
       {"t.TXT", "\"a b\";;\"c\"\"d\";\"e;f\";g,h;\"M\xFCller \x80 ?\";\"i\tj\";\"12345678 Wort\"\r\n\r\n\r\n"},
       {"t.vxt", "\"a b\"\x1B\x1B\"c\"\"d\"\x1B" "e;f\x1Bg,h\x1B\"M\xFCller \x80 ?\"\x1B\"i\tj\"\x1B\"12345678 Wort\"\r\n\r\n\r\n"},
       {"t.tab", "\"a b\"\t\t\"c\"\"d\"\te;f\tg,h\t\"M\xFCller \x80 ?\"\t\"i\tj\"\t\"12345678 Wort\"\r\n\r\n\r\n"},
-      {"t", "a b  c\"d e;f g,h M\xFCller \x80 ? i\tj 12345678 Wort\r\n\r\n\r\n"},
-  };
+      {"t", "a b  c\"d e;f g,h M\xFCller \x80 ? i\tj 12345678 Wort\r\n\r\n\r\n"}};
   for (const auto& c : cases) {
     PutText(dir.Path(c.Name), std::string(5000, 'o'));  // an old and longer file
     EXPECT_TRUE(table.SaveToFile(dir.Path(c.Name)));
@@ -122,13 +92,11 @@ TEST_F(TableFiles, AreWrittenByTheExtension) {
   }
   EXPECT_THROW(table.SaveToFile(dir.Path("t.xls")), EStringListError);
   EXPECT_EQ(GetText(dir.Path("t.xls")), "<none>");
-  EXPECT_TRUE(TFileCsv().SaveToFile(dir.Path("t.xls")));
-  EXPECT_EQ(GetText(dir.Path("t.xls")), "");
-  EXPECT_TRUE(dialogs.Shown.empty());
+  EXPECT_TRUE(TFileCsv().SaveToFile(dir.Path("t.xls")) && GetText(dir.Path("t.xls")).empty() && dialogs.Shown.empty());
 }
 
 TEST_F(TableFiles, ReadBackWhatWasWritten) {
-  std::u16string alphabet = u"abcz 019,;\"'\r\n\t\u00FC\u00DF\u20AC\u00E4";
+  std::u16string alphabet = u"abcz 019,;\"'\r\n\tüß€ä";
   std::mt19937 random(3);
   for (int round = 0; round < 60; ++round) {
     TFileCsv table;
@@ -141,30 +109,24 @@ TEST_F(TableFiles, ReadBackWhatWasWritten) {
         table.SetCell(col, row, std::u16string_view(cell));
       }
     }
-    // Two columns at least, so that the first line shows the separator.
-    for (const char* name : {"t.csv", "t.txt"}) {
-      if (columns == 1 && std::string(name) == "t.txt") continue;
-      ASSERT_TRUE(table.SaveToFile(dir.Path(name)));
-      TFileCsv back;
-      ASSERT_TRUE(back.LoadFromFile(dir.Path(name)));
-      ASSERT_EQ(Rows(back), Rows(table)) << name;
-    }
+    // With two columns at least, the first line shows the separator.
+    const char* name = columns > 1 && round % 2 ? "t.txt" : "t.csv";
+    TFileCsv back;
+    ASSERT_TRUE(table.SaveToFile(dir.Path(name)) && back.LoadFromFile(dir.Path(name)));
+    ASSERT_EQ(Rows(back), Rows(table)) << name;
   }
 }
 
 TEST_F(TableFiles, MissingFileWarnsAndLeavesTheTable) {
-  TFileCsv table(false);
   TVxStringList row;
-  row.Add(u"kept");
+  TFileCsv table(false);
   table.Add(&row);
   EXPECT_FALSE(table.LoadFromFile(u"C:\\nirgends\\a.csv"));
   EXPECT_FALSE(table.LoadFromFile(dir.Path()));  // a directory is no file
   ASSERT_EQ(dialogs.Shown.size(), 2u);
   EXPECT_EQ(dialogs.Shown[0].Text,
             u"Die Datei\r\nC:\\nirgends\\a.csv\r\nist nicht vorhanden,\r\nkann also nicht geladen werden.");
-  EXPECT_EQ(dialogs.Shown[0].Kind, mtWarning);
-  EXPECT_EQ(table.GetCell(0, 0), u"kept");
-  EXPECT_FALSE(table.GetOwnsObjects());
+  EXPECT_TRUE(dialogs.Shown[0].Kind == mtWarning && table.Get(0) == &row && !table.GetOwnsObjects());
 }
 
 TEST_F(TableFiles, FailedReadingLeavesAnEmptyTable) {
@@ -209,10 +171,8 @@ TEST_F(TableFiles, FailedWritingIsRaised) {
 
 TEST_F(TableFiles, AStampThatStandsStillIsWatchedAndThenSet) {
   TFileCsv table;
-  table.AddRow(u"a,b");
-  table.SaveToFile(dir.Path("a.csv"));
-  TManualClock clock(46000);
-  TClockScope scope(clock);
+  table.AddRow(u"a,b"), table.SaveToFile(dir.Path("a.csv"));
+  test::TClockAt clock(46000);
   {
     TFileFaults faults;
     faults.FreezeStamps();
@@ -231,19 +191,14 @@ TEST_F(TableFiles, AStampThatStandsStillIsWatchedAndThenSet) {
 TEST_F(TableFiles, SaveAndExecuteShowsATextAsCsv) {
   std::vector<String> opened;
   TOpenDocument previous = SetOpenDocument([&](const String& file, const String& directory) {
-    opened.push_back(file);
-    opened.push_back(directory);
-    return true;
+    return opened.insert(opened.end(), {file, directory}), true;
   });
   TFileCsv table;
   table.AddRow(u"a,b");
-  EXPECT_TRUE(table.SaveAndExecute(dir.Path("x.txt")));
-  EXPECT_TRUE(table.SaveAndExecute(dir.Path("y.csv")));
-  EXPECT_TRUE(table.SaveAndExecute(dir.Path("z.tab")));
+  for (const char* name : {"x.txt", "y.csv", "z.tab"}) EXPECT_TRUE(table.SaveAndExecute(dir.Path(name)));
   SetOpenDocument(previous);
   EXPECT_EQ(opened, (std::vector<String>{dir.Path("x.csv"), dir.Path(), dir.Path("y.csv"), dir.Path()}));
-  EXPECT_EQ(GetText(dir.Path("x.txt")), "<none>");
-  EXPECT_EQ(GetText(dir.Path("x.csv")), "a;b\r\n");
+  EXPECT_EQ(GetText(dir.Path("x.txt")) + GetText(dir.Path("x.csv")), "<none>a;b\r\n");
 }
 
 TEST_F(TableFiles, DatabaseExportsAreCutByTheNumberOfFields) {
@@ -252,9 +207,7 @@ TEST_F(TableFiles, DatabaseExportsAreCutByTheNumberOfFields) {
       {u"a,b\r\nc\r\nc,d\r\ne,f\r\n", {{u"a", u"b"}, {u"c\r\nc", u"d"}, {u"e", u"f"}, {u""}}, false},
       {u"one\ntwo\n", {{u"one"}, {u"two"}, {u""}}, true},
       {u"\uFEFFa,\u4E2D\nb,c,d\n\n\ne", {{u"\uFEFFa", u"\u4E2D"}, {u"b", u"c", u"d"}, {u"e"}}, false},
-      {std::u16string_view(u"a,b\0\nc,d", 8), {{u"a", u"b"}}, true},
-      {u"", {{u""}}, true},
-  };
+      {std::u16string_view(u"a,b\0\nc,d", 8), {{u"a", u"b"}}, true}, {u"", {{u""}}, true}};
   for (const auto& c : cases) {
     std::string bytes;
     for (char16_t unit : c.Text) bytes += {static_cast<char>(unit & 255), static_cast<char>(unit >> 8)};
@@ -269,4 +222,3 @@ TEST_F(TableFiles, DatabaseExportsAreCutByTheNumberOfFields) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,30 +1,17 @@
-#include <gtest/gtest.h>
-
-#include <map>
-#include <random>
-#include <set>
-
 #include "platform/Collation.h"
-#include "platform/Dialogs.h"
-#include "platform/Exceptions.h"
-#include "platform/Files.h"
 #include "tables/uFileCsv.h"
-#include "tests/support/FileText.h"
 #include "tests/support/PlainTable.h"
-#include "tests/support/Print.h"
-#include "tests/support/TempDir.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 using test::Rows;
 
 class TLoudHead : public THeadCsv {  // a derived class: every change goes through the virtual operations
  public:
-  int Add(TObject* Row) override {
-    if (++Calls == FailAt) throw EListError(u"no");
-    return THeadCsv::Add(Row);
-  }
+  int Add(TObject* Row) override { return ++Calls == FailAt ? throw EListError(u"no") : THeadCsv::Add(Row); }
   void Delete(int Index) override { ++Calls, THeadCsv::Delete(Index); }
   void SetCell(int Col, int Row, const String& Text) override { ++Calls, THeadCsv::SetCell(Col, Row, Text); }
   using THeadCsv::TestLastItem;
@@ -63,20 +50,16 @@ TEST(THeadCsv, NamesColumnsAndLookUps) {
 
 TEST(THeadCsv, TheLastHitIsTriedFirst) {
   auto table = Make(u"K,V/a,1/A,2/a,3/b/Schluesselnummer1,5/Schluesselnummer2,6");
-  EXPECT_EQ(table->ItemForField(u"k", u"K"), nullptr);
-  EXPECT_EQ(table->GetLastItem(), -1);
-  for (auto [key, row] : {std::pair{u"A", 2}, {u"b", 4}, {u"Schluesselnummer2", 6}, {u"a", 1}}) {
-    EXPECT_EQ(table->ItemForField(u"k", key), table->GetLines(row));
-    EXPECT_EQ(table->GetLastItem(), row);
-  }
+  EXPECT_TRUE(!table->ItemForField(u"k", u"K") && table->GetLastItem() == -1);
+  for (auto [key, row] : {std::pair{u"A", 2}, {u"b", 4}, {u"Schluesselnummer2", 6}, {u"a", 1}})
+    EXPECT_TRUE(table->ItemForField(u"k", key) == table->GetLines(row) && table->GetLastItem() == row) << row;
   EXPECT_EQ(table->ElementForField(u"V", u"3", u"k"), u"a");
   EXPECT_EQ(table->ItemForField(u"K", u"a"), table->GetLines(3));  // the last hit, though not the first row
   table->SetCell(0, 3, u"c");
   EXPECT_EQ(table->ElementForField(u"K", u"a", u"V"), u"1");       // it has another key now
   EXPECT_EQ(table->ElementForField(u"K", u"b", u"V") + table->ElementForField(u"K", u"b", u"x"), u"");
   int col = 7;
-  EXPECT_EQ(table->TestLastItem(u"x", u"b", col), nullptr);
-  EXPECT_EQ(col, -1);
+  EXPECT_TRUE(!table->TestLastItem(u"x", u"b", col) && col == -1);
 
   EXPECT_EQ(table->getElement(u"V", u"K", u"B", u"col", u"row"), u"col");
   EXPECT_EQ(table->GetLastItem(), 4);
@@ -117,8 +100,7 @@ void SortRandomly(std::mt19937& Random) {
   std::set<TObject*> before(table.Items().begin(), table.Items().end());
   bool ascending = Random() % 2 == 0;
   auto expected = SortPlainly(Rows(table), 1, ascending);
-  table.SortByField(u"?", true);
-  table.SortByField(u"Y", ascending);
+  table.SortByField(u"?", true), table.SortByField(u"Y", ascending);
   EXPECT_EQ(Rows(table), expected);
   for (TObject* row : table.Items()) before.erase(row);
   for (TObject* row : before) delete row;  // what was dropped is the caller's
@@ -136,20 +118,17 @@ TEST(THeadCsv, SortByFieldKeepsTheLastOfEqualRows) {
   THeadCsv table(false);
   for (auto& row : many) table.Add((row = std::make_unique<TVxStringList>()).get()), row->Add(u"k");
   table.SortByField(u"k", true);
-  EXPECT_EQ(table.GetCount(), 2);
-  EXPECT_EQ(table.Get(1), many.back().get());
+  EXPECT_TRUE(table.GetCount() == 2 && table.Get(1) == many.back().get());
 }
 
 // What AddContent does, one look-up after the other.
 void AddPlainly(THeadCsv& Table, const THeadCsv& Source, std::u16string_view Key, bool AddFields) {
   int count = Source.GetCount();
   if (count > 0 && Table.GetCount() == 0) Table.AddEmpty(0);
-  for (int col = 0; AddFields && col < Source.FieldCount(); ++col) {
+  for (int col = 0; AddFields && col < Source.FieldCount(); ++col)
     if (Table.FieldIndex(Source.FieldName(col)) < 0) Table.GetLines(0)->Add(Source.FieldName(col));
-  }
-  for (int row = 1; AddFields && count > 0 && row < Table.GetCount(); ++row) {
+  for (int row = 1; AddFields && count > 0 && row < Table.GetCount(); ++row)
     while (Table.GetLines(row)->GetCount() < Table.FieldCount()) Table.GetLines(row)->Add(u"");
-  }
   int from = Source.FieldIndex(Key), to = Table.FieldIndex(Key);
   for (int i = 1; i < count; ++i) {
     int row = from < 0 || to < 0 ? Table.GetCount() : 1;
@@ -177,8 +156,7 @@ TEST(THeadCsv, AddContentMergesByTheFirstRowWithTheKey) {
   auto table = Make(u"K,V/1,x"), source = Make(u"v,k,W/,1,w/x,1,");
   table->Calls = 0;
   table->AddContent(*source, u"k", true);
-  EXPECT_EQ(Show(*table), u"K,V,W/1,x,w/");
-  EXPECT_EQ(table->Calls, 1);  // only the cell that differs is written
+  EXPECT_TRUE(Show(*table) == u"K,V,W/1,x,w/" && table->Calls == 1);  // only the cell that differs is written
 }
 
 TEST(THeadCsv, LoadFromIni) {
@@ -193,24 +171,20 @@ TEST(THeadCsv, LoadFromIni) {
       {"\xEF\xBB\xBF[\xC3\xA4]\n\xC3\xB6=\xC3\x9F\n", u"[Sections],Ö/[ä],ß/", u"b,x,[Sections],Ö/1,,,/,,[ä],ß/"},
       {"[S]\nX=1\n[s]\nX=2\nY=3", u"[Sections],X/[S],1/[s],1/", u"b,x,[Sections]/1,,/,1,[S]/,1,[s]/"},
   };
-  for (const auto& c : cases) {
-    test::PutText(path, c.Bytes);
-    for (bool replace : {true, false}) {
+  for (bool replace : {true, false}) {
+    for (const auto& c : cases) {
+      test::PutText(path, c.Bytes);
       auto table = Make(u"b,x/1");
-      EXPECT_TRUE(table->LoadFromIni(path, replace));
-      EXPECT_EQ(Show(*table), replace ? c.Replaced : c.Added);
+      EXPECT_TRUE(table->LoadFromIni(path, replace) && Show(*table) == (replace ? c.Replaced : c.Added)) << c.Bytes;
       TLoudHead empty;
       EXPECT_TRUE(empty.LoadFromIni(path, replace) && Show(empty) == c.Replaced);
       EXPECT_TRUE(empty.LoadFromIni(path, false) && empty.GetCount() == 2 * table->GetCount() - (replace ? 1 : 3));
     }
-  }
-  for (bool replace : {false, true}) {
     auto table = Make(u"a/1");
     TFileStream locked(path, fmOpenReadWrite | fmShareExclusive);
     EXPECT_THROW(table->LoadFromIni(path, true), EStreamError);
     EXPECT_EQ(Show(*table), u"a/1/");
-    EXPECT_FALSE(table->LoadFromIni(dir.Path("none.ini"), replace));
-    EXPECT_EQ(Show(*table), replace ? u"" : u"a/1/");
+    EXPECT_TRUE(!table->LoadFromIni(dir.Path("none.ini"), replace) && Show(*table) == (replace ? u"" : u"a/1/"));
   }
   EXPECT_TRUE(dialogs.Shown.empty());
 }
@@ -228,11 +202,8 @@ TEST(TFileCsvList, TablesByName) {
   EXPECT_TRUE(lists.GetCount() == 0 && lists.GetOptions().Has(vxioNotCaseSensitive));
 
   TFileCsvList raw{TVxStringIndexOptions()};
-  EXPECT_TRUE(raw.ImportFromString(text + u"\x1Bleer,2"));
-  EXPECT_EQ(raw.GetCount(), 4);
-  EXPECT_TRUE(raw.GetOptions().IsEmpty());
+  EXPECT_TRUE(raw.ImportFromString(text + u"\x1Bleer,2") && raw.GetCount() == 4 && raw.GetOptions().IsEmpty());
   for (int i = 0; i < raw.GetCount(); ++i) delete raw.GetFileCsv(i);
 }
 
 }  // namespace
-}  // namespace vx

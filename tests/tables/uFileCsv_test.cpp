@@ -1,26 +1,16 @@
 #include "tables/uFileCsv.h"
 
-#include <gtest/gtest.h>
+#include "core/uVxFunctionsSerialize.h"
+#include "tests/support/Test.h"
 
-#include <functional>
-
-#include "platform/Dialogs.h"
-#include "platform/Exceptions.h"
-#include "tests/support/Print.h"
-
-namespace vx {
 namespace {
+
+using namespace vx;
 
 // The table as one text: cells joined by "|", rows by "/".
 String Show(const TFileCsv& Table) {
   String text;
-  for (int row = 0; row < Table.GetCount(); ++row) {
-    if (row > 0) text += u'/';
-    for (int col = 0; col < Table.GetLines(row)->GetCount(); ++col) {
-      if (col > 0) text += u'|';
-      text += Table.GetLines(row)->Get(col);
-    }
-  }
+  for (int row = 0; row < Table.GetCount(); ++row) text += (row > 0 ? u"/" : u"") + implode(*Table.GetLines(row), u"|", {});
   return text;
 }
 
@@ -34,20 +24,16 @@ TEST(TFileCsv, ReadsPastTheEndAreEmptyAndWritesAreDropped) {
   auto table = Make({u"a,b", u"c"});
   TObject object;
   for (auto [col, row] : {std::pair{2, 0}, {1, 1}, {0, 2}, {-1, 2}, {9, 9}}) {
-    EXPECT_EQ(table->GetCell(col, row), u"");
-    table->SetCell(col, row, u"x");
-    table->SetObject(col, row, &object);
-    EXPECT_EQ(table->GetObject(col, row), nullptr);
+    table->SetCell(col, row, u"x"), table->SetObject(col, row, &object);
+    EXPECT_TRUE(table->GetCell(col, row).empty() && !table->GetObject(col, row)) << col << row;
   }
   EXPECT_EQ(Show(*table), u"a|b/c");
   EXPECT_THROW(table->GetCell(-1, 0), EStringListError);
   EXPECT_THROW(table->SetCell(-1, 0, u"x"), EStringListError);
   EXPECT_THROW(table->GetCell(0, -1), EListError);
   EXPECT_THROW(table->GetLines(2), EListError);
-  EXPECT_EQ(table->getElement(-1, 0, u"col", u"row"), u"col");
-  EXPECT_EQ(table->getElement(1, 1, u"col", u"row"), u"col");
-  EXPECT_EQ(table->getElement(-1, -1, u"col", u"row"), u"row");
-  EXPECT_EQ(table->getElement(1, 0, u"col", u"row"), u"b");
+  for (auto [col, row, text] : {std::tuple{-1, 0, u"col"}, {1, 1, u"col"}, {-1, -1, u"row"}, {1, 0, u"b"}})
+    EXPECT_EQ(table->getElement(col, row, u"col", u"row"), text);
   table->SetObject(1, 0, &object);
   EXPECT_EQ(table->GetObject(1, 0), &object);
 }
@@ -59,86 +45,54 @@ TEST(TFileCsv, AForeignEntryIsRefusedButSkippedByColumns) {
   EXPECT_NO_THROW(table->DeleteCol(0));
   EXPECT_NO_THROW(table->ClearCol(0));
   table->Delete(1);
-  EXPECT_EQ(Show(*table), u"");
-  EXPECT_EQ(table->FieldCount(), 1);
+  EXPECT_TRUE(Show(*table).empty() && table->FieldCount() == 1);
 }
 
 TEST(TFileCsv, RowsComeGoAndAreCopied) {
   auto table = Make({u"a,b", u"c"});
-  EXPECT_EQ(table->AddEmpty(-1), 2);
-  EXPECT_EQ(table->GetLines(2)->GetCount(), 2);
-  EXPECT_EQ(table->AddEmpty(0), 3);
-  EXPECT_EQ(TFileCsv().AddEmpty(-5), 0);
-  table->AddFileCsv(*table);
-  EXPECT_EQ(table->GetCount(), 8);
-  table->SetCell(0, 4, u"changed");
-  EXPECT_EQ(table->GetCell(0, 0), u"a");
-
-  auto other = Make({u"x"});
-  TObject* row = other->Get(0);
-  table->AddAndFree(std::move(other));
-  table->AddAndFree(nullptr);
+  EXPECT_TRUE(table->AddEmpty(-1) == 2 && table->AddEmpty(0) == 3 && TFileCsv().AddEmpty(-5) == 0);
+  table->AddFileCsv(*table), table->SetCell(0, 4, u"changed");
+  EXPECT_EQ(Show(*table), u"a|b/c/|//changed|b/c/|/");
+  auto other = Make({u"x"}), target = Make({u"1", u"2", u"3"}), source = Make({u"p,q", u"r"});
+  TObject *row = other->Get(0), *kept = target->Get(0);
+  table->AddAndFree(std::move(other)), table->AddAndFree(nullptr);
   EXPECT_EQ(table->Get(8), row);
-
-  auto target = Make({u"1", u"2", u"3"});
-  TObject* kept = target->Get(0);
-  auto source = Make({u"p,q", u"r"});
   target->Assign(*source);
-  EXPECT_EQ(Show(*target), u"p|q/r");
-  EXPECT_EQ(target->Get(0), kept);
+  EXPECT_TRUE(Show(*target) == u"p|q/r" && target->Get(0) == kept);
   auto copy = source->Duplicate();
-  copy->SetCell(0, 0, u"z");
-  copy->GetLines(1)->Add(u"new");
+  copy->SetCell(0, 0, u"z"), copy->GetLines(1)->Add(u"new");
   source->GetLines(0)->Delete(1);
-  EXPECT_EQ(Show(*copy), u"z|q/r|new");
-  EXPECT_EQ(Show(*source), u"p/r");
+  EXPECT_EQ(Show(*copy) + u" " + Show(*source), u"z|q/r|new p/r");
 }
 
 class TLoudTable : public TFileCsv {
  public:
   std::unique_ptr<TFileCsv> GetNewInstance() const override { return std::make_unique<TLoudTable>(); }
-  int Add(TObject* Row) override {
-    ++Added;
-    return TFileCsv::Add(Row);
-  }
-  void Delete(int Index) override {
-    ++Deleted;
-    TFileCsv::Delete(Index);
-  }
+  int Add(TObject* Row) override { return ++Added, TFileCsv::Add(Row); }
+  void Delete(int Index) override { ++Deleted, TFileCsv::Delete(Index); }
   int Added = 0, Deleted = 0;
 };
 
 TEST(TFileCsv, DerivedTablesSeeEveryRowComeAndGo) {
   TLoudTable table;
-  table.SetText(u"a,b\r\n,\r\n\"\"\r\n\r\n");
-  table.AddEmpty(2);
-  EXPECT_EQ(table.Added, 5);
-  EXPECT_EQ(table.RemoveEmpty(), 2);
-  EXPECT_EQ(table.Deleted, 2);
+  table.SetText(u"a,b\r\n,\r\n\"\"\r\n\r\n"), table.AddEmpty(2);
+  EXPECT_TRUE(table.Added == 5 && table.RemoveEmpty() == 2 && table.Deleted == 2);
   EXPECT_EQ(Show(table), u"a|b//");  // one empty cell, and no cell, stay
-  auto copy = table.Duplicate();
-  EXPECT_EQ(dynamic_cast<TLoudTable&>(*copy).Added, 3);
-  auto turned = table.TurnAxis();
-  EXPECT_EQ(dynamic_cast<TLoudTable&>(*turned).Added, 2);
+  auto copy = table.Duplicate(), turned = table.TurnAxis();
+  EXPECT_EQ(dynamic_cast<TLoudTable&>(*copy).Added + dynamic_cast<TLoudTable&>(*turned).Added, 3 + 2);
   EXPECT_EQ(Show(*turned), u"a||/b||");
 }
 
 TEST(TFileCsv, ColumnsAndKeys) {
-  auto table = Make({u"\" 3 \",M\u00FCller", u"1", u"\"3\",m\u00FCller", u"B,Weiss", u"b,Wei\u00DF"});
-  EXPECT_EQ(table->ColumnContent(0), u"3,1,3,B,b");
-  EXPECT_EQ(table->ColumnContent(1), u"M\u00FCller,,m\u00FCller,Weiss,Wei\u00DF");
-  EXPECT_EQ(table->ColumnContent(-1), u"");
-  EXPECT_EQ(TFileCsv().ColumnContent(0), u"");
+  auto table = Make({u"\" 3 \",Müller", u"1", u"\"3\",müller", u"B,Weiss", u"b,Weiß"});
+  EXPECT_EQ(table->ColumnContent(0) + u" " + table->ColumnContent(1), u"3,1,3,B,b Müller,,müller,Weiss,Weiß");
+  EXPECT_EQ(table->ColumnContent(-1) + TFileCsv().ColumnContent(0), u"");
   EXPECT_EQ(table->ColumnContentUnique(0).Slice(0, 4), u"1,3,");
-  EXPECT_EQ(table->IndexForColKey(1, u"M\u00DCLLER"), 0);
-  EXPECT_EQ(table->IndexForColKey(1, u"wei\u00DF"), 4);
-  EXPECT_EQ(table->IndexForColKey(1, u""), -1);  // a short row has no such cell
-  EXPECT_EQ(table->IndexForColKey(-1, u"1"), -1);
-  EXPECT_EQ(table->ItemForColKey(0, u"1"), table->GetLines(1));
-  EXPECT_EQ(table->ItemForColKey(0, u"9"), nullptr);
+  for (auto [col, key, row] : {std::tuple{1, u"MÜLLER", 0}, {1, u"weiß", 4}, {1, u"", -1}, {-1, u"1", -1}})
+    EXPECT_EQ(table->IndexForColKey(col, key), row);  // a short row has no such cell
+  EXPECT_TRUE(table->ItemForColKey(0, u"1") == table->GetLines(1) && !table->ItemForColKey(0, u"9"));
   EXPECT_EQ(table->ElementForColKey(0, u"b", 1, u"none"), u"Weiss");
-  EXPECT_EQ(table->ElementForKey(0, u"1", 1, u"none"), u"none");
-  EXPECT_EQ(table->ElementForKey(0, u"9", 1, u"none"), u"none");
+  for (const char16_t* key : {u"1", u"9"}) EXPECT_EQ(table->ElementForKey(0, key, 1, u"none"), u"none");
   table->DeleteCol(1);
   table->ClearCol(0);
   EXPECT_EQ(Show(*table), u"////");
@@ -147,24 +101,18 @@ TEST(TFileCsv, ColumnsAndKeys) {
 TEST(TFileCsv, ClearContentLeavesOneSpaceInTheLastCellOfTheFirstRow) {
   auto table = Make({u"a,b", u"c,d"});
   TObject object;
-  table->SetObject(1, 1, &object);
-  table->ClearContent();
-  EXPECT_EQ(Show(*table), u"| /|");
-  EXPECT_EQ(table->GetObject(1, 1), nullptr);
+  table->SetObject(1, 1, &object), table->ClearContent();
+  EXPECT_TRUE(Show(*table) == u"| /|" && !table->GetObject(1, 1));
 }
 
 TEST(TFileCsv, DoAll) {
   struct { TCsvAllModes Modes; const char16_t* Expected; } cases[] = {
-      {{}, u"a\r\nb|  c/d/|/e|f|g\n"},
-      {{camTrim}, u"a\r\nb|c/d/|/e|f|g"},
-      {{camDeleteEnter}, u"a  b|  c/d/|/e|f|g "},
-      {{camUnTrim}, u"a\r\nb|  c/d   /    |   /e   |f  |g\n"},
-      {{camBalanceColcount}, u"a\r\nb|  c/d|/|/e|f|g\n"},
+      {{}, u"a\r\nb|  c/d/|/e|f|g\n"}, {{camTrim}, u"a\r\nb|c/d/|/e|f|g"}, {{camDeleteEnter}, u"a  b|  c/d/|/e|f|g "},
+      {{camUnTrim}, u"a\r\nb|  c/d   /    |   /e   |f  |g\n"}, {{camBalanceColcount}, u"a\r\nb|  c/d|/|/e|f|g\n"},
       {{camBalanceMax}, u"a\r\nb|  c/d/|/e|f|g\n"},
       {{camBalanceColcount, camBalanceMax}, u"a\r\nb|  c|/d||/||/e|f|g\n"},
       {{camDeleteEmptyLines}, u"a\r\nb|  c/d/e|f|g\n"},
-      {{camTrim, camUnTrim, camDeleteEnter}, u"a  b|c  /d   /    |   /e   |f  |g "},
-  };
+      {{camTrim, camUnTrim, camDeleteEnter}, u"a  b|c  /d   /    |   /e   |f  |g "}};
   for (const auto& c : cases) {
     auto table = Make({u"\"a\r\nb\",\"  c\"", u"d", u",", u"e,f,\"g\n\""});
     table->DoAll(c.Modes);
@@ -175,18 +123,16 @@ TEST(TFileCsv, DoAll) {
   EXPECT_EQ(empty.GetCount(), 0);
 }
 
-TEST(TFileCsv, TurnAxisTwiceGivesTheSameTable) {
-  auto table = Make({u"a,b,c", u"d,e,f"});
-  EXPECT_EQ(Show(*table->TurnAxis()), u"a|d/b|e/c|f");
-  EXPECT_EQ(Show(*table->TurnAxis()->TurnAxis()), Show(*table));
+TEST(TFileCsv, TurnsItsAxes) {
+  EXPECT_EQ(Show(*Make({u"a,b,c", u"d,e,f"})->TurnAxis()), u"a|d/b|e/c|f");
   EXPECT_EQ(Show(*Make({u"a,b", u"c", u"d,e,f"})->TurnAxis()), u"a|c|d/b||e");
   EXPECT_EQ(TFileCsv().TurnAxis()->GetCount(), 0);
 }
 
 TEST(TFileCsv, WholeTableAsText) {
   auto table = Make({u"a,\"b c\"", u"\"\"", u"d,"});
-  EXPECT_EQ(table->GetText(), u"a,\"b c\"\r\n\"\"\r\nd,");
   TFileCsv copy;
+  EXPECT_EQ(table->GetText(), u"a,\"b c\"\r\n\"\"\r\nd,");
   copy.SetText(table->GetText());
   EXPECT_EQ(Show(copy), Show(*table));
   copy.SetText(u"x\r\n\r\ny");
@@ -194,7 +140,7 @@ TEST(TFileCsv, WholeTableAsText) {
 
   EXPECT_EQ(table->GetAnsiCsv(), "a,\"b c\"\x1B\"\"\x1B" "d,\x1B");
   copy.SetAnsiCsv("\x1B" "Stra\xDF" "e\x1B\x1Bz");
-  EXPECT_EQ(Show(copy), u"Stra\u00DFe/z");
+  EXPECT_EQ(Show(copy), u"Straße/z");
   EXPECT_EQ(TFileCsv().GetAnsiCsv(), "");
 
   EXPECT_EQ(table->ExportToString(u"#"), u"a,\"b c\"#\"\"#d,#");
@@ -212,12 +158,9 @@ TEST(TFileCsv, WholeTableAsText) {
 
 TEST(TFileCsv, RowsThatHoldTables) {
   TFileCsv table;
-  const String cells[] = {u"head", u"a,b", u"", u"\"c d\""};
-  table.AddRow(cells);
+  table.AddRow({u"head", u"a,b", u"", u"\"c d\""});
   EXPECT_EQ(Show(*table.ItemToCsv(0, 1)), u"a|b//c d");
-  EXPECT_EQ(table.ItemToCsv(0, 9)->GetCount(), 0);
-  EXPECT_EQ(table.ItemToCsv(1, 0), nullptr);
-  EXPECT_EQ(table.ItemToCsv(-1, 0), nullptr);
+  EXPECT_TRUE(table.ItemToCsv(0, 9)->GetCount() == 0 && !table.ItemToCsv(1, 0) && !table.ItemToCsv(-1, 0));
   table.ImportFromStringList(nullptr);
   TScriptedDialogs dialogs;
   table.ShowContent();
@@ -226,24 +169,20 @@ TEST(TFileCsv, RowsThatHoldTables) {
 
 TEST(TFileCsv, LinesOfFiles) {
   struct { const char16_t* Text; char16_t Separator; } guesses[] = {
-      {u"a;b,c;d", u';'}, {u"a;b,c", u','},   {u"", u','},           {u"abc", u','},      {u"a\tb;c\x1B" u"d", 9},
-      {u"a\tb\tc;d", 9},  {u"a\x1B" u"b", 27}, {u"\"a;b;c\",d", u','}, {u"\"a;\r\nb\";c\nd,e,f", u';'},
-  };
+      {u"a;b,c;d", u';'}, {u"a;b,c", u','}, {u"", u','}, {u"abc", u','}, {u"a\tb;c\x1B" u"d", 9}, {u"a\tb\tc;d", 9},
+      {u"a\x1B" u"b", 27}, {u"\"a;b;c\",d", u','}, {u"\"a;\r\nb\";c\nd,e,f", u';'}};
   for (const auto& g : guesses) EXPECT_EQ(TFileCsv::AnalyseToParse(std::u16string_view(g.Text)), String(1, g.Separator));
   TVxStringList strings;
   EXPECT_EQ(TFileCsv::AnalyseToParse(strings), u"");
   strings.Add(u"\"a;b;c\",d");
   EXPECT_EQ(TFileCsv::AnalyseToParse(strings), u";");
 
-  EXPECT_EQ(TFileCsv::ParseCommatext(u"Max Meier;Bonn", u";")->GetCount(), 3);
-  EXPECT_EQ(TFileCsv::ParseCommatext(u"a,,b", u"")->GetCount(), 3);
-  EXPECT_EQ(TFileCsv::ParseCommatext(u"a\t\tb\t", u"\t")->GetCount(), 2);
+  for (auto [text, separator, count] : {std::tuple{u"Max Meier;Bonn", u";", 3}, {u"a,,b", u"", 3}, {u"a\t\tb\t", u"\t", 2}})
+    EXPECT_EQ(TFileCsv::ParseCommatext(text, separator)->GetCount(), count);
   TVxStringList row;
-  const String cells[] = {u"a b", u"", u"c\"d", u"e;f", String(1, u'\0'), u"g,h"};
-  row.AddStrings(cells);
+  row.AddStrings(TCells{u"a b", u"", u"c\"d", u"e;f", String(1, u'\0'), u"g,h"});
   EXPECT_EQ(TFileCsv::ParseChar(row, u";"), u"\"a b\";;\"c\"\"d\";\"e;f\";\"" + String(1, u'\0') + u"\";g,h");
   EXPECT_EQ(TFileCsv::ParseChar(row, u" "), u"a b  c\"d e;f " + String(1, u'\0') + u" g,h");
 }
 
 }  // namespace
-}  // namespace vx

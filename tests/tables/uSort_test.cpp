@@ -1,29 +1,13 @@
 #include "tables/uSort.h"
 
-#include <gtest/gtest.h>
+#include "tests/support/Test.h"
 
-#include <algorithm>
-#include <climits>
-#include <functional>
-#include <memory>
-#include <numeric>
-#include <random>
-
-#include "platform/Exceptions.h"
-#include "platform/FormatSettings.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
-
-namespace vx {
 namespace {
 
+using namespace vx;
+
 TEST(uSort, ComparesCellsByTheirType) {
-  const struct {
-    TVxFieldType Type;
-    String A, B;
-    int Expected;
-    String Format{};
-  } rows[] = {
+  const struct { TVxFieldType Type; String A, B; int Expected; String Format{}; } rows[] = {
       {vftBoolean, u"ja", u"nein", 1}, {vftBoolean, u"x", u"", 0}, {vftBoolean, u"0", u"1", -1},
       {vftInteger, u"Rest", u"5", -5}, {vftStatus, u"12", u"3", 9}, {vftInteger, u"-2147483648", u"1", INT_MIN},
       {vftInteger, u"2147483647", u"-1", INT_MAX}, {vftFloat, u"1,5", u"1,50", 0}, {vftFraction, u"x", u"-1", 1},
@@ -74,11 +58,10 @@ struct TItem : TListItem {
 TEST(uSort, ItemsAndRowsAreComparedByAColumnAndItsDirection) {
   TItem item1(u"5,x"), item2(u"12");
   TSortColumn column{.Index = 1, .SortType = vftInteger, .SortDirection = 1};
-  EXPECT_EQ(CustomSortProc(item1, item2, &column), -7);
-  column.SortDirection = -1;
-  EXPECT_EQ(CustomSortProc(item1, item2, &column), 7);
-  column.SortDirection = INT_MIN;
-  EXPECT_EQ(CustomSortProc(item1, item2, &column), INT_MAX);
+  for (auto [direction, result] : {std::pair{1, -7}, {-1, 7}, {INT_MIN, INT_MAX}}) {
+    column.SortDirection = direction;
+    EXPECT_EQ(CustomSortProc(item1, item2, &column), result);
+  }
   EXPECT_EQ(CustomSortProc(item2, item1, &column), INT_MIN);
   column.Index = 0;
   EXPECT_EQ(CustomSortProc(item1, item2, &column), 0);
@@ -105,17 +88,20 @@ struct TRows {
     row.AddStrings(std::span(Texts).first(Texts.size() - (Texts.back().empty() ? 1 : 0)));
     Rows.push_back(&row);
   }
-  std::vector<int> StableSorted(const std::vector<TSortColumn>& By) const {
+  template <typename TLess>
+  std::vector<int> StableSorted(TLess Less) const {
     std::vector<int> order(Rows.size());
     std::iota(order.begin(), order.end(), 0);
-    std::stable_sort(order.begin(), order.end(), [&](int a, int b) {
+    auto row = [&](int place) -> const TVxStringList& { return *Rows[static_cast<size_t>(place)]; };
+    std::stable_sort(order.begin(), order.end(), [&](int a, int b) { return Less(row(a), row(b)); });
+    return order;
+  }
+  std::vector<int> StableSorted(const std::vector<TSortColumn>& By) const {
+    return StableSorted([&](const TVxStringList& a, const TVxStringList& b) {
       int result = 0;
-      for (size_t i = 0; i < By.size() && result == 0; ++i) {
-        result = CustomSortProcStr(*Rows[static_cast<size_t>(a)], *Rows[static_cast<size_t>(b)], &By[i]);
-      }
+      for (size_t i = 0; i < By.size() && result == 0; ++i) result = CustomSortProcStr(a, b, &By[i]);
       return result < 0;
     });
-    return order;
   }
   std::vector<const TVxStringList*> Rows;
   std::vector<std::unique_ptr<TVxStringList>> Owned;
@@ -202,8 +188,7 @@ TEST(OrderRows, FurtherColumnsPutEqualRowsInOrder) {
 TEST(OrderRows, ManyRows) {
   std::mt19937 random(3);
   const std::pair<TVxFieldType, std::function<String()>> makers[] = {
-      {vftString, [] { return u"immer dasselbe und lang"; }},
-      {vftString, [&] { return String(random() % 30, u'a'); }},
+      {vftString, [] { return u"immer dasselbe und lang"; }}, {vftString, [&] { return String(random() % 30, u'a'); }},
       {vftString, [&] { return String::FromUtf8(std::to_string(random() % 40000)); }},
       {vftInteger, [&] { return String::FromUtf8(std::to_string(static_cast<int>(random()))); }},
       {vftFloat, [&] { return String::FromUtf8(std::to_string(random() % 900) + "," + std::to_string(random())); }}};
@@ -226,13 +211,8 @@ TEST(OrderRowsByUnits, StandsAsAStableSortByCodeUnits) {
       for (size_t left = random() % 14; left > 0; --left) text += u"\0\0\0aä\uFFFF"[random() % (round % 2 == 0 ? 3 : 6)];
       rows.Add({text, u"x"});
     }
-    std::vector<int> expected(rows.Rows.size());
-    std::iota(expected.begin(), expected.end(), 0);
-    auto text = [&](int row) { return rows.Rows[static_cast<size_t>(row)]->Get(0); };
-    std::stable_sort(expected.begin(), expected.end(), [&](int a, int b) { return text(a) < text(b); });
-    ASSERT_EQ(OrderRowsByUnits(rows.Rows, 0), expected);
-    EXPECT_THROW(OrderRowsByUnits(rows.Rows, 2), EStringListError);
-    EXPECT_THROW(OrderRowsByUnits(rows.Rows, -1), EStringListError);
+    ASSERT_EQ(OrderRowsByUnits(rows.Rows, 0), rows.StableSorted([](auto& a, auto& b) { return a.Get(0) < b.Get(0); }));
+    for (int none : {2, -1}) EXPECT_THROW(OrderRowsByUnits(rows.Rows, none), EStringListError);
   }
   TRows zeros;  // many that end early beside a long one take no time for its length each
   for (int n = 0; n < 50000; ++n) zeros.Add({n == 7 ? String(1000000, u'\0') : String(), u"x"});
@@ -240,4 +220,3 @@ TEST(OrderRowsByUnits, StandsAsAStableSortByCodeUnits) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,0 +1,54 @@
+// What the test files have in common: GoogleTest, the standard headers, what can be steered in a test (clock, zone,
+// dialogs, files, code page, formats), texts and numbers, and the helpers of this folder.
+//
+//   vx::test::TClockAt clock(46000);  // replaces the program's clock as long as it lives
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <cerrno>
+#include <cfloat>
+#include <climits>
+#include <cmath>
+#include <cstdlib>
+#include <filesystem>
+#include <functional>
+#include <limits>
+#include <map>
+#include <memory>
+#include <numeric>
+#include <random>
+#include <set>
+#include <span>
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/Clock.h"
+#include "platform/CodePage.h"
+#include "platform/Dialogs.h"
+#include "platform/Exceptions.h"
+#include "platform/Files.h"
+#include "platform/FormatSettings.h"
+#include "platform/Numbers.h"
+#include "platform/TObject.h"
+#include "platform/Text.h"
+#include "tests/support/FileText.h"
+#include "tests/support/Print.h"
+#include "tests/support/Raised.h"
+#include "tests/support/TempDir.h"
+
+namespace vx::test {
+
+struct TClockAt : TManualClock { using TManualClock::TManualClock; TClockScope Scope{*this}; };
+struct TZoneAt : TFixedTimeZone { using TFixedTimeZone::TFixedTimeZone; TTimeZoneScope Scope{*this}; };
+
+// An object that tells when it goes.
+struct TProbe : TObject {
+  explicit TProbe(std::function<void()> AAtEnd) : AtEnd(std::move(AAtEnd)) {}
+  ~TProbe() override { AtEnd(); }
+  const std::function<void()> AtEnd;
+};
+
+}  // namespace vx::test
