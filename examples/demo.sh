@@ -169,4 +169,10 @@ if [ -x "$programs/shared_settings" ]; then
   grep -q '^anja=25' "$dir/settings.ini" && grep -q '^tim=25' "$dir/settings.ini" || die "a change was lost"
 fi
 
+if [ -x "$programs/form_letter" ]; then
+  say "A form letter, searched once and filled a thousand times"
+  "$programs/form_letter" | tee "$dir/letters"
+  grep -q '^Sehr geehrte' "$dir/letters" || die "there is no letter"
+fi
+
 say "All comparisons agree"
