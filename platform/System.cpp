@@ -5,6 +5,7 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <cerrno>
 #include <charconv>
 #include <cstring>
@@ -12,6 +13,7 @@
 #include <vector>
 
 #include "platform/SystemInternal.h"
+#include "platform/Text.h"
 
 namespace vx {
 
@@ -125,6 +127,12 @@ TSystemRoots SetSystemRoots(TSystemRoots Roots) { return std::exchange(system::R
 String SystemErrorText(int Error) {
   const char* text = ::strerrordesc_np(Error);
   return text != nullptr ? String::FromUtf8(text) : String();
+}
+
+String SystemName() {
+  std::string name = system::ReadText("/proc/sys/kernel/ostype") + system::ReadText("/proc/sys/kernel/osrelease");
+  std::replace(name.begin(), name.end(), '\n', ' ');
+  return Trim(String::FromUtf8(name));
 }
 
 String LoginName() {

@@ -1,6 +1,7 @@
 // What the library asks of the system about the user, this process, the screen, programs and fonts.
 //
 //   SystemErrorText                     the text of a system error
+//   SystemName                          the running system
 //   LoginName, IsRemoteLogin            the user and the session
 //   ResidentBytes, PeakResidentBytes    the memory of this process
 //   ScreenDepth                         the screen
@@ -34,6 +35,9 @@ TSystemRoots SetSystemRoots(TSystemRoots Roots);
 // The system's text of an error number such as ENOENT, always in English; empty for a number that it
 // doesn't know.
 String SystemErrorText(int Error);
+
+// The kernel's name and release, such as u"Linux 6.1.0-18-amd64"; empty if unknown.
+String SystemName();
 
 // The name by which the user of this process logs in; empty if the user database has none.
 String LoginName();

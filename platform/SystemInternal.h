@@ -1,4 +1,4 @@
-// What the sources of System.h share. Not for use outside them.
+// What the sources share that read the files by which the system describes itself. For platform/ only.
 #pragma once
 
 #include <cstddef>

@@ -5,12 +5,14 @@
 #include "objects/uSingleton.h"
 #include "objects/uVxGenerics.h"
 #include "objects/uVxObjects.h"
+#include "services/uAnimate.h"
 #include "services/uMsg.h"
 
 namespace vx {
 
 // The log is written first; then go the objects that applications file, which may use all the rest.
 void FreeBuffersForLeakPrevention() {
+  uAnimate::FreeBuffersForLeakPrevention();
   uMsg::FreeBuffersForLeakPrevention();
   uSingleton::FreeBuffersForLeakPrevention();
   uVxGenerics::FreeBuffersForLeakPrevention();

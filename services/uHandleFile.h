@@ -1,11 +1,16 @@
-// File operations that succeed where they reasonably can and tell the user in German where they don't.
+// File operations that succeed where they reasonably can and tell the user in German where they don't; programs,
+// drives and directories of the system.
 //
 //   FileOperations.h   VxDeleteFile, VxCopyFile, VxRenameFile, VxMoveFile, …
 //   Directories.h      VxForceDirectories, VxRemoveDir, MergeDirectories, ls, …
-//   Drives.h           VxDriveAvailable, VxDriveAvailableError
+//   Drives.h           VxDriveAvailable, VxDriveList, VxDriveToUNC, VxDiskSpace, …
 //   FileTests.h        VxFileExists, VxFileIsLocked, VxUnlockFile, VxTestExclusive, …
 //   FileProperties.h   VxFileSize, VxFileLastWrite, VxHashFromHD, VxFileSizeText, …
 //   FileNames.h        CheckFileName, ValidateFilename, DecorateFilename, PathToList, …
+//   FileVersions.h     VxFileVersion, VxFileProductVersion
+//   Processes.h        VxExecute, VxExecAndWait, VxExecCommandline, VxProcessExists, VxFindWindow, …
+//   ShellTools.h       VxWindowsTool, VxProcessMailTo, VxParseURL
+//   SystemPaths.h      VxUserName, GetProgramPath, VxWindowsDirectory, VxSelectDirectory, …
 //
 // Example:
 //   if (vx::VxForceDirectories(u"C:\\Daten\\Listen")) {
@@ -27,3 +32,7 @@
 #include "services/uHandleFile/FileOperations.h"
 #include "services/uHandleFile/FileProperties.h"
 #include "services/uHandleFile/FileTests.h"
+#include "services/uHandleFile/FileVersions.h"
+#include "services/uHandleFile/Processes.h"
+#include "services/uHandleFile/ShellTools.h"
+#include "services/uHandleFile/SystemPaths.h"
