@@ -175,4 +175,17 @@ if [ -x "$programs/form_letter" ]; then
   grep -q '^Sehr geehrte' "$dir/letters" || die "there is no letter"
 fi
 
+if [ -x "$programs/thread_pool" ]; then
+  say "A thread pool counts primes, and tells the main thread of its progress"
+  "$programs/thread_pool" 200000 2>/dev/null | tee "$dir/primes"
+  grep -q '^17984 primes' "$dir/primes" || die "the primes are wrong"
+fi
+
+if [ -x "$programs/stop_watches" ]; then
+  say "Stop watches around the steps of an export, the last of them another program"
+  "$programs/stop_watches" 20000 | tee "$dir/watches"
+  grep -q '^Müller; "$HOME"$' "$dir/watches" || die "the argument did not reach the program unchanged"
+  grep -q '^+Sortieren *1$' "$dir/watches" || die "a watch is missing"
+fi
+
 say "All comparisons agree"

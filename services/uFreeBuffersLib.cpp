@@ -7,11 +7,13 @@
 #include "objects/uVxObjects.h"
 #include "services/uAnimate.h"
 #include "services/uMsg.h"
+#include "services/uThreadPool.h"
 
 namespace vx {
 
-// The log is written first; then go the objects that applications file, which may use all the rest.
+// Threads may still report, and the log is written next; then go the objects that applications file, which may use all the rest.
 void FreeBuffersForLeakPrevention() {
+  uThreadPool::FreeBuffersForLeakPrevention();
   uAnimate::FreeBuffersForLeakPrevention();
   uMsg::FreeBuffersForLeakPrevention();
   uSingleton::FreeBuffersForLeakPrevention();

@@ -26,6 +26,7 @@
 //   - VxForceDirectories shows its dialog always, and refuses a path that is only a drive.
 #pragma once
 
+#include "platform/Threads.h"  // GetLogicalCpuCount
 #include "services/uHandleFile/Directories.h"
 #include "services/uHandleFile/Drives.h"
 #include "services/uHandleFile/FileNames.h"
