@@ -11,7 +11,8 @@
 
 namespace vx {
 
-// Threads may still report, and the log is written next; then go the objects that applications file, which may use all the rest.
+// Threads may still report, and the log is written next; then go the objects that applications file, which may use all
+// the rest.
 void FreeBuffersForLeakPrevention() {
   uThreadPool::FreeBuffersForLeakPrevention();
   uAnimate::FreeBuffersForLeakPrevention();
