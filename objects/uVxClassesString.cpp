@@ -32,7 +32,7 @@ std::vector<uint64_t> MatchesOf(const String& Text, std::span<const String> Hold
 
 TVxStringReplacer& TVxStringReplacer::ReplaceString(const String& Text, std::span<const String> Holders,
                                                     std::span<const String> Replacers, bool CaseSensitive) {
-  const String text = Text;  // may be a piece that goes
+  const String text = Text;  // NOLINT(performance-unnecessary-copy-initialization): may be a piece that goes
   iVars.clear();
   iList.Clear();
   iReplacerArrLength = static_cast<int>(Replacers.size());
@@ -48,7 +48,7 @@ void TVxStringReplacer::Build(const String& Text, std::span<const uint64_t> Matc
   auto addConst = [&](int From, int Behind) {
     auto part = std::make_unique<TVxStringReplaceConst>(Copy(Text, From, Behind - From));
     iList.Add(part.get());
-    part.release();
+    (void)part.release();
   };
   iVars.reserve(Matches.size());
   int end = 1;  // the position behind the last match
@@ -72,7 +72,7 @@ TVxStringReplacer& TVxStringReplacer::Replace(std::span<const String> Replacers)
 }
 
 TVxStringReplacer& TVxStringReplacer::ReplaceItemText(int ArrayIndex, const String& Text) {
-  const String text = Text;  // may be that of a placeholder
+  const String text = Text;  // NOLINT(performance-unnecessary-copy-initialization): may be a placeholder's
   for (TVxStringReplaceVar* part : iVars) {
     if (part->GetArrayIndex() == ArrayIndex) part->SetText(text);
   }

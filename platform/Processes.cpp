@@ -216,7 +216,7 @@ std::string FindProgram(const std::string& Name) {
   const std::string list = path != nullptr ? path : "/usr/local/bin:/usr/bin:/bin";
   for (size_t begin = 0; begin <= list.size();) {
     const size_t end = std::min(list.find(':', begin), list.size());
-    const std::string file = list.substr(begin, end - begin) + "/" + Name;
+    std::string file = list.substr(begin, end - begin) + "/" + Name;
     struct stat info;
     const bool isFile = end > begin && ::stat(file.c_str(), &info) == 0 && S_ISREG(info.st_mode);
     if (isFile && ::access(file.c_str(), X_OK) == 0) return file;

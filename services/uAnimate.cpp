@@ -56,7 +56,7 @@ void TStopWatch::Start(TObject* tag, const String& text) {
   period->SetSText(text);
   period->SetStart(Now());
   Add(period.get());
-  period.release();
+  (void)period.release();
 }
 
 bool TStopWatch::Finish(TObject* tag, const String& text) {

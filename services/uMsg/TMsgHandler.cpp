@@ -173,7 +173,7 @@ bool TMsgHandler::EndAction(const TMsgInfo& MsgInfo) {
 bool TMsgHandler::IsAlert() const noexcept { return iMsgList.GetCount() > (msgCount.empty() ? 0 : msgCount.back()); }
 
 void TMsgHandler::HandleMsg(const TMsgInfo& TopInfo) {
-  const TMsgInfo top = TopInfo;  // it may be one of the list
+  const TMsgInfo top = TopInfo;  // NOLINT(performance-unnecessary-copy-initialization): may be one of the list
   RemoveDuplicates(iMsgList);
   if (iMsgInterrupt) {
     iMsgInterrupt(top, iMsgList, return_);

@@ -192,15 +192,21 @@ void TSharedIni::WriteSectionValues(const String& Section, const TStrings& Strin
   }
 }
 
-void TSharedIni::ReadSection(std::u16string_view Section, TStrings& Strings) {
-  const String name = Section;
+// Replaces Strings by what Take(lines, index) adds for each line of a section.
+template <typename F>
+void TSharedIni::ReadLines(std::u16string_view Section, TStrings& Strings, F Take) {
+  const String name = Section;  // it may be an item of Strings
   InstantRead();
   TUpdateScope update(Strings);
   Strings.Clear();
   const THashedStringList* lines = Lines(name);
-  for (int i = 0; lines && i < lines->GetCount(); ++i) {
-    if (lines->View(i).view().find(u'=') != std::u16string_view::npos) Strings.Add(lines->GetNames(i));
-  }
+  for (int i = 0; lines && i < lines->GetCount(); ++i) Take(*lines, i);
+}
+
+void TSharedIni::ReadSection(std::u16string_view Section, TStrings& Strings) {
+  ReadLines(Section, Strings, [&](const THashedStringList& lines, int index) {
+    if (lines.View(index).view().find(u'=') != std::u16string_view::npos) Strings.Add(lines.GetNames(index));
+  });
 }
 
 void TSharedIni::ReadSections(TStrings& Strings) {
@@ -211,12 +217,7 @@ void TSharedIni::ReadSections(TStrings& Strings) {
 }
 
 void TSharedIni::ReadSectionValues(std::u16string_view Section, TStrings& Strings) {
-  const String name = Section;
-  InstantRead();
-  TUpdateScope update(Strings);
-  Strings.Clear();
-  const THashedStringList* lines = Lines(name);
-  for (int i = 0; lines && i < lines->GetCount(); ++i) Strings.Add(lines->View(i));
+  ReadLines(Section, Strings, [&](const THashedStringList& lines, int index) { Strings.Add(lines.View(index)); });
 }
 
 bool TSharedIni::ValueExists(std::u16string_view Section, std::u16string_view Ident) {

@@ -156,6 +156,8 @@ class TSharedIni : public TCustomIniFile {
   THashedStringList* Lines(std::u16string_view Section) const;
   const String* FindLine(std::u16string_view Section, std::u16string_view Ident) const;
   bool HasKeys(std::u16string_view Section) const;
+  template <typename F>
+  void ReadLines(std::u16string_view Section, TStrings& Strings, F Take);
   void TakeLine(const String& Text, THashedStringList*& Section);
   // The content as the text of a file.
   template <typename F>
