@@ -58,7 +58,7 @@ struct Currency {
   friend Currency operator-(Currency A, Currency B) { return A -= B; }
   friend Currency operator*(Currency A, Currency B) { return A *= B; }
   friend Currency operator/(Currency A, Currency B) { return A /= B; }
-  friend constexpr auto operator<=>(Currency A, Currency B) noexcept = default;
+  friend constexpr auto operator<=>(Currency A, Currency B) noexcept = default;  // NOLINT(modernize-use-nullptr)
 
  private:
   template <std::integral T>

@@ -88,7 +88,7 @@ bool HasContent(const String& Path) { return VxFileExists(Path) && VxFileSize(Pa
 TDuplicateIni::TDuplicateIni(String FileName, String Sourcename)
     : TSharedIni(std::move(FileName)), iSourcename(std::move(Sourcename)) {}
 
-TDuplicateIni::TDuplicateIni(String FileName, String Sourcename, TDuplicateIniOptions Options,
+TDuplicateIni::TDuplicateIni(const String& FileName, const String& Sourcename, TDuplicateIniOptions Options,
                              const TEncoding* Encoding)
     : TDuplicateIni(FileName, Sourcename, Options, Encoding, FetchFirst(FileName, Sourcename, Options)) {}
 

@@ -29,7 +29,8 @@ class TDuplicateIni : public TSharedIni {
  public:
   // Without options nothing is fetched.
   TDuplicateIni(String FileName, String Sourcename);
-  TDuplicateIni(String FileName, String Sourcename, TDuplicateIniOptions Options, const TEncoding* Encoding = nullptr);
+  TDuplicateIni(const String& FileName, const String& Sourcename, TDuplicateIniOptions Options,
+                const TEncoding* Encoding = nullptr);
   String ClassName() const override { return u"TDuplicateIni"; }
 
   TDuplicateIniOptions GetDuplicateOptions() const noexcept { return iDuplicateOptions; }

@@ -169,7 +169,7 @@ void TSharedIni::DeleteKey(const String& Section, const String& Ident) {
 }
 
 void TSharedIni::EraseSection(const String& Section) {
-  const String name = Section;  // it may be an item of what goes
+  const String name = Section;  // NOLINT(performance-unnecessary-copy-initialization): may be of what goes
   TVxStringList keys;
   ReadSection(name, keys);
   for (const String& key : keys.Items()) Modification(name, key, String(), atDelete);

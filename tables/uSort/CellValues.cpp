@@ -44,13 +44,15 @@ bool CompareDateTimeUnits(std::u16string_view A, std::u16string_view B, int& Res
 uint64_t DigitsOfDate(TDateTime Value) noexcept {
   int year, month, day;
   DecodeDate(Value, year, month, day);
-  return static_cast<uint64_t>((year * 100 + month) * 100 + day);
+  const int digits = (year * 100 + month) * 100 + day;
+  return static_cast<uint64_t>(digits);
 }
 
 uint64_t DigitsOfTime(TDateTime Value) noexcept {
   int hour, minute, second, msec;
   DecodeTime(Value, hour, minute, second, msec);
-  return static_cast<uint64_t>((hour * 100 + minute) * 100 + second);
+  const int digits = (hour * 100 + minute) * 100 + second;
+  return static_cast<uint64_t>(digits);
 }
 
 uint64_t DigitsOfDateTime(TDateTime Value) noexcept { return DigitsOfDate(Value) * 1000000 + DigitsOfTime(Value); }
