@@ -47,7 +47,11 @@ inline TPlainParts PartsOf(const TVxStringReplacer& replacer) {
   for (int i = 0; i < replacer.GetCount(); ++i) {
     const TVxStringReplacePart& part = replacer.GetPart(i);
     const auto* holder = dynamic_cast<const TVxStringReplacer::TVxStringReplaceVar*>(&part);
-    result.push_back({part.GetText(), part.GetPos(), part.GetHolderLng(), holder ? holder->GetArrayIndex() : -1});
+    TPlainPart& plain = result.emplace_back();
+    plain.Text = part.GetText();
+    plain.Pos = part.GetPos();
+    plain.Length = part.GetHolderLng();
+    plain.Index = holder ? holder->GetArrayIndex() : -1;
   }
   return result;
 }
