@@ -76,8 +76,11 @@ String TEncoding::Decode(std::string_view Bytes) const {
 
 std::string TEncoding::Encode(std::u16string_view Text) const {
   switch (FKind) {
-    case ekUtf8:
-      return String(Text).ToUtf8();
+    case ekUtf8: {
+      std::string bytes;
+      AppendUtf8(bytes, Text);
+      return bytes;
+    }
     case ekUtf16:
       return EncodeUnits(Text, 1);
     case ekUtf16BigEndian:

@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <cstring>
 #include <new>
 #include <stdexcept>
 
@@ -48,7 +49,7 @@ char32_t NextFromUtf8(std::string_view Bytes, size_t& Pos) noexcept {
   return value;
 }
 
-void AppendUtf8(std::string& Target, char32_t Value) {
+void AppendValue(std::string& Target, char32_t Value) {
   if (Value < 0x80) {
     Target += static_cast<char>(Value);
   } else if (Value < 0x800) {
@@ -64,6 +65,35 @@ void AppendUtf8(std::string& Target, char32_t Value) {
     Target += static_cast<char>(0x80 | (Value >> 6 & 0x3F));
     Target += static_cast<char>(0x80 | (Value & 0x3F));
   }
+}
+
+// Appends the first character of Text and gives its number of units.
+size_t AppendCharacter(std::string& Target, std::u16string_view Text) {
+  char32_t value = Text[0];
+  const bool isHigh = value >= 0xD800 && value < 0xDC00;
+  if (isHigh && Text.size() > 1 && Text[1] >= 0xDC00 && Text[1] < 0xE000) {
+    AppendValue(Target, 0x10000 + ((value - 0xD800) << 10) + (Text[1] - 0xDC00u));
+    return 2;
+  }
+  if (value >= 0xD800 && value < 0xE000) value = 0xFFFD;
+  AppendValue(Target, value);
+  return 1;
+}
+
+// The units in front that are ASCII, as bytes at Target.
+size_t NarrowAscii(std::u16string_view Text, char* Target) noexcept {
+  constexpr size_t kBlock = 16;
+  size_t at = 0;
+  for (; Text.size() - at >= kBlock; at += kBlock) {
+    char block[kBlock];
+    unsigned all = 0;
+    for (size_t i = 0; i < kBlock; ++i) all |= Text[at + i];
+    if (all >= 0x80) break;
+    for (size_t i = 0; i < kBlock; ++i) block[i] = static_cast<char>(Text[at + i]);
+    std::memcpy(Target + at, block, kBlock);
+  }
+  for (; at < Text.size() && Text[at] < 0x80; ++at) Target[at] = static_cast<char>(Text[at]);
+  return at;
 }
 
 }  // namespace
@@ -111,20 +141,26 @@ String String::FromUtf8(std::string_view Bytes) {
 }
 
 std::string String::ToUtf8() const {
-  std::u16string_view text = view();
   std::string result;
-  result.reserve(text.size() + text.size() / 4);
-  for (size_t i = 0; i < text.size(); ++i) {
-    char32_t value = text[i];
-    bool isHigh = value >= 0xD800 && value < 0xDC00;
-    if (isHigh && i + 1 < text.size() && text[i + 1] >= 0xDC00 && text[i + 1] < 0xE000) {
-      value = 0x10000 + ((value - 0xD800) << 10) + (text[++i] - 0xDC00u);
-    } else if (value >= 0xD800 && value < 0xE000) {
-      value = 0xFFFD;
-    }
-    AppendUtf8(result, value);
-  }
+  result.reserve(static_cast<size_t>(size()) + static_cast<size_t>(size()) / 4);
+  AppendUtf8(result, view());
   return result;
+}
+
+void AppendUtf8(std::string& Bytes, std::u16string_view Text) {
+  constexpr size_t kPiece = 128;  // little is lost where it holds another character than ASCII
+  while (!Text.empty()) {
+    if (Text[0] >= 0x80) {
+      Text.remove_prefix(AppendCharacter(Bytes, Text));
+      continue;
+    }
+    const std::u16string_view piece = Text.substr(0, kPiece);
+    const size_t size = Bytes.size();
+    Bytes.resize(size + piece.size());
+    const size_t count = NarrowAscii(piece, Bytes.data() + size);
+    Bytes.resize(size + count);
+    Text.remove_prefix(count);
+  }
 }
 
 char16_t* String::MutableData() {

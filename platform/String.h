@@ -201,6 +201,8 @@ inline String operator+(const String& A, const std::u16string& B) { return A + s
 inline String operator+(const std::u16string& A, const String& B) { return std::u16string_view(A) + B; }
 // Joins any number of texts in one allocation.
 String Concat(std::initializer_list<std::u16string_view> Parts);
+// Appends Text as UTF-8; lone surrogates become U+FFFD.
+void AppendUtf8(std::string& Bytes, std::u16string_view Text);
 
 inline std::u16string_view String::view() const noexcept {
   if (IsInline()) return {FUnits, FUnits[kTag]};

@@ -1,6 +1,4 @@
 // The log of the message handler.
-#include <algorithm>
-#include <cstring>
 #include <utility>
 
 #include "platform/Calendar.h"
@@ -42,37 +40,6 @@ void FillInTurn(std::u16string& Line, const String& Pattern, const TValues& Valu
     ++placeholder[1];
   }
   Line = result;
-}
-
-// The units in front that are ASCII, as bytes at Target.
-size_t NarrowAscii(std::u16string_view Text, char* Target) noexcept {
-  constexpr size_t kBlock = 16;
-  size_t at = 0;
-  for (; Text.size() - at >= kBlock; at += kBlock) {
-    char block[kBlock];
-    unsigned all = 0;
-    for (size_t i = 0; i < kBlock; ++i) all |= Text[at + i];
-    if (all >= 0x80) break;
-    for (size_t i = 0; i < kBlock; ++i) block[i] = static_cast<char>(Text[at + i]);
-    std::memcpy(Target + at, block, kBlock);
-  }
-  for (; at < Text.size() && Text[at] < 0x80; ++at) Target[at] = static_cast<char>(Text[at]);
-  return at;
-}
-
-// Mostly ASCII; the rest goes over by runs. Room grows fourfold: what is not used yet costs nothing, copying does.
-void AppendUtf8(std::string& Bytes, std::u16string_view Text) {
-  while (!Text.empty()) {
-    const size_t size = Bytes.size();
-    if (Bytes.capacity() - size < Text.size()) Bytes.reserve(4 * (size + Text.size()));
-    Bytes.resize(size + Text.size());
-    const size_t ascii = NarrowAscii(Text, Bytes.data() + size);
-    Bytes.resize(size + ascii);
-    const auto rest = std::find_if(Text.begin() + ascii, Text.end(), [](char16_t unit) { return unit < 0x80; });
-    const auto end = static_cast<size_t>(rest - Text.begin());
-    if (end > ascii) Bytes += String(Text.substr(ascii, end - ascii)).ToUtf8();
-    Text.remove_prefix(end);
-  }
 }
 
 }  // namespace

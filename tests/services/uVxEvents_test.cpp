@@ -164,6 +164,11 @@ TEST(SignalFamilies, KeepTheirOwnRules) {
   EXPECT_TRUE(walk->GetCurrent() == &one && walk->MoveNext() && walk->GetCurrent() == &two && !walk->MoveNext())
       << "the walk goes on over the list as it was";
   EXPECT_EQ(two.Heard, 22);
+  auto second = list.GetEnumerator();
+  TFamilies late;
+  for (int i = 0; i < 50; ++i) list.Add(&late);
+  EXPECT_TRUE(second->MoveNext() && second->GetCurrent() == &two) << "not what was added since, at no old address";
+  second.reset(), list.Clear();
 }
 
 }  // namespace
