@@ -20,15 +20,30 @@ TEST(FieldTypes, TextsAndNumbers) {
     EXPECT_TRUE(IntToVxFieldType(i) == known && StrToFieldType(name) == known && GetVxFieldType(name) == known) << i;
     if (i >= 0 && i <= vftButton + 1) german += VxFieldTypeToText(type, true) + u" ", internal += word + u" ";
   }
-  EXPECT_EQ(german, u"Unbekannt Kurztext Text Wahrheitswert Zahl Kommazahl Datum Zeit Mehrzeilentext Zeitpunkt Status "
-                    u"Bild Stunden Währung Bruch HTML Schalter Grafik Knopf Unbekannt ");
-  EXPECT_EQ(internal, u"Unknown ShortString String Boolean Integer Float Date Time Commatext DateTime Status Image "
-                      u"Hour Currency Fraction TinyHTML Toggle Grafik Button Unknown ");
-  struct { String Text; int Loose; TVxFieldType Exact; } cases[] = {{u"0", 0, vftUnknown}, {u"4", 4, vftUnknown},
-      {u"18", 18, vftUnknown}, {u"19", 0, vftUnknown}, {u"-1", 0, vftUnknown}, {u"VFTDATE", 6, vftUnknown},
-      {u" $C", 12, vftUnknown}, {u"vftDate", 6, vftDate}, {u"vftunknown", 0, vftUnknown}, {u"Datum", -1, vftUnknown},
-      {u"vftDate ", -1, vftUnknown}, {u"vftDatė", -1, vftUnknown}, {u"99999999999", -1, vftUnknown},
-      {u"", -1, vftUnknown}};
+  EXPECT_EQ(german,
+            u"Unbekannt Kurztext Text Wahrheitswert Zahl Kommazahl Datum Zeit Mehrzeilentext Zeitpunkt Status "
+            u"Bild Stunden Währung Bruch HTML Schalter Grafik Knopf Unbekannt ");
+  EXPECT_EQ(internal,
+            u"Unknown ShortString String Boolean Integer Float Date Time Commatext DateTime Status Image "
+            u"Hour Currency Fraction TinyHTML Toggle Grafik Button Unknown ");
+  struct {
+    String Text;
+    int Loose;
+    TVxFieldType Exact;
+  } cases[] = {{u"0", 0, vftUnknown},
+               {u"4", 4, vftUnknown},
+               {u"18", 18, vftUnknown},
+               {u"19", 0, vftUnknown},
+               {u"-1", 0, vftUnknown},
+               {u"VFTDATE", 6, vftUnknown},
+               {u" $C", 12, vftUnknown},
+               {u"vftDate", 6, vftDate},
+               {u"vftunknown", 0, vftUnknown},
+               {u"Datum", -1, vftUnknown},
+               {u"vftDate ", -1, vftUnknown},
+               {u"vftDatė", -1, vftUnknown},
+               {u"99999999999", -1, vftUnknown},
+               {u"", -1, vftUnknown}};
   for (const auto& c : cases) {
     EXPECT_TRUE(GetVxFieldType(c.Text) == c.Loose && StrToFieldType(c.Text) == c.Exact) << c.Text.ToUtf8();
     EXPECT_EQ(IsVxFieldType(c.Text), c.Loose >= 0) << c.Text.ToUtf8();
@@ -67,32 +82,56 @@ TEST(Subtypes, Lists) {
     EXPECT_EQ(getSubTypeText(key, pairs.GetCount()) + getSubTypeSymbol(key, texts.GetCount()), u"");
     counts += key + u" " + IntToStr(pairs.GetCount()) + u" ";
   }
-  EXPECT_EQ(counts, u"ABRRUNDUNG 5 ABWESENHEITANSPRUCH 3 ABWESENHEITARBEITSZEIT 3 ABWESENHEITRUNDUNG 4 "
-                    u"ABWESENHEITSPEZIALISIERUNG 8 ANSPRUCHPRECISION 5 BERUF 19 BERUFSABSCHLUSS 15 BESCHART 9 "
-                    u"BESCHSTATUS 4 BOOLEXT 3 FAMSTATUS 8 FEDERALSTATE 53 LASTSCHRIFT 3 MEDITYP 4 MITTERMINGRUPPEN 6 "
-                    u"NATIONALITY 24 PATRELATION 23 PATTERMINGRUPPEN 6 PFLEGESTUFE 9 RELIGION 24 SEX 2 "
-                    u"SGBXILEISTUNGSART 4 SGBXIRESTAN 6 UNTERBRINGUNG 4 VERSORGUNG 6 WOCHENTAGE 8 ");
-  struct { const char16_t* Key; int Index; const char16_t* Entry; } entries[] = {
-      {u"NATIONALITY", 14, u"040 österreichisch"}, {u"NATIONALITY", 23, u"000 unbekannt"}, {u"RELIGION", 0, u" "},
-      {u"FEDERALSTATE", 40, u"40 Appenzell Ausserrhoden"}, {u"RELIGION", 4, u"ef freie ev. Gemeinde"},
-      {u"RELIGION", 22, u"-- keine Kirche"}, {u"RELIGION", 23, u"?? unbekannt"}, {u"PFLEGESTUFE", 0, u"-1 keine"},
-      {u"SGBXIRESTAN", 5, u"PS Privat + Sozialamt"}, {u"BESCHART", 7, u"48 Praktikant/in, Schüler/in, Azubi"},
-      {u"BERUF", 4, u"4 Fachkrankenschwester/-pfleger"}, {u"BESCHART", 4, u"39 über 50% Vollzeit"},
-      {u"BERUFSABSCHLUSS", 10, u"78 Sozialpädagog(e)/in / Sozialarbeiter/in"}, {u"PATRELATION", 8, u"9 Großmutter"},
-      {u"ABWESENHEITSPEZIALISIERUNG", 3, u"D Dienstbesprechnung"}, {u"PATRELATION", 22, u" "}};
+  EXPECT_EQ(counts,
+            u"ABRRUNDUNG 5 ABWESENHEITANSPRUCH 3 ABWESENHEITARBEITSZEIT 3 ABWESENHEITRUNDUNG 4 "
+            u"ABWESENHEITSPEZIALISIERUNG 8 ANSPRUCHPRECISION 5 BERUF 19 BERUFSABSCHLUSS 15 BESCHART 9 "
+            u"BESCHSTATUS 4 BOOLEXT 3 FAMSTATUS 8 FEDERALSTATE 53 LASTSCHRIFT 3 MEDITYP 4 MITTERMINGRUPPEN 6 "
+            u"NATIONALITY 24 PATRELATION 23 PATTERMINGRUPPEN 6 PFLEGESTUFE 9 RELIGION 24 SEX 2 "
+            u"SGBXILEISTUNGSART 4 SGBXIRESTAN 6 UNTERBRINGUNG 4 VERSORGUNG 6 WOCHENTAGE 8 ");
+  struct {
+    const char16_t* Key;
+    int Index;
+    const char16_t* Entry;
+  } entries[] = {{u"NATIONALITY", 14, u"040 österreichisch"},
+                 {u"NATIONALITY", 23, u"000 unbekannt"},
+                 {u"RELIGION", 0, u" "},
+                 {u"FEDERALSTATE", 40, u"40 Appenzell Ausserrhoden"},
+                 {u"RELIGION", 4, u"ef freie ev. Gemeinde"},
+                 {u"RELIGION", 22, u"-- keine Kirche"},
+                 {u"RELIGION", 23, u"?? unbekannt"},
+                 {u"PFLEGESTUFE", 0, u"-1 keine"},
+                 {u"SGBXIRESTAN", 5, u"PS Privat + Sozialamt"},
+                 {u"BESCHART", 7, u"48 Praktikant/in, Schüler/in, Azubi"},
+                 {u"BERUF", 4, u"4 Fachkrankenschwester/-pfleger"},
+                 {u"BESCHART", 4, u"39 über 50% Vollzeit"},
+                 {u"BERUFSABSCHLUSS", 10, u"78 Sozialpädagog(e)/in / Sozialarbeiter/in"},
+                 {u"PATRELATION", 8, u"9 Großmutter"},
+                 {u"ABWESENHEITSPEZIALISIERUNG", 3, u"D Dienstbesprechnung"},
+                 {u"PATRELATION", 22, u" "}};
   for (const auto& c : entries)
     EXPECT_EQ(getSubTypeSymbol(c.Key, c.Index) + u" " + getSubTypeText(c.Key, c.Index), c.Entry);
   EXPECT_EQ(SubtypeIdContent(u"boolext"), u"\"0,Nein\",\"1,Ja\",\"2,\"\"keine Angabe\"\"\"");
 }
 
 TEST(Subtypes, LookingUp) {
-  struct { const char16_t *Key, *Value; int Index; const char16_t *Symbol, *Text; } cases[] = {
-      {u"federalstate", u"0", 0, u"0", u""}, {u"FEDERALSTATE", u"UNBEKANNT", 52, u"0", u"unbekannt"},
-      {u"FEDERALSTATE", u"zürich", 26, u"26", u"Zürich"}, {u"FEDERALSTATE", u"", 0, u"0", u""},
-      {u"NATIONALITY", u"000", 0, u"000", u""}, {u"Religion", u"LT", 2, u"lt", u"lutherisch"},
-      {u"PFLEGESTUFE", u"0", 1, u"0", u"0"}, {u"PFLEGESTUFE", u"0+", 6, u"5", u"0+"},
-      {u"PATRELATION", u"", 22, u"", u""}, {u"SEX", u"männlich ", -1, u"", u""}, {u"SEX", u"", -1, u"", u""},
-      {u"", u"0", -1, u"", u""}, {u"SEXE", u"0", -1, u"", u""}, {u"zz", u"", -1, u"", u""}};
+  struct {
+    const char16_t *Key, *Value;
+    int Index;
+    const char16_t *Symbol, *Text;
+  } cases[] = {{u"federalstate", u"0", 0, u"0", u""},
+               {u"FEDERALSTATE", u"UNBEKANNT", 52, u"0", u"unbekannt"},
+               {u"FEDERALSTATE", u"zürich", 26, u"26", u"Zürich"},
+               {u"FEDERALSTATE", u"", 0, u"0", u""},
+               {u"NATIONALITY", u"000", 0, u"000", u""},
+               {u"Religion", u"LT", 2, u"lt", u"lutherisch"},
+               {u"PFLEGESTUFE", u"0", 1, u"0", u"0"},
+               {u"PFLEGESTUFE", u"0+", 6, u"5", u"0+"},
+               {u"PATRELATION", u"", 22, u"", u""},
+               {u"SEX", u"männlich ", -1, u"", u""},
+               {u"SEX", u"", -1, u"", u""},
+               {u"", u"0", -1, u"", u""},
+               {u"SEXE", u"0", -1, u"", u""},
+               {u"zz", u"", -1, u"", u""}};
   for (const auto& c : cases) {
     EXPECT_EQ(getSubTypeIndex(c.Key, c.Value), c.Index) << String(c.Value).ToUtf8();
     EXPECT_EQ(SubtypeTextToSymbol(c.Key, c.Value), c.Symbol);
@@ -105,9 +144,14 @@ TEST(Subtypes, LookingUp) {
 
 TEST(Subtypes, Countries) {
   const auto number = [](TObject* object) { return static_cast<int>(reinterpret_cast<intptr_t>(object)); };
-  struct { const char16_t* Selection; int Current, Result; const char16_t* Items; } cases[] = {
-      {u"2,26", 26, 2, u"0 2Bayern 26Zürich 0unbekannt "}, {u" ", 7, 1, u"0 7Niedersachsen 0unbekannt "},
-      {u"3 ,\"1\",99,x", 25, 3, u"0 1Baden-Württemberg 3Berlin 25Wien 0unbekannt "}, {u"0", -5, 0, u"0 0unbekannt "}};
+  struct {
+    const char16_t* Selection;
+    int Current, Result;
+    const char16_t* Items;
+  } cases[] = {{u"2,26", 26, 2, u"0 2Bayern 26Zürich 0unbekannt "},
+               {u" ", 7, 1, u"0 7Niedersachsen 0unbekannt "},
+               {u"3 ,\"1\",99,x", 25, 3, u"0 1Baden-Württemberg 3Berlin 25Wien 0unbekannt "},
+               {u"0", -5, 0, u"0 0unbekannt "}};
   TVxStringList list;
   for (const auto& c : cases) {
     EXPECT_EQ(GetCountries(list, c.Selection, c.Current), c.Result) << c.Current;

@@ -1,5 +1,4 @@
 #include "core/uVxFunctions.h"
-
 #include "objects/uVxClasses.h"
 #include "tests/support/Test.h"
 
@@ -25,9 +24,17 @@ TEST(Strings, ChangeOnlyWhatHasToAndShareTheRest) {
   EXPECT_EQ(CaseStringOf(u"b", {{u"a", u"b", u"b"}}) * 10 + CaseStringOf(u"B", {{u"b"}}) + CaseStringOf(u"", {}), 8);
   EXPECT_TRUE(StrSpecificChars(u"12", u"12") && !StrSpecificChars(u"", u"1") && !StrSpecificChars(u"1ı", u"1"));
   EXPECT_EQ(VxTrim(u"  a  ", u" ", true) + VxTrim(u"ab1a", u"1", false) + VxTrim(u"   ", u" ", true), u"a  1a");
-  struct { String Text; TCharSet First, Unique, Allowed; bool Good; } codes[] = {{u"-1,5", u"-1", u",-", u"15,", true},
-      {u"1,5,", u"1", u",", u"15,", false}, {u"aa1", u"a", u"a", u"1a", true}, {u"aa1a", u"a", u"a", u"1a", false},
-      {u"-", u"-", {}, {}, true}, {u"1-", u"-", {}, u"1-", false}, {u"", {}, {}, u"1", false}};
+  struct {
+    String Text;
+    TCharSet First, Unique, Allowed;
+    bool Good;
+  } codes[] = {{u"-1,5", u"-1", u",-", u"15,", true},
+               {u"1,5,", u"1", u",", u"15,", false},
+               {u"aa1", u"a", u"a", u"1a", true},
+               {u"aa1a", u"a", u"a", u"1a", false},
+               {u"-", u"-", {}, {}, true},
+               {u"1-", u"-", {}, u"1-", false},
+               {u"", {}, {}, u"1", false}};
   for (const auto& c : codes) {
     const int refused = StrCharsetErrorCount + (c.Good ? 0 : 1);
     EXPECT_TRUE(StrCharset(c.Text, c.First, c.Unique, c.Allowed) == c.Good && StrCharsetErrorCount == refused);
@@ -35,17 +42,38 @@ TEST(Strings, ChangeOnlyWhatHasToAndShareTheRest) {
 }
 
 TEST(Matching, CapturesWhatEachStarStoodFor) {
-  struct { String Text, Pattern; bool Exact, Matches; String List; } cases[] = {{u"abab", u"*ab*", true, true, u"a,ab"},
-      {u"axxbcyyd", u"a*bc*d", true, true, u"xxb,yy"}, {u"axxÖcyyd", u"a*öC*d", false, true, u"xxÖ,yy"},
-      {u"axxÖcyyd", u"a*öC*d", true, false, u"xxÖcyy"}, {u"Ab", u"*", true, true, u"Ab"}, {u"", u"a", true, false, u""},
-      {u"", u"*", true, true, u"\"\""}, {u"", u"**", false, true, u""}, {u"ab", u"**", true, true, u"ab"},
-      {u"AB", u"ab", false, true, u""}, {u"AB", u"ab", true, false, u""}, {u"ab", u"ab*", true, true, u""},
-      {u"ab", u"abb", true, false, u""}, {u"ab", u"b", true, false, u""}, {u"aab", u"a*ab", true, true, u""},
-      {u"ab", u"a*ab", true, false, u""}, {u"xaxbx", u"*a**b*", true, true, u"x,x,x"}, {u"b", u"a*", true, false, u""},
-      {u"aabab", u"*ab", true, true, u"aab"}, {u"abc", u"a*x*c", true, false, u"b"}, {u"a*b", u"*b", true, true, u"a*"},
-      {u"xabyab", u"*ab*ab", true, true, u"xa,y"}, {u"a", u"", true, false, u""}, {u"", u"", true, true, u""},
-      {u"a*b", u"a*b", true, true, u""}, {u"aaXbb", u"a*x*B", false, true, u"a,b"}, {u"ab", u"a*b*c", true, false, u""},
-      {u"aaab", u"*aab*", true, true, u"aaa"}};
+  struct {
+    String Text, Pattern;
+    bool Exact, Matches;
+    String List;
+  } cases[] = {{u"abab", u"*ab*", true, true, u"a,ab"},
+               {u"axxbcyyd", u"a*bc*d", true, true, u"xxb,yy"},
+               {u"axxÖcyyd", u"a*öC*d", false, true, u"xxÖ,yy"},
+               {u"axxÖcyyd", u"a*öC*d", true, false, u"xxÖcyy"},
+               {u"Ab", u"*", true, true, u"Ab"},
+               {u"", u"a", true, false, u""},
+               {u"", u"*", true, true, u"\"\""},
+               {u"", u"**", false, true, u""},
+               {u"ab", u"**", true, true, u"ab"},
+               {u"AB", u"ab", false, true, u""},
+               {u"AB", u"ab", true, false, u""},
+               {u"ab", u"ab*", true, true, u""},
+               {u"ab", u"abb", true, false, u""},
+               {u"ab", u"b", true, false, u""},
+               {u"aab", u"a*ab", true, true, u""},
+               {u"ab", u"a*ab", true, false, u""},
+               {u"xaxbx", u"*a**b*", true, true, u"x,x,x"},
+               {u"b", u"a*", true, false, u""},
+               {u"aabab", u"*ab", true, true, u"aab"},
+               {u"abc", u"a*x*c", true, false, u"b"},
+               {u"a*b", u"*b", true, true, u"a*"},
+               {u"xabyab", u"*ab*ab", true, true, u"xa,y"},
+               {u"a", u"", true, false, u""},
+               {u"", u"", true, true, u""},
+               {u"a*b", u"a*b", true, true, u""},
+               {u"aaXbb", u"a*x*B", false, true, u"a,b"},
+               {u"ab", u"a*b*c", true, false, u""},
+               {u"aaab", u"*aab*", true, true, u"aaa"}};
   for (const auto& c : cases) {
     TVxStringList list;
     EXPECT_EQ(StrMatch(c.Text, c.Pattern, c.Exact, &list), c.Matches) << c.Pattern.ToUtf8();
@@ -62,15 +90,22 @@ TEST(Matching, CapturesWhatEachStarStoodFor) {
 
 TEST(Finding, ComparesFoldedLowBytesAndStopsAtTheEnd) {
   const String zeros = u"ab" + String(1, u'\0') + u"ab", word = u"aba.ba.aba.a";
-  struct { String Buffer, Text; bool Forward, Word; int From, Place; } cases[] = {{u"aaab", u"AAB", true, false, 0, 1},
-      {u"xÄÖÜÝ", u"äöüý", true, false, 0, 1}, {u"Þ", u"þ", true, false, 0, -1}, {u"×", u"÷", true, false, 0, -1},
-      {u"š", u"A", true, false, 0, 0}, {u"Ł", u"a", true, false, 0, -1}, {zeros, u"b", true, false, 2, -1},
-      {zeros, u"b", false, false, 4, 1}, {zeros, zeros, true, false, 0, -1}, {u"ab", u"", true, false, 1, 1},
-      {word, u"BA", true, false, 2, 4}, {u"xa.a.a", u"a.a", true, true, 0, 3}, {word, u"ba", true, true, 0, 4},
-      {word, u"ba", true, true, 5, -1}, {word, u"a", true, true, 0, 11}, {word, u"aba", true, true, 0, 0},
-      {word, u"a", false, true, 12, 11}, {word, u"a", false, false, 10, 9}, {word, u"ba", false, true, 11, 4},
-      {word, u"aba", false, true, 2, -1}, {word, u"aba", false, true, 3, 0}, {word, u"a", true, false, -8, 0},
-      {word, u"a", false, false, 99, 11}};
+  struct {
+    String Buffer, Text;
+    bool Forward, Word;
+    int From, Place;
+  } cases[] = {{u"aaab", u"AAB", true, false, 0, 1}, {u"xÄÖÜÝ", u"äöüý", true, false, 0, 1},
+               {u"Þ", u"þ", true, false, 0, -1},     {u"×", u"÷", true, false, 0, -1},
+               {u"š", u"A", true, false, 0, 0},      {u"Ł", u"a", true, false, 0, -1},
+               {zeros, u"b", true, false, 2, -1},    {zeros, u"b", false, false, 4, 1},
+               {zeros, zeros, true, false, 0, -1},   {u"ab", u"", true, false, 1, 1},
+               {word, u"BA", true, false, 2, 4},     {u"xa.a.a", u"a.a", true, true, 0, 3},
+               {word, u"ba", true, true, 0, 4},      {word, u"ba", true, true, 5, -1},
+               {word, u"a", true, true, 0, 11},      {word, u"aba", true, true, 0, 0},
+               {word, u"a", false, true, 12, 11},    {word, u"a", false, false, 10, 9},
+               {word, u"ba", false, true, 11, 4},    {word, u"aba", false, true, 2, -1},
+               {word, u"aba", false, true, 3, 0},    {word, u"a", true, false, -8, 0},
+               {word, u"a", false, false, 99, 11}};
   for (const auto& c : cases) {
     int pos = c.From, from = c.From;
     EXPECT_EQ(StrFind(c.Buffer, c.Text, pos, c.Forward, true, c.Word, u".") ? pos : -1, c.Place) << c.Text.ToUtf8();

@@ -15,10 +15,10 @@ TEST(Dates, NumbersAndBorders) {
   TDateTime first = 7, last;
   EXPECT_TRUE(!VxIntToDate(20150229, first) && first == 0);
   for (int bad : {0, 20151301, 20150011, -20150211, 211, INT32_MAX, INT32_MIN}) EXPECT_EQ(VxIntToDate(bad), 0) << bad;
-  for (int bad : {240000000, 6000000, 60000, -1, INT32_MAX}) EXPECT_EQ(VxEncodeTime(0, 0, 0, bad) + VxIntToTime(bad),
-      0);
+  for (int bad : {240000000, 6000000, 60000, -1, INT32_MAX})
+    EXPECT_EQ(VxEncodeTime(0, 0, 0, bad) + VxIntToTime(bad), 0);
   EXPECT_TRUE(VxDateToInt(42046.99) == 20150211 && VxMonthToInt(42046) == 201502 &&
-      VxMinuteToTime(-1590) == -1 - Time(2, 30));
+              VxMinuteToTime(-1590) == -1 - Time(2, 30));
   EXPECT_TRUE(VxTimeToMinute(-1.25) == -1080 && VxTimeToMinute(9e6) == INT32_MAX && VxTimeToMinute(-9e6) == INT32_MIN);
   const TDateTime leapDay = Day(20160229) + 0.75;
   EXPECT_TRUE(SetMonth(Day(20150331) + 0.5, 2) == Day(20150228) && SetMonth(leapDay, 13) == 0);
@@ -35,8 +35,13 @@ TEST(Dates, NumbersAndBorders) {
 }
 
 TEST(Weeks, FollowTheFirstThursdayButTheEndOfTheYearIsNotFolded) {
-  struct { int Day, Code, Calc, Monday; } cases[] = {{20141229, 201453, 53, 20141229}, {20150101, 201501, 1, 20141229},
-      {20160103, 201553, 0, 20151228}, {20170101, 201652, 0, 20161226}, {18000101, 180001, 1, 17991230}};
+  struct {
+    int Day, Code, Calc, Monday;
+  } cases[] = {{20141229, 201453, 53, 20141229},
+               {20150101, 201501, 1, 20141229},
+               {20160103, 201553, 0, 20151228},
+               {20170101, 201652, 0, 20161226},
+               {18000101, 180001, 1, 17991230}};
   for (const auto& c : cases) {
     const TDateTime day = Day(c.Day), timed = day < 0 ? day : day + 0.9;
     EXPECT_TRUE(GetCalWeek(day) == c.Code && GetCalWeekCalc(day) == c.Calc && GetCalendarWeek(timed) == c.Code % 100);
@@ -57,11 +62,19 @@ TEST(Weeks, FollowTheFirstThursdayButTheEndOfTheYearIsNotFolded) {
 
 TEST(TimeText, OfDatesTimesAndHours) {
   const TDateTime early = Time(6, 5, 4, 3), half = Time(0, 30);
-  struct { double Value; TDateTimeFormats Set; const char16_t* TimeAndHour; } cases[] = {{1, {}, u"24:00 24:00"},
-      {early, {dfSecMSec, dfTrimLeft}, u"6:05:04:003 6:05:04:003"}, {-1e300, {}, u"00:00 -24000000000000000:00"},
-      {Time(6, 0, 0, 9), {dfSecMSec, dfTrimRight}, u"06:00:00:009 6:00:00:009"}, {half, {dfTrimLeft}, u"0:30 :30"},
-      {0, {dfTrimLeft, dfTrimRight}, u"0 0"}, {2, {}, u"00:00 48:00"}, {1.5, {dfPlusSign}, u"12:00 +36:00"},
-      {-0.25, {dfPlusSign}, u"06:00 -6:00"}};
+  struct {
+    double Value;
+    TDateTimeFormats Set;
+    const char16_t* TimeAndHour;
+  } cases[] = {{1, {}, u"24:00 24:00"},
+               {early, {dfSecMSec, dfTrimLeft}, u"6:05:04:003 6:05:04:003"},
+               {-1e300, {}, u"00:00 -24000000000000000:00"},
+               {Time(6, 0, 0, 9), {dfSecMSec, dfTrimRight}, u"06:00:00:009 6:00:00:009"},
+               {half, {dfTrimLeft}, u"0:30 :30"},
+               {0, {dfTrimLeft, dfTrimRight}, u"0 0"},
+               {2, {}, u"00:00 48:00"},
+               {1.5, {dfPlusSign}, u"12:00 +36:00"},
+               {-0.25, {dfPlusSign}, u"06:00 -6:00"}};
   TFormatSettings settings;
   settings.LongMonthNames[1] = u"\"*./:<>?\\|x";
   settings.TimeSeparator = settings.DateSeparator = settings.DecimalSeparator = u'-';
@@ -73,28 +86,63 @@ TEST(TimeText, OfDatesTimesAndHours) {
 }
 
 TEST(TimeText, ReadsDatesTimesAndHours) {
-  struct { String Text; int Date, Protected; } dates[] = {{u" 1.$2.2015.x", 20150201, 20150201}, {u"00.00", 0, 0},
-      {u"1.2.15", 150201, 150201}, {u"29.02.2015", 0, 0}, {u"4294967297.2.2015", 0, 0}, {u"01.02.2015 ", 0, 0},
-      {u"01.00.2015", 0, 0}, {u"00.02.2015", 0, 20150201}, {u"00.00.2015", 0, 20150101}, {u"0.02.2015", 0, 0},
-      {u"00.000.2015", 0, 20151001}, {u"00000000001.2.2015", 20150201, 20150201}, {u"1.2", 0, 0}};
+  struct {
+    String Text;
+    int Date, Protected;
+  } dates[] = {{u" 1.$2.2015.x", 20150201, 20150201},
+               {u"00.00", 0, 0},
+               {u"1.2.15", 150201, 150201},
+               {u"29.02.2015", 0, 0},
+               {u"4294967297.2.2015", 0, 0},
+               {u"01.02.2015 ", 0, 0},
+               {u"01.00.2015", 0, 0},
+               {u"00.02.2015", 0, 20150201},
+               {u"00.00.2015", 0, 20150101},
+               {u"0.02.2015", 0, 0},
+               {u"00.000.2015", 0, 20151001},
+               {u"00000000001.2.2015", 20150201, 20150201},
+               {u"1.2", 0, 0}};
   for (auto& c : dates)
     EXPECT_TRUE(VxStrToDate(c.Text) == Day(c.Date) && VxStrToDateProtected(c.Text) == Day(c.Protected)) << c.Date;
   const TDateTime day = Day(20150211);
-  struct { String Text; TDateTime Value; } moments[] = {{u"", 0}, {u"0.0.0", 0}, {u"11.02.2015 ", day},
-      {u"11-02/2015T06:30", day + Time(6, 30)}, {u"0.0.0 06:30:15,250.99", Time(6, 30, 15, 250)},
-      {u"11.02.2015  7:05", day + Time(7, 5)}, {u"11.02.2015 0:0:0:1", day + kMSec}, {u"11.02.2015 0:-5", day}};
+  struct {
+    String Text;
+    TDateTime Value;
+  } moments[] = {{u"", 0},
+                 {u"0.0.0", 0},
+                 {u"11.02.2015 ", day},
+                 {u"11-02/2015T06:30", day + Time(6, 30)},
+                 {u"0.0.0 06:30:15,250.99", Time(6, 30, 15, 250)},
+                 {u"11.02.2015  7:05", day + Time(7, 5)},
+                 {u"11.02.2015 0:0:0:1", day + kMSec},
+                 {u"11.02.2015 0:-5", day}};
   for (const auto& c : moments) EXPECT_DOUBLE_EQ(VxStrToDateTime(c.Text), c.Value) << c.Text.ToUtf8();
   for (auto bad : {u"29.02.2015", u"11.2.2015 24", u"0.0.0 -1"}) EXPECT_THROW(VxStrToDateTime(bad), EConvertError);
   for (const String text : {u"99999999999", u" "}) {
     EXPECT_EQ(test::RaisedBy<EConvertError>([&] { VxStrToDateTime(u"11." + text + u".2015"); }),
               u"'" + text + u"' is not a valid integer value");
   }
-  struct { String Text; TDateTime Time24; bool IsHour; TDateTime Hour; } times[] = {{u"6", 0.25, true, 0.25},
-      {u"", 7, true, 0}, {u"24:30", 1, true, 1 + Time(0, 30)}, {u"24:99", 1, false, 0}, {u"25:00", 7, true, 25 / 24.0},
-      {u"6:60", 7, false, 0}, {u"1:2:3:4:x", Time(1, 2, 3, 4), false, Time(1, 2, 3, 4)},
-      {u"-36:30", 7, true, -36.5 / 24}, {u"x:30", Time(0, 30), false, Time(0, 30)}, {u"+36:30", 7, true, 36.5 / 24},
-      {u"--24", 0, false, 0}, {u"1:-5", 7, false, 0}, {u":30", Time(0, 30), true, Time(0, 30)},
-      {u"99999999999:00", 0, true, 0}, {u"1000000:00", 7, true, 1e6 / 24}, {u" 6", 0.25, false, 0.25}};
+  struct {
+    String Text;
+    TDateTime Time24;
+    bool IsHour;
+    TDateTime Hour;
+  } times[] = {{u"6", 0.25, true, 0.25},
+               {u"", 7, true, 0},
+               {u"24:30", 1, true, 1 + Time(0, 30)},
+               {u"24:99", 1, false, 0},
+               {u"25:00", 7, true, 25 / 24.0},
+               {u"6:60", 7, false, 0},
+               {u"1:2:3:4:x", Time(1, 2, 3, 4), false, Time(1, 2, 3, 4)},
+               {u"-36:30", 7, true, -36.5 / 24},
+               {u"x:30", Time(0, 30), false, Time(0, 30)},
+               {u"+36:30", 7, true, 36.5 / 24},
+               {u"--24", 0, false, 0},
+               {u"1:-5", 7, false, 0},
+               {u":30", Time(0, 30), true, Time(0, 30)},
+               {u"99999999999:00", 0, true, 0},
+               {u"1000000:00", 7, true, 1e6 / 24},
+               {u" 6", 0.25, false, 0.25}};
   for (const auto& c : times) {
     TDateTime hour = 7;
     EXPECT_TRUE(VxStrToTime24(c.Text, 7) == c.Time24 && VxStrToHour(c.Text, hour) == c.IsHour) << c.Text.ToUtf8();
@@ -104,9 +152,17 @@ TEST(TimeText, ReadsDatesTimesAndHours) {
 }
 
 TEST(Hours, AsTextsAndDecimals) {
-  struct { TDateTime Hour; const char16_t* MinutesAndComma; } cases[] = {{0, u"0:00 0,00"}, {-1.25, u"-30:00 -30,00"},
-      {Time(1, 30), u"01:30 1,50"}, {1 + Time(23, 59, 59), u"48:00 48,00"}, {-Time(0, 0, 29), u"00:00 -0,01"},
-      {Time(0, 59, 29, 499), u"00:59 0,99"}, {Time(0, 59, 29, 500), u"01:00 0,99"}, {1 - 0.1 * kMSec, u"24:00 24,00"}};
+  struct {
+    TDateTime Hour;
+    const char16_t* MinutesAndComma;
+  } cases[] = {{0, u"0:00 0,00"},
+               {-1.25, u"-30:00 -30,00"},
+               {Time(1, 30), u"01:30 1,50"},
+               {1 + Time(23, 59, 59), u"48:00 48,00"},
+               {-Time(0, 0, 29), u"00:00 -0,01"},
+               {Time(0, 59, 29, 499), u"00:59 0,99"},
+               {Time(0, 59, 29, 500), u"01:00 0,99"},
+               {1 - 0.1 * kMSec, u"24:00 24,00"}};
   for (const auto& c : cases) EXPECT_EQ(VxHourMinToStr(c.Hour) + u" " + VxHourToComma(c.Hour), c.MinutesAndComma);
   EXPECT_TRUE(VxHourToDecimal(-1 - Time(6, 45, 59)) == 30.75L && VxHourToIndustry(1 + Time(18, 45, 59)) == 42.75);
   EXPECT_TRUE(VxTruncTime(41000 + Time(6, 45, 59, 999)) == 41000 + Time(6, 45) && VxTruncTime(-1.25) == -0.75);
@@ -131,14 +187,20 @@ TEST(Values, SnapToWholeDaysAndCompareAtEachPrecision) {
   EXPECT_EQ(DateTimeDefuzzFull(value, false, true), 41000 + Time(6, 5, 0, 3));
   EXPECT_TRUE(DateTimeDefuzzFull(41000 - 0.6 * kMSec, true, true) == 41000 && DateTimeDefuzzFull(0, true, true) == 0);
   // Differ holds a 1 for each TDateTimeType that tells A, the earlier one by its day, from B.
-  struct { TDateTime A, B; const char* Differ; } cases[] = {{Time(10, 0, 20), Time(10, 0, 40), "0010101"},
-      {Time(10, 0, 50), Time(10, 1, 10), "0111111"}, {Time(10, 0, 0, 1), Time(10, 0, 0, 2), "0010101"},
-      {0.4, 0.4 + 0.2 * kMSec, "0000000"}, {41000.1, 41000.9, "0111111"}, {41000.4, 41001.3, "1111111"},
-      {41000 - 0.6 * kMSec, 41000, "0000000"}};
+  struct {
+    TDateTime A, B;
+    const char* Differ;
+  } cases[] = {{Time(10, 0, 20), Time(10, 0, 40), "0010101"},
+               {Time(10, 0, 50), Time(10, 1, 10), "0111111"},
+               {Time(10, 0, 0, 1), Time(10, 0, 0, 2), "0010101"},
+               {0.4, 0.4 + 0.2 * kMSec, "0000000"},
+               {41000.1, 41000.9, "0111111"},
+               {41000.4, 41001.3, "1111111"},
+               {41000 - 0.6 * kMSec, 41000, "0000000"}};
   for (const auto& c : cases) {
     for (int type = dttDate; type <= dttTime24Full; ++type) {
-      const int ab = CompareDateTime(c.A, c.B, TDateTimeType(type)), ba = CompareDateTime(c.B, c.A,
-      TDateTimeType(type));
+      const int ab = CompareDateTime(c.A, c.B, TDateTimeType(type)),
+                ba = CompareDateTime(c.B, c.A, TDateTimeType(type));
       EXPECT_TRUE(ab == '0' - c.Differ[type] && ba == -ab) << c.A << ' ' << c.B << ' ' << type;
     }
   }
@@ -147,17 +209,33 @@ TEST(Values, SnapToWholeDaysAndCompareAtEachPrecision) {
 }
 
 TEST(Periods, AsTexts) {
-  struct { int From, To; const char16_t* Text; } days[] = {{0, 0, u""}, {0, 20150203, u"bis 3.02.2015"},
-      {20150203, 0, u"von 3.02.2015"}, {20150203, 20150203, u"3.02.2015"}, {20160301, 20160331, u"März 2016"},
-      {20160201, 20160228, u"1.-28.02.2016"}, {20150101, 20151231, u"Jahr 2015"}, {20150101, 20150331, u"Jan-Mrz 2015"},
-      {20150102, 20151231, u"2.01.-31.12.2015"}, {20140101, 20150331, u"Jan 2014 -Mrz 2015"},
-      {20141203, 20150217, u"3.12.2014-17.02.2015"}};
+  struct {
+    int From, To;
+    const char16_t* Text;
+  } days[] = {{0, 0, u""},
+              {0, 20150203, u"bis 3.02.2015"},
+              {20150203, 0, u"von 3.02.2015"},
+              {20150203, 20150203, u"3.02.2015"},
+              {20160301, 20160331, u"März 2016"},
+              {20160201, 20160228, u"1.-28.02.2016"},
+              {20150101, 20151231, u"Jahr 2015"},
+              {20150101, 20150331, u"Jan-Mrz 2015"},
+              {20150102, 20151231, u"2.01.-31.12.2015"},
+              {20140101, 20150331, u"Jan 2014 -Mrz 2015"},
+              {20141203, 20150217, u"3.12.2014-17.02.2015"}};
   for (const auto& c : days) EXPECT_EQ(VxDatePeriodToStr(Day(c.From), Day(c.To)), c.Text);
   EXPECT_EQ(VxPeriodStr(41000.5, 0, u"d.m.yy", u" / ", u"..."), u"1.4.12 / ...");
-  struct { TDateTime From, To; const char16_t* Texts; TDateTime Length; } times[] = {{0, 0, u" 0-0", 0},
-      {0.25, Time(16, 30), u"06:00-16:30 6-16:30", 10.5 / 24}, {0, 0.5, u"bis 12:00 0-12", 0.5},
-      {0.5, 0, u"von 12:00 12-0", 0.5}, {0.75, 0.25, u"18:00-06:00 18-6", 0.5}, {0.25, 0.25, u"06:00-06:00 6-6", 1},
-      {1 / 3.0, 1, u"08:00-24:00 8-24", 1 - 1 / 3.0}};
+  struct {
+    TDateTime From, To;
+    const char16_t* Texts;
+    TDateTime Length;
+  } times[] = {{0, 0, u" 0-0", 0},
+               {0.25, Time(16, 30), u"06:00-16:30 6-16:30", 10.5 / 24},
+               {0, 0.5, u"bis 12:00 0-12", 0.5},
+               {0.5, 0, u"von 12:00 12-0", 0.5},
+               {0.75, 0.25, u"18:00-06:00 18-6", 0.5},
+               {0.25, 0.25, u"06:00-06:00 6-6", 1},
+               {1 / 3.0, 1, u"08:00-24:00 8-24", 1 - 1 / 3.0}};
   for (const auto& c : times) {
     EXPECT_EQ(VxTimePeriodToStr(c.From, c.To) + u" " + VxTimePeriodToStr24(c.From, c.To), c.Texts);
     EXPECT_DOUBLE_EQ(VxTimesPeriod24(c.From, c.To), c.Length);
@@ -166,25 +244,34 @@ TEST(Periods, AsTexts) {
 
 TEST(Periods, Overlap) {
   // As they are, with odoOpenEnd, odoSwap, both; and what is turned round, without and with an open end.
-  struct { TDateTime A1, A2, B1, B2; const char *Overlaps, *Swapped; } days[] = {{1, 31.1, 31.9, 59, "1111", "00"},
-      {1, 30, 31, 59, "0000", "00"}, {30, 1, 59, 20, "0011", "11"}, {30, 40, 20, 10, "0000", "11"},
-      {30, 40, 20, 0.9, "0101", "10"}, {30, 40, 50, 0, "0010", "10"}, {30, 0, 10, 20, "0111", "10"}};
+  struct {
+    TDateTime A1, A2, B1, B2;
+    const char *Overlaps, *Swapped;
+  } days[] = {{1, 31.1, 31.9, 59, "1111", "00"}, {1, 30, 31, 59, "0000", "00"},   {30, 1, 59, 20, "0011", "11"},
+              {30, 40, 20, 10, "0000", "11"},    {30, 40, 20, 0.9, "0101", "10"}, {30, 40, 50, 0, "0010", "10"},
+              {30, 0, 10, 20, "0111", "10"}};
   const TOverlappingDateOptionsSet options[] = {{}, {odoOpenEnd}, {odoSwap}, {odoOpenEnd, odoSwap}};
   for (const auto& c : days) {
     for (int i = 0; i < 4; ++i) {
       bool isOpenEnd = i & 1, swapped;
       EXPECT_EQ(OverlappingDate(c.A1, c.A2, c.B1, c.B2, options[i]), c.Overlaps[i] == '1') << c.A1 << ' ' << c.B1 << i;
       EXPECT_TRUE(OverlappingDate(c.A1, c.A2, c.B1, c.B2, swapped, isOpenEnd) == (c.Overlaps[2 + isOpenEnd] == '1') &&
-                  swapped == (c.Swapped[isOpenEnd] == '1')) << c.A1 << ' ' << c.B1 << ' ' << i;
+                  swapped == (c.Swapped[isOpenEnd] == '1'))
+          << c.A1 << ' ' << c.B1 << ' ' << i;
     }
   }
-  struct { TDateTime A1, A2, B1, B2; bool Overlaps, Docks; TDateTime Length; } times[] = {
-      {8 / 24.0, 0.5, 0.5, 16 / 24.0, false, true, 0}, {0.2, 0.5, 0.6, 0.9, false, false, 0},
-      {0.2, 0.7, 0.3, 0.5, true, true, 0.2}, {0.2, 0.5 + 0.3 * kMSec, 0.5, 0.9, false, true, 0},
-      {0.2, 0.5 + 0.7 * kMSec, 0.5, 0.9, true, true, 0.7 * kMSec}};
+  struct {
+    TDateTime A1, A2, B1, B2;
+    bool Overlaps, Docks;
+    TDateTime Length;
+  } times[] = {{8 / 24.0, 0.5, 0.5, 16 / 24.0, false, true, 0},
+               {0.2, 0.5, 0.6, 0.9, false, false, 0},
+               {0.2, 0.7, 0.3, 0.5, true, true, 0.2},
+               {0.2, 0.5 + 0.3 * kMSec, 0.5, 0.9, false, true, 0},
+               {0.2, 0.5 + 0.7 * kMSec, 0.5, 0.9, true, true, 0.7 * kMSec}};
   for (const auto& c : times) {
-    EXPECT_TRUE(OverlappingTime(c.A1, c.A2, c.B1, c.B2) == c.Overlaps && DockingTime(c.A1, c.A2, c.B1,
-      c.B2) == c.Docks);
+    EXPECT_TRUE(OverlappingTime(c.A1, c.A2, c.B1, c.B2) == c.Overlaps &&
+                DockingTime(c.A1, c.A2, c.B1, c.B2) == c.Docks);
     EXPECT_EQ(OverlappingTime(c.B1, c.B2, c.A1, c.A2), c.Overlaps) << c.A2 << ' ' << c.B1;
     EXPECT_NEAR(GetOverlappingTime(c.A1, c.A2, c.B1, c.B2), c.Length, 1e-15);
   }

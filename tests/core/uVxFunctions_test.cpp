@@ -8,8 +8,15 @@ namespace {
 using namespace vx;
 
 TEST(Quoting, QuotesWhatHoldsASpaceQuoteOrComma) {
-  struct { String Plain, Quoted; } cases[] = {{u"", u""}, {u"abc", u"abc"}, {u"Max Meier", u"\"Max Meier\""},
-      {u"a,b", u"\"a,b\""}, {u"\"", u"\"\"\"\""}, {u"a\"\"b\"", u"\"a\"\"\"\"b\"\"\""}, {u"a\tb\r\n", u"a\tb\r\n"}};
+  struct {
+    String Plain, Quoted;
+  } cases[] = {{u"", u""},
+               {u"abc", u"abc"},
+               {u"Max Meier", u"\"Max Meier\""},
+               {u"a,b", u"\"a,b\""},
+               {u"\"", u"\"\"\"\""},
+               {u"a\"\"b\"", u"\"a\"\"\"\"b\"\"\""},
+               {u"a\tb\r\n", u"a\tb\r\n"}};
   for (const auto& c : cases)
     EXPECT_TRUE(VxStrToQuoted(c.Plain) == c.Quoted && VxQuotedToStr(c.Quoted) == c.Plain) << c.Quoted.ToUtf8();
   EXPECT_EQ(VxQuotedToStr(u"\"ab") + VxQuotedToStr(u"\""), u"a") << "the last unit goes without a look";

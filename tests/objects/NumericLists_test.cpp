@@ -8,30 +8,37 @@ namespace {
 using namespace vx;
 
 TEST(IntegerLists, ReadAndWriteTexts) {
-  struct { const char16_t *Text, *Plain, *Unique, *Ids; } cases[] = {
-      {u"1,x,3", u"1,0,3", u"1,0,3", u"0,1,3"}, {u"", u"", u"", u""},
-      {u"5,5,-7,$10,5", u"5,5,-7,16,5", u"5,-7,16", u"-7,5,16"},
-      {u"2147483647,-2147483648,2147483648", u"2147483647,-2147483648,0", u"2147483647,-2147483648,0",
-       u"-2147483648,0,2147483647"}};
+  struct {
+    const char16_t *Text, *Plain, *Unique, *Ids;
+  } cases[] = {{u"1,x,3", u"1,0,3", u"1,0,3", u"0,1,3"},
+               {u"", u"", u"", u""},
+               {u"5,5,-7,$10,5", u"5,5,-7,16,5", u"5,-7,16", u"-7,5,16"},
+               {u"2147483647,-2147483648,2147483648", u"2147483647,-2147483648,0", u"2147483647,-2147483648,0",
+                u"-2147483648,0,2147483647"}};
   for (const auto& c : cases) {
-    TVxIntegerList plain; TVxIntegerListUnique unique; TVxIdList ids;
+    TVxIntegerList plain;
+    TVxIntegerListUnique unique;
+    TVxIdList ids;
     using TPair = std::pair<TVxIntegerList*, String>;
     for (auto [list, text] : {TPair(&plain, c.Plain), TPair(&unique, c.Unique), TPair(&ids, c.Ids)}) {
       list->SetCommatext(c.Text);
       EXPECT_EQ(list->GetCommatext(), text);
-      auto again = list->GetNewInstance(); again->SetLighttext(list->GetLighttext());
+      auto again = list->GetNewInstance();
+      again->SetLighttext(list->GetLighttext());
       EXPECT_EQ(again->EqualsAll(*list), list != &unique);  // that one gives a plain list
       again->SetSerialize(u';', u'\'', list->GetSerialize(u';', u'\''));
       EXPECT_EQ(again->GetCommatext(), text);
     }
   }
-  TVxIntegerList list; list.SetLighttext(u"7||-1");
+  TVxIntegerList list;
+  list.SetLighttext(u"7||-1");
   EXPECT_EQ(list.GetUserText(u", ", u"<", u">"), u"<7>, <0>, <-1>");
   EXPECT_EQ(TVxIntegerList().GetUserText(u", ", u"<", u">"), u"");
 }
 
 TEST(IntegerLists, ChangeByIndexOrRaise) {
-  TVxIntegerList list; list.SetCommatext(u"1,2,3,2");
+  TVxIntegerList list;
+  list.SetCommatext(u"1,2,3,2");
   list.Move(0, 3), list.Move(2, 0), list.Exchange(1, 2), list.Insert(4, 9), list.Put(0, INT32_MIN);
   list.Insert(0, reinterpret_cast<void*>(uintptr_t{0xFFFFFFFFFFFFFFFE}));
   EXPECT_EQ(list.GetCommatext(), u"-2,-2147483648,3,2,1,9");
@@ -39,10 +46,11 @@ TEST(IntegerLists, ChangeByIndexOrRaise) {
   EXPECT_TRUE(list.GetCount() == 12 && list.First() == -2 && list.Last() == 9 && list.Extract(9) == 5);
   list.Put(0, INT32_MAX), list.Sort();
   EXPECT_TRUE(std::ranges::is_sorted(list.Items()));
-  void (*runs[])(TVxIntegerList&, int) = {[](auto& l, int i) { l.Get(i); }, [](auto& l, int i) { l.Put(i, 1); },
-      [](auto& l, int i) { l.Delete(i); }, [](auto& l, int i) { l.Exchange(i, 0); },
+  void (*runs[])(TVxIntegerList&, int) = {
+      [](auto& l, int i) { l.Get(i); },         [](auto& l, int i) { l.Put(i, 1); },
+      [](auto& l, int i) { l.Delete(i); },      [](auto& l, int i) { l.Exchange(i, 0); },
       [](auto& l, int i) { l.Exchange(0, i); }, [](auto& l, int i) { l.Move(i, 0); },
-      [](auto& l, int i) { l.Move(0, i); }, [](auto& l, int i) { l.Insert(i == l.GetCount() ? i + 1 : i, 1); }};
+      [](auto& l, int i) { l.Move(0, i); },     [](auto& l, int i) { l.Insert(i == l.GetCount() ? i + 1 : i, 1); }};
   for (int index : {-1, 2, INT32_MIN, INT32_MAX, 0}) {
     list.SetCount(index == 0 ? 0 : 2);
     for (auto run : runs) EXPECT_NE(test::RaisedBy<EListError>([&] { run(list, index); }), u"") << index;
@@ -59,14 +67,20 @@ TEST(IntegerLists, ChangeByIndexOrRaise) {
 }
 
 TEST(IdLists, RefuseWhatWouldBreakTheOrder) {
-  TScriptedDialogs dialogs; TVxIdList list;
+  TScriptedDialogs dialogs;
+  TVxIdList list;
   EXPECT_TRUE(list.Add(5) == 0 && list.Add(5) == 0 && list.Add(2) == 0 && list.Add(reinterpret_cast<void*>(5)) == 1);
   TVxIntegerList& base = list;
-  struct { const char16_t* Name; void (*Run)(TVxIntegerList&); } refused[] = {
-      {u"Insert", [](auto& l) { l.Insert(-1, 7); }}, {u"Insert", [](auto& l) { l.Insert(0, nullptr); }},
-      {u"Exchange", [](auto& l) { l.Exchange(0, 1); }}, {u"Move", [](auto& l) { l.Move(0, 9); }}};
+  struct {
+    const char16_t* Name;
+    void (*Run)(TVxIntegerList&);
+  } refused[] = {{u"Insert", [](auto& l) { l.Insert(-1, 7); }},
+                 {u"Insert", [](auto& l) { l.Insert(0, nullptr); }},
+                 {u"Exchange", [](auto& l) { l.Exchange(0, 1); }},
+                 {u"Move", [](auto& l) { l.Move(0, 9); }}};
   for (size_t shown = 0; const auto& r : refused) {
-    r.Run(base); const String name = r.Name;
+    r.Run(base);
+    const String name = r.Name;
     EXPECT_EQ(dialogs.Shown.at(shown++).Text, u"[TVxIdList] : Die Funktion " + name + u" ist nicht unterstützt.");
   }
   int index = 7;
@@ -76,14 +90,17 @@ TEST(IdLists, RefuseWhatWouldBreakTheOrder) {
 }
 
 // A derived list may see each item: these do not take any short way.
-template <typename T> struct TOneByOne : T {};
+template <typename T>
+struct TOneByOne : T {};
 
 TEST(IntegerLists, TakeManyAsOneByOne) {
   std::mt19937 random(7);
   for (int round = 0; round < 300; ++round) {
     TVxIntegerList source, removed, plain, plainSlow;
     for (unsigned i = random() % 80; i > 0; --i) (i % 2 ? source : removed).Add(static_cast<int>(random() % 30) - 10);
-    TVxIntegerListUnique unique; TVxIdList ids, common; TOneByOne<TVxIntegerListUnique> uniqueSlow;
+    TVxIntegerListUnique unique;
+    TVxIdList ids, common;
+    TOneByOne<TVxIntegerListUnique> uniqueSlow;
     TOneByOne<TVxIdList> idsSlow;
     using TPair = std::pair<TVxIntegerList*, TVxIntegerList*>;
     for (auto [quick, slow] : {TPair(&plain, &plainSlow), TPair(&unique, &uniqueSlow), TPair(&ids, &idsSlow)}) {
@@ -104,31 +121,80 @@ TEST(IntegerLists, TakeManyAsOneByOne) {
 }
 
 // Writes down what Notify is told.
-template <typename T> struct TLogged : T {
+template <typename T>
+struct TLogged : T {
   void Notify(double Value, TDoubleListNotification Action) override {
     Log += Concat({std::u16string_view(&u"+x-!"[Action], 1), FloatToStr(Value), u" "});
     if (ShrinksTo >= 0) this->SetCount(std::exchange(ShrinksTo, -1));
   }
   String Take() { return std::exchange(Log, String()); }
-  String Log; int ShrinksTo = -1;
+  String Log;
+  int ShrinksTo = -1;
 };
 
 TEST(DoubleLists, ReportEachChangeAndFault) {
   TLogged<TVxDoubleList> list;
-  struct { void (*Run)(TVxDoubleList&); const char16_t *Log, *Text; } cases[] = {
+  struct {
+    void (*Run)(TVxDoubleList&);
+    const char16_t *Log, *Text;
+  } cases[] = {
       {[](auto& l) { l.SetCommatext(u"3,x,\"1,5\""); }, u"!11 ", u"3,0,\"1,5\""},
-      {[](auto& l) { l.Put(2, 1); EXPECT_EQ(l.Add(4), 3); }, u"-1,5 +1 +4 ", u"3,0,1,4"},
-      {[](auto& l) { l.Insert(4, 5); l.Insert(6, 5); l.Insert(-1, 5); }, u"+5 !5 !5 ", u"3,0,1,4,5"},
-      {[](auto& l) { l.Move(0, 2); l.Move(0, 5); l.Move(-1, 0); }, u"!6 !6 ", u"0,1,3,4,5"},
-      {[](auto& l) { l.Exchange(0, 4); l.Exchange(5, 0); l.Exchange(0, -1); }, u"!2 !3 ", u"5,1,3,4,0"},
+      {[](auto& l) {
+         l.Put(2, 1);
+         EXPECT_EQ(l.Add(4), 3);
+       },
+       u"-1,5 +1 +4 ", u"3,0,1,4"},
+      {[](auto& l) {
+         l.Insert(4, 5);
+         l.Insert(6, 5);
+         l.Insert(-1, 5);
+       },
+       u"+5 !5 !5 ", u"3,0,1,4,5"},
+      {[](auto& l) {
+         l.Move(0, 2);
+         l.Move(0, 5);
+         l.Move(-1, 0);
+       },
+       u"!6 !6 ", u"0,1,3,4,5"},
+      {[](auto& l) {
+         l.Exchange(0, 4);
+         l.Exchange(5, 0);
+         l.Exchange(0, -1);
+       },
+       u"!2 !3 ", u"5,1,3,4,0"},
       {[](auto& l) { EXPECT_TRUE(l.Extract(3) == 3 && !l.Extract(8) && l.Remove(8) == -1); }, u"-0 x3 ", u"5,1,4,0"},
       {[](auto& l) { EXPECT_TRUE(l.Get(-1) == 0 && l.Get(4) == 0 && l.Get(0) == 5); }, u"!4 !4 ", u"5,1,4,0"},
-      {[](auto& l) { l.Delete(4); l.Delete(3); l.Put(3, 1); }, u"!1 -0 !7 ", u"5,1,4"},
-      {[](auto& l) { l.SetCapacity(2); l.SetCapacity(0x8000000); }, u"!8 !8 ", u"5,1,4"},
-      {[](auto& l) { l.SetCount(-1); l.SetCount(0x8000000); l.SetCount(4); l.SetCount(3); }, u"!9 !9 -0 ", u"5,1,4"},
-      {[](auto& l) { l.Add(1); l.Add(5); l.Add(5); l.Pack(); }, u"+1 +5 +5 -5 -5 -1 ", u"1,4,5"},
+      {[](auto& l) {
+         l.Delete(4);
+         l.Delete(3);
+         l.Put(3, 1);
+       },
+       u"!1 -0 !7 ", u"5,1,4"},
+      {[](auto& l) {
+         l.SetCapacity(2);
+         l.SetCapacity(0x8000000);
+       },
+       u"!8 !8 ", u"5,1,4"},
+      {[](auto& l) {
+         l.SetCount(-1);
+         l.SetCount(0x8000000);
+         l.SetCount(4);
+         l.SetCount(3);
+       },
+       u"!9 !9 -0 ", u"5,1,4"},
+      {[](auto& l) {
+         l.Add(1);
+         l.Add(5);
+         l.Add(5);
+         l.Pack();
+       },
+       u"+1 +5 +5 -5 -5 -1 ", u"1,4,5"},
       {[](auto& l) { l.Sort([](double a, double b) { return static_cast<int>(b - a); }); }, u"", u"5,4,1"},
-      {[](auto& l) { l.Clear(); EXPECT_EQ(l.GetCapacity(), 0); }, u"-1 -4 -5 ", u""}};
+      {[](auto& l) {
+         l.Clear();
+         EXPECT_EQ(l.GetCapacity(), 0);
+       },
+       u"-1 -4 -5 ", u""}};
   for (const auto& c : cases) {
     EXPECT_EQ((c.Run(list), list.Take()), c.Log);
     EXPECT_EQ(list.GetCommatext(), c.Text);
@@ -136,13 +202,17 @@ TEST(DoubleLists, ReportEachChangeAndFault) {
   list.SetCommatext(u"1,2,3");
   list.ShrinksTo = 1, list.SetCommatext(u"4,x,5,6");  // in the midst of the reading
   EXPECT_EQ(list.GetCommatext(), u"4");
-  list.Clear(); TVxIntegerListUnique steps;
-  for (; list.Add(1) < 99; steps.Add(list.GetCapacity())) {}
+  list.Clear();
+  TVxIntegerListUnique steps;
+  for (; list.Add(1) < 99; steps.Add(list.GetCapacity())) {
+  }
   EXPECT_EQ(steps.GetCommatext(), u"4,8,12,28,44,60,76,95,118");
 }
 
 TEST(DoubleSortLists, KeepTheirOrder) {
-  TScriptedDialogs dialogs; TVxDoubleSortList list, other; list.SetCommatext(u"1,1,2");
+  TScriptedDialogs dialogs;
+  TVxDoubleSortList list, other;
+  list.SetCommatext(u"1,1,2");
   EXPECT_EQ(list.GetCommatext(), u"1,1,1,1,2,2");
   EXPECT_EQ((list.SetUnique(true), list.GetCommatext()), u"1,2");
   list.Insert(0, 9);
@@ -160,17 +230,22 @@ TEST(DoubleSortLists, KeepTheirOrder) {
 }
 
 TEST(DoubleSortLists, TakeManyAsOneByOne) {
-  std::mt19937 random(3); const double odd[] = {NAN, 0.0, -0.0, INFINITY, -INFINITY, 1, 2};
+  std::mt19937 random(3);
+  const double odd[] = {NAN, 0.0, -0.0, INFINITY, -INFINITY, 1, 2};
   for (int round = 0; round < 300; ++round) {
     TVxDoubleList source;
     const unsigned range = round < 297 ? 20 : 8000;  // The last rounds are long ones, which go in pieces.
     const unsigned count = range == 20 ? random() % 30 : 9000;
     for (unsigned i = 0; i < count; ++i) source.Add(round % 3 ? random() % range : odd[random() % 7]);
-    TVxDoubleSortList quick; TOneByOne<TVxDoubleSortList> slow;
+    TVxDoubleSortList quick;
+    TOneByOne<TVxDoubleSortList> slow;
     // In the last form the slots are in order when the values are added.
     void (*runs[])(TVxDoubleSortList&, TVxDoubleList&) = {
         [](auto& l, auto& from) { l.Assign(from); }, [](auto& l, auto& from) { l.SetCommatext(from.GetCommatext()); },
-        [](auto& l, auto& from) { from.Pack(); l.SetCommatext(from.GetCommatext()); }};
+        [](auto& l, auto& from) {
+          from.Pack();
+          l.SetCommatext(from.GetCommatext());
+        }};
     for (auto run : runs) {
       quick.SetUnique(round % 2 == 0), slow.SetUnique(round % 2 == 0), run(quick, source), run(slow, source);
       EXPECT_EQ(quick.GetCapacity(), slow.GetCapacity());
@@ -184,7 +259,8 @@ TEST(DoubleSortLists, TakeManyAsOneByOne) {
 }
 
 TEST(PointLists, AreSetsInOrder) {
-  TScriptedDialogs dialogs; TVxPointList list, other;
+  TScriptedDialogs dialogs;
+  TVxPointList list, other;
   for (TPoint point : {TPoint{5, 1}, {INT32_MIN, 0}, {INT32_MAX, 0}, {5, -1}}) list.Add(point);
   EXPECT_TRUE(list.Add({5, 1}) == 2 && list.Add({4, 9}) == 1 && list.GetCount() == 5);
   EXPECT_TRUE(list.IndexOf({5, 0}) == -1 && list.Contains({INT32_MAX, 0}) && list.IndexSort({5, 0}) == 3);
@@ -201,9 +277,13 @@ TEST(PointLists, AreSetsInOrder) {
 }
 
 TEST(Doubles, RoundAndPrint) {
-  struct { double Value; int Places; const char16_t *Fixed, *Short; } cases[] = {
-      {1.2345, 3, u"1,23", u"1,234"}, {2.5, 0, u"3,00", u"3"}, {-2.5, 0, u"-3,00", u"-3"},
-      {1234567.891, 1, u"1234567,90", u"1234567,9"}, {1250, -2, u"1300,00", u"1300"}, {0.004, 2, u"0,00", u"0"}};
+  struct {
+    double Value;
+    int Places;
+    const char16_t *Fixed, *Short;
+  } cases[] = {{1.2345, 3, u"1,23", u"1,234"},  {2.5, 0, u"3,00", u"3"},
+               {-2.5, 0, u"-3,00", u"-3"},      {1234567.891, 1, u"1234567,90", u"1234567,9"},
+               {1250, -2, u"1300,00", u"1300"}, {0.004, 2, u"0,00", u"0"}};
   for (const auto& c : cases) {
     TVxDouble number(c.Value);
     EXPECT_TRUE(number.RoundedStr(c.Places) == c.Fixed && number.RoundedStrShort(c.Places) == c.Short) << c.Value;

@@ -20,7 +20,8 @@ std::string IdsOf(const TVxObjectList& List) {
 }
 
 // A list with an order by ids that writes down what it is told.
-template <typename TList> struct TTold : TList {
+template <typename TList>
+struct TTold : TList {
   using TList::TList;
   ~TTold() override { TList::Clear(); }
   using TList::Exchange, TList::Insert, TList::Move, TList::Sort, TList::IndexOf;
@@ -37,7 +38,8 @@ template <typename TList> struct TTold : TList {
   mutable int Compared = 0;
 };
 
-template <typename T> struct AnyObjectList : testing::Test {
+template <typename T>
+struct AnyObjectList : testing::Test {
   void TearDown() override { OnGone = nullptr; }
   // An object that the test frees at its end, unless List does.
   TNote* Make(const TVxObjects& List, int Id) {
@@ -48,28 +50,35 @@ template <typename T> struct AnyObjectList : testing::Test {
     for (int id = 1; id <= Count; ++id) List.Add(Make(List, id));
     Log.clear();
   }
-  std::vector<std::unique_ptr<TObject>> Kept; TScriptedDialogs Dialogs;
+  std::vector<std::unique_ptr<TObject>> Kept;
+  TScriptedDialogs Dialogs;
 };
 using TLists = testing::Types<TVxObjectList, TVxObjectListU, TVxObjectListSortU, TVxObjectListSortD, TVxDataIdList>;
 TYPED_TEST_SUITE(AnyObjectList, TLists);
 
 TYPED_TEST(AnyObjectList, TellsAndFreesAsItOwns) {
   using TList = TTold<TypeParam>;
-  struct { std::function<void(TList&)> Run; std::string Ids, Told, Freed; } cases[] = {
-      {[](auto& l) { l.Delete(0); }, "23", "-1", "-1~1"}, {[](auto& l) { l.SetCount(1); }, "1", "-3-2", "-3~3-2~2"},
-      {[](auto& l) { EXPECT_EQ(l.Remove(l.At(1)), 1); }, "13", "-2", "-2~2"},
-      {[](auto& l) { l.Exchange(0, 2); }, "321", "", ""}, {[](auto& l) { l.Move(0, 2), l.Move(7, 7); }, "231", "", ""},
-      {[](auto& l) { l.Clear(); }, "", "-3-2-1c", "-3~3-2~2-1~1c"},
-      {[](auto& l) { l.SetItem(2, l.At(2)); }, "123", "-3+3", "-3+3"},
-      {[](auto& l) { l.Assign(l), l.Assign(TVxObjectList()); }, "", "-3-2-1c", "-3~3-2~2-1~1c"},
-      {[this](auto& l) { EXPECT_EQ(l.Add(this->Make(l, 9)), 3); }, "1239", "+9", "+9"},
-      {[this](auto& l) { l.Insert(3, this->Make(l, 9)); }, "1239", "+9", "+9"},
-      {[this](auto& l) { l.SetItem(2, this->Make(l, 9)); }, "129", "-3+9", "-3~3+9"},
-      {[](auto& l) { l.SetCount(5), l.Delete(4), l.SetItem(3, nullptr), l.SetCount(3); }, "123", "", ""},
-      {[](auto& l) { l.Sort([](TObject* a, TObject* b) { return IdOf(b) - IdOf(a); }); }, "321", "", ""},
-      {[this](auto& l) { this->Take(l, l.Extract(l.At(1))); }, "13", "x2", "x2"}};
+  struct {
+    std::function<void(TList&)> Run;
+    std::string Ids, Told, Freed;
+  } cases[] = {{[](auto& l) { l.Delete(0); }, "23", "-1", "-1~1"},
+               {[](auto& l) { l.SetCount(1); }, "1", "-3-2", "-3~3-2~2"},
+               {[](auto& l) { EXPECT_EQ(l.Remove(l.At(1)), 1); }, "13", "-2", "-2~2"},
+               {[](auto& l) { l.Exchange(0, 2); }, "321", "", ""},
+               {[](auto& l) { l.Move(0, 2), l.Move(7, 7); }, "231", "", ""},
+               {[](auto& l) { l.Clear(); }, "", "-3-2-1c", "-3~3-2~2-1~1c"},
+               {[](auto& l) { l.SetItem(2, l.At(2)); }, "123", "-3+3", "-3+3"},
+               {[](auto& l) { l.Assign(l), l.Assign(TVxObjectList()); }, "", "-3-2-1c", "-3~3-2~2-1~1c"},
+               {[this](auto& l) { EXPECT_EQ(l.Add(this->Make(l, 9)), 3); }, "1239", "+9", "+9"},
+               {[this](auto& l) { l.Insert(3, this->Make(l, 9)); }, "1239", "+9", "+9"},
+               {[this](auto& l) { l.SetItem(2, this->Make(l, 9)); }, "129", "-3+9", "-3~3+9"},
+               {[](auto& l) { l.SetCount(5), l.Delete(4), l.SetItem(3, nullptr), l.SetCount(3); }, "123", "", ""},
+               {[](auto& l) { l.Sort([](TObject* a, TObject* b) { return IdOf(b) - IdOf(a); }); }, "321", "", ""},
+               {[this](auto& l) { this->Take(l, l.Extract(l.At(1))); }, "13", "x2", "x2"}};
   for (size_t i = 0; i < std::size(cases) * 2; ++i) {
-    TList list(i % 2 == 1); this->Fill(list, 3); cases[i / 2].Run(list);
+    TList list(i % 2 == 1);
+    this->Fill(list, 3);
+    cases[i / 2].Run(list);
     EXPECT_EQ(IdsOf(list) + Log, cases[i / 2].Ids + (i % 2 ? cases[i / 2].Freed : cases[i / 2].Told)) << i / 2;
   }
   EXPECT_TRUE(this->Dialogs.Shown.empty());
@@ -77,17 +86,23 @@ TYPED_TEST(AnyObjectList, TellsAndFreesAsItOwns) {
 
 TYPED_TEST(AnyObjectList, RefusesWithAWarningAndStaysAsItWas) {
   using TList = TTold<TypeParam>;
-  struct { String Name; void (*Run)(TList&, int); int Over = 2; String Text = u"Der Index der Liste "; } cases[] = {
-      {u"Delete", [](auto& l, int i) { l.Delete(i); }}, {u"SetItems", [](auto& l, int i) { l.SetItem(i, nullptr); }},
-      {u"GetItems", [](auto& l, int i) { EXPECT_EQ(l.At(i), nullptr); }},
-      {u"doExchange.Index1", [](auto& l, int i) { l.Exchange(i, -5); }},
-      {u"doExchange.Index2", [](auto& l, int i) { l.Exchange(0, i); }},
-      {u"doMove.CurIndex", [](auto& l, int i) { l.Move(i, -5); }},
-      {u"doMove.NewIndex", [](auto& l, int i) { l.Move(0, i); }},
-      {u"doInsert", [](auto& l, int i) { l.Insert(i, nullptr); }, 3},
-      {u"SetCount", [](auto& l, int i) { l.SetCount(i); }, 0x8000000, u"Die Anzahl "},
-      {u"SetCapacity", [](auto& l, int i) { l.SetCapacity(i); }, 0x8000000, u"Die Kapazität "}};
-  TList list; this->Fill(list, 2);
+  struct {
+    String Name;
+    void (*Run)(TList&, int);
+    int Over = 2;
+    String Text = u"Der Index der Liste ";
+  } cases[] = {{u"Delete", [](auto& l, int i) { l.Delete(i); }},
+               {u"SetItems", [](auto& l, int i) { l.SetItem(i, nullptr); }},
+               {u"GetItems", [](auto& l, int i) { EXPECT_EQ(l.At(i), nullptr); }},
+               {u"doExchange.Index1", [](auto& l, int i) { l.Exchange(i, -5); }},
+               {u"doExchange.Index2", [](auto& l, int i) { l.Exchange(0, i); }},
+               {u"doMove.CurIndex", [](auto& l, int i) { l.Move(i, -5); }},
+               {u"doMove.NewIndex", [](auto& l, int i) { l.Move(0, i); }},
+               {u"doInsert", [](auto& l, int i) { l.Insert(i, nullptr); }, 3},
+               {u"SetCount", [](auto& l, int i) { l.SetCount(i); }, 0x8000000, u"Die Anzahl "},
+               {u"SetCapacity", [](auto& l, int i) { l.SetCapacity(i); }, 0x8000000, u"Die Kapazität "}};
+  TList list;
+  this->Fill(list, 2);
   for (size_t shows = 0; const auto& c : cases) {
     for (int bad : {INT32_MIN, -1, c.Over, INT32_MAX}) {
       c.Run(list, bad);
@@ -102,7 +117,8 @@ TYPED_TEST(AnyObjectList, RefusesWithAWarningAndStaysAsItWas) {
 }
 
 TYPED_TEST(AnyObjectList, GrowsByItsSteps) {
-  TTold<TypeParam> list(false); std::set<int> steps;
+  TTold<TypeParam> list(false);
+  std::set<int> steps;
   for (int id = 1; id <= 96; steps.insert(list.GetCapacity()), ++id) list.Add(this->Make(list, id));
   list.GrowBy(30), steps.insert(list.GetCapacity()), list.SetCount(200), steps.insert(list.GetCapacity());
   EXPECT_EQ(steps, (std::set{4, 8, 12, 28, 44, 60, 76, 95, 118, 183, 200}));
@@ -111,7 +127,9 @@ TYPED_TEST(AnyObjectList, GrowsByItsSteps) {
 
 TYPED_TEST(AnyObjectList, MayBeChangedByWhatItTells) {
   for (bool byDestructor : {false, true}) {
-    TTold<TypeParam> list; this->Fill(list, 6); int depth = 0;
+    TTold<TypeParam> list;
+    this->Fill(list, 6);
+    int depth = 0;
     auto& told = byDestructor ? OnGone : list.OnNotify;
     told = [&] { ++depth == 1 && list.GetCount() > 1 ? list.Delete(0) : void(), --depth; };
     EXPECT_EQ((list.SetCount(3), IdsOf(list)), "34") << "no objects are left where the fourth one was";
@@ -122,7 +140,9 @@ TYPED_TEST(AnyObjectList, MayBeChangedByWhatItTells) {
 }
 
 TYPED_TEST(AnyObjectList, MakesItsLike) {
-  DoCountObjects = true; const TypeParam list; auto like = list.GetNewInstance(false);
+  DoCountObjects = true;
+  const TypeParam list;
+  auto like = list.GetNewInstance(false);
   EXPECT_TRUE(like->ClassName() == list.ClassName() && !like->GetOwnsObjects() && list.GetOwnsObjects());
   EXPECT_EQ(VxObjectCounter().at(list.ClassName()), 2);
   like = nullptr, DoCountObjects = false;
@@ -148,8 +168,8 @@ TEST(ObjectList, FindsByClass) {
 }
 
 TEST(ObjectList, PacksByItsSteps) {
-  const char* cases[][2] = {{"", ""}, {"12", "12"}, {"1020", "12"}, {"10203", "123"}, {"0012", "1"}, {"01234", "134"},
-                            {"00123", "13"}, {"10", "1"}, {"000", ""}};
+  const char* cases[][2] = {{"", ""},         {"12", "12"},    {"1020", "12"}, {"10203", "123"}, {"0012", "1"},
+                            {"01234", "134"}, {"00123", "13"}, {"10", "1"},    {"000", ""}};
   TNote notes[] = {TNote(), TNote(1), TNote(2), TNote(3), TNote(4)};
   for (const auto& [before, after] : cases) {
     TVxObjectList list(false);
@@ -160,8 +180,11 @@ TEST(ObjectList, PacksByItsSteps) {
 }
 
 TEST(ObjectLists, TreatEqualObjectsByTheirKind) {
-  TTold<TVxObjectListU> unsorted; TTold<TVxObjectListSortU> unique; TTold<TVxObjectListSortD> all;
-  TNote one(1), two(2); unsorted.AddAll("31", "01"), Log.clear();
+  TTold<TVxObjectListU> unsorted;
+  TTold<TVxObjectListSortU> unique;
+  TTold<TVxObjectListSortD> all;
+  TNote one(1), two(2);
+  unsorted.AddAll("31", "01"), Log.clear();
   EXPECT_EQ(unsorted.Add(&one), 1);
   unsorted.Insert(0, &one);
   EXPECT_TRUE(IdsOf(unsorted) == "31" && Log.empty()) << "refused, and still the caller's";
@@ -177,10 +200,14 @@ TEST(ObjectLists, TreatEqualObjectsByTheirKind) {
 }
 
 TEST(DataIdList, FindsByIdAndCopiesWhatItOwns) {
-  TScriptedDialogs dialogs; TObject stranger; TVxDataIdList list, copies, shared(false);
+  TScriptedDialogs dialogs;
+  TObject stranger;
+  TVxDataIdList list, copies, shared(false);
   EXPECT_TRUE(list.MaxId() == 0 && !list.GetItem(5) && TVxDataIdListCount == 3);
   for (int id : {INT32_MAX, 0, INT32_MIN, 7}) list.Add(new TNote(id));
-  struct { int Id, Place, Index; } cases[] = {{INT32_MIN, 0, 0}, {-1, 1, -1}, {0, 1, 1}, {7, 2, 2}, {8, 3, -1}};
+  struct {
+    int Id, Place, Index;
+  } cases[] = {{INT32_MIN, 0, 0}, {-1, 1, -1}, {0, 1, 1}, {7, 2, 2}, {8, 3, -1}};
   for (const auto& c : cases) {
     int index = 9;
     EXPECT_TRUE(list.Find(c.Id, index) == (c.Index >= 0) && index == c.Index) << c.Id;
@@ -192,12 +219,15 @@ TEST(DataIdList, FindsByIdAndCopiesWhatItOwns) {
   TVxDataIdList many;
   for (int id = 0; id < 200; ++id) many.Add(new TNote(2 * id));
   auto finds = [&](int Id, int Index) {
-    for (int i = 0; i < 99; ++i) if (many.IndexOf(Id) != Index) return false;
+    for (int i = 0; i < 99; ++i)
+      if (many.IndexOf(Id) != Index) return false;
     return true;
   };
   EXPECT_TRUE(finds(250, 125) && finds(251, -1));
-  many.GetItems(199)->SetId(399); EXPECT_TRUE(many.IndexOf(399) == 199 && many.IndexOf(398) == -1);
-  many.Add(new TNote(7)); EXPECT_TRUE(finds(250, 126) && finds(399, 200) && !many.GetItem(1000));
+  many.GetItems(199)->SetId(399);
+  EXPECT_TRUE(many.IndexOf(399) == 199 && many.IndexOf(398) == -1);
+  many.Add(new TNote(7));
+  EXPECT_TRUE(finds(250, 126) && finds(399, 200) && !many.GetItem(1000));
   shared.Assign(list), copies.Assign(list);
   EXPECT_TRUE(shared.GetItems(2) == list.GetItems(2) && copies.GetItems(2) != list.GetItems(2) && copies.IsIn(7));
   EXPECT_THROW(list.Add(&stranger), EInvalidCast);
@@ -206,7 +236,9 @@ TEST(DataIdList, FindsByIdAndCopiesWhatItOwns) {
 
 // Whatever is done at whatever place, the slots hold what an array would.
 TEST(ObjectList, HoldsManyObjectsInOrder) {
-  std::mt19937 random(7); std::vector<TObject> objects(48000); std::vector<TObject*> expected;
+  std::mt19937 random(7);
+  std::vector<TObject> objects(48000);
+  std::vector<TObject*> expected;
   TVxObjectList list(false);
   for (size_t i = 0; i < objects.size(); ++i) {
     const auto place = static_cast<int>(random() % (expected.size() + 1) / (1 + i % 7));
@@ -220,8 +252,11 @@ TEST(ObjectList, HoldsManyObjectsInOrder) {
 }
 
 TEST(ObjectLists, AddManyInAnyOrderAsOneByOne) {
-  std::mt19937 random(3); std::vector<TNote> notes(20000); TVxObjectList source(false);
-  TVxObjectListU plain(false); TTold<TVxObjectListSortD> sorted(false);
+  std::mt19937 random(3);
+  std::vector<TNote> notes(20000);
+  TVxObjectList source(false);
+  TVxObjectListU plain(false);
+  TTold<TVxObjectListSortD> sorted(false);
   for (TNote& note : notes) note.SetId(static_cast<int>(random() % 999)), source.Add(&note);
   sorted.ItemsAssign(source);
   EXPECT_LT(sorted.Compared, 20000 * 36);
@@ -242,13 +277,17 @@ void ExpectBulkAsOneByOne(const std::vector<TObject*>& first, const TVxObjectLis
   bulk.ItemsAdd(source);
   for (int i = 0; i < source.GetCount(); ++i) single.Add(source.GetItem(i));
   ASSERT_EQ(bulk.GetCount(), single.GetCount());
-  for (int i = 0; i < bulk.GetCount(); ++i) ASSERT_EQ(bulk.TVxObjectList::GetItem(i), single.TVxObjectList::GetItem(i)) << i;
+  for (int i = 0; i < bulk.GetCount(); ++i)
+    ASSERT_EQ(bulk.TVxObjectList::GetItem(i), single.TVxObjectList::GetItem(i)) << i;
 }
 
 TEST(ObjectLists, BulkGivesWhatOneByOneGives) {
-  std::mt19937 random(5); std::vector<TNote> notes(400);
+  std::mt19937 random(5);
+  std::vector<TNote> notes(400);
   for (int round = 0; round < 20; ++round) {
-    std::vector<TObject*> first; TVxObjectList source(false); TVxDataIdList copies, ids(false);
+    std::vector<TObject*> first;
+    TVxObjectList source(false);
+    TVxDataIdList copies, ids(false);
     for (TNote& note : notes) note.SetId(static_cast<int>(random() % 300));
     for (int i = round * 7; i > 0; --i) first.push_back(&notes[random() % 400]);
     for (int i = 60 + round * 9; i > 0; --i) source.Add(random() % 40 == 0 ? nullptr : &notes[random() % 400]);

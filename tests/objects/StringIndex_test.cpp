@@ -14,20 +14,30 @@ constexpr TVxStringIndexOptions kOwns{vxioOwnsObjects}, kOwnsAnyCase{vxioOwnsObj
 // Keeps a set of the living ones, and looks at an index when it goes.
 struct TNote : TObject {
   explicit TNote(TVxStringIndex* seen = nullptr) : Seen(seen) { Living.insert(this); }
-  ~TNote() override { if (Living.erase(this); Seen) Seen->IndexOf(this), Seen->Delete(u"friend"), Seen->Add(u"late"); }
-  TVxStringIndex* Seen; static inline std::set<TObject*> Living;
+  ~TNote() override {
+    if (Living.erase(this); Seen) Seen->IndexOf(this), Seen->Delete(u"friend"), Seen->Add(u"late");
+  }
+  TVxStringIndex* Seen;
+  static inline std::set<TObject*> Living;
 };
 
 TEST(StringIndex, ComparesAndFoldsKeys) {
-  struct { const char16_t *A, *B; int Result; } compared[] = {
-      {u"a", u"a", 0}, {u"abc", u"abd", -3}, {u"b", u"abc", 3}, {u"B", u"a", -3}, {u"abcdefghi", u"abcdefgh", 2},
-      {u"a", u"ab", -2}, {u"a", u"", 1}, {u"", u"a", -1}, {u"", u"", 0}, {u"abcdeXgh", u"abcdeYgh", -3}};
+  struct {
+    const char16_t *A, *B;
+    int Result;
+  } compared[] = {
+      {u"a", u"a", 0},   {u"abc", u"abd", -3}, {u"b", u"abc", 3}, {u"B", u"a", -3}, {u"abcdefghi", u"abcdefgh", 2},
+      {u"a", u"ab", -2}, {u"a", u"", 1},       {u"", u"a", -1},   {u"", u"", 0},    {u"abcdeXgh", u"abcdeYgh", -3}};
   for (const auto& c : compared) EXPECT_EQ(VxCompareText(c.A, c.B, true), c.Result) << String(c.A).ToUtf8();
   EXPECT_TRUE(VxCompareText(u"MÜLLER", u"müller", false) == 0 && VxCompareText(u"B", u"a", false) > 0);
-  struct { const char16_t* Text; int Length; const char16_t* Result; } folded[] = {
-      {u"Müller", 0, u"Müller"}, {u"Müller", -1, u"Müller"}, {u"ab", 5, u"ab   "}, {u"Müller", 3, u"Muel\""},
-      {u"Ärger", 5, u"Aerger!"}, {u"ÄRGER", 5, u"AERGER!"}, {u"Ä", 1, u"Ae!"}, {u"Ä", 2, u"Ae !"},
-      {u"ÖÜß", 3, u"OeUess!#%"}, {u"äÄ", 2, u"aeAE!#"}, {u"x-Ö-", 4, u"x-OE-#"}, {u"ab", 1, u"a"}};
+  struct {
+    const char16_t* Text;
+    int Length;
+    const char16_t* Result;
+  } folded[] = {{u"Müller", 0, u"Müller"}, {u"Müller", -1, u"Müller"}, {u"ab", 5, u"ab   "},
+                {u"Müller", 3, u"Muel\""}, {u"Ärger", 5, u"Aerger!"},  {u"ÄRGER", 5, u"AERGER!"},
+                {u"Ä", 1, u"Ae!"},         {u"Ä", 2, u"Ae !"},         {u"ÖÜß", 3, u"OeUess!#%"},
+                {u"äÄ", 2, u"aeAE!#"},     {u"x-Ö-", 4, u"x-OE-#"},    {u"ab", 1, u"a"}};
   TVxStringIndex wide;
   for (const auto& c : folded) EXPECT_EQ((wide.SetFixedLength(c.Length), wide.ModifyString(c.Text)), c.Result);
   wide.SetFixedLength(196);
@@ -39,19 +49,28 @@ TEST(StringIndex, ComparesAndFoldsKeys) {
 }
 
 TEST(StringIndex, RemembersTheLastSearch) {
-  TVxStringIndex index; TNote a, c; int place = 9;
+  TVxStringIndex index;
+  TNote a, c;
+  int place = 9;
   EXPECT_TRUE(!index.Find(u"a", place) && place == 0 && index.GetLastIndex() == 0);
   EXPECT_TRUE(index.Add(u"c", &c) == 0 && index.Add(u"a", &a) == 0 && index.Add(u"e") == 2);
-  struct { const char16_t* Key; bool Found; int Place; } cases[] = {
-      {u"c", true, 1}, {u"c", true, 1}, {u"d", false, 2}, {u"", false, 0}, {u"a", true, 0}, {u"z", false, 3}, {u"e", true, 2}};
+  struct {
+    const char16_t* Key;
+    bool Found;
+    int Place;
+  } cases[] = {{u"c", true, 1}, {u"c", true, 1},  {u"d", false, 2}, {u"", false, 0},
+               {u"a", true, 0}, {u"z", false, 3}, {u"e", true, 2}};
   for (const auto& [key, found, expected] : cases)
     EXPECT_TRUE(index.Find(key, place) == found && place == expected && index.GetLastIndex() == place &&
-                index.IndexSort(key) == place) << String(key).ToUtf8();
+                index.IndexSort(key) == place)
+        << String(key).ToUtf8();
   EXPECT_TRUE(index.IndexOf(&c) == 1 && index.GetLastIndex() == 1);
-  EXPECT_TRUE(index.IndexOf(&index) == -1 && index.GetLastIndex() == -1); index.Find(u"e", place), index.Delete(u"c");
+  EXPECT_TRUE(index.IndexOf(&index) == -1 && index.GetLastIndex() == -1);
+  index.Find(u"e", place), index.Delete(u"c");
   EXPECT_TRUE(index.Find(u"e", place) && place == 1 && index.Delete(&a) == 0 && index.Delete(&a) == -1);
   EXPECT_EQ((index.Clear(), index.GetLastIndex()), -1);
-  TVxStringList unsorted; unsorted.SetCommatext(u"c,a,b,a"), index.Assign(unsorted);
+  TVxStringList unsorted;
+  unsorted.SetCommatext(u"c,a,b,a"), index.Assign(unsorted);
   EXPECT_TRUE(index.GetCommatext() == u"c,a,b,a" && !index.IsIn(u"a")) << "as it stands: at or before the first key";
   EXPECT_THROW(index.GetItems(4), EStringListError);
   EXPECT_THROW(index.Delete(-1), EStringListError);
@@ -61,13 +80,17 @@ TEST(StringIndex, RemembersTheLastSearch) {
 TEST(StringIndex, DoesWhatAMapDoes) {
   for (bool isCaseSensitive : {true, false}) {
     TVxStringIndex index(isCaseSensitive ? TVxStringIndexOptions{} : TVxStringIndexOptions{vxioNotCaseSensitive});
-    std::mt19937 random(7); std::map<std::u16string, std::pair<std::u16string, TObject*>> map;
-    TObject* any[] = {nullptr, &index, reinterpret_cast<TObject*>(&map)}; int duplicates = 0;
+    std::mt19937 random(7);
+    std::map<std::u16string, std::pair<std::u16string, TObject*>> map;
+    TObject* any[] = {nullptr, &index, reinterpret_cast<TObject*>(&map)};
+    int duplicates = 0;
     for (int step = 0; step < 14000; ++step) {
       std::u16string key, low;
       for (unsigned v = random() % 20000; v > 0; v /= 10) key += static_cast<char16_t>(u"aA"[random() % 2] + v % 10);
       for (char16_t unit : key) low += static_cast<char16_t>(isCaseSensitive ? unit : unit | 32);
-      bool exists = map.count(low) > 0; int place; EXPECT_EQ(index.Find(key, place), exists);
+      bool exists = map.count(low) > 0;
+      int place;
+      EXPECT_EQ(index.Find(key, place), exists);
       EXPECT_TRUE(step % 50 > 0 || place == std::distance(map.begin(), map.lower_bound(low)));
       EXPECT_TRUE(!exists || (index.GetItems(place) == map[low].first && index.GetObjects(place) == map[low].second));
       if (random() % 4 > 0) {
@@ -84,13 +107,15 @@ TEST(StringIndex, DoesWhatAMapDoes) {
 
 TEST(StringIndex, TakesManyAsOneByOne) {
   for (unsigned seed = 0; seed < 12; ++seed) {
-    std::mt19937 random(seed); TVxStringIndexOptions options = seed % 2 ? kOwns : kOwnsAnyCase;
-    TVxStringIndex single(options), bulk(options); size_t living = 0;
+    std::mt19937 random(seed);
+    TVxStringIndexOptions options = seed % 2 ? kOwns : kOwnsAnyCase;
+    TVxStringIndex single(options), bulk(options);
+    size_t living = 0;
     for (int count : {40, 300}) {
       TVxStringList lists[2];
       while (count-- > 0) {
         String key(1 + static_cast<int>(random() % 3), static_cast<char16_t>(u"aA"[random() % 2] + random() % 26));
-        for (auto has = random() % 3; TVxStringList& list : lists) list.AddObject(key, has ? new TNote : nullptr);
+        for (auto has = random() % 3; TVxStringList & list : lists) list.AddObject(key, has ? new TNote : nullptr);
       }
       if (seed % 3 == 0) lists[0].Sort(), lists[1].Sort();
       for (int i = 0; i < lists[0].GetCount(); ++i) single.Add(lists[0].Get(i), lists[0].GetObject(i));
@@ -98,13 +123,15 @@ TEST(StringIndex, TakesManyAsOneByOne) {
     }
     EXPECT_TRUE(bulk.GetCsl().Equals(single.GetCsl()) && bulk.GetDuplicateCount() == single.GetDuplicateCount());
     for (int i = 0; i < single.GetCount(); ++i) living += single.GetObjects(i) && bulk.GetObjects(i) ? 2 : 0;
-    bulk.AddStrings(bulk); EXPECT_EQ(bulk.GetDuplicateCount(), single.GetDuplicateCount() + single.GetCount());
+    bulk.AddStrings(bulk);
+    EXPECT_EQ(bulk.GetDuplicateCount(), single.GetDuplicateCount() + single.GetCount());
     EXPECT_EQ(TNote::Living.size(), living);
   }
 }
 
 TEST(StringIndex, FreesWhatItOwns) {
-  TVxStringIndex index(kOwns), taker(kOwns); String key;
+  TVxStringIndex index(kOwns), taker(kOwns);
+  String key;
   auto alive = [](TObject* note) { return TNote::Living.count(note) > 0; };
   TNote* notes[] = {new TNote, new TNote, new TNote, new TNote, new TNote, new TNote};
   for (int i : {0, 1, 2, 3, 0}) index.Add(String(1, u"abcd"[i]), notes[i]);
@@ -112,23 +139,31 @@ TEST(StringIndex, FreesWhatItOwns) {
   EXPECT_TRUE(index.Add(u"a", notes[4]) == 0 && !alive(notes[0]) && index.GetDuplicateCount() == 2);
   index.Delete(1);
   EXPECT_TRUE(!alive(notes[1]) && index.Extract(1, key) == notes[2] && key == u"c" && alive(notes[2]));
-  index.SetIntellitext(u"x|y"); EXPECT_TRUE(!alive(notes[3]) && !alive(notes[4]) && index.GetIntellitext() == u"x|y");
+  index.SetIntellitext(u"x|y");
+  EXPECT_TRUE(!alive(notes[3]) && !alive(notes[4]) && index.GetIntellitext() == u"x|y");
   index.Add(u"x", notes[2]), index.SetCommatext(u"x,a");
   EXPECT_TRUE(!alive(notes[2]) && index.GetText() == u"a\r\nx\r\ny") << "no clearing, and no object for x";
   index.Add(u"a", notes[5]), index.DeleteObjects();
   EXPECT_TRUE(TNote::Living.empty() && index.GetCount() == 3 && index.GetObjects(0) == nullptr);
-  auto watch = [&] { for (const char16_t* each : {u"m", u"b", u"friend", u"z"}) index.Add(each, new TNote(&index)); };
+  auto watch = [&] {
+    for (const char16_t* each : {u"m", u"b", u"friend", u"z"}) index.Add(each, new TNote(&index));
+  };
   watch(), index.Add(u"m", nullptr), index.DeleteObjects();
-  EXPECT_TRUE(TNote::Living.empty() && index.IsIn(u"late") && !index.IsIn(u"friend")); watch(), index.Init();
+  EXPECT_TRUE(TNote::Living.empty() && index.IsIn(u"late") && !index.IsIn(u"friend"));
+  watch(), index.Init();
   EXPECT_TRUE(TNote::Living.empty() && index.GetCount() == 0 && index.GetOptions().IsEmpty());
   for (int i = 6000; i > 3000; --i) taker.Add(IntToStr(i % 5000 + 1000), new TNote);
-  taker.Clear(); EXPECT_TRUE(TNote::Living.empty()); TNote mine;
+  taker.Clear();
+  EXPECT_TRUE(TNote::Living.empty());
+  TNote mine;
   taker.Add(u"own", &mine), index.Add(u"a", &mine), taker.Assign(index);
   EXPECT_TRUE(alive(&mine) && taker.GetOptions().IsEmpty() && taker.IndexOf(&mine) == 0 && taker.IsIn(u"a"));
 }
 
 TEST(StringIndex, GoesToFilesAsItStands) {
-  test::TTempDir dir; TVxStringIndex index; index.SetCommatext(u"b,a");
+  test::TTempDir dir;
+  TVxStringIndex index;
+  index.SetCommatext(u"b,a");
   EXPECT_TRUE(index.SaveToFile(dir.Path("k")) && test::GetText(dir.Path("k")) == "a\r\nb\r\n");
   EXPECT_FALSE(index.LoadFromFile(dir.Path("none")) || index.LoadFromFile(dir.Path()));
   test::PutText(dir.Path("k"), "z\nb");
@@ -149,43 +184,58 @@ TEST(StringTree, HasOneTextForm) {
   auto* inner = dynamic_cast<TVxStringTree*>(merged.GetObjects(1));
   EXPECT_TRUE(merged.GetCommatext() == u"a,BONN,x|y" && inner->GetCommatext() == u"Beuel,Poppelsdorf");
   inner->AddTree(merged);  // holds it
-  EXPECT_EQ(inner->GetCommatext(), u"a,Beuel,BONN,Poppelsdorf,x|y"); read.OwnNodes();
+  EXPECT_EQ(inner->GetCommatext(), u"a,Beuel,BONN,Poppelsdorf,x|y");
+  read.OwnNodes();
 }
 
 TEST(StringTree, ReadsAnyTextAndAnyDepth) {
-  std::mt19937 random(3); std::u16string path;
+  std::mt19937 random(3);
+  std::u16string path;
   for (int round = 0; round < 3000; ++round) {
     String text = u"0°18°4°Bonn6°5°Beuel2°1°a7°6°°x|y°°";
     for (int i = random() % 4; i-- > 0;) text.SetUnit(static_cast<int>(random() % 30), u"0°|A1\0b"[random() % 7]);
-    TVxStringTree tree(round % 2 ? kOwns : TVxStringIndexOptions{}), again; tree.SetSerialize(text);
-    const String written = tree.GetSerialize(); again.SetSerialize(written);
+    TVxStringTree tree(round % 2 ? kOwns : TVxStringIndexOptions{}), again;
+    tree.SetSerialize(text);
+    const String written = tree.GetSerialize();
+    again.SetSerialize(written);
     EXPECT_TRUE(again.GetSerialize() == written || text.view().find(u'\0') != text.view().npos) << written.ToUtf8();
     tree.OwnNodes(), again.OwnNodes();
   }
   for (int depth = 100000; depth > 0; --depth) path += u"n\\";
   TVxStringTree deep(kOwns), copy, merged(kOwns);
   deep.AddPath(path), copy.SetSerialize(deep.GetSerialize()), merged.AddTree(copy);
-  EXPECT_EQ(merged.GetSerialize(), deep.GetSerialize()); copy.OwnNodes();
+  EXPECT_EQ(merged.GetSerialize(), deep.GetSerialize());
+  copy.OwnNodes();
 }
 
 TEST(StringTree, WalksByPlacesOfItsFirstLevel) {
-  TVxStringTree tree(kOwns); tree.Add(u"c"); TVxStringList names; std::unique_ptr<TVxStringTree> none;
+  TVxStringTree tree(kOwns);
+  tree.Add(u"c");
+  TVxStringList names;
+  std::unique_ptr<TVxStringTree> none;
   for (const char16_t* path : {u"a\\x\\deep", u"b\\p", u"b\\q\\r"}) tree.AddPath(path);
-  struct { const char16_t* Path; bool Exists; } cases[] = {{u"a", true}, {u"a,x", true}, {u"b,q", true}, {u"b,x", false},
-      {u"a,x,deep", false}, {u"a,x,x", true}, {u"b,q,r", false}, {u"b,q,p", true}, {u"c,y", false}, {u"", false}};
+  struct {
+    const char16_t* Path;
+    bool Exists;
+  } cases[] = {{u"a", true},     {u"a,x", true},    {u"b,q", true},   {u"b,x", false}, {u"a,x,deep", false},
+               {u"a,x,x", true}, {u"b,q,r", false}, {u"b,q,p", true}, {u"c,y", false}, {u"", false}};
   for (const auto& [at, exists] : cases)
     EXPECT_EQ((names.SetCommatext(at), tree.CascadeExists(names)), exists) << String(at).ToUtf8();
-  tree.Add(u"c", new TNote), names.SetCommatext(u"c,y"); EXPECT_THROW(tree.CascadeExists(names), EInvalidCast);
+  tree.Add(u"c", new TNote), names.SetCommatext(u"c,y");
+  EXPECT_THROW(tree.CascadeExists(names), EInvalidCast);
   TVxStringTree* made[] = {TVxStringTree::ValidateNode(tree, u"c"), TVxStringTree::ValidateNode(none, u"new")};
   EXPECT_TRUE(made[0] == tree.GetObjects(2) && TNote::Living.empty() && made[1] == none->GetObjects(0));
 }
 
 TEST(ArrayStrStr, KeepsValuesBesideTheirKeys) {
-  TArrayStrStr map; String many, expected;
+  TArrayStrStr map;
+  String many, expected;
   for (auto [key, value] : {std::pair(u"b", u"1"), {u"b", u"2"}, {u"a", u"3"}}) map.Add(key, value, false);
-  EXPECT_EQ(map.GetSerialize(), u"a|3|b|1"); map.Add(u"b", u"2", true), map.SetItems(u"c", u"?");
+  EXPECT_EQ(map.GetSerialize(), u"a|3|b|1");
+  map.Add(u"b", u"2", true), map.SetItems(u"c", u"?");
   EXPECT_TRUE(map.GetItems(u"b") == u"2" && map.GetItems(u"c") == u"" && map.IndexOfKey(u"B") == -1);
-  auto copy = map.Duplicate(); EXPECT_TRUE(copy->EqualsAll(&map) && copy->ClassName() == u"TArrayStrStr");
+  auto copy = map.Duplicate();
+  EXPECT_TRUE(copy->EqualsAll(&map) && copy->ClassName() == u"TArrayStrStr");
   map.Delete(u"a");
   EXPECT_TRUE(map.GetKeys(0) == u"b" && map.GetValues(0) == u"2" && map.GetCount() == 1 && !copy->EqualsAll(&map));
   for (int i = 200; i-- > 100;) many += u"k" + IntToStr(i) + u"|x|K" + IntToStr(i) + u"|" + IntToStr(i) + u"|";
@@ -197,23 +247,35 @@ TEST(ArrayStrStr, KeepsValuesBesideTheirKeys) {
 
 TEST(DateRange, SpeaksByCallPaths) {
   TvxDateRange range(42036, 42063);
-  struct { const char16_t *Name, *Write, *Text; } cases[] = {
-      {u"", u"", u"01.02.2015 - 28.02.2015"}, {u"Begin", u"", u"01.02.2015"}, {u"Ende", u"", u"28.02.2015"},
-      {u"Zeitraum", u"x", u"Februar 2015"}, {u"TvxDateRange", u"x", u""}, {u"nothing", u"x", u""},
-      {u"Ende", u"02.02.2015", u"02.02.2015"}, {u"Begin", u"none", u""}, {u"", u"", u"30.12.1899 - 02.02.2015"}};
+  struct {
+    const char16_t *Name, *Write, *Text;
+  } cases[] = {
+      {u"", u"", u"01.02.2015 - 28.02.2015"},  {u"Begin", u"", u"01.02.2015"}, {u"Ende", u"", u"28.02.2015"},
+      {u"Zeitraum", u"x", u"Februar 2015"},    {u"TvxDateRange", u"x", u""},   {u"nothing", u"x", u""},
+      {u"Ende", u"02.02.2015", u"02.02.2015"}, {u"Begin", u"none", u""},       {u"", u"", u"30.12.1899 - 02.02.2015"}};
   for (const auto& [path, write, text] : cases)
     EXPECT_EQ(*write && range.ValueOf(0, path, write, false) != u"" ? u"!" : range.ValueOf(0, path, u"", true), text);
   EXPECT_EQ(TvxDateRange::Class().DataHeads(true).front().name, u"-1201");
 }
 
 TEST(Pop, FailsOnceAndForAll) {
-  TVxStringList data; data.SetCommatext(u"1,7,x,\u00FFTNext,2,3"); TPop pop(&data, 0, 1, true);
-  EXPECT_TRUE(pop.PopBool() && pop.PopInt(0) == 7 && pop.Pop(true).empty() && pop.PopBoolDef(true, true) && pop.iSuccess);
+  TVxStringList data;
+  data.SetCommatext(u"1,7,x,\u00FFTNext,2,3");
+  TPop pop(&data, 0, 1, true);
+  EXPECT_TRUE(pop.PopBool() && pop.PopInt(0) == 7 && pop.Pop(true).empty() && pop.PopBoolDef(true, true) &&
+              pop.iSuccess);
   EXPECT_TRUE(pop.PopInt(5) == 5 && !pop.iSuccess && pop.Increment(-2) == 0 && pop.Pop() == u"");
-  TPop whole(&data, 2, -1, true); EXPECT_TRUE(whole.PopInt(9) == 9 && whole.iSuccess && whole.iEndOfGroup == 5);
+  TPop whole(&data, 2, -1, true);
+  EXPECT_TRUE(whole.PopInt(9) == 9 && whole.iSuccess && whole.iEndOfGroup == 5);
   EXPECT_TRUE(whole.Increment(INT32_MAX) < 0 && whole.Pop() == u"");
-  struct { const char16_t* Name; bool Success, Result; int First, Last; } groups[] = {
-      {u"", true, true, 0, 2}, {u"TNext", true, true, 4, 5}, {u"TNext", false, false, 4, 5}, {u"TNone", true, false, 0, -1}};
+  struct {
+    const char16_t* Name;
+    bool Success, Result;
+    int First, Last;
+  } groups[] = {{u"", true, true, 0, 2},
+                {u"TNext", true, true, 4, 5},
+                {u"TNext", false, false, 4, 5},
+                {u"TNone", true, false, 0, -1}};
   for (const auto& [name, success, result, first, last] : groups) {
     TPop group(&data, name, success);
     EXPECT_TRUE(group.iSuccess == result && group.iInd == first && group.iEndOfGroup == last);

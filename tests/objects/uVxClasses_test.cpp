@@ -7,9 +7,10 @@ namespace {
 using namespace vx;
 
 TEST(Lists, RaiseTheListErrorsWithTheirTexts) {
-  void (*runs[])(TTextList&, int) = {[](TTextList& l, int i) { l.Get(i); }, [](TTextList& l, int i) { l.Put(i, u"x"); },
-      [](TTextList& l, int i) { l.GetObject(i); }, [](TTextList& l, int i) { l.PutObject(i, nullptr); },
-      [](TTextList& l, int i) { l.Delete(i); }, [](TTextList& l, int i) { l.Insert(i == 2 ? 3 : i, u"x"); },
+  void (*runs[])(TTextList&, int) = {
+      [](TTextList& l, int i) { l.Get(i); },         [](TTextList& l, int i) { l.Put(i, u"x"); },
+      [](TTextList& l, int i) { l.GetObject(i); },   [](TTextList& l, int i) { l.PutObject(i, nullptr); },
+      [](TTextList& l, int i) { l.Delete(i); },      [](TTextList& l, int i) { l.Insert(i == 2 ? 3 : i, u"x"); },
       [](TTextList& l, int i) { l.Exchange(0, i); }, [](TTextList& l, int i) { l.Exchange(i, 0); }};
   TVxStringList list;
   TOldStringList old;
@@ -32,7 +33,12 @@ TEST(Lists, RaiseTheListErrorsWithTheirTexts) {
 }
 
 TEST(Lists, SortedOnesTakeTextsInOrder) {
-  struct { TDuplicates Duplicates; bool CaseSensitive; const char16_t* Sorted; int Again; } cases[] = {
+  struct {
+    TDuplicates Duplicates;
+    bool CaseSensitive;
+    const char16_t* Sorted;
+    int Again;
+  } cases[] = {
       {dupIgnore, false, u"a,Ä,b,ß", 2}, {dupAccept, false, u"A,a,Ä,B,b,ß", 3}, {dupIgnore, true, u"a,A,Ä,b,B,ß", 3}};
   for (const auto& c : cases) {
     TVxStringList list(false, true, c.Duplicates, c.CaseSensitive);
@@ -99,8 +105,11 @@ TEST(Lists, MoveInsertAndExchangeTakeObjectsAlong) {
 TEST(Lists, SortAsTheHoarePartitionDoes) {
   // By the first letter alone, so that the order of equal ones shows the steps of the sort.
   auto byLetter = [](const TTextList& List, int A, int B) { return List.Items()[A][0] - List.Items()[B][0]; };
-  struct { const char16_t *Before, *After; } cases[] = {{u"a1,a2,a3", u"a3,a2,a1"}, {u"b1,a1,b2,a2", u"a2,a1,b1,b2"},
-      {u"b1,b2,a1,b3,a2,b4,a3,c1,b5,a4", u"a2,a3,a4,a1,b5,b1,b2,b3,b4,c1"}};
+  struct {
+    const char16_t *Before, *After;
+  } cases[] = {{u"a1,a2,a3", u"a3,a2,a1"},
+               {u"b1,a1,b2,a2", u"a2,a1,b1,b2"},
+               {u"b1,b2,a1,b3,a2,b4,a3,c1,b5,a4", u"a2,a3,a4,a1,b5,b1,b2,b3,b4,c1"}};
   for (const auto& c : cases) {
     TVxStringList list;
     list.SetCommatext(c.Before), list.CustomSort(byLetter);
@@ -177,13 +186,20 @@ TYPED_TEST(Files, LinesOfAFile) {
   String path = dir.Path("a.txt");
   const std::string before(524288 - 2, 'x');
   const String line(524288 - 2, u'x');
-  struct { std::string Bytes; TCells Lines; } cases[] = {
-      {"", {}}, {"a\r\n\r\nb", {u"a", u"", u"b"}}, {"a\nb\r\n", {u"a", u"b"}}, {"a\rb\r\r\nc\r", {u"a\rb\r", u"c"}},
-      {"\x80\xE4", {u"€ä"}}, {before + "a\r\nb", {line + u"a", u"b"}},  // the first chunk ends between CR and LF,
-      {before + "\r\nb\r\n", {line, u"b"}}, {before + "\r\n\r\nb", {line, u"", u"b"}},  // behind LF,
-      {before + "abc\r\nd", {line + u"abc", u"d"}},     // inside a line,
-      {before + "a\rb\n", {line + u"ab"}},              // and with a CR alone, which goes too
-      {before + before + before + "\n", {line + line + line}}};
+  struct {
+    std::string Bytes;
+    TCells Lines;
+  } cases[] = {{"", {}},
+               {"a\r\n\r\nb", {u"a", u"", u"b"}},
+               {"a\nb\r\n", {u"a", u"b"}},
+               {"a\rb\r\r\nc\r", {u"a\rb\r", u"c"}},
+               {"\x80\xE4", {u"€ä"}},
+               {before + "a\r\nb", {line + u"a", u"b"}},  // the first chunk ends between CR and LF,
+               {before + "\r\nb\r\n", {line, u"b"}},
+               {before + "\r\n\r\nb", {line, u"", u"b"}},     // behind LF,
+               {before + "abc\r\nd", {line + u"abc", u"d"}},  // inside a line,
+               {before + "a\rb\n", {line + u"ab"}},           // and with a CR alone, which goes too
+               {before + before + before + "\n", {line + line + line}}};
   for (const auto& c : cases) {
     test::PutText(path, c.Bytes);
     TypeParam list;

@@ -8,7 +8,10 @@ namespace {
 
 using namespace vx;
 
-struct TCard { int Key, Arrival; friend bool operator==(const TCard&, const TCard&) = default; };
+struct TCard {
+  int Key, Arrival;
+  friend bool operator==(const TCard&, const TCard&) = default;
+};
 int ByKey(const TCard& a, const TCard& b) { return CompareValues(a.Key, b.Key); }
 
 struct TCards : GSortList<TCard> {
@@ -17,7 +20,10 @@ struct TCards : GSortList<TCard> {
   void Notify(const TCard& card, TCollectionNotification action) override { Log.push_back({card.Arrival, action}); }
   std::vector<TCard> Log;
 };
-template <typename T> std::vector<T> Copy(const GList<T>& list) { return {list.Items().begin(), list.Items().end()}; }
+template <typename T>
+std::vector<T> Copy(const GList<T>& list) {
+  return {list.Items().begin(), list.Items().end()};
+}
 
 TEST(GSortList, ManyAtOnceAreAsOneByOneAndEqualOnesKeepTheirOrder) {
   std::mt19937 random(6);
@@ -39,7 +45,8 @@ TEST(GSortList, ManyAtOnceAreAsOneByOneAndEqualOnesKeepTheirOrder) {
       ASSERT_TRUE(all.FirstIndexOf(key) == first && all.LastIndexOf(key) == last && all.Remove(key) == first);
     }
   }
-  GSortList<int> fast; std::vector<int> falling(900000, -1);
+  GSortList<int> fast;
+  std::vector<int> falling(900000, -1);
   std::partial_sum(falling.begin(), falling.end(), falling.begin());
   fast.AddRange(falling), fast.AddRange(fast);  // one by one it would take minutes
   EXPECT_TRUE(fast.GetCount() == 1800000 && std::is_sorted(fast.Items().begin(), fast.Items().end()));
@@ -48,7 +55,8 @@ TEST(GSortList, ManyAtOnceAreAsOneByOneAndEqualOnesKeepTheirOrder) {
 TEST(GSortList, OrdersByItsComparer) {
   GSortList<int> list{std::span<const int>(std::vector{3, 1, 2})};
   EXPECT_TRUE(Copy(list) == (std::vector{1, 2, 3}) && list.Compare(1, 2) == -1 && list.GetComparer()(3, 2) == 1);
-  list.SetComparer([](int a, int b) { return b - a; }); list.Sort(), list.Add(2);
+  list.SetComparer([](int a, int b) { return b - a; });
+  list.Sort(), list.Add(2);
   EXPECT_EQ(Copy(list), (std::vector<int>{3, 2, 2, 1}));
   EXPECT_TRUE(list.Extract(2) == 2 && list.Extract(7) == 0 && list.AddUnique(2) == -1 && list.AddUnique(9) == 0);
   list.SetComparer([](int a, int) -> int { return a == 1 ? throw Exception(u"one") : 0; });
@@ -58,25 +66,31 @@ TEST(GSortList, OrdersByItsComparer) {
 }
 
 TEST(GSortList, RefusesWhatBreaksTheOrder) {
-  TScriptedDialogs dialogs; TCards list; list.AddRange({{2, 0}, {1, 1}});
-  std::u16string shown; GList<TCard>& base = list;  // virtual: the same through the base
+  TScriptedDialogs dialogs;
+  TCards list;
+  list.AddRange({{2, 0}, {1, 1}});
+  std::u16string shown;
+  GList<TCard>& base = list;  // virtual: the same through the base
   list.Exchange(0, 1), list.Insert(0, {9, 9}), list.InsertRange(0, std::vector<TCard>{{0, 2}});
   list.InsertRange(0, {{9, 9}}), base.InsertRange(0, list), base.Move(0, 1), base.Reverse();
   for (const TDialog& dialog : dialogs.Shown) shown += dialog.Text.Slice(38).view(), shown += u' ';
-  EXPECT_EQ(shown, u"Austauschen!\r\nTCards.Exchange Einfügen!\r\nTCards.Insert Einfügen!\r\nTCards.InsertRange "
-                   u"Einfügen!\r\nTCards.InsertRange Einfügen!\r\nTCards.InsertRange Bewegen!\r\nTCards.Move "
-                   u"Umdrehen!\r\nTCards.Reverse ");
+  EXPECT_EQ(shown,
+            u"Austauschen!\r\nTCards.Exchange Einfügen!\r\nTCards.Insert Einfügen!\r\nTCards.InsertRange "
+            u"Einfügen!\r\nTCards.InsertRange Einfügen!\r\nTCards.InsertRange Bewegen!\r\nTCards.Move "
+            u"Umdrehen!\r\nTCards.Reverse ");
   EXPECT_EQ(dialogs.Shown[0].Text.Slice(0, 38), u"Diese sortierte Liste akzeptiert kein ");
   EXPECT_TRUE(Copy(list) == (std::vector<TCard>{{1, 1}, {2, 0}}));
 }
 
 TEST(GList, GrowsByDoubling) {
-  const int cases[][3] = {{0, 0, 0}, {0, 1, 2}, {0, 3, 4}, {1, 2, 2}, {3, 4, 6}, {5, 5, 5}, {5, 41, 80}, {0, 999, 1024}};
+  const int cases[][3] = {{0, 0, 0}, {0, 1, 2}, {0, 3, 4},   {1, 2, 2},
+                          {3, 4, 6}, {5, 5, 5}, {5, 41, 80}, {0, 999, 1024}};
   for (auto [start, wanted, capacity] : cases) {
     GSortList<int> grown;
     EXPECT_EQ((grown.SetCapacity(start), grown.Grow(wanted), grown.GetCapacity()), capacity) << start << ' ' << wanted;
   }
-  GSortList<int> list; list.Add(1);
+  GSortList<int> list;
+  list.Add(1);
   for (int64_t wanted : {1ll * INT32_MAX, (1ll << 30) + 1, 1ll << 60}) EXPECT_THROW(list.Grow(wanted), std::bad_alloc);
   EXPECT_EQ(test::RaisedBy<EListError>([&] { list.SetCapacity(0); }), u"List capacity out of bounds (0)");
   EXPECT_TRUE(list.GetCapacity() == 2 && list.Get(0) == 1);
@@ -91,7 +105,8 @@ struct TNoted : GList<std::u16string> {
 };
 
 TEST(GList, ChangesNotifiesAndTakesItsOwnItems) {
-  TNoted list; list.AddRange({u"a", u"b"});
+  TNoted list;
+  list.AddRange({u"a", u"b"});
   for (int i = 0; i < 3; ++i) list.Insert(1, list.Get(0)), list.Add(list.Get(0)), list.InsertRange(1, list);
   list.DeleteRange(3, list.GetCount() - 3), list.Log.clear(), list.Put(1, u"p");
   EXPECT_TRUE(list.Extract(u"a") == u"a" && list.Extract(u"q").empty() && list.LastIndexOf(u"a") == 1);
@@ -100,51 +115,72 @@ TEST(GList, ChangesNotifiesAndTakesItsOwnItems) {
   EXPECT_EQ(Copy(list), (std::vector<std::u16string>{u"p", u"c", u"d", u"a"}));
   list.Sort([](const auto& a, const auto& b) { return b.compare(a); });
   EXPECT_TRUE(list.Remove(u"d") == 1 && list.Remove(u"q") == -1 && !list.Contains(u"d"));
-  list.Clear(); EXPECT_EQ(list.Log, u"-a3 +p3 xa2 +c4 +d4 -d3 -p0 -c0 -a0 ");
+  list.Clear();
+  EXPECT_EQ(list.Log, u"-a3 +p3 xa2 +c4 +d4 -d3 -p0 -c0 -a0 ");
   for (auto fault : {+[](TNoted& l) { l.Put(-1, u""); }, +[](TNoted& l) { l.Insert(1, u""); },
-      +[](TNoted& l) { l.DeleteRange(0, 1); }, +[](TNoted& l) { l.Move(0, 0); }}) EXPECT_THROW(fault(list), EListError);
+                     +[](TNoted& l) { l.DeleteRange(0, 1); }, +[](TNoted& l) { l.Move(0, 0); }})
+    EXPECT_THROW(fault(list), EListError);
 }
 
-struct TOwn : TVxClassed<TOwn, TVxDataIdSingleton, u"TOwn"> { explicit TOwn(bool silent) : TVxClassed(silent) {} };
+struct TOwn : TVxClassed<TOwn, TVxDataIdSingleton, u"TOwn"> {
+  explicit TOwn(bool silent) : TVxClassed(silent) {}
+};
 
 TEST(TVxDataIdSingleton, OneSlotForAll) {
-  TScriptedDialogs dialogs; using T = TVxDataIdSingleton;
+  TScriptedDialogs dialogs;
+  using T = TVxDataIdSingleton;
   EXPECT_EQ(T::AccessSingleton(0), nullptr);
   T* first = T::Singleton<TOwn>(7);
   EXPECT_TRUE(first->ClassName() == u"TOwn" && T::Singleton(8) == first && T::AccessSingleton(1) == first);
   EXPECT_TRUE(first->GetSerialize() == u"8" && dialogs.Shown.empty());
   EXPECT_EQ(test::RaisedBy<Exception>([] { T::AccessSingleton(3); }), u"Illegal request 3 in AccessSingleton");
-  uVxGenerics::FreeBuffersForLeakPrevention(); EXPECT_EQ(T::AccessSingleton(0), nullptr);
+  uVxGenerics::FreeBuffersForLeakPrevention();
+  EXPECT_EQ(T::AccessSingleton(0), nullptr);
   std::unique_ptr<T> taken(T::Singleton(-5)), direct(new T);
   EXPECT_TRUE(T::AccessSingleton(2) == nullptr && T::Singleton(1) != taken.get());
-  EXPECT_EQ((direct->SetSerialize(u"12"), direct->GetId()), 12); taken.reset(), direct.reset();
+  EXPECT_EQ((direct->SetSerialize(u"12"), direct->GetId()), 12);
+  taken.reset(), direct.reset();
   EXPECT_NE(T::AccessSingleton(0), nullptr) << "only its own object empties the slot";
   T::ReleaseSingleton(), T::ReleaseSingleton();
-  EXPECT_EQ(dialogs.Shown.at(0).Text, u"Das Hilfsobjekt darf nicht direkt instantiiert werden!\r\nStatt dessen ist die "
-                                      u"Klassenmethode \"Singleton\" zu nutzen.\r\n[TVxDataIdSingleton.Create]");
+  EXPECT_EQ(dialogs.Shown.at(0).Text,
+            u"Das Hilfsobjekt darf nicht direkt instantiiert werden!\r\nStatt dessen ist die "
+            u"Klassenmethode \"Singleton\" zu nutzen.\r\n[TVxDataIdSingleton.Create]");
 }
 
 TEST(GSingletons, OwnsItsObjectsUntilTheyAreFreed) {
   static size_t seen = 9;
-  struct TProbe : TObject { ~TProbe() override { seen = GSingletons().size(); } };
-  GSingletons()[u"TProbe"] = std::make_unique<TProbe>(); uSingleton::FreeBuffersForLeakPrevention();
+  struct TProbe : TObject {
+    ~TProbe() override { seen = GSingletons().size(); }
+  };
+  GSingletons()[u"TProbe"] = std::make_unique<TProbe>();
+  uSingleton::FreeBuffersForLeakPrevention();
   EXPECT_TRUE(seen == 0 && GSingletons().empty());
 }
 
-template <typename TBase> struct TFields : TVxClassed<TFields<TBase>, TBase, u"TFields"> {
-  TVxStringList& GetData(TVxStringList& data) const override { data.AddStrings(Cells); ++Reads; return data; }
+template <typename TBase>
+struct TFields : TVxClassed<TFields<TBase>, TBase, u"TFields"> {
+  TVxStringList& GetData(TVxStringList& data) const override {
+    data.AddStrings(Cells);
+    ++Reads;
+    return data;
+  }
   void SetData(const TVxStringList& data) override { Cells.assign(data.Items().begin(), data.Items().end()); }
-  TCells Cells; mutable int Reads = 0;
+  TCells Cells;
+  mutable int Reads = 0;
 };
-template <typename TBase> void TravelsInItsForm(const String& text) {
+template <typename TBase>
+void TravelsInItsForm(const String& text) {
   auto made = TVxData::Factory(TFields<TBase>::Class(), text);
   ASSERT_TRUE(made && made->GetSerialize() == text && !TBase::Class().NewInstance()) << text.ToUtf8();
-  auto& data = dynamic_cast<TFields<TBase>&>(*made); EXPECT_EQ(data.Cells, (TCells{u"a b", u""}));
+  auto& data = dynamic_cast<TFields<TBase>&>(*made);
+  EXPECT_EQ(data.Cells, (TCells{u"a b", u""}));
   for (const char16_t* cell : {u"°", u"|,\"", u"\x1b\n"}) {
-    data.Cells.push_back(cell), data.Reads = 0; auto copy = data.Duplicate();
+    data.Cells.push_back(cell), data.Reads = 0;
+    auto copy = data.Duplicate();
     ASSERT_TRUE(static_cast<TFields<TBase>&>(*copy).Cells == data.Cells && data.Reads == 1 && copy->EqualsAll(&data));
   }
-  TVxDataIdHelper id; id.SetId(42), data.Assign(&id), data.Assign(nullptr);
+  TVxDataIdHelper id;
+  id.SetId(42), data.Assign(&id), data.Assign(nullptr);
   EXPECT_EQ(data.Cells, TCells{u"42"}) << "from another kind by its text";
 }
 TEST(TSerialData, TravelsInItsForm) {

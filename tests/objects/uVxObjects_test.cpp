@@ -37,13 +37,19 @@ struct TWard : TVxClassed<TWard, TVxVirtualList, u"TWard"> {
   }
 };
 // Link to each other, a house by a link without a name.
-struct TRoom : TVxClassed<TRoom, TVxObject, u"TRoom"> { static TDataHeads DataHeads(const TVxClass&, bool); };
+struct TRoom : TVxClassed<TRoom, TVxObject, u"TRoom"> {
+  static TDataHeads DataHeads(const TVxClass&, bool);
+};
 struct THouse : TVxClassed<THouse, TVxObject, u"THouse"> {
   static TDataHeads DataHeads(const TVxClass&, bool) { return {{u"", u"TRoom", &TRoom::Class()}}; }
 };
 TDataHeads TRoom::DataHeads(const TVxClass&, bool) { return {{u"Haus", u"THouse", &THouse::Class()}}; }
-struct TAbstract : TVxClassed<TAbstract, TVxObject, u"TAbstract"> { virtual void Act() = 0; };
-struct TRaising : TVxClassed<TRaising, TVxObject, u"TRaising"> { TRaising() { throw std::runtime_error("no"); } };
+struct TAbstract : TVxClassed<TAbstract, TVxObject, u"TAbstract"> {
+  virtual void Act() = 0;
+};
+struct TRaising : TVxClassed<TRaising, TVxObject, u"TRaising"> {
+  TRaising() { throw std::runtime_error("no"); }
+};
 struct TLiar : TVxClassed<TLiar, TVxObject, u"TLiar"> {
   const TVxClass& ClassType() const override { return TVxObject::Class(); }
 };
@@ -69,7 +75,8 @@ TEST(VxClass, AnswersForTheClassThatIsAsked) {
   EXPECT_EQ(&bare.GetNewInstance()->ClassType(), &TBare::Class());
   const TVxClass &self = TBare::Class(), &above = TPerson::Class();
   EXPECT_TRUE(self.InheritsFrom(above) && self.InheritsFrom(self) && !above.InheritsFrom(self));
-  TVXPermissionSet rights{ppRead}; String text, comment = u"x";
+  TVXPermissionSet rights{ppRead};
+  String text, comment = u"x";
   EXPECT_TRUE(!self.Permission(rights, text, comment) && rights.IsEmpty() && text == u"TBare" && comment.empty());
 }
 
@@ -111,16 +118,24 @@ TEST(CallPath, LeadsToAField) {
   for (auto want : {u"a,b|c", u"b,c", u"c,", u","})
     EXPECT_EQ((GetSearchString(tail, tail, head), head + u"," + tail), want);
   const TVxClass *self = &TPerson::Class(), *sub = &TNurse::Class();
-  const struct { const TVxClass* Class; const char16_t *Call, *Type; } types[] = {{nullptr, u"Name", u"vftString"},
-      {self, u"", u"vftString"}, {self, u"Nichts|Geburt", u"vftDate"}, {self, u"Kinder|[3]|Geburt", u"vftDate"},
-      {self, u"Kinder|[3]", u"TPerson"}, {sub, u"Lohn|Geburt", u"vftDate"}, {self, u"Kinder||Kinder", u"TPerson"},
-      {self, u"-9001", u"TPerson"}, {sub, u"9001|Lohn", u"TPerson"}, {sub, u"Chef|9002", u"TPerson"}};
+  const struct {
+    const TVxClass* Class;
+    const char16_t *Call, *Type;
+  } types[] = {{nullptr, u"Name", u"vftString"},      {self, u"", u"vftString"},
+               {self, u"Nichts|Geburt", u"vftDate"},  {self, u"Kinder|[3]|Geburt", u"vftDate"},
+               {self, u"Kinder|[3]", u"TPerson"},     {sub, u"Lohn|Geburt", u"vftDate"},
+               {self, u"Kinder||Kinder", u"TPerson"}, {self, u"-9001", u"TPerson"},
+               {sub, u"9001|Lohn", u"TPerson"},       {sub, u"Chef|9002", u"TPerson"}};
   for (const auto& row : types) EXPECT_EQ(getEntryInfo(row.Class, row.Call), row.Type) << String(row.Call).ToUtf8();
-  const struct { const char16_t *Call, *Tail; int Position, ListPos; } places[] = {
-      {u"Lohn|x|y", u"x|y", 1, -1}, {u"9002", u"", 0, -1}, {u"-9002|", u"", 0, -1}, {u"Name|x", u"x", -1, -1},
-      {u"[7]|Chef|x", u"x", 2, 7}, {u"[x]|9002", u"", 0, 0}, {u"[7|Nichts", u"", -1, 0}};
+  const struct {
+    const char16_t *Call, *Tail;
+    int Position, ListPos;
+  } places[] = {{u"Lohn|x|y", u"x|y", 1, -1}, {u"9002", u"", 0, -1},       {u"-9002|", u"", 0, -1},
+                {u"Name|x", u"x", -1, -1},    {u"[7]|Chef|x", u"x", 2, 7}, {u"[x]|9002", u"", 0, 0},
+                {u"[7|Nichts", u"", -1, 0}};
   for (const auto& row : places) {
-    const TValueOfRecord request(0, row.Call, u"", sub); int listPos = -1;
+    const TValueOfRecord request(0, row.Call, u"", sub);
+    int listPos = -1;
     EXPECT_EQ(row.ListPos < 0 ? request.GetValueOfPos(tail) : request.GetListValueOfPos(tail, listPos), row.Position);
     EXPECT_TRUE(tail == row.Tail && listPos == row.ListPos) << String(row.Call).ToUtf8() << listPos;
   }
@@ -134,14 +149,17 @@ TEST(Registry, MakesObjectsByNameAndTestsThem) {
   RegisterVxObject(TPerson::Class()), RegisterVxObject(TAbstract::Class());
   RegisterVxObject(TLiar::Class()), RegisterVxObject(TRaising::Class());
   EXPECT_TRUE(CreateVxObject(u"TPerson")->ClassName() == u"TPerson" && !GetVxObjectClass(u"tperson"));
-  const test::TTempDir dir; const String text = TestVxObjects(dir.Path("report.txt"));
-  EXPECT_EQ(text, u"TAbstract OK\r\nTLiar ERROR CLASSTYPE\r\nTPerson OK\r\nTRaising ERROR CREATE\r\n"
-                  u"TVxDataIdHelper OK\r\nTVxObject OK");
+  const test::TTempDir dir;
+  const String text = TestVxObjects(dir.Path("report.txt"));
+  EXPECT_EQ(text,
+            u"TAbstract OK\r\nTLiar ERROR CLASSTYPE\r\nTPerson OK\r\nTRaising ERROR CREATE\r\n"
+            u"TVxDataIdHelper OK\r\nTVxObject OK");
   EXPECT_EQ(test::GetText(dir.Path("report.txt")), text.ToUtf8() + "\r\n");
 }
 
 TEST(ObjectCounter, CountsByTheClassThatAnObjectIsOf) {
-  vx::uVxObjects::FreeBuffersForLeakPrevention(); auto early = std::make_unique<TBare>();
+  vx::uVxObjects::FreeBuffersForLeakPrevention();
+  auto early = std::make_unique<TBare>();
   DoCountObjects = true;
   {
     const TPerson a, b(a);
@@ -160,7 +178,14 @@ TEST(ObjectStructure, WalksLinksToTheDepthAsked) {
   const String open = ward + u"TNurse[" + marker + fields + u"Kinder:";
   const TVxClass &base = TVxObject::Class(), &self = TPerson::Class(), &sub = TNurse::Class(), &wards = TWard::Class();
   using TAsked = const TVxClass*;
-  const struct { TAsked Class; String Name; TAsked OwnType; int Depth; TAsked Deepest; String Tree; } rows[] = {
+  const struct {
+    TAsked Class;
+    String Name;
+    TAsked OwnType;
+    int Depth;
+    TAsked Deepest;
+    String Tree;
+  } rows[] = {
       {&TRoom::Class(), u"", nullptr, 0, nullptr, u":TRoom[Haus:THouse[:TRoom[Haus:THouse[+]]]]"},
       {&TRoom::Class(), u"Haus", nullptr, 0, nullptr, u"Haus:TRoom[Haus:THouse[:TRoom[+]]]"},
       {&self, u"P", nullptr, -1, nullptr, u"P:" + person},
@@ -168,7 +193,8 @@ TEST(ObjectStructure, WalksLinksToTheDepthAsked) {
       {&self, u"Kinder", nullptr, 1, nullptr, child + child + u"Kinder:" + person + u"]]"},
       {&sub, u"", nullptr, -1, &self, u":TNurse[" + marker + lohn + shut + end},
       {&sub, u"", nullptr, -1, &base, u":TNurse[" + fields + u"Kinder:" + shut + u" " + marker + lohn + shut + end},
-      {&sub, u"", nullptr, -1, &sub, u":TNurse[]"}, {&wards, u"W", nullptr, -1, nullptr, ward + u"TNurse[+]]"},
+      {&sub, u"", nullptr, -1, &sub, u":TNurse[]"},
+      {&wards, u"W", nullptr, -1, nullptr, ward + u"TNurse[+]]"},
       {&wards, u"W", &self, 0, nullptr, open + person + u" " + lohn + person + end + u"]"},
       {&wards, u"W", &sub, 0, nullptr, open + shut + u" " + lohn + shut + end + u"]"}};
   for (const auto& row : rows) {
@@ -186,7 +212,8 @@ TEST(ObjectStructure, ListsCopiesAndCompares) {
   auto* node = new TVxParserObject(&TPerson::Class(), u"In", u"T");
   outer.Add(std::unique_ptr<TVxParserEntryObject>(node));
   EXPECT_TRUE(node->Add(Leaf(u"Leaf")) && outer.Add(Leaf(u"Last")) && !outer.Add(nullptr));
-  node->SetIsList(true), node->SetIsBridge(true); const auto list = outer.GetPropertyList();
+  node->SetIsList(true), node->SetIsBridge(true);
+  const auto list = outer.GetPropertyList();
   EXPECT_EQ(list->GetText() + outer.GetShortPropertyList()->GetText(), u"-<>-|[] In|Leaf\r\nLastIn\r\nLast");
   EXPECT_EQ(list->GetObject(0), node->GetData()[0].get());
   for (TVxParserObject* target : {&copy, &outer, static_cast<TVxParserObject*>(nullptr)}) outer.Assignto(target);

@@ -25,14 +25,18 @@ const String kBadNode = u"Ungültige Referenzierung auf Node!";
 void Build(TVxTree& tree, std::string_view shape) {
   std::vector<TVxTreeNode*> path{nullptr, nullptr};
   for (char sign : shape) {
-    if (sign == '(') path.push_back(nullptr);
-    else if (sign == ')') path.pop_back();
-    else path.back() = tree.AddChild(path[path.size() - 2], String(1, static_cast<char16_t>(sign)));
+    if (sign == '(')
+      path.push_back(nullptr);
+    else if (sign == ')')
+      path.pop_back();
+    else
+      path.back() = tree.AddChild(path[path.size() - 2], String(1, static_cast<char16_t>(sign)));
   }
 }
 // By the list and the levels alone.
 std::string ShapeOf(const TVxTree& tree) {
-  std::string shape; int level = 0;
+  std::string shape;
+  int level = 0;
   for (TVxTreeNode* node = tree.GetFirstNode(); node; node = node->GetNext()) {
     for (; level < node->GetLevel(); ++level) shape += '(';
     for (; level > node->GetLevel(); --level) shape += ')';
@@ -49,28 +53,77 @@ TVxTreeNode* Find(const TVxTree& tree, char name) {
 TEST(TVxTree, PutsNodesInPlace) {
   // "tree work tree", "!" where it is refused. A<mode><node> adds N, M<mode><target><node> moves; Delete, Children
   // freed, Sort, aPpend N, m<index><node>; - is no node.
-  for (const std::string cells : {
-           "a(12)b A2aN a(12N)b", "a(12)b A3aN a(N12)b", "a(12)b A01N a(12N)b", "a(12)b A12N a(N12)b",
-           "a(12)b A1bN Na(12)b", "a(12)b A42N a(1N2)b", "a(12)b A2-N a(12)bN", "a(12)b A3-N Na(12)b",
-           "a(12)b A4-N a(12)b", "a(12)b A0-N !a(12)b", "a(12)b A1-N !a(12)b", "a(1(x)2) A2xN a(1(x(N))2)", " A3-N N",
-           "a(1(xy)2)b M2b1 a(2)b(1(xy))", "a(1(xy)2)b M3ba b(a(1(xy)2))", "a(1(xy)2)b M2a1 a(21(xy))b",
-           "a(1(xy)2)b M4b1 a(2)1(xy)b", "a(1(xy)2)b M2-1 a(2)b1(xy)", "a(1(xy)2)b M411 a(1(xy)2)b", "ab M2b- !ab",
-           "ab M2aa !ab", "a(1)b M01a !a(1)b", "ab M4-a !ab", "ab M0-a !ab", "a(1)b M21a !a(1)b", "a(12)b Da b",
-           "a(1(xy)2)b D1 a(2)b", "a(1)b D- a(1)b", "a(1)b Ca ab", "b(2(yx)1)a S- ab(12(xy))",
-           "b(2(yx)1)a Sb b(12(xy))a", "bBab(2)B(1) S- aB(1)b(2)Bb", "a(12)b Pa a(12)b(N)", "ab m2a ba", "ab m0b ba",
-           "ab m3a !ab", "a m0- !a"}) {
-    const size_t blank = cells.find(' '); TVxTree tree; Build(tree, cells.substr(0, blank)); char value = 'v';
-    const char work = cells[blank + 1], *at = &cells[blank + 2]; const bool hasMode = std::strchr("AMm", work);
-    const auto mode = static_cast<TNodeAttachMode>(*at - '0'); if (hasMode) ++at;
+  for (const std::string cells : {"a(12)b A2aN a(12N)b",
+                                  "a(12)b A3aN a(N12)b",
+                                  "a(12)b A01N a(12N)b",
+                                  "a(12)b A12N a(N12)b",
+                                  "a(12)b A1bN Na(12)b",
+                                  "a(12)b A42N a(1N2)b",
+                                  "a(12)b A2-N a(12)bN",
+                                  "a(12)b A3-N Na(12)b",
+                                  "a(12)b A4-N a(12)b",
+                                  "a(12)b A0-N !a(12)b",
+                                  "a(12)b A1-N !a(12)b",
+                                  "a(1(x)2) A2xN a(1(x(N))2)",
+                                  " A3-N N",
+                                  "a(1(xy)2)b M2b1 a(2)b(1(xy))",
+                                  "a(1(xy)2)b M3ba b(a(1(xy)2))",
+                                  "a(1(xy)2)b M2a1 a(21(xy))b",
+                                  "a(1(xy)2)b M4b1 a(2)1(xy)b",
+                                  "a(1(xy)2)b M2-1 a(2)b1(xy)",
+                                  "a(1(xy)2)b M411 a(1(xy)2)b",
+                                  "ab M2b- !ab",
+                                  "ab M2aa !ab",
+                                  "a(1)b M01a !a(1)b",
+                                  "ab M4-a !ab",
+                                  "ab M0-a !ab",
+                                  "a(1)b M21a !a(1)b",
+                                  "a(12)b Da b",
+                                  "a(1(xy)2)b D1 a(2)b",
+                                  "a(1)b D- a(1)b",
+                                  "a(1)b Ca ab",
+                                  "b(2(yx)1)a S- ab(12(xy))",
+                                  "b(2(yx)1)a Sb b(12(xy))a",
+                                  "bBab(2)B(1) S- aB(1)b(2)Bb",
+                                  "a(12)b Pa a(12)b(N)",
+                                  "ab m2a ba",
+                                  "ab m0b ba",
+                                  "ab m3a !ab",
+                                  "a m0- !a"}) {
+    const size_t blank = cells.find(' ');
+    TVxTree tree;
+    Build(tree, cells.substr(0, blank));
+    char value = 'v';
+    const char work = cells[blank + 1], *at = &cells[blank + 2];
+    const bool hasMode = std::strchr("AMm", work);
+    const auto mode = static_cast<TNodeAttachMode>(*at - '0');
+    if (hasMode) ++at;
     TVxTreeNode *node = Find(tree, *at), *other = Find(tree, at[1]), *added = nullptr;
     const String raised = RaisedBy<Exception>([&] {
       constexpr decltype(&TVxTree::AddObject) kAdds[] = {&TVxTree::AddObject, &TVxTree::AddObjectFirst,
-          &TVxTree::AddChildObject, &TVxTree::AddChildObjectFirst, &TVxTree::InsertObject};
+                                                         &TVxTree::AddChildObject, &TVxTree::AddChildObjectFirst,
+                                                         &TVxTree::InsertObject};
       switch (work) {
-        case 'A': added = (tree.*kAdds[mode])(node, u"N", &value); break; case 'P': tree.Append(node, u"N"); break;
-        case 'M': tree.MoveTo(other, node, mode); break; case 'm': tree.Move(node, mode); break;
-        case 'D': tree.Delete(node); break; case 'C': node->DeleteChildren(); break;
-        case 'S': node ? node->AlphaSort() : tree.AlphaSort();
+        case 'A':
+          added = (tree.*kAdds[mode])(node, u"N", &value);
+          break;
+        case 'P':
+          tree.Append(node, u"N");
+          break;
+        case 'M':
+          tree.MoveTo(other, node, mode);
+          break;
+        case 'm':
+          tree.Move(node, mode);
+          break;
+        case 'D':
+          tree.Delete(node);
+          break;
+        case 'C':
+          node->DeleteChildren();
+          break;
+        case 'S':
+          node ? node->AlphaSort() : tree.AlphaSort();
       }
     });
     EXPECT_EQ((raised.empty() ? "" : "!") + ShapeOf(tree), cells.substr(cells.rfind(' ') + 1)) << cells;
@@ -80,12 +133,14 @@ TEST(TVxTree, PutsNodesInPlace) {
 }
 
 TEST(TVxTree, RefusesWhatIsNotItsOwn) {
-  TVxTree tree, other; TVxTreeNode loose, *node = tree.AddChild(nullptr, u"a"), *foreign = other.Append(nullptr, u"b");
-  using TCalls = std::vector<std::function<void()>>; using EBad = EAccessViolation;
-  for (const auto& call : TCalls{
-           [&] { tree.AddChild(foreign, u"x"); }, [&] { tree.Append(foreign, u"x"); }, [&] { tree.Delete(foreign); },
-           [&] { tree.Move(foreign, 0); }, [&] { tree.MoveTo(foreign, node, naAdd); }, [&] { node->SetParent(node); },
-           [&] { node->MoveTo(foreign, naAddChild); }, [&] { tree.InsertTree(&other, foreign); }})
+  TVxTree tree, other;
+  TVxTreeNode loose, *node = tree.AddChild(nullptr, u"a"), *foreign = other.Append(nullptr, u"b");
+  using TCalls = std::vector<std::function<void()>>;
+  using EBad = EAccessViolation;
+  for (const auto& call : TCalls{[&] { tree.AddChild(foreign, u"x"); }, [&] { tree.Append(foreign, u"x"); },
+                                 [&] { tree.Delete(foreign); }, [&] { tree.Move(foreign, 0); },
+                                 [&] { tree.MoveTo(foreign, node, naAdd); }, [&] { node->SetParent(node); },
+                                 [&] { node->MoveTo(foreign, naAddChild); }, [&] { tree.InsertTree(&other, foreign); }})
     EXPECT_EQ(RaisedBy<EBad>(call), kBadNode);
   for (int index : {-1, 0, INT32_MIN, INT32_MAX}) {
     EXPECT_EQ(RaisedBy<EBad>([&] { node->GetItems(index); }), u"Ungültige Referenzierung auf Item!");
@@ -99,59 +154,97 @@ TEST(TVxTree, RefusesWhatIsNotItsOwn) {
 
 TEST(TVxTree, CopiesAndMerges) {
   // = Assign, i InsertTree into the node i, + and - AssignOn with and without what is missing; image of the first
-  const struct { const char *Own, *Other; char Work; const char* After; int Image; } cases[] = {
-      {"x(y)", "a(12)b", '=', "a(12)b", 1}, {"x", "", '=', "", 0}, {"i(1)j", "a(2)b", 'i', "a(1a(2)b)j", 1},
-      {"i(1)", "", 'i', "i(1)", -1}, {"a(1)b", "b(2)a(13(4))c(5)", '+', "a(13(4))b(2)c(5)", 3},
-      {"a", "A", '+', "aA", -1}, {"a(1)b", "b(2)a(13(4))c(5)", '-', "a(1)b", 3},
-      {"aa(1)", "a(1)a(2)d(1)d(2)", '+', "a(12)a(1)d(12)", 3}};
+  const struct {
+    const char *Own, *Other;
+    char Work;
+    const char* After;
+    int Image;
+  } cases[] = {{"x(y)", "a(12)b", '=', "a(12)b", 1},
+               {"x", "", '=', "", 0},
+               {"i(1)j", "a(2)b", 'i', "a(1a(2)b)j", 1},
+               {"i(1)", "", 'i', "i(1)", -1},
+               {"a(1)b", "b(2)a(13(4))c(5)", '+', "a(13(4))b(2)c(5)", 3},
+               {"a", "A", '+', "aA", -1},
+               {"a(1)b", "b(2)a(13(4))c(5)", '-', "a(1)b", 3},
+               {"aa(1)", "a(1)a(2)d(1)d(2)", '+', "a(12)a(1)d(12)", 3}};
   for (const auto& c : cases) {
-    TVxTree own, other; Build(own, c.Own), Build(other, c.Other); int image = 0;
+    TVxTree own, other;
+    Build(own, c.Own), Build(other, c.Other);
+    int image = 0;
     while (auto* node = other.GetItem(image)) node->SetImageIndex(++image), node->SetData(&own);
-    if (c.Work == '=') own.Assign(&other), own.Assign(&own);
-    else if (c.Work == 'i') own.InsertTree(&other, Find(own, 'i')); else own.AssignOn(&other, c.Work == '+');
+    if (c.Work == '=')
+      own.Assign(&other), own.Assign(&own);
+    else if (c.Work == 'i')
+      own.InsertTree(&other, Find(own, 'i'));
+    else
+      own.AssignOn(&other, c.Work == '+');
     own.InsertTree(nullptr, own.GetFirstNode()), own.InsertTree(&other, nullptr), own.AssignOn(nullptr, true);
-    EXPECT_EQ(ShapeOf(own), c.After) << c.Own << c.Work << c.Other; TVxTreeNode* first = own.GetFirstNode();
+    EXPECT_EQ(ShapeOf(own), c.After) << c.Own << c.Work << c.Other;
+    TVxTreeNode* first = own.GetFirstNode();
     EXPECT_TRUE(!first || (first->GetImageIndex() == c.Image && first->GetData() == (c.Image > 0 ? &own : nullptr)));
   }
-  TVxTree tree; Build(tree, "a(1)b"); tree.InsertTree(&tree, Find(tree, 'b')), tree.GetItem(1)->Assign(nullptr);
-  EXPECT_EQ(ShapeOf(tree), "a(1)a(a(1)b)"); tree.Assign(nullptr); EXPECT_EQ(tree.GetCount(), 0);
+  TVxTree tree;
+  Build(tree, "a(1)b");
+  tree.InsertTree(&tree, Find(tree, 'b')), tree.GetItem(1)->Assign(nullptr);
+  EXPECT_EQ(ShapeOf(tree), "a(1)a(a(1)b)");
+  tree.Assign(nullptr);
+  EXPECT_EQ(tree.GetCount(), 0);
 }
 
 // The rules of the tree, with a search through the list for all that is asked.
-struct TPlain : TObject { String Text; TPlain* Parent = nullptr; int Image = -1, State = -1; };
+struct TPlain : TObject {
+  String Text;
+  TPlain* Parent = nullptr;
+  int Image = -1, State = -1;
+};
 using TPlains = std::vector<TPlain*>;
 struct TPlainTree {
-  TPlains List; std::vector<std::unique_ptr<TPlain>> Owned;
+  TPlains List;
+  std::vector<std::unique_ptr<TPlain>> Owned;
   static int At(const TPlains& l, const TPlain* n) { return int(std::find(l.begin(), l.end(), n) - l.begin()); }
   int Count() const { return static_cast<int>(List.size()); }
   TPlain* Get(int i) const { return i >= 0 && i < Count() ? List[static_cast<size_t>(i)] : nullptr; }
   TPlains Children(const TPlain* n) const {
-    TPlains found; for (TPlain* c : List) { if (c->Parent == n) found.push_back(c); } return found;
+    TPlains found;
+    for (TPlain* c : List) {
+      if (c->Parent == n) found.push_back(c);
+    }
+    return found;
   }
   TPlain* Sibling(const TPlain* n, int step) const {
-    for (int i = At(List, n) + step; Get(i); i += step) if (Get(i)->Parent == n->Parent) return Get(i);
+    for (int i = At(List, n) + step; Get(i); i += step)
+      if (Get(i)->Parent == n->Parent) return Get(i);
     return nullptr;
   }
   int NewIndex(const TPlain* n, TNodeAttachMode mode) const {
     if (mode == naAdd || mode == naAddFirst) return NewIndex(n->Parent, mode == naAdd ? naAddChild : naAddChildFirst);
     if (mode != naAddChild) return n ? At(List, n) + (mode == naAddChildFirst) : mode == naInsert ? -1 : 0;
     if (n && List.back()->Parent == n) return Count();
-    for (; n; n = n->Parent) if (TPlain* next = Sibling(n, 1)) return At(List, next);
+    for (; n; n = n->Parent)
+      if (TPlain* next = Sibling(n, 1)) return At(List, next);
     return Count();
   }
   TPlain* New(int index, TPlain* parent, String text) {
-    TPlain* n = Owned.emplace_back(std::make_unique<TPlain>()).get(); n->Text = std::move(text), n->Parent = parent;
-    List.insert(List.begin() + index, n); return n;
+    TPlain* n = Owned.emplace_back(std::make_unique<TPlain>()).get();
+    n->Text = std::move(text), n->Parent = parent;
+    List.insert(List.begin() + index, n);
+    return n;
   }
   void Move(TPlain* n, int index) {
-    const int old = At(List, n); List.erase(List.begin() + old); List.insert(List.begin() + index - (index > old), n);
+    const int old = At(List, n);
+    List.erase(List.begin() + old);
+    List.insert(List.begin() + index - (index > old), n);
   }
   void MoveTo(TPlain* n, TPlain* target, TNodeAttachMode mode) {
-    TPlains children = Children(n); Move(n, NewIndex(target, mode));
+    TPlains children = Children(n);
+    Move(n, NewIndex(target, mode));
     n->Parent = mode == naAddChild || mode == naAddChildFirst ? target : target->Parent;
     for (; !children.empty(); children.pop_back()) MoveTo(children.back(), n, naAddChildFirst);
   }
-  void Delete(TPlain* n) { for (TPlain* c : Children(n)) Delete(c); List.erase(List.begin() + At(List, n)); }
+  void Delete(TPlain* n) {
+    for (TPlain* c : Children(n)) Delete(c);
+    List.erase(List.begin() + At(List, n));
+  }
   void Sort(TPlain* n) {
     TVxStringList sorted(false, true, dupAccept, false);
     for (TPlain* c : Children(n)) sorted.AddObject(c->Text, c);
@@ -166,19 +259,25 @@ struct TPlainTree {
     return WriteOffsettext(cells);
   }
   void Read(TPlain* n, const String& text) {
-    TCells cells = ReadOffsettext(text); const size_t last = n ? 3 : 0;
+    TCells cells = ReadOffsettext(text);
+    const size_t last = n ? 3 : 0;
     if (cells.size() < last) return;
     if (n) n->Text = cells[0], n->Image = StrToIntDef(cells[1], -1), n->State = StrToIntDef(cells[2], -1);
     if (cells.size() == last) return;
     for (const String& c : ReadOffsettext(cells[last])) Read(New(NewIndex(n, naAddChild), n, {}), c);
   }
-  bool IsBelow(const TPlain* n, const TPlain* top) const { while (n && n != top) n = n->Parent; return n == top; }
+  bool IsBelow(const TPlain* n, const TPlain* top) const {
+    while (n && n != top) n = n->Parent;
+    return n == top;
+  }
 };
 
 void ExpectSame(const TVxTree& tree, const TPlainTree& plain, const std::map<TPlain*, TVxTreeNode*>& pairs) {
   auto pair = [&](TPlain* p) { return p ? pairs.at(p) : nullptr; };
   for (int i = 0; i < tree.GetCount(); ++i) {
-    TVxTreeNode* node = tree.GetItem(i); TPlain *p = plain.Get(i), *next = plain.Get(i + 1); int level = 0;
+    TVxTreeNode* node = tree.GetItem(i);
+    TPlain *p = plain.Get(i), *next = plain.Get(i + 1);
+    int level = 0;
     std::vector<TVxTreeNode*> held, children;
     for (TPlain* c : plain.Children(p)) children.push_back(pair(c));
     for (int c = 0; c < node->GetCount(); ++c) held.push_back(node->GetItems(c));
@@ -189,7 +288,8 @@ void ExpectSame(const TVxTree& tree, const TPlainTree& plain, const std::map<TPl
     ASSERT_EQ(node->getPrevSibling(), pair(plain.Sibling(p, -1)));
     ASSERT_EQ(node->GetFirstChild(), next && next->Parent == p ? pair(next) : nullptr);
     ASSERT_TRUE(held == children && node->GetHasChildren() == !held.empty());
-    ASSERT_EQ(node->GetLastChild(), held.empty() ? nullptr : held.back()); ASSERT_EQ(node->GetAbsoluteIndex(), i);
+    ASSERT_EQ(node->GetLastChild(), held.empty() ? nullptr : held.back());
+    ASSERT_EQ(node->GetAbsoluteIndex(), i);
     ASSERT_EQ(node->IndexOf(node->GetLastChild()), node->GetCount() - 1);
     ASSERT_TRUE(node->GetIndex() == plain.At(plain.Children(p->Parent), p) && !node->HasAsParent(node));
     ASSERT_TRUE(node->GetText() == p->Text && node->GetImageIndex() == p->Image && node->GetStateIndex() == p->State);
@@ -208,30 +308,43 @@ String Changed(std::mt19937& random, String text) {
 
 TEST(TVxTree, AgreesWithASearchThroughItsListInAnyOrder) {
   for (unsigned seed = 0; seed < 40; ++seed) {
-    std::mt19937 random(seed); TVxTree tree; TPlainTree plain; std::map<TPlain*, TVxTreeNode*> pairs;
+    std::mt19937 random(seed);
+    TVxTree tree;
+    TPlainTree plain;
+    std::map<TPlain*, TVxTreeNode*> pairs;
     for (int step = 0; step < 250; ++step) {
       const int count = plain.Count(), work = Pick(random, seed % 2 ? 13 : 9) + (count < 3 ? 20 : 0);
       const int index = Pick(random, count + 1);
       auto any = [&] { return count > 0 && Pick(random, 9) ? plain.Get(Pick(random, count)) : nullptr; };
-      TPlain *p = any(), *target = any(); const auto mode = static_cast<TNodeAttachMode>(Pick(random, 5));
-      const String text(1, u"abAB"[Pick(random, 4)]); const bool isChild = mode / 2 == 1;
+      TPlain *p = any(), *target = any();
+      const auto mode = static_cast<TNodeAttachMode>(Pick(random, 5));
+      const String text(1, u"abAB"[Pick(random, 4)]);
+      const bool isChild = mode / 2 == 1;
       TVxTreeNode *node = p ? pairs.at(p) : nullptr, *to = target ? pairs.at(target) : nullptr;
-      if (work == 0 && p && count > 12) pairs.clear(), plain.Delete(p), tree.Delete(node);
-      else if (work == 1) plain.Sort(p), p ? node->AlphaSort() : tree.AlphaSort();
+      if (work == 0 && p && count > 12)
+        pairs.clear(), plain.Delete(p), tree.Delete(node);
+      else if (work == 1)
+        plain.Sort(p), p ? node->AlphaSort() : tree.AlphaSort();
       else if (work == 2 && p && (target || isChild)) {
         const bool isLoop = plain.IsBelow(isChild ? target : target->Parent, p);
         EXPECT_EQ(RaisedBy<EAccessViolation>([&] { node->MoveTo(to, mode); }), isLoop ? kBadNode : String());
         if (!isLoop) plain.MoveTo(p, target, mode);
       } else if (work == 3) {
-        String serial = plain.Write(target); ASSERT_EQ(target ? to->GetSerialize() : tree.GetSerialize(), serial);
+        String serial = plain.Write(target);
+        ASSERT_EQ(target ? to->GetSerialize() : tree.GetSerialize(), serial);
         serial = count > 20 ? u"1°x" : Changed(random, serial);
         plain.Read(p, serial), p ? node->SetSerialize(serial) : tree.SetSerialize(serial);
       } else if (work == 4) {
-        TVxTree copy; copy.Assign(&tree); EXPECT_EQ(copy.GetSerialize(), tree.GetSerialize());
+        TVxTree copy;
+        copy.Assign(&tree);
+        EXPECT_EQ(copy.GetSerialize(), tree.GetSerialize());
         EXPECT_EQ(ShapeOf(copy), ShapeOf(tree));
-      } else if (work == 9) plain.New(count, p, text), tree.Append(node, text);
-      else if (work == 10 && p) plain.Move(p, index), tree.Move(node, index);
-      else if (work == 11 && p && !plain.IsBelow(target, p)) p->Parent = target, node->SetParent(to);
+      } else if (work == 9)
+        plain.New(count, p, text), tree.Append(node, text);
+      else if (work == 10 && p)
+        plain.Move(p, index), tree.Move(node, index);
+      else if (work == 11 && p && !plain.IsBelow(target, p))
+        p->Parent = target, node->SetParent(to);
       else if ((p || isChild) && count < 40) {
         constexpr decltype(&TVxTree::Add) kAdds[] = {&TVxTree::Add, &TVxTree::AddFirst, &TVxTree::AddChild,
                                                      &TVxTree::AddChildFirst, &TVxTree::Insert};
@@ -249,8 +362,11 @@ int Scattered(int i) { return static_cast<int>(int64_t{i} * 48271 % kMany); }
 
 TEST(TVxTree, StandsManyNodes) {
   for (const bool isDeep : {false, true}) {
-    TVxTree tree, copy, merged, read; TVxTreeNode* node = tree.AddChild(nullptr, u"top"); int seen = 0, sum = 0;
-    for (int i = 1; i < kMany; ++i) if (auto* added = tree.AddChild(node, IntToStr(Scattered(i))); isDeep) node = added;
+    TVxTree tree, copy, merged, read;
+    TVxTreeNode* node = tree.AddChild(nullptr, u"top");
+    int seen = 0, sum = 0;
+    for (int i = 1; i < kMany; ++i)
+      if (auto* added = tree.AddChild(node, IntToStr(Scattered(i))); isDeep) node = added;
     for (node = tree.GetFirstNode(); node; node = node->GetNext()) {
       seen += node->GetAbsoluteIndex() == seen && node->GetLevel() == (isDeep ? seen : seen > 0);
       sum += (node->GetFirstChild() ? 1 : 0) + (node->getNextSibling() ? 2 : 0) + node->GetIndex() % 2;
@@ -259,19 +375,30 @@ TEST(TVxTree, StandsManyNodes) {
     const String text = tree.GetSerialize();
     copy.Assign(&tree), merged.AssignOn(&tree, true), read.SetSerialize(text), tree.AlphaSort();
     EXPECT_TRUE(copy.GetSerialize() == text && merged.GetSerialize() == text && read.GetSerialize() == text);
-    TVxTreeNode* middle = copy.GetItem(kMany / 2); copy.InsertTree(&tree, middle), middle->DeleteChildren();
+    TVxTreeNode* middle = copy.GetItem(kMany / 2);
+    copy.InsertTree(&tree, middle), middle->DeleteChildren();
     for (int i = kMany / 2; i > 0; --i) copy.AddChild(copy.GetItem(i), u"y")->MoveTo(nullptr, naAddChildFirst);
     EXPECT_EQ(copy.GetCount(), (isDeep ? kMany / 2 + 1 : kMany) + kMany / 2);
   }
 }
 
-struct TLess { bool operator()(const String& a, const String& b) const { return AnsiCompareText(a, b) < 0; } };
+struct TLess {
+  bool operator()(const String& a, const String& b) const { return AnsiCompareText(a, b) < 0; }
+};
 struct TMapNode {
-  String Text; std::map<String, TMapNode, TLess> Below;
+  String Text;
+  std::map<String, TMapNode, TLess> Below;
   TMapNode& Child(const String& t) { return Below.try_emplace(t, TMapNode{t, {}}).first->second; }
   void Put(const TMapNode& n) { Below.erase(n.Text), Below.emplace(n.Text, n); }
-  void Merge(const TMapNode& o) { Text = o.Text; for (auto& [t, c] : o.Below) Child(c.Text).Merge(c); }
-  int Count() const { int n = 0; for (auto& [t, c] : Below) n += 1 + c.Count(); return n; }
+  void Merge(const TMapNode& o) {
+    Text = o.Text;
+    for (auto& [t, c] : o.Below) Child(c.Text).Merge(c);
+  }
+  int Count() const {
+    int n = 0;
+    for (auto& [t, c] : Below) n += 1 + c.Count();
+    return n;
+  }
   String Write() const {
     if (Text.empty() && Below.empty()) return {};
     TCells cells{WriteLighttext({&Text, 1})};
@@ -279,102 +406,161 @@ struct TMapNode {
     return WriteOffsettext(cells);
   }
   void Read(const String& text) {
-    Below.clear(), Text.clear(); const TCells cells = ReadOffsettext(text);
+    Below.clear(), Text.clear();
+    const TCells cells = ReadOffsettext(text);
     if (TCells texts = ReadLighttext(cells.empty() ? String() : cells[0]); !texts.empty()) Text = texts[0];
-    for (size_t i = 1; i < cells.size(); ++i) { TMapNode c; c.Read(cells[i]), Put(c); }
+    for (size_t i = 1; i < cells.size(); ++i) {
+      TMapNode c;
+      c.Read(cells[i]), Put(c);
+    }
   }
 };
 
 TEST(TVxTextNode, AgreesWithMapsOfTexts) {
-  std::mt19937 random(3); TVxTextNode tree; TMapNode plain;
+  std::mt19937 random(3);
+  TVxTextNode tree;
+  TMapNode plain;
   for (int step = 0; step < 4000; ++step) {
-    const String text(1, u"abcABÄ"[Pick(random, 6)]); TVxTextNode* nodes[2]; TMapNode *maps[2], *above;
+    const String text(1, u"abcABÄ"[Pick(random, 6)]);
+    TVxTextNode* nodes[2];
+    TMapNode *maps[2], *above;
     for (int i : {1, 0}) {
-      TVxTextNode*& node = nodes[i] = &tree; TMapNode*& p = maps[i] = above = &plain; TVxStringList path;
+      TVxTextNode*& node = nodes[i] = &tree;
+      TMapNode*& p = maps[i] = above = &plain;
+      TVxStringList path;
       for (int depth = Pick(random, 4); depth > 0 && node->GetCount(); --depth) {
         node = node->GetItems(Pick(random, node->GetCount())), path.Add(node->GetText());
         above = p, p = &p->Child(node->GetText());
       }
       EXPECT_TRUE(tree.Exists(path) && tree.ValidateNodes(path) == node && node->Level() == path.GetCount());
     }
-    TVxTextNode *node = nodes[0], probe(nullptr, text); TMapNode *p = maps[0], other = *maps[1];
+    TVxTextNode *node = nodes[0], probe(nullptr, text);
+    TMapNode *p = maps[0], other = *maps[1];
     switch (plain.Count() > 60 ? 7 : Pick(random, 9)) {
-      case 0: case 1: EXPECT_EQ(node->Validate(text)->GetParent(), node); p->Child(text); break;
-      case 2: node->GetNewItem(text), p->Put({text, {}}); break;
-      case 3: node->Insert(99, nodes[1]->DuplicateDeep(nullptr).release()), p->Put(other); break;
-      case 4: case 5: if (node != &tree) {
-        auto copy = nodes[1]->DuplicateDeep(nullptr); other.Text = p->Text, copy->SetText(p->Text);
-        if (step % 2) node->AddMerge(*copy);
-        node->AddMergeFree(std::move(copy)), p->Merge(other); break;
-      } else {
-        String serial = nodes[1]->GetSerialize(); EXPECT_EQ(serial, other.Write());
-        serial = Changed(random, serial), tree.SetSerialize(serial), plain.Read(serial); break;
-      }
-      case 6: EXPECT_EQ(node->Remove(&probe) >= 0, p->Below.erase(text) > 0); break;
-      default: if (auto taken = node->NodeToTree()) {
-        EXPECT_TRUE(taken->isRoot() && taken->NodeCount() == p->Count()); above->Below.erase(taken->GetText());
-      }
+      case 0:
+      case 1:
+        EXPECT_EQ(node->Validate(text)->GetParent(), node);
+        p->Child(text);
+        break;
+      case 2:
+        node->GetNewItem(text), p->Put({text, {}});
+        break;
+      case 3:
+        node->Insert(99, nodes[1]->DuplicateDeep(nullptr).release()), p->Put(other);
+        break;
+      case 4:
+      case 5:
+        if (node != &tree) {
+          auto copy = nodes[1]->DuplicateDeep(nullptr);
+          other.Text = p->Text, copy->SetText(p->Text);
+          if (step % 2) node->AddMerge(*copy);
+          node->AddMergeFree(std::move(copy)), p->Merge(other);
+          break;
+        } else {
+          String serial = nodes[1]->GetSerialize();
+          EXPECT_EQ(serial, other.Write());
+          serial = Changed(random, serial), tree.SetSerialize(serial), plain.Read(serial);
+          break;
+        }
+      case 6:
+        EXPECT_EQ(node->Remove(&probe) >= 0, p->Below.erase(text) > 0);
+        break;
+      default:
+        if (auto taken = node->NodeToTree()) {
+          EXPECT_TRUE(taken->isRoot() && taken->NodeCount() == p->Count());
+          above->Below.erase(taken->GetText());
+        }
     }
     ASSERT_TRUE(tree.GetSerialize() == plain.Write() && tree.NodeCount() == plain.Count()) << step;
   }
 }
 
 TEST(TVxTextNode, KeepsItsRules) {
-  TScriptedDialogs dialogs; TVxTextNode root(nullptr, u"a"), target; TObject plain;
+  TScriptedDialogs dialogs;
+  TVxTextNode root(nullptr, u"a"), target;
+  TObject plain;
   for (const char16_t* text : {u"b", u"d", u"C", u"ä"}) root.Add(new TVxTextNode(nullptr, text));
-  const struct { const char16_t* Text; int Place; bool Found; } places[] = {{u"", 0, false}, {u"Ä", 0, true},
-      {u"aa", 1, false}, {u"B", 1, true}, {u"bb", 2, false}, {u"c", 2, true}, {u"D", 3, true}, {u"e", 4, false}};
+  const struct {
+    const char16_t* Text;
+    int Place;
+    bool Found;
+  } places[] = {{u"", 0, false},   {u"Ä", 0, true}, {u"aa", 1, false}, {u"B", 1, true},
+                {u"bb", 2, false}, {u"c", 2, true}, {u"D", 3, true},   {u"e", 4, false}};
   for (const auto& c : places) {
-    int index = -7; EXPECT_TRUE(root.Find(c.Text, index) == c.Found && index == c.Place);
+    int index = -7;
+    EXPECT_TRUE(root.Find(c.Text, index) == c.Found && index == c.Place);
     EXPECT_EQ(root.IndexOf(c.Text), c.Found ? index : -1);
   }
-  TVxTextNode* node = root.GetNewItem(u"B"); EXPECT_TRUE(root.GetCount() == 4 && root.GetItems(1) == node);
-  EXPECT_EQ(node->Validate(u"c")->TextToRoot(u"\\"), u"a\\B\\c"); auto shared = root.DuplicateVirtual();
+  TVxTextNode* node = root.GetNewItem(u"B");
+  EXPECT_TRUE(root.GetCount() == 4 && root.GetItems(1) == node);
+  EXPECT_EQ(node->Validate(u"c")->TextToRoot(u"\\"), u"a\\B\\c");
+  auto shared = root.DuplicateVirtual();
   EXPECT_TRUE(shared->GetItems(1) == node && node->GetParent() == &root && !shared->GetOwnsObjects());
-  shared->Exchange(0, 1), root.Move(0, 1); ASSERT_EQ(dialogs.Shown.size(), 2u); EXPECT_EQ(root.GetItems(1), node);
+  shared->Exchange(0, 1), root.Move(0, 1);
+  ASSERT_EQ(dialogs.Shown.size(), 2u);
+  EXPECT_EQ(root.GetItems(1), node);
   EXPECT_EQ(dialogs.Shown[0].Text, u"Die Funktion \"TVxTextNode.Exchange\" wir nicht unterstützt.");
   EXPECT_EQ(dialogs.Shown[1].Text, u"Die Funktion \"TVxTextNode.Move\" wir nicht unterstützt.");
   for (TObject* bad : std::initializer_list<TObject*>{nullptr, &root, &plain})
     EXPECT_EQ(RaisedBy<EAccessViolation>([&] { root.Add(bad); }), kBadNode);
-  target.AddMergeFree(std::move(shared)); EXPECT_EQ(target.GetSerialize(), root.GetSerialize());
-  auto taken = node->NodeToTree(); EXPECT_TRUE(!root.NodeToTree() && taken.get() == node && root.GetCount() == 3);
+  target.AddMergeFree(std::move(shared));
+  EXPECT_EQ(target.GetSerialize(), root.GetSerialize());
+  auto taken = node->NodeToTree();
+  EXPECT_TRUE(!root.NodeToTree() && taken.get() == node && root.GetCount() == 3);
   EXPECT_EQ(RaisedBy<EAccessViolation>([&] { node->GetItems(0)->AddMergeFree(std::move(taken)); }), kBadNode);
   node->GetItems(0)->AddMerge(*node), node->AddMerge(*node);  // its child takes its text
-  EXPECT_EQ(node->GetSerialize(), u"1°B8°1°B3°1°c"); root.Init();
+  EXPECT_EQ(node->GetSerialize(), u"1°B8°1°B3°1°c");
+  root.Init();
   EXPECT_TRUE(root.isEmpty() && root.GetSerialize().empty() && root.GetLightText().empty());
 }
 
 TEST(TTreeViewNode, CarriesItsFieldsInItsTexts) {
   TTreeViewNode node(nullptr, u"a"), tree, read;
   node.SetImageIndex(1), node.SetOverlayIndex(2), node.SetSelectedIndex(3), node.SetStateIndex(4), node.SetData(&node);
-  const struct { const char16_t *Text, *Read; } cases[] = {
-      {u"b", u"b|ÿTTreeViewNode|1|2|3|4"}, {u"b|more|ÿTTreeViewNode|5|x", u"b|ÿTTreeViewNode|5|-1|3|4"}, {u"", u""},
-      {u"ÿTTreeViewNode|5", u"ÿTTreeViewNode|ÿTTreeViewNode|1|2|3|4"}, {u"|ÿTTreeViewNode|-1|-1|-1|-1", u""},
-      {u"b|ÿTTreeViewNode|9|8|ÿTTreeViewNode|7|6|5|4|3", u"b|ÿTTreeViewNode|7|6|5|4"}};
+  const struct {
+    const char16_t *Text, *Read;
+  } cases[] = {{u"b", u"b|ÿTTreeViewNode|1|2|3|4"},
+               {u"b|more|ÿTTreeViewNode|5|x", u"b|ÿTTreeViewNode|5|-1|3|4"},
+               {u"", u""},
+               {u"ÿTTreeViewNode|5", u"ÿTTreeViewNode|ÿTTreeViewNode|1|2|3|4"},
+               {u"|ÿTTreeViewNode|-1|-1|-1|-1", u""},
+               {u"b|ÿTTreeViewNode|9|8|ÿTTreeViewNode|7|6|5|4|3", u"b|ÿTTreeViewNode|7|6|5|4"}};
   for (const auto& c : cases) {
-    auto copy = node.Duplicate(nullptr); copy->SetLightText(c.Text); EXPECT_EQ(copy->GetLightText(), c.Read);
+    auto copy = node.Duplicate(nullptr);
+    copy->SetLightText(c.Text);
+    EXPECT_EQ(copy->GetLightText(), c.Read);
   }
   tree.Validate(u"x")->AddMerge(node), read.SetSerialize(tree.GetSerialize());
   EXPECT_TRUE(read.GetSerialize() == tree.GetSerialize() && !read.isEmpty());
-  EXPECT_EQ(static_cast<TTreeViewNode*>(tree.GetItems(0))->GetData(), &node); node.Assign(TVxTextNode(nullptr, u"p"));
+  EXPECT_EQ(static_cast<TTreeViewNode*>(tree.GetItems(0))->GetData(), &node);
+  node.Assign(TVxTextNode(nullptr, u"p"));
   EXPECT_TRUE(!node.GetData() && node.GetLightText() == u"p|ÿTTreeViewNode|-1|-1|-1|-1");
-  TVxStringList marks; marks.SetLighttext(u"m|m|x|m"); int index = 4;
+  TVxStringList marks;
+  marks.SetLighttext(u"m|m|x|m");
+  int index = 4;
   for (int place : {3, 1, 1}) EXPECT_TRUE(TVxTextNode::FindClassname(marks, u"m", index) == place && index == place);
 }
 
 TEST(TVxTextNode, StandsManyNodes) {
-  TVxTextNode broad, deep, merged, *node = &deep; std::u16string nested, wide(u"0"); TVxTree tree;
+  TVxTextNode broad, deep, merged, *node = &deep;
+  std::u16string nested, wide(u"0");
+  TVxTree tree;
   for (int i = 0; i < kMany; ++i) broad.Validate(IntToStr(Scattered(i))), node = node->Validate(u"x");
   EXPECT_TRUE(broad.GetCount() == kMany && node->Level() == kMany && node->TextToRoot(u"").size() == kMany);
   for (TVxTextNode* from : {&broad, &deep}) {
-    const String text = from->GetSerialize(); TVxTextNode read; read.SetSerialize(text);
-    auto copy = from->DuplicateDeep(nullptr); EXPECT_TRUE(read.GetSerialize() == text && copy->GetSerialize() == text);
+    const String text = from->GetSerialize();
+    TVxTextNode read;
+    read.SetSerialize(text);
+    auto copy = from->DuplicateDeep(nullptr);
+    EXPECT_TRUE(read.GetSerialize() == text && copy->GetSerialize() == text);
     copy->AddMergeFree(read.DuplicateDeep(nullptr)), merged.AddMerge(read), merged.AddMergeFree(std::move(copy));
   }
   EXPECT_EQ(merged.NodeCount(), 2 * kMany);
   for (int i = 0; i < 2 * kMany; ++i) nested += u"FFFFFFFF°", wide += u"°";
   for (const std::u16string& hostile : {nested, wide, u"FFFFFFFF°1°a2°-1°-1" + nested, u"F°" + wide}) {
-    TVxTree again; TVxTextNode read; deep.SetSerialize(hostile), tree.SetSerialize(hostile);
+    TVxTree again;
+    TVxTextNode read;
+    deep.SetSerialize(hostile), tree.SetSerialize(hostile);
     again.SetSerialize(tree.GetSerialize()), read.SetSerialize(deep.GetSerialize());
     EXPECT_TRUE(again.GetSerialize() == tree.GetSerialize() && read.GetSerialize() == deep.GetSerialize());
   }

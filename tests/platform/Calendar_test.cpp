@@ -11,10 +11,24 @@ constexpr double kMs = 1.0 / MSecsPerDay;
 constexpr TDateTime kNone = -77777;
 
 TEST(Calendar, ValuesToTheNearestMillisecond) {
-  struct { TDateTime Value; int64_t Fields; } cases[] = {{-1.25, 18991229060000000}, {-0.25, 18991230060000000},
-      {3 / 2048.0, 18991230000206562}, {42046 - 0.6 * kMs, 20150210235959999}, {42046 - 0.4 * kMs, 20150211000000000},
-      {60, 19000228000000000}, {-1.9999999999, 18991228000000000}, {2958466 - kMs, 99991231235959999}, {HUGE_VAL, 0},
-      {2958466 - 0.3 * kMs, 0}, {-693594.75, 180000000}, {3000000.5, 120000000}, {1E300, 0}, {-1E300, 0}, {NAN, 0}};
+  struct {
+    TDateTime Value;
+    int64_t Fields;
+  } cases[] = {{-1.25, 18991229060000000},
+               {-0.25, 18991230060000000},
+               {3 / 2048.0, 18991230000206562},
+               {42046 - 0.6 * kMs, 20150210235959999},
+               {42046 - 0.4 * kMs, 20150211000000000},
+               {60, 19000228000000000},
+               {-1.9999999999, 18991228000000000},
+               {2958466 - kMs, 99991231235959999},
+               {HUGE_VAL, 0},
+               {2958466 - 0.3 * kMs, 0},
+               {-693594.75, 180000000},
+               {3000000.5, 120000000},
+               {1E300, 0},
+               {-1E300, 0},
+               {NAN, 0}};
   for (const auto& c : cases) {
     int f[7];
     DecodeDate(c.Value, f[0], f[1], f[2]);
@@ -30,47 +44,73 @@ TEST(Calendar, ValuesToTheNearestMillisecond) {
 }
 
 TEST(Calendar, RefusesWhatDoesNotExist) {
-  const int dates[][3] = {{0, 1, 1}, {10000, 1, 1}, {2015, 0, 1}, {2015, 13, 1}, {2015, 1, 0}, {2015, INT32_MIN, 1},
-      {INT32_MAX, 12, 31}, {2015, 1, INT32_MIN}, {2015, 1, INT32_MAX}, {1900, 2, 29}, {2015, 4, 31}};
+  const int dates[][3] = {{0, 1, 1},           {10000, 1, 1},        {2015, 0, 1},
+                          {2015, 13, 1},       {2015, 1, 0},         {2015, INT32_MIN, 1},
+                          {INT32_MAX, 12, 31}, {2015, 1, INT32_MIN}, {2015, 1, INT32_MAX},
+                          {1900, 2, 29},       {2015, 4, 31}};
   for (const auto& d : dates) EXPECT_THROW(EncodeDate(d[0], d[1], d[2]), EConvertError) << d[0] << "," << d[2];
-  const int times[][4] = {{24, 0, 0, 0}, {0, 60, 0, 0}, {0, 0, 60, 0}, {0, 0, 0, 1000}, {-1, 0, 0, 0},
-      {0, 0, INT32_MIN, 0}, {0, INT32_MAX, 0, 0}};
+  const int times[][4] = {{24, 0, 0, 0}, {0, 60, 0, 0},        {0, 0, 60, 0},       {0, 0, 0, 1000},
+                          {-1, 0, 0, 0}, {0, 0, INT32_MIN, 0}, {0, INT32_MAX, 0, 0}};
   TDateTime kept = 7;
   for (const auto& t : times) EXPECT_TRUE(!TryEncodeTime(t[0], t[1], t[2], t[3], kept) && kept == 7) << t[0] << t[1];
   EXPECT_EQ(test::RaisedBy<EConvertError>([] { EncodeDate(2015, 2, 29); }), u"Invalid argument to date encode");
   EXPECT_EQ(test::RaisedBy<EConvertError>([] { EncodeTime(24, 0, 0, 0); }), u"Invalid argument to time encode");
   EXPECT_EQ(DaysInMonth(2015, 0) + DaysInMonth(2015, 13) + DaysInMonth(INT32_MIN, INT32_MAX), 0);
-  struct { int Year, Month, Day, Months, ToYear, ToMonth, ToDay; } months[] = {{2016, 1, 31, 1, 2016, 2, 29},
-      {2015, 8, 31, -14, 2014, 6, 30}, {1899, 12, 29, 1, 1900, 1, 29}, {9999, 12, 31, -119987, 1, 1, 31}};
+  struct {
+    int Year, Month, Day, Months, ToYear, ToMonth, ToDay;
+  } months[] = {{2016, 1, 31, 1, 2016, 2, 29},
+                {2015, 8, 31, -14, 2014, 6, 30},
+                {1899, 12, 29, 1, 1900, 1, 29},
+                {9999, 12, 31, -119987, 1, 1, 31}};
   for (const auto& c : months) {
     TDateTime from = EncodeDate(c.Year, c.Month, c.Day), to = EncodeDate(c.ToYear, c.ToMonth, c.ToDay);
     EXPECT_EQ(IncMonth(from < 0 ? from - 0.25 : from + 0.25, c.Months), to < 0 ? to - 0.25 : to + 0.25) << from;
   }
-  const struct { TDateTime Value; int Months; } bad[] = {{-693593, -1}, {2958465, 1}, {0, INT32_MAX}, {0, INT32_MIN},
-      {2958466, -1}, {NAN, 0}, {1E300, 1}};
+  const struct {
+    TDateTime Value;
+    int Months;
+  } bad[] = {{-693593, -1}, {2958465, 1}, {0, INT32_MAX}, {0, INT32_MIN}, {2958466, -1}, {NAN, 0}, {1E300, 1}};
   for (const auto& c : bad) EXPECT_THROW(IncMonth(c.Value, c.Months), EConvertError) << c.Value << "," << c.Months;
 }
 
 TEST(DateText, Masks) {
   const TDateTime evening = EncodeDate(2015, 2, 11) + EncodeTime(18, 5, 7, 89), morning = evening - 0.5;
-  struct { String Mask; TDateTime Value; String Text; } cases[] = {{u"hh d mm|h 'd' m", evening, u"18 11 02|18 d 5"},
-      {u"d.m.yy|dd.mm.yyyy|y", evening, u"11.2.15|11.02.2015|15"}, {u"d.m.yyyy h ddd", -1.25, u"29.12.1899 6 Fr"},
+  struct {
+    String Mask;
+    TDateTime Value;
+    String Text;
+  } cases[] = {
+      {u"hh d mm|h 'd' m", evening, u"18 11 02|18 d 5"},
+      {u"d.m.yy|dd.mm.yyyy|y", evening, u"11.2.15|11.02.2015|15"},
+      {u"d.m.yyyy h ddd", -1.25, u"29.12.1899 6 Fr"},
       {u"ddd dddd mmm mmmm|ddddd|dddddd", evening, u"Mi Mittwoch Feb Februar|11.02.2015|Mittwoch, 11. Februar 2015"},
-      {u"t|tt|c", morning, u"06:05|06:05:07|11.02.2015 06:05:07"}, {u"", morning, u"11.02.2015 06:05:07"},
-      {u"D. MMMM YYYY, H:NN", morning, u"11. Februar 2015, 6:05"}, {u"yyyy.yy", -400000, u"0804.04"},
-      {u"h:n:s z|hh:nn:ss,zzz", morning, u"6:5:7 89|06:05:07,089"}, {u"h:m|HH.MM", evening, u"18:5|18.05"},
-      {u"mm:hh|h:n:m|h:m:m", evening, u"02:18|18:5:2|18:5:2"}, {u"hh 'am/pm'|h'a/p' a/p", evening, u"18 am/pm|6a/p p"},
-      {u"h:nn am/pm|hh AM/PM|h a/p|h", evening, u"6:05 pm|06 PM|6 p|18"}, {u"hhampm|h a", evening, u"06|18 a"},
-      {u"h am/pm", 0.01, u"12 am"}, {u"h am/pm", 0.51, u"12 pm"}, {u"am/pm h", evening, u"pm 18"},
-      {u"d 'dm\"y", evening, u"11 dm\"y"}, {u"'d' \"it's d\" d''|d/m §", evening, u"d it's d 11|11.2 §"},
-      {u"d.m. hh:nn:ss.zzz|c", 42046 - 0.4 * kMs, u"11.2. 00:00:00.000|11.02.2015"}, {u"yyyy hh", NAN, u"0000 00"},
+      {u"t|tt|c", morning, u"06:05|06:05:07|11.02.2015 06:05:07"},
+      {u"", morning, u"11.02.2015 06:05:07"},
+      {u"D. MMMM YYYY, H:NN", morning, u"11. Februar 2015, 6:05"},
+      {u"yyyy.yy", -400000, u"0804.04"},
+      {u"h:n:s z|hh:nn:ss,zzz", morning, u"6:5:7 89|06:05:07,089"},
+      {u"h:m|HH.MM", evening, u"18:5|18.05"},
+      {u"mm:hh|h:n:m|h:m:m", evening, u"02:18|18:5:2|18:5:2"},
+      {u"hh 'am/pm'|h'a/p' a/p", evening, u"18 am/pm|6a/p p"},
+      {u"h:nn am/pm|hh AM/PM|h a/p|h", evening, u"6:05 pm|06 PM|6 p|18"},
+      {u"hhampm|h a", evening, u"06|18 a"},
+      {u"h am/pm", 0.01, u"12 am"},
+      {u"h am/pm", 0.51, u"12 pm"},
+      {u"am/pm h", evening, u"pm 18"},
+      {u"d 'dm\"y", evening, u"11 dm\"y"},
+      {u"'d' \"it's d\" d''|d/m §", evening, u"d it's d 11|11.2 §"},
+      {u"d.m. hh:nn:ss.zzz|c", 42046 - 0.4 * kMs, u"11.2. 00:00:00.000|11.02.2015"},
+      {u"yyyy hh", NAN, u"0000 00"},
       {u"dd.mm.yyyy hh:nn dddd mmm", 3000000.25, u"00.00.0000 06:00  "}};
   for (const auto& c : cases) EXPECT_EQ(FormatDateTime(c.Mask, c.Value), c.Text) << c.Mask.ToUtf8();
   String many;
   for (int i = 0; i < 100000; ++i) many += u"h ";
   EXPECT_EQ(FormatDateTime(many, 0).size(), 200000) << "quadratic time would not end";
-  TFormatSettings settings{.DateSeparator = u'-', .TimeSeparator = 0, .ShortDateFormat = u"yyyy/mm/dd",
-                           .LongTimeFormat = u"h:nn ampm", .TimeAMString = u"vorm."};
+  TFormatSettings settings{.DateSeparator = u'-',
+                           .TimeSeparator = 0,
+                           .ShortDateFormat = u"yyyy/mm/dd",
+                           .LongTimeFormat = u"h:nn ampm",
+                           .TimeAMString = u"vorm."};
   EXPECT_EQ(FormatDateTime(u"c", 42046.25, settings), u"2015-02-11 600 vorm.");
   EXPECT_EQ(DateToStr(42046.25) + TimeToStr(42046.25) + DateTimeToStr(42046), u"11.02.201506:00:0011.02.2015");
   settings.ShortDateFormat = settings.LongDateFormat = settings.LongTimeFormat = u"c ddddd tt";
@@ -80,11 +120,14 @@ TEST(DateText, Masks) {
 TEST(DateText, ReadsDatesNearThePresent) {
   test::TZoneAt zone(60);
   test::TClockAt clock(EncodeDate(2015, 12, 31) + EncodeTime(23, 30, 0, 0));  // 2016 by local time
-  struct { String Form, Text; int Window, Year, Month, Day; } cases[] = {{u"dd.mm.yyyy", u"29. 2", 50, 2016, 2, 29},
-      {u"d.m.y", u"1.1.66", 50, 1966, 1, 1}, {u"d.m.y", u"1.1.65", 50, 2065, 1, 1}, {u"d.m.y", u"1.1.007", 50, 7, 1, 1},
-      {u"m/d/yyyy", u"2.11.2015", 50, 2015, 2, 11}, {u"YYYY-mm-dd", u"2015.2.11", 50, 2015, 2, 11},
-      {u"yy-m-d", u"2.11", 50, 2016, 2, 11}, {u"d.m.y", u"1.1.99", 0, 2099, 1, 1},
-      {u"d.m.y", u"1.1.35", 80, 2035, 1, 1}, {u"d.m.y", u"1.1.14", 1, 2114, 1, 1}};
+  struct {
+    String Form, Text;
+    int Window, Year, Month, Day;
+  } cases[] = {{u"dd.mm.yyyy", u"29. 2", 50, 2016, 2, 29},   {u"d.m.y", u"1.1.66", 50, 1966, 1, 1},
+               {u"d.m.y", u"1.1.65", 50, 2065, 1, 1},        {u"d.m.y", u"1.1.007", 50, 7, 1, 1},
+               {u"m/d/yyyy", u"2.11.2015", 50, 2015, 2, 11}, {u"YYYY-mm-dd", u"2015.2.11", 50, 2015, 2, 11},
+               {u"yy-m-d", u"2.11", 50, 2016, 2, 11},        {u"d.m.y", u"1.1.99", 0, 2099, 1, 1},
+               {u"d.m.y", u"1.1.35", 80, 2035, 1, 1},        {u"d.m.y", u"1.1.14", 1, 2114, 1, 1}};
   for (const auto& c : cases) {
     TFormatSettings settings{.TwoDigitYearCenturyWindow = static_cast<uint16_t>(c.Window), .ShortDateFormat = c.Form};
     EXPECT_EQ(StrToDate(c.Text, settings), EncodeDate(c.Year, c.Month, c.Day)) << c.Text.ToUtf8() << c.Window;
@@ -95,22 +138,54 @@ TEST(DateText, ReadsDatesAndTimes) {
   const String nines(10000, u'9');
   using TTry = bool (*)(std::u16string_view, TDateTime&) noexcept;
   const TTry date = TryStrToDate, time = TryStrToTime, both = TryStrToDateTime;
-  const struct { TTry Try; String Text; TDateTime Value; } cases[] = {{date, u"11.02.2015", 42046},
-      {date, u"  11. 2.  2015", 42046}, {date, u"0011.002.2015", 42046}, {time, u" 06: 00: 00", 0.25},
-      {time, u"23:59:59,999", 1 - kMs}, {time, u"6:00 PM", 0.75}, {time, u"12:00 am", 0}, {time, u"12:00 Pm", 0.5},
-      {both, u"29.12.1899 6:00", -1.25}, {both, u" 11.2.2015    18:00:00", 42046.75},
-      {both, u"11.2.2015 6 pm", 42046.75}, {both, u"6:00", 0.25}};
+  const struct {
+    TTry Try;
+    String Text;
+    TDateTime Value;
+  } cases[] = {{date, u"11.02.2015", 42046},
+               {date, u"  11. 2.  2015", 42046},
+               {date, u"0011.002.2015", 42046},
+               {time, u" 06: 00: 00", 0.25},
+               {time, u"23:59:59,999", 1 - kMs},
+               {time, u"6:00 PM", 0.75},
+               {time, u"12:00 am", 0},
+               {time, u"12:00 Pm", 0.5},
+               {both, u"29.12.1899 6:00", -1.25},
+               {both, u" 11.2.2015    18:00:00", 42046.75},
+               {both, u"11.2.2015 6 pm", 42046.75},
+               {both, u"6:00", 0.25}};
   for (const auto& c : cases) {
     TDateTime value = kNone;
     EXPECT_TRUE(c.Try(c.Text, value) && std::fabs(value - c.Value) < 1E-12) << c.Text.ToUtf8() << ": " << value;
   }
-  const struct { TTry Try; std::initializer_list<String> Texts; } bad[] = {
-      {date, {u"", u" ", u"11", u"11.", u"11..2015", u".2.2015", u"11.2.2015x", u"11.2.2015.7", u"-11.2.2015",
-      u"１.1.2015", u"2015.2.11", u"1a.02.2015", u"11.2.2015 6:30", u"29.2.1900", u"1.1.0000", u"1.1.10000", u"1.1." +
-      nines, u"4294967297.1.2015", u"1.1.4294969311", nines + u".1.2015"}},
-      {time, {u"", u" ", u"pm", u"6:", u":30", u"6:00:", u"6:00:00:00", u"6.30", u"6:00x", u"-6:00", nines, u"24:00",
-      u"6:00:00,1000", u"13:00 pm", u"4294967302", u"6:00 p m"}},
-      {both, {u"", u"x", u"11.2.2015 24:00", u"31.2.2015 6:00", u"11.2.2015T6:00", u"6:00 11.2.2015"}}};
+  const struct {
+    TTry Try;
+    std::initializer_list<String> Texts;
+  } bad[] = {{date,
+              {u"",
+               u" ",
+               u"11",
+               u"11.",
+               u"11..2015",
+               u".2.2015",
+               u"11.2.2015x",
+               u"11.2.2015.7",
+               u"-11.2.2015",
+               u"１.1.2015",
+               u"2015.2.11",
+               u"1a.02.2015",
+               u"11.2.2015 6:30",
+               u"29.2.1900",
+               u"1.1.0000",
+               u"1.1.10000",
+               u"1.1." + nines,
+               u"4294967297.1.2015",
+               u"1.1.4294969311",
+               nines + u".1.2015"}},
+             {time,
+              {u"", u" ", u"pm", u"6:", u":30", u"6:00:", u"6:00:00:00", u"6.30", u"6:00x", u"-6:00", nines, u"24:00",
+               u"6:00:00,1000", u"13:00 pm", u"4294967302", u"6:00 p m"}},
+             {both, {u"", u"x", u"11.2.2015 24:00", u"31.2.2015 6:00", u"11.2.2015T6:00", u"6:00 11.2.2015"}}};
   TDateTime kept = kNone;
   for (const auto& c : bad)
     for (const String& text : c.Texts) EXPECT_TRUE(!c.Try(text, kept) && kept == kNone) << text.ToUtf8();

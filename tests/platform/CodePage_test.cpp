@@ -9,9 +9,10 @@ using namespace vx;
 
 TEST(CodePageTest, EveryPageHoldsItsCharactersAndMapsEveryByteBack) {
   // FNV-1a over the 256 code units, taken from the tables of another converter.
-  const std::pair<int, uint32_t> pages[] = {{437, 0x4D308040}, {850, 0xC42996D0}, {852, 0x4D591DEB}, {1250, 0x46C01BA5},
-      {1251, 0x865AEB5D}, {1252, 0x1F0FB4AF}, {1253, 0x4B0CDFE5}, {1254, 0x73AC6D07}, {1257, 0x87D5C138},
-      {28591, 0x90A458C5}, {28592, 0x070D570E}, {28605, 0x25CB4D27}};
+  const std::pair<int, uint32_t> pages[] = {{437, 0x4D308040},   {850, 0xC42996D0},   {852, 0x4D591DEB},
+                                            {1250, 0x46C01BA5},  {1251, 0x865AEB5D},  {1252, 0x1F0FB4AF},
+                                            {1253, 0x4B0CDFE5},  {1254, 0x73AC6D07},  {1257, 0x87D5C138},
+                                            {28591, 0x90A458C5}, {28592, 0x070D570E}, {28605, 0x25CB4D27}};
   std::string bytes(256, '\0');
   for (size_t i = 0; i < 256; ++i) bytes[i] = static_cast<char>(i);
   for (auto [number, expected] : pages) {
@@ -35,7 +36,9 @@ TEST(CodePageTest, EveryPageHoldsItsCharactersAndMapsEveryByteBack) {
 
 TEST(CodePageTest, CharactersThatThePageLacks) {
   const TCodePage& page = *TCodePage::Find(1252);
-  EXPECT_EQ(page.Encode(u"Größe: 5 €, Ł中😀?"), "Gr\xF6\xDF" "e: 5 \x80, ?\?\?\??");
+  EXPECT_EQ(page.Encode(u"Größe: 5 €, Ł中😀?"),
+            "Gr\xF6\xDF"
+            "e: 5 \x80, ?\?\?\??");
   EXPECT_EQ(page.Decode(page.Encode(std::u16string_view(u"a\0b", 3))), std::u16string_view(u"a\0b", 3));
 }
 

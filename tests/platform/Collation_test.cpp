@@ -24,22 +24,24 @@ TEST(Collation, GermanOrder) {
   const std::vector<String> lists[] = {
       // accents only between equal words, case last
       {u"", u"Arg", u"arger", u"ärger", u"Ärger", u"Ärgerlich", u"Arges", u"Zebra"},
-      {u"mulle", u"Müller", u"Mullers"}, {u"cote", u"Cote", u"coté", u"côte", u"côté", u"cotes"},
+      {u"mulle", u"Müller", u"Mullers"},
+      {u"cote", u"Cote", u"coté", u"côte", u"côté", u"cotes"},
       {u"Goethe", u"Goldmann", u"Göthe", u"Gotz", u"Götz", u"Götze"},
       // ß with ss, behind it
       {u"Masse", u"Maße", u"Massel", u"Maßen", u"Mast"},
       {u"weiss", u"Weiss", u"WEISS", u"weiß", u"Weiß", u"WEIẞ", u"weissa"},
       // white space, punctuation, digits, letters
-      {u"\t", u" ", u"_", u"-", u"–", u",", u";", u":", u"!", u"?", u".", u"'", u"\"", u"„", u"(", u")", u"[", u"]",
-       u"{", u"}", u"§", u"@", u"*", u"/", u"\\", u"&", u"#", u"%", u"`", u"^", u"°", u"+", u"<", u"=", u">", u"|",
-       u"~", u"$", u"€", u"0", u"1", u"1⁄2", u"½", u"10", u"2", u"²", u"9", u"a", u"ä", u"z", u"þ"},
+      {u"\t", u" ", u"_", u"-", u"–", u",", u";", u":",   u"!", u"?",  u".", u"'", u"\"", u"„", u"(", u")", u"[",
+       u"]",  u"{", u"}", u"§", u"@", u"*", u"/", u"\\",  u"&", u"#",  u"%", u"`", u"^",  u"°", u"+", u"<", u"=",
+       u">",  u"|", u"~", u"$", u"€", u"0", u"1", u"1⁄2", u"½", u"10", u"2", u"²", u"9",  u"a", u"ä", u"z", u"þ"},
       {u"Am Ring", u"Am-Ring", u"Amring"},
       // letters of other languages at their place
-      {u"ae", u"áe", u"æ", u"Æ", u"ǽ", u"af", u"da", u"ða", u"đb", u"iz", u"ıa", u"ja", u"lo", u"Łódź", u"lodzie",
-       u"ø", u"oe", u"øe", u"œ", u"of", u"s", u"ś", u"ſ", u"sa", u"ſt", u"ﬅ"},
+      {u"ae",   u"áe",     u"æ", u"Æ",  u"ǽ",  u"af", u"da", u"ða", u"đb", u"iz", u"ıa", u"ja", u"lo",
+       u"Łódź", u"lodzie", u"ø", u"oe", u"øe", u"œ",  u"of", u"s",  u"ś",  u"ſ",  u"sa", u"ſt", u"ﬅ"},
       {u"Oke", u"Økland", u"Öktem", u"Oktober"},
       // marks behind the letter count as the accented letter
-      {u"Mull", u"Mu\u0308ll", u"Müll", u"Müller"}, {u"ǆ", u"ǅ", u"Ǆ"},
+      {u"Mull", u"Mu\u0308ll", u"Müll", u"Müller"},
+      {u"ǆ", u"ǅ", u"Ǆ"},
       {u"a", u"a\u00AD", u"a\u0301", u"á", u"a\u0301\u0302", u"ab"},
       // everything else behind, by code unit of the small letter
       {u"zz", u"\x01", u"µ", u"α", u"Α", u"β", u"а", u"А", u"б", u"א", u"中", u"\xD800", u"\xDFFF", u"\xE000"}};
@@ -94,7 +96,7 @@ TEST(Collation, KeysStandAsTheTexts) {
   const std::u16string far(300, u'x');
   std::vector<TKeyed> keyed;
   for (std::u16string_view text : {u"", u"Müller", u"LÜDENSCHEIDT, „Weiß“ & Söhne – 12€", u"Groß", u"Ægir", u"a\nb§",
-                                    u"strassenzüge.", u"STRASSENZÜGE.", u"strasse@", u"strasse`", u"[[[[[", u"{{{{{"})
+                                   u"strassenzüge.", u"STRASSENZÜGE.", u"strasse@", u"strasse`", u"[[[[[", u"{{{{{"})
     EXPECT_TRUE(keyed.emplace_back(text).Whole) << Utf8(text);
   for (std::u16string_view text : {u"ﬁ", u"a\u0308", u"a\u00AD", u"m²", u"½", u"ｗeit", u"\u0301"})
     EXPECT_FALSE(keyed.emplace_back(text).Whole) << Utf8(text);

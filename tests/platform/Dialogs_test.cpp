@@ -75,10 +75,16 @@ TEST_F(ShellTest, ReportsWhatCannotBeStarted) {
 }
 
 TEST(ColorTest, NamesAndNumbers) {
-  struct { std::u16string_view Text, Written; TColor Color; } cases[] = {{u"CLBLUE", u"clBlue", 0xFF0000},
-      {u"$123abc", u"$00123ABC", 0x123ABC}, {u"$ff000008", u"clWindowText", 0xFF000008},
-      {u"$00000000000FF", u"clRed", 0xFF}, {u"-16777208", u"clWindowText", 0xFF000008},
-      {u"4294967295", u"$FFFFFFFF", 0xFFFFFFFF}, {u"-2147483648", u"$80000000", 0x80000000}};
+  struct {
+    std::u16string_view Text, Written;
+    TColor Color;
+  } cases[] = {{u"CLBLUE", u"clBlue", 0xFF0000},
+               {u"$123abc", u"$00123ABC", 0x123ABC},
+               {u"$ff000008", u"clWindowText", 0xFF000008},
+               {u"$00000000000FF", u"clRed", 0xFF},
+               {u"-16777208", u"clWindowText", 0xFF000008},
+               {u"4294967295", u"$FFFFFFFF", 0xFFFFFFFF},
+               {u"-2147483648", u"$80000000", 0x80000000}};
   for (const auto& c : cases)
     EXPECT_TRUE(StringToColor(c.Text) == c.Color && ColorToString(c.Color) == c.Written) << String(c.Text).ToUtf8();
   for (uint64_t value = 0; value <= 0xFFFFFFFF; value += value < 0xFEFF0000 || value > 0xFF000100 ? 99991 : 1)

@@ -34,7 +34,10 @@ class Files : public testing::Test {
 };
 
 TEST_F(Files, ShareModesHoldWithinAndBetweenProcesses) {
-  struct TMode { uint32_t Mode; bool Reads, Writes, SharesRead, SharesWrite; };
+  struct TMode {
+    uint32_t Mode;
+    bool Reads, Writes, SharesRead, SharesWrite;
+  };
   std::vector<TMode> modes;
   for (uint32_t access : {fmOpenRead, fmOpenWrite, fmOpenReadWrite, fmCreate})
     for (uint32_t share : {0u, 0u | fmShareExclusive, 0u | fmShareDenyWrite, 0u | fmShareDenyNone})
@@ -77,10 +80,13 @@ TEST_F(Files, ReadsAndWritesAtItsPosition) {
 TEST_F(Files, FailuresNameThePathAndTheReason) {
   const String readOnly = Make("ro", "x"), none = Dir.Path("none"), dir = Dir.Path(), nul = u"a" + String(1, u'\0');
   ASSERT_TRUE(SetReadOnly(readOnly, true) && Opens(readOnly, fmOpenRead));
-  struct { String Path; uint32_t Mode; int Error; } cases[] = {
-      {none, fmOpenRead, ENOENT}, {none + u"/a", fmCreate, ENOENT}, {dir, fmOpenRead, EISDIR}, {dir, fmCreate, EISDIR},
-      {nul, fmOpenRead, EINVAL}, {u"", fmOpenRead, ENOENT}, {readOnly, fmOpenWrite, EACCES},
-      {readOnly, fmCreate, EACCES}, {u"Q:\\a", fmCreate, ENOTDIR}};
+  struct {
+    String Path;
+    uint32_t Mode;
+    int Error;
+  } cases[] = {{none, fmOpenRead, ENOENT},      {none + u"/a", fmCreate, ENOENT}, {dir, fmOpenRead, EISDIR},
+               {dir, fmCreate, EISDIR},         {nul, fmOpenRead, EINVAL},        {u"", fmOpenRead, ENOENT},
+               {readOnly, fmOpenWrite, EACCES}, {readOnly, fmCreate, EACCES},     {u"Q:\\a", fmCreate, ENOTDIR}};
   for (const auto& c : cases) {
     auto open = [&] { TFileStream file(c.Path, c.Mode); };
     const bool create = c.Mode == fmCreate;
@@ -108,10 +114,21 @@ TEST_F(Files, FindsByMask) {
   for (const char* name : {"b.csv", "A.CSV", "c.txt", "noext", ".hidden", "Müller.csv", "x.y.z"}) Make(name, "1");
   ASSERT_TRUE(DirectoryCreate(Dir.Path("dir.csv")) && ::symlink("nowhere", Dir.Path("link").ToUtf8().c_str()) == 0);
   const char* all = ".hidden,A.CSV,Müller.csv,b.csv,c.txt,dir.csv,link,noext,x.y.z,";
-  const std::pair<const char*, std::string> cases[] = {
-      {"*", all}, {"*.*", all}, {"*.csv", "A.CSV,Müller.csv,b.csv,dir.csv,"}, {"?.C*", "A.CSV,b.csv,"}, {"?", ""},
-      {"mÜ*", "Müller.csv,"}, {"noe*.*", "noext,"}, {"*.z", "x.y.z,"}, {"c.txt", "c.txt,"}, {"C.TXT", ""}, {"", ""},
-      {"none/*", ""}, {"link", ""}, {"*i*k*", "link,"}, {"**?**.t?t**", "c.txt,"}};
+  const std::pair<const char*, std::string> cases[] = {{"*", all},
+                                                       {"*.*", all},
+                                                       {"*.csv", "A.CSV,Müller.csv,b.csv,dir.csv,"},
+                                                       {"?.C*", "A.CSV,b.csv,"},
+                                                       {"?", ""},
+                                                       {"mÜ*", "Müller.csv,"},
+                                                       {"noe*.*", "noext,"},
+                                                       {"*.z", "x.y.z,"},
+                                                       {"c.txt", "c.txt,"},
+                                                       {"C.TXT", ""},
+                                                       {"", ""},
+                                                       {"none/*", ""},
+                                                       {"link", ""},
+                                                       {"*i*k*", "link,"},
+                                                       {"**?**.t?t**", "c.txt,"}};
   for (const auto& [mask, names] : cases) {
     std::string found;
     for (const TFileInfo& info : FindFiles(Dir.Path() + u"/" + String::FromUtf8(mask))) {
@@ -181,8 +198,10 @@ TEST_F(Files, FaultsStrikeWhereTheyAreTold) {
   TFileStream file(a, fmOpenReadWrite | fmShareDenyNone);
   TFileInfo info;
   const std::pair<TFileOperation, std::function<bool()>> cases[] = {
-      {foOpen, [&] { return Opens(a, fmOpenRead | fmShareDenyNone); }}, {foFlush, [&] { return file.Flush(); }},
-      {foSetTime, [&] { return file.SetLastWrite(46000); }}, {foStamp, [&] { return GetFileInfo(a, info); }}};
+      {foOpen, [&] { return Opens(a, fmOpenRead | fmShareDenyNone); }},
+      {foFlush, [&] { return file.Flush(); }},
+      {foSetTime, [&] { return file.SetLastWrite(46000); }},
+      {foStamp, [&] { return GetFileInfo(a, info); }}};
   for (const auto& [operation, run] : cases) {
     SCOPED_TRACE(int{operation});
     TFileFaults outer;

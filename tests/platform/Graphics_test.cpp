@@ -6,14 +6,63 @@ namespace {
 
 using namespace vx;
 
-#define C(name) {u"cl" #name, cl##name}
-const struct { String Name; TColor Color; } kNames[] = {C(Black), C(Maroon), C(Green), C(Olive), C(Navy), C(Purple),
-      C(Teal), C(Gray), C(Silver), C(Red), C(Lime), C(Yellow), C(Blue), C(Fuchsia), C(Aqua), C(White), C(MoneyGreen),
-      C(SkyBlue), C(Cream), C(MedGray), C(None), C(Default), C(ScrollBar), C(Background), C(ActiveCaption),
-      C(InactiveCaption), C(Menu), C(Window), C(WindowFrame), C(MenuText), C(WindowText), C(CaptionText),
-      C(ActiveBorder), C(InactiveBorder), C(AppWorkSpace), C(Highlight), C(HighlightText), C(BtnFace), C(BtnShadow),
-      C(GrayText), C(BtnText), C(InactiveCaptionText), C(BtnHighlight), C(3DDkShadow), C(3DLight), C(InfoText),
-      C(InfoBk), C(HotLight), C(GradientActiveCaption), C(GradientInactiveCaption), C(MenuHighlight), C(MenuBar)};
+#define C(name) \
+  { u"cl" #name, cl##name }
+const struct {
+  String Name;
+  TColor Color;
+} kNames[] = {C(Black),
+              C(Maroon),
+              C(Green),
+              C(Olive),
+              C(Navy),
+              C(Purple),
+              C(Teal),
+              C(Gray),
+              C(Silver),
+              C(Red),
+              C(Lime),
+              C(Yellow),
+              C(Blue),
+              C(Fuchsia),
+              C(Aqua),
+              C(White),
+              C(MoneyGreen),
+              C(SkyBlue),
+              C(Cream),
+              C(MedGray),
+              C(None),
+              C(Default),
+              C(ScrollBar),
+              C(Background),
+              C(ActiveCaption),
+              C(InactiveCaption),
+              C(Menu),
+              C(Window),
+              C(WindowFrame),
+              C(MenuText),
+              C(WindowText),
+              C(CaptionText),
+              C(ActiveBorder),
+              C(InactiveBorder),
+              C(AppWorkSpace),
+              C(Highlight),
+              C(HighlightText),
+              C(BtnFace),
+              C(BtnShadow),
+              C(GrayText),
+              C(BtnText),
+              C(InactiveCaptionText),
+              C(BtnHighlight),
+              C(3DDkShadow),
+              C(3DLight),
+              C(InfoText),
+              C(InfoBk),
+              C(HotLight),
+              C(GradientActiveCaption),
+              C(GradientInactiveCaption),
+              C(MenuHighlight),
+              C(MenuBar)};
 #undef C
 
 TEST(Graphics, EveryNameHasItsColour) {
@@ -32,8 +81,10 @@ TEST(Graphics, EveryNameHasItsColour) {
 TEST(Graphics, SystemColorsStandForOthers) {
   std::vector<TColor> before, colors;
   for (TColor i = 0; i < SystemColorCount; ++i) before.push_back(ColorToRGB(clScrollBar + i));
-  struct { TColor Color, RGB; } cases[] = {{clWindow, 0xFFFFFF}, {clWindowText, 0}, {0x02123456, 0x123456},
-      {clDefault, 0}, {clNone, 0xFFFFFF}, {0xFE0000FF, 0xFF}, {0xFF00001F, 0}, {0xFF010005, 0}, {0xFFFFFFFF, 0}};
+  struct {
+    TColor Color, RGB;
+  } cases[] = {{clWindow, 0xFFFFFF}, {clWindowText, 0}, {0x02123456, 0x123456}, {clDefault, 0}, {clNone, 0xFFFFFF},
+               {0xFE0000FF, 0xFF},   {0xFF00001F, 0},   {0xFF010005, 0},        {0xFFFFFFFF, 0}};
   for (const auto& c : cases) EXPECT_EQ(ColorToRGB(c.Color), c.RGB) << c.Color;
   SetSystemColors(std::vector<TColor>{0x010203});
   EXPECT_TRUE(ColorToRGB(clScrollBar) == 0x010203 && ColorToRGB(clBackground) == before[1]);

@@ -8,8 +8,22 @@ using namespace vx;
 
 // Searches of a list against those of a plain one, under random changes of both.
 TEST(HashedStringList, FindsTheFirstWhateverChanges) {
-  const String names[] = {u"", u"a", u"A", u"ä", u"Ä", u"ß", u"zZ[{`@", u"Straße", u"STRAßE", u"Überschrift 1234567",
-                          u"überschrift 1234567", u"überschrift 1234568", u"Überschrift 12345", u"a", u"öab", u"abcd"};
+  const String names[] = {u"",
+                          u"a",
+                          u"A",
+                          u"ä",
+                          u"Ä",
+                          u"ß",
+                          u"zZ[{`@",
+                          u"Straße",
+                          u"STRAßE",
+                          u"Überschrift 1234567",
+                          u"überschrift 1234567",
+                          u"überschrift 1234568",
+                          u"Überschrift 12345",
+                          u"a",
+                          u"öab",
+                          u"abcd"};
   std::mt19937 random(7);
   auto below = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
   auto item = [&] {
@@ -21,15 +35,30 @@ TEST(HashedStringList, FindsTheFirstWhateverChanges) {
   for (int round = 1; round <= 20000; ++round) {
     const int count = static_cast<int>(plain.size()), at = below(count + 1), to = below(count + 1);
     const String text = item();
-    switch (const bool inside = at < count && to < count; count > 60 ? 0 : below(inside ? 9 : 3)) {
-      case 0: list.Clear(), list.Add(text), plain.assign(1, text); break;
-      case 1: list.Add(text), plain.push_back(text); break;
-      case 2: list.Insert(at, text), plain.insert(plain.begin() + at, text); break;
-      case 3: list.Delete(at), plain.erase(plain.begin() + at); break;
-      case 4: list.Exchange(at, to), std::swap(plain.begin()[at], plain.begin()[to]); break;
-      case 5: list.Put(at, text), plain.begin()[at] = text; break;
-      case 6: list.Put(at, list.GetNames(at) + u"=x"), plain.begin()[at] = list.View(at); break;
-      default: list.PutObject(at, nullptr), list.SetCapacity(count + 3);
+    switch (const bool inside = at < count && to<count; count> 60 ? 0 : below(inside ? 9 : 3)) {
+      case 0:
+        list.Clear(), list.Add(text), plain.assign(1, text);
+        break;
+      case 1:
+        list.Add(text), plain.push_back(text);
+        break;
+      case 2:
+        list.Insert(at, text), plain.insert(plain.begin() + at, text);
+        break;
+      case 3:
+        list.Delete(at), plain.erase(plain.begin() + at);
+        break;
+      case 4:
+        list.Exchange(at, to), std::swap(plain.begin()[at], plain.begin()[to]);
+        break;
+      case 5:
+        list.Put(at, text), plain.begin()[at] = text;
+        break;
+      case 6:
+        list.Put(at, list.GetNames(at) + u"=x"), plain.begin()[at] = list.View(at);
+        break;
+      default:
+        list.PutObject(at, nullptr), list.SetCapacity(count + 3);
     }
     ASSERT_EQ(list.GetCount(), static_cast<int>(plain.size()));
     const String wanted = UpperCase(below(2) == 0 ? item() : names[below(16)]);
@@ -67,16 +96,31 @@ struct TTextsIni : TCustomIniFile {
 
 TEST(CustomIniFile, TypedValuesGoThroughTheirTexts) {
   TTextsIni ini;
-  struct { String Text; int Integer; double Date, DateTime, Time, Float; } cases[] = {
-      {u"12", 12, 9, 0.5, 0.5, 12}, {u"0x1F", 31, 9, 9, 9, 9}, {u"0XFF", 255, 9, 9, 9, 9}, {u"0x", 7, 9, 9, 9, 9},
-      {u"$a", 10, 9, 9, 9, 9}, {u"0x1G", 7, 9, 9, 9, 9}, {u"0xFFFFFFFF", -1, 9, 9, 9, 9}, {u"0x-1", 7, 9, 9, 9, 9},
-      {u"99999999999", 7, 9, 9, 9, 99999999999}, {u"1.2.2015", 7, 42036, 42036, 9, 9}, {u"", 7, 9, 9, 9, 9}, {u"0", 0, 9, 0, 0, 0},
-      {u"1.2.2015 6:00", 7, 9, 42036.25, 9, 9}, {u"18:00", 7, 9, 0.75, 0.75, 9}, {u"1,5", 7, 9, 9, 9, 1.5}};
+  struct {
+    String Text;
+    int Integer;
+    double Date, DateTime, Time, Float;
+  } cases[] = {{u"12", 12, 9, 0.5, 0.5, 12},
+               {u"0x1F", 31, 9, 9, 9, 9},
+               {u"0XFF", 255, 9, 9, 9, 9},
+               {u"0x", 7, 9, 9, 9, 9},
+               {u"$a", 10, 9, 9, 9, 9},
+               {u"0x1G", 7, 9, 9, 9, 9},
+               {u"0xFFFFFFFF", -1, 9, 9, 9, 9},
+               {u"0x-1", 7, 9, 9, 9, 9},
+               {u"99999999999", 7, 9, 9, 9, 99999999999},
+               {u"1.2.2015", 7, 42036, 42036, 9, 9},
+               {u"", 7, 9, 9, 9, 9},
+               {u"0", 0, 9, 0, 0, 0},
+               {u"1.2.2015 6:00", 7, 9, 42036.25, 9, 9},
+               {u"18:00", 7, 9, 0.75, 0.75, 9},
+               {u"1,5", 7, 9, 9, 9, 1.5}};
   for (const auto& c : cases) {
     ini.WriteString(u"s", u"d", c.Text);
     EXPECT_EQ((std::vector{ini.ReadDate(u"s", u"d", 9), ini.ReadDateTime(u"s", u"d", 9), ini.ReadTime(u"s", u"d", 9),
                            static_cast<double>(ini.ReadFloat(u"s", u"d", 9)), ini.ReadInteger(u"s", u"d", 7) + 0.0}),
-              (std::vector{c.Date, c.DateTime, c.Time, c.Float, c.Integer + 0.0})) << c.Text.ToUtf8();
+              (std::vector{c.Date, c.DateTime, c.Time, c.Float, c.Integer + 0.0}))
+        << c.Text.ToUtf8();
     EXPECT_EQ(ini.ReadBool(u"s", u"d", true), c.Integer != 0);
   }
   EXPECT_TRUE(ini.ReadDate(u"s", u"-", 42036.25) == 42036 && ini.ReadTime(u"s", u"-", 42036.25) == 0.25) << "as texts";

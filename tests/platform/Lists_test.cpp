@@ -53,9 +53,10 @@ TEST(TObjectList, RefusesBadIndexesAndStaysAsItWas) {
   TObject object;
   TObjectList list(false);
   list.Add(&object);
-  const std::function<void()> faults[] = {
-      [&] { list.Get(1); }, [&] { list.Put(1, &object); }, [&] { list.Delete(1); }, [&] { list.Insert(2, &object); },
-      [&] { list.Exchange(0, 1); }, [&] { list.Move(0, 1); }, [&] { list.SetCapacity(0); }};
+  const std::function<void()> faults[] = {[&] { list.Get(1); },         [&] { list.Put(1, &object); },
+                                          [&] { list.Delete(1); },      [&] { list.Insert(2, &object); },
+                                          [&] { list.Exchange(0, 1); }, [&] { list.Move(0, 1); },
+                                          [&] { list.SetCapacity(0); }};
   for (const auto& fault : faults) EXPECT_THROW(fault(), EListError);
   EXPECT_EQ(test::RaisedBy<EListError>([&] { list.Get(-7); }), u"List index out of bounds (-7)");
   EXPECT_EQ(list.GetCount(), 1);
@@ -74,8 +75,11 @@ struct TPlainList : TStrings {
 };
 
 TEST(TStrings, TextCutsAtEveryKindOfLineEnd) {
-  const std::pair<String, String> cases[] = {{u"", u""}, {u"a\r\nb\rc\nd", u"a\r\nb\r\nc\r\nd\r\n"},
-      {u"a\n\nb\r\r", u"a\r\n\r\nb\r\n\r\n"}, {u"\n\r", u"\r\n\r\n"}, {std::u16string_view(u"a\0b", 3), u"a\r\n"}};
+  const std::pair<String, String> cases[] = {{u"", u""},
+                                             {u"a\r\nb\rc\nd", u"a\r\nb\r\nc\r\nd\r\n"},
+                                             {u"a\n\nb\r\r", u"a\r\n\r\nb\r\n\r\n"},
+                                             {u"\n\r", u"\r\n\r\n"},
+                                             {std::u16string_view(u"a\0b", 3), u"a\r\n"}};
   for (const auto& [text, back] : cases) {
     TPlainList list;
     list.SetText(text);
@@ -85,8 +89,13 @@ TEST(TStrings, TextCutsAtEveryKindOfLineEnd) {
 }
 
 TEST(TStrings, CommaTextQuotesAndReadsBack) {
-  const std::pair<String, String> cases[] = {{u"a b", u"a,b"}, {u"\"a \"\"b\"\"\", c", u"\"a \"\"b\"\"\",c"},
-      {u"a,", u"a,"}, {u",", u","}, {u"\"\"", u"\"\""}, {u"  ", u""}, {u"\"open, end", u"\"open, end\""}};
+  const std::pair<String, String> cases[] = {{u"a b", u"a,b"},
+                                             {u"\"a \"\"b\"\"\", c", u"\"a \"\"b\"\"\",c"},
+                                             {u"a,", u"a,"},
+                                             {u",", u","},
+                                             {u"\"\"", u"\"\""},
+                                             {u"  ", u""},
+                                             {u"\"open, end", u"\"open, end\""}};
   for (const auto& [text, back] : cases) {
     TPlainList list;
     list.SetCommaText(text);

@@ -14,13 +14,28 @@ using namespace std::literals;
 TEST(Encoding, DetectsDecodesAndEncodes) {
   const TEncoding &page = TEncoding::Default(), &utf8 = TEncoding::Utf8();
   const TEncoding &low = TEncoding::Utf16(), &high = TEncoding::Utf16BigEndian();
-  struct { std::string Bytes; const TEncoding& Kind; size_t Mark; String Text; bool Returns; } cases[] = {
-      {"", page, 0, u"", true}, {"a=\xFC\x80", page, 0, u"a=ü€", true}, {"\xEF\xBB", page, 0, u"ï»", true},
-      {"\xEF\xBB\xBF", utf8, 3, u"", true}, {"\xEF\xBB\xBFü\xF0\x9F\x98\x80", utf8, 3, u"ü😀", true},
-      {"\xEF\xBB\xBF" "a\xC3(\xE2\x82", utf8, 3, u"a\uFFFD(\uFFFD", false},
-      {"\xFF\xFE"s, low, 2, u"", true}, {"\xFF\xFE\xFC\0\xAC "s, low, 2, u"ü€", true},
-      {"\xFF\xFE" "a\0b"s, low, 2, u"a", false}, {"\xFE\xFF\0\xFC \xAC"s, high, 2, u"ü€", true},
-      {"\xFE\xFF\xD8\0\0"s, high, 2, u"\xD800", false}, {"\xFF", page, 0, u"ÿ", true}};
+  struct {
+    std::string Bytes;
+    const TEncoding& Kind;
+    size_t Mark;
+    String Text;
+    bool Returns;
+  } cases[] = {{"", page, 0, u"", true},
+               {"a=\xFC\x80", page, 0, u"a=ü€", true},
+               {"\xEF\xBB", page, 0, u"ï»", true},
+               {"\xEF\xBB\xBF", utf8, 3, u"", true},
+               {"\xEF\xBB\xBFü\xF0\x9F\x98\x80", utf8, 3, u"ü😀", true},
+               {"\xEF\xBB\xBF"
+                "a\xC3(\xE2\x82",
+                utf8, 3, u"a\uFFFD(\uFFFD", false},
+               {"\xFF\xFE"s, low, 2, u"", true},
+               {"\xFF\xFE\xFC\0\xAC "s, low, 2, u"ü€", true},
+               {"\xFF\xFE"
+                "a\0b"s,
+                low, 2, u"a", false},
+               {"\xFE\xFF\0\xFC \xAC"s, high, 2, u"ü€", true},
+               {"\xFE\xFF\xD8\0\0"s, high, 2, u"\xD800", false},
+               {"\xFF", page, 0, u"ÿ", true}};
   for (const auto& c : cases) {
     size_t mark = 99;
     const TEncoding& found = TEncoding::Detect(c.Bytes, mark, page);
@@ -38,11 +53,23 @@ TEST(Encoding, DetectsDecodesAndEncodes) {
 }
 
 TEST(IniLine, KindsAndLineEnds) {
-  struct { std::u16string_view Line; TIniLine Said; } cases[] = {{u"", {}}, {u" \t\0"sv, {}}, {u" ;a=b", {}},
-      {u" [ a b ] ", {ilSection, u"a b", {}}}, {u"[]", {ilSection, {}, {}}}, {u"[", {ilPlain, u"[", {}}},
-      {u"[a]b", {ilPlain, u"[a]b", {}}}, {u"[a]=b", {ilValue, u"[a]", u"b"}}, {u"[a=b]", {ilSection, u"a=b", {}}},
-      {u" a = b = c ", {ilValue, u"a", u"b = c"}}, {u"=v", {ilValue, {}, u"v"}}, {u"a=", {ilValue, u"a", {}}},
-      {u"a b;c", {ilPlain, u"a b;c", {}}}, {u"a\0b=c\0d"sv, {ilValue, u"a\0b"sv, u"c\0d"sv}}};
+  struct {
+    std::u16string_view Line;
+    TIniLine Said;
+  } cases[] = {{u"", {}},
+               {u" \t\0"sv, {}},
+               {u" ;a=b", {}},
+               {u" [ a b ] ", {ilSection, u"a b", {}}},
+               {u"[]", {ilSection, {}, {}}},
+               {u"[", {ilPlain, u"[", {}}},
+               {u"[a]b", {ilPlain, u"[a]b", {}}},
+               {u"[a]=b", {ilValue, u"[a]", u"b"}},
+               {u"[a=b]", {ilSection, u"a=b", {}}},
+               {u" a = b = c ", {ilValue, u"a", u"b = c"}},
+               {u"=v", {ilValue, {}, u"v"}},
+               {u"a=", {ilValue, u"a", {}}},
+               {u"a b;c", {ilPlain, u"a b;c", {}}},
+               {u"a\0b=c\0d"sv, {ilValue, u"a\0b"sv, u"c\0d"sv}}};
   for (const auto& c : cases) {
     const TIniLine line = ParseIniLine(c.Line);
     EXPECT_TRUE(line.Kind == c.Said.Kind && line.Name == c.Said.Name && line.Value == c.Said.Value)
@@ -70,22 +97,24 @@ class MemIniFile : public testing::Test {
 };
 
 TEST_F(MemIniFile, FindsWhatStandsFirst) {
-  const TMemIniFile ini = Make("lost=1\n[Größe]\r\nÄ=1\r\nb = x = y \nB=2\nplain\n;c=3\n=v\nleer=\n\n[two]\r"
-                               "k\0ey=\0\x31\r[GRÖßE]\nb=9\nnew=9\n[Two]\n[ ]\nin=none"s.insert(0, "\xEF\xBB\xBF"));
+  const TMemIniFile ini = Make(
+      "lost=1\n[Größe]\r\nÄ=1\r\nb = x = y \nB=2\nplain\n;c=3\n=v\nleer=\n\n[two]\r"
+      "k\0ey=\0\x31\r[GRÖßE]\nb=9\nnew=9\n[Two]\n[ ]\nin=none"s.insert(0, "\xEF\xBB\xBF"));
   EXPECT_EQ(Names(ini), u"Größe,two,GRÖßE,Two,");
   EXPECT_EQ(Names(ini, u"GRÖßE") + u"|" + Names(ini, u"TWO") + u"|" + Names(ini, u"") + u"|" + Names(ini, u"none"),
             u"Ä,b,B,,leer|k\0ey|in|"sv);
-  struct { const char16_t *Section, *Key, *Value; } cases[] = {{u"größe", u"ä", u"1"}, {u"Größe", u"B", u"x = y"},
-      {u"Größe", u"", u"v"}, {u"Größe", u"LEER", u""}, {u"Größe", u"new", u"?"}, {u"Größe", u"plain", u"?"},
-      {u"", u"lost", u"?"},
-      {u"", u"IN", u"none"}, {u"GRÖSSE", u"b", u"?"}, {u"Größe", u"b ", u"?"}, {u"no", u"b", u"?"}};
+  struct {
+    const char16_t *Section, *Key, *Value;
+  } cases[] = {{u"größe", u"ä", u"1"},   {u"Größe", u"B", u"x = y"}, {u"Größe", u"", u"v"}, {u"Größe", u"LEER", u""},
+               {u"Größe", u"new", u"?"}, {u"Größe", u"plain", u"?"}, {u"", u"lost", u"?"},  {u"", u"IN", u"none"},
+               {u"GRÖSSE", u"b", u"?"},  {u"Größe", u"b ", u"?"},    {u"no", u"b", u"?"}};
   for (const auto& c : cases) EXPECT_EQ(ini.ReadString(c.Section, c.Key, u"?"), c.Value) << String(c.Key).ToUtf8();
   EXPECT_EQ(ini.ReadString(u"TWO", u"K\0EY"sv, u"?"), u"1"sv);
 }
 
 TEST_F(MemIniFile, FilesOfEveryEncodingAndNone) {
-  for (const TEncoding* encoding : {&TEncoding::Default(), &TEncoding::Utf8(), &TEncoding::Utf16(),
-                                    &TEncoding::Utf16BigEndian()}) {
+  for (const TEncoding* encoding :
+       {&TEncoding::Default(), &TEncoding::Utf8(), &TEncoding::Utf16(), &TEncoding::Utf16BigEndian()}) {
     const TMemIniFile ini = Make(std::string(encoding->Mark()) + encoding->Encode(u"[ä€]\r\nÖ=ß"));
     EXPECT_EQ(Names(ini) + ini.ReadString(u"Ä€", u"ö", u"?"), u"ä€ß");
   }

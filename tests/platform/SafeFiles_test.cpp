@@ -3,6 +3,7 @@
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
+
 #include <csignal>
 
 #include "tests/support/Test.h"
@@ -35,13 +36,16 @@ class SafeFiles : public testing::Test {
 };
 
 TEST_F(SafeFiles, ReplacesTheContentAndKeepsTheRest) {
-  struct { const char* Name; std::function<void()> Prepare; bool IsNewFile; } cases[] = {
-      {"rights", [] { ::chmod("a", 0641); }, true},
-      {"what a killed process left", [] { PutText(u".a.vxnew", "longer than new"); }, true},
-      {"a link there", [] { fs::create_symlink("other", ".a.vxnew"); }, true},
-      {"another file there", [] { fs::create_hard_link("other", ".a.vxnew"); }, true},
-      {"special rights", [] { ::chmod("a", 01755); }, false},
-      {"two names", [] { PutText(u".a.vxnew", "left"), fs::create_hard_link("a", "a2"); }, false}};
+  struct {
+    const char* Name;
+    std::function<void()> Prepare;
+    bool IsNewFile;
+  } cases[] = {{"rights", [] { ::chmod("a", 0641); }, true},
+               {"what a killed process left", [] { PutText(u".a.vxnew", "longer than new"); }, true},
+               {"a link there", [] { fs::create_symlink("other", ".a.vxnew"); }, true},
+               {"another file there", [] { fs::create_hard_link("other", ".a.vxnew"); }, true},
+               {"special rights", [] { ::chmod("a", 01755); }, false},
+               {"two names", [] { PutText(u".a.vxnew", "left"), fs::create_hard_link("a", "a2"); }, false}};
   fs::create_symlink("a", "link");
   for (const auto& c : cases) {
     PutText(u"a", "old content"), PutText(u"other", "other"), c.Prepare();
@@ -59,10 +63,15 @@ TEST_F(SafeFiles, ReplacesTheContentAndKeepsTheRest) {
 
 TEST_F(SafeFiles, FaultsLeaveTheOldContentOrAreWrittenAround) {
   PutText(u"old", "old");
-  struct { TFileOperation Operation; int Error; std::string On, Content; } cases[] = {
-      {foSetSize, ENOSPC, "", "old"}, {foWrite, EIO, "", "old"}, {foFlush, EIO, "", "old"},
-      {foRename, EACCES, "", "old"}, {foCreate, EDQUOT, ".vxnew", "old"}, {foCreate, EACCES, ".vxnew", "1"},
-      {foCreate, EROFS, ".vxnew", "22"}, {foAttributes, EPERM, ".vxnew", "3"}, {foRename, EBUSY, ".vxnew", "4"}};
+  struct {
+    TFileOperation Operation;
+    int Error;
+    std::string On, Content;
+  } cases[] = {{foSetSize, ENOSPC, "", "old"},      {foWrite, EIO, "", "old"},
+               {foFlush, EIO, "", "old"},           {foRename, EACCES, "", "old"},
+               {foCreate, EDQUOT, ".vxnew", "old"}, {foCreate, EACCES, ".vxnew", "1"},
+               {foCreate, EROFS, ".vxnew", "22"},   {foAttributes, EPERM, ".vxnew", "3"},
+               {foRename, EBUSY, ".vxnew", "4"}};
   for (const auto& c : cases) {
     const bool fails = c.Content == "old";
     TFileFaults faults;
@@ -105,7 +114,12 @@ TEST_F(SafeFiles, StampsGrow) {
 TEST_F(SafeFiles, AKilledProcessLeavesTheOldOrTheNewContent) {
   const std::string texts[] = {std::string(300000, 'a'), std::string(200000, 'b'), GetText(u"a")};
   for (unsigned round = 0; round < 50; ++round) {
-    EXPECT_FALSE(InProcesses(1, [&](int i) { for (;; ++i) ReplaceFileContent(u"a", texts[i % 2]); }, 500 + round * 331));
+    EXPECT_FALSE(InProcesses(
+        1,
+        [&](int i) {
+          for (;; ++i) ReplaceFileContent(u"a", texts[i % 2]);
+        },
+        500 + round * 331));
     const std::string text = GetText(u"a");
     EXPECT_NE(std::find(texts, texts + 3, text), texts + 3) << text.size();
   }

@@ -42,10 +42,12 @@ TEST_F(SystemTest, ProcessSessionAndScreenAreReadFromTheirFiles) {
 
 TEST_F(SystemTest, ProgramsAreFoundByTheTypeOfTheName) {
   const std::string share = "/usr/share/applications/", entry = "[Desktop Entry]\nExec=";
-  Put("/usr/share/mime/globs2", "# rules\n50:text:*.txt\n50:c:*.c\n50:c++:*.C:cs\n50:gz:*.gz\n50:tar:*.tar.gz\n"
-                                "60:c:*.b\n70:gz\n50:gz:*.b\n50:make:make\n");
-  Put(share + "mimeinfo.cache", "[Other]\ntext=cc.desktop\n[MIME Cache]\ntext=no.desktop;../up.desktop;ed.desktop;\n"
-                                "c=cc.desktop;\nc++=q.desktop\ngz=ed.desktop\ntar=way.desktop\nmake=hide.desktop\n");
+  Put("/usr/share/mime/globs2",
+      "# rules\n50:text:*.txt\n50:c:*.c\n50:c++:*.C:cs\n50:gz:*.gz\n50:tar:*.tar.gz\n"
+      "60:c:*.b\n70:gz\n50:gz:*.b\n50:make:make\n");
+  Put(share + "mimeinfo.cache",
+      "[Other]\ntext=cc.desktop\n[MIME Cache]\ntext=no.desktop;../up.desktop;ed.desktop;\n"
+      "c=cc.desktop;\nc++=q.desktop\ngz=ed.desktop\ntar=way.desktop\nmake=hide.desktop\n");
   Put("/usr/share/up.desktop", entry + "/opt/cc\n");
   Put(share + "ed.desktop", "[Desktop Action x]\nExec=no\n[Desktop Entry]\nExec = ed %U\n");
   Put(share + "cc.desktop", entry + "/opt/cc %f\n");
@@ -54,8 +56,11 @@ TEST_F(SystemTest, ProgramsAreFoundByTheTypeOfTheName) {
   Put(share + "hide.desktop", entry + "ed\nHidden=true\n");
   for (const char* program : {"/bin/ed", "/opt/cc", "/opt/my \"cc"}) Put(program, "", 0755);
   Put("/usr/bin/ed", "no program");
-  struct { String File, Program; } cases[] = {{u"a.TXT", u"/bin/ed"}, {u"/a.c", u"/opt/cc"}, {u"make", u""}, {u"", u""},
-      {u"a.C", u"/opt/my \"cc"}, {u"a.gz", u"/bin/ed"}, {u"a.tar.gz", u""}, {u"a.b", u"/opt/cc"}, {u"txt", u""}};
+  struct {
+    String File, Program;
+  } cases[] = {
+      {u"a.TXT", u"/bin/ed"}, {u"/a.c", u"/opt/cc"}, {u"make", u""},       {u"", u""},   {u"a.C", u"/opt/my \"cc"},
+      {u"a.gz", u"/bin/ed"},  {u"a.tar.gz", u""},    {u"a.b", u"/opt/cc"}, {u"txt", u""}};
   for (const auto& c : cases) EXPECT_EQ(ProgramOfFile(c.File), c.Program) << c.File.ToUtf8();
   Put(share + "mimeapps.list", "[Added Associations]\ntext=ed.desktop\n[Default Applications]\ntext=no;cc.desktop\n");
   EXPECT_EQ(ProgramOfFile(u"a.txt"), u"/opt/cc") << "the system's choice before the cache";
@@ -79,11 +84,17 @@ std::string Font(const std::string& Version, uint64_t Platform, uint64_t Kind, c
 
 TEST_F(SystemTest, FontsAreTrueTypeByTheirOutlinesAndNamedByTheirFamily) {
   const std::string sans{"\0S\0\xE4\0n", 6}, version = Big(0x10000, 4);
-  struct { std::string Bytes; String Family; bool Found; } cases[] = {{Font(version, 3, 1, sans), u"sÄN", true},
-      {Font("true", 0, 16, sans), u"Sän", true}, {Font("OTTO", 3, 1, sans), u"Sän", false},
-      {Font(version, 1, 1, "S\xE4n"), u"Sän", false}, {Font(version, 3, 4, sans), u"Sän", false},
-      {Font(version, 3, 1, sans), u"Sä", false},
-      {"ttcf" + version + Big(1, 4) + Big(16, 4) + Font(version, 3, 1, sans, 16), u"Sän", true}};
+  struct {
+    std::string Bytes;
+    String Family;
+    bool Found;
+  } cases[] = {{Font(version, 3, 1, sans), u"sÄN", true},
+               {Font("true", 0, 16, sans), u"Sän", true},
+               {Font("OTTO", 3, 1, sans), u"Sän", false},
+               {Font(version, 1, 1, "S\xE4n"), u"Sän", false},
+               {Font(version, 3, 4, sans), u"Sän", false},
+               {Font(version, 3, 1, sans), u"Sä", false},
+               {"ttcf" + version + Big(1, 4) + Big(16, 4) + Font(version, 3, 1, sans, 16), u"Sän", true}};
   for (const auto& c : cases) {
     Put("/usr/share/fonts/a/b.ttf", c.Bytes);
     EXPECT_EQ(HasTrueTypeFont(c.Family), c.Found) << c.Bytes;

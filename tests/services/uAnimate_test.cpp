@@ -37,7 +37,10 @@ TEST_F(AnimateTest, SpansEndFromTheLatestAndAreToldByTheirTag) {
   EXPECT_TRUE(watch.GetOwnsObjects() && !TStopWatch(false).GetOwnsObjects());
   for (TObject* tag : {&A, &B, &A, static_cast<TObject*>(nullptr)}) watch.Start(tag, u"in");
   watch.Add(new TObject);
-  struct { TObject* Tag; int Ended; } cases[] = {{&A, 2}, {&A, 0}, {&A, -1}, {nullptr, 3}, {nullptr, -1}, {&B, 1}};
+  struct {
+    TObject* Tag;
+    int Ended;
+  } cases[] = {{&A, 2}, {&A, 0}, {&A, -1}, {nullptr, 3}, {nullptr, -1}, {&B, 1}};
   for (int count = 0; const auto& c : cases) {
     Clock.Advance(1000);
     EXPECT_EQ(watch.Finish(c.Tag, u"out"), c.Ended >= 0);
@@ -56,16 +59,24 @@ TEST_F(AnimateTest, SpansEndFromTheLatestAndAreToldByTheirTag) {
 }
 
 TEST_F(AnimateTest, StatisticTellsTimesAndNesting) {
-  struct { String Start, Stop; TObject* Tag; int Wait; } steps[] = {{u"b", u"", &A, 0}, {u"a", u"a", &A, 1250},
-      {u"a", u"a", &B, 61'500}, {u"B", u"b", &A, 3'600'022}, {u"A b,\"", u"", nullptr, 0}};
+  struct {
+    String Start, Stop;
+    TObject* Tag;
+    int Wait;
+  } steps[] = {{u"b", u"", &A, 0},
+               {u"a", u"a", &A, 1250},
+               {u"a", u"a", &B, 61'500},
+               {u"B", u"b", &A, 3'600'022},
+               {u"A b,\"", u"", nullptr, 0}};
   for (const auto& step : steps) {
     List.Start(step.Start, step.Tag);
     Clock.Advance(step.Wait);
     EXPECT_EQ(List.Stop(step.Stop, step.Tag), step.Stop != u"");
   }
   const String open = u"|0:00:00:000|0|0:00:000|0:00:000|0:00:000|";
-  EXPECT_EQ(Show(List), u"+A b,\"" + open + u"3|1/+B" + open + u"2|1/+a|0:01:02:750|2|0:31:375|0:01:250|1:01:500|1|1/"
-                        u"b|1:01:02:772|1|1:02:772|1:02:772|1:02:772|0|0/");
+  EXPECT_EQ(Show(List), u"+A b,\"" + open + u"3|1/+B" + open +
+                            u"2|1/+a|0:01:02:750|2|0:31:375|0:01:250|1:01:500|1|1/"
+                            u"b|1:01:02:772|1|1:02:772|1:02:772|1:02:772|0|0/");
   TFileCsv table;
   table.AddRow(u"old");
   List.Statistic(table);

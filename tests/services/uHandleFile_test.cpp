@@ -24,7 +24,9 @@ class HandleFile : public testing::Test {
     GetPathMap().SetDrive(u'W', Dir.GetPath() + "/w");
     DirectoryCreate(Dir.Path("w"));
   }
-  ~HandleFile() override { for (char16_t drive : {u'V', u'W'}) GetPathMap().SetDrive(drive, ""); }
+  ~HandleFile() override {
+    for (char16_t drive : {u'V', u'W'}) GetPathMap().SetDrive(drive, "");
+  }
   static String Make(const String& path, const std::string& bytes, bool readOnly = false) {
     test::PutText(path, bytes);
     if (readOnly) SetReadOnly(path, true);
@@ -101,11 +103,16 @@ TEST_F(HandleFile, ForcesDirectories) {
   const String drive = u"Netzwerkproblem: Das Laufwerk (", gone = u") ist nicht erreichbar.";
   const String share = u"Netzwerkproblem: Die Serverfreigabe (\\\\srv\\x" + gone, missing = drive + u"Q:" + gone;
   const String inFile = kNotMade + Make(u"V:\\file", "x") + u"\\a\\" + kAdvice;
-  struct { String Path, Made, Told, ToldOld; } cases[] = {
-      {u"", u"V:\\", u"", u""}, {u"V:\\a\\b\\\\c\\\\", u"V:\\a\\b\\c", u"", u""},
-      {Dir.Path("n/m/"), Dir.Path("n/m"), u"", u""}, {u"V:\\", u"V:\\", drive + u"V:" + gone, u""},
-      {u"Q:\\a", u"", missing, missing}, {u"\\\\srv\\x\\a", u"", share, share}, {u"V:\\file\\a\\", u"", inFile, inFile},
-      {u"\"V:\\1\\x\"", u"V:\\1\\x", u"", u""}};
+  struct {
+    String Path, Made, Told, ToldOld;
+  } cases[] = {{u"", u"V:\\", u"", u""},
+               {u"V:\\a\\b\\\\c\\\\", u"V:\\a\\b\\c", u"", u""},
+               {Dir.Path("n/m/"), Dir.Path("n/m"), u"", u""},
+               {u"V:\\", u"V:\\", drive + u"V:" + gone, u""},
+               {u"Q:\\a", u"", missing, missing},
+               {u"\\\\srv\\x\\a", u"", share, share},
+               {u"V:\\file\\a\\", u"", inFile, inFile},
+               {u"\"V:\\1\\x\"", u"V:\\1\\x", u"", u""}};
   for (const auto& c : cases) {
     EXPECT_EQ(VxForceDirectories(c.Path), c.Told.empty()) << c.Path.ToUtf8();
     EXPECT_EQ(Told(), c.Told);
@@ -123,7 +130,12 @@ TEST_F(HandleFile, MergesDirectories) {
   ASSERT_TRUE(VxForceDirectories(u"V:\\s1\\d") && VxForceDirectories(u"V:\\s2\\d\\e"));
   Make(u"V:\\s1\\a", "1"), Make(u"V:\\s1\\d\\f", "1"), Make(u"V:\\s2\\a", "2"), Make(u"V:\\s2\\d\\e\\g", "2");
   const String sources[] = {u"V:\\s1", u"V:\\s2\\", u"V:\\s3"};
-  struct { int Sources; TFileOperation Operation; std::string PathEnd; String Target, Error; } cases[] = {
+  struct {
+    int Sources;
+    TFileOperation Operation;
+    std::string PathEnd;
+    String Target, Error;
+  } cases[] = {
       {2, foCopy, "/none", u"V:\\t\\u", u""},
       {2, foMakeDir, "/x", u"V:\\x", u"Das Zielverzeichnis \"V:\\x\\\" konnte nicht erstellen."},
       {2, foCopy, "/g", u"V:\\y", u"Das Verzeichnis \"V:\\s2\\d\" konnte nicht nach \"V:\\y\\d\" kopiert werden."},
@@ -167,9 +179,14 @@ TEST_F(HandleFile, EmptyDirectoriesAndLists) {
   ASSERT_TRUE(VxForceDirectories(u"W:\\1\\2") && VxForceDirectories(u"W:\\3") && VxIsEmptyDir(u"V:\\w"));
   Make(u"W:\\1\\2\\.hidden", ""), Make(u"W:\\a.txt", "x"), Make(u"W:\\b.TXT", "x", true), Make(u"W:\\.c", "x");
   EXPECT_FALSE(VxIsEmptyDir(u"W:\\1"));
-  struct { int In, Out; String Pattern, Names; } cases[] = {
-      {faAnyFile, faDirectory, u"*", u".c,1,3,a.txt,b.TXT"}, {faArchive, faReadOnly | faHidden, u"*", u"a.txt"},
-      {faDirectory, 0, u"*", u"1,3"}, {faReadOnly, 0, u"*.t?t", u"b.TXT"}, {faHidden, 0, u"a*", u""}};
+  struct {
+    int In, Out;
+    String Pattern, Names;
+  } cases[] = {{faAnyFile, faDirectory, u"*", u".c,1,3,a.txt,b.TXT"},
+               {faArchive, faReadOnly | faHidden, u"*", u"a.txt"},
+               {faDirectory, 0, u"*", u"1,3"},
+               {faReadOnly, 0, u"*.t?t", u"b.TXT"},
+               {faHidden, 0, u"a*", u""}};
   std::unique_ptr<TVxStringList> list;
   for (const auto& c : cases) {
     ASSERT_TRUE(ls(list, u"W:\\", c.In, c.Out, c.Pattern));
@@ -187,12 +204,15 @@ TEST_F(HandleFile, SizeStampAndHash) {
   EXPECT_TRUE(VxSetFileLastWrite(a, 46000.75, code) && code == 0 && VxFileLastWrite(a, true) == 46000.75);
   TFileFaults faults;
   faults.Fail(foSetTime, EPERM);
-  struct { String Name; TDateTime Stamp; String Text; } cases[] = {
-      {a, std::nan(""), u"[1] Ausnahmefehler! Win32Error=22"},
-      {a, -200000, u"[2] \"SystemTimeToFileTime\" ist fehlgeschlagen! Win32Error=22"},
-      {a, -109204.99, u"[3] \"LocalFileTimeToFileTime\" ist fehlgeschlagen! Win32Error=22"},
-      {none, 46000, u"[4] \"FileOpen\" ist fehlgeschlagen! Win32Error=2"},
-      {a, 46000, u"[5] \"SetFileTime\" ist fehlgeschlagen! Win32Error=1"}};
+  struct {
+    String Name;
+    TDateTime Stamp;
+    String Text;
+  } cases[] = {{a, std::nan(""), u"[1] Ausnahmefehler! Win32Error=22"},
+               {a, -200000, u"[2] \"SystemTimeToFileTime\" ist fehlgeschlagen! Win32Error=22"},
+               {a, -109204.99, u"[3] \"LocalFileTimeToFileTime\" ist fehlgeschlagen! Win32Error=22"},
+               {none, 46000, u"[4] \"FileOpen\" ist fehlgeschlagen! Win32Error=2"},
+               {a, 46000, u"[5] \"SetFileTime\" ist fehlgeschlagen! Win32Error=1"}};
   for (const auto& c : cases) {
     EXPECT_FALSE(VxSetFileLastWrite(c.Name, c.Stamp, code));
     EXPECT_EQ(VxSetFileLastWriteError(code), c.Text);
@@ -208,21 +228,37 @@ TEST_F(HandleFile, SizeStampAndHash) {
 TEST(HandleFileNames, SizesAsText) {
   constexpr uint64_t kMega = 1 << 20, kGiga = 1 << 30;
   const std::pair<uint64_t, const char16_t*> sizes[] = {
-      {0, u"0 Byte"}, {1024, u"1024 Byte"}, {1025, u"1,01 kB"}, {1536, u"1,5 kB"}, {kMega, u"1024 kB"},
-      {2 * kMega - 1, u"2 MB"}, {kGiga, u"1024 MB"}, {kGiga + 1, u"1,01 GB"}, {UINT64_MAX, u"17179869184 GB"}};
+      {0, u"0 Byte"},      {1024, u"1024 Byte"},    {1025, u"1,01 kB"},
+      {1536, u"1,5 kB"},   {kMega, u"1024 kB"},     {2 * kMega - 1, u"2 MB"},
+      {kGiga, u"1024 MB"}, {kGiga + 1, u"1,01 GB"}, {UINT64_MAX, u"17179869184 GB"}};
   for (const auto& [size, text] : sizes) EXPECT_EQ(VxFileSizeText(size), text);
-  struct { uint64_t Size; const char16_t* Unit; int Digits; const char16_t* Text; } details[] = {
-      {1025, u"kb", 0, u"2 kB"}, {1025, u"KB", 3, u"1,001 kB"}, {1025, u"kB", 12, u"1,0009765625 kB"},
-      {1025, u"kB", -3, u"2 kB"}, {1, u"Gb", 2000000000, u"0,00000000093132258 GB"}, {kMega - 1, u"mb", 2, u"1 MB"},
-      {UINT64_MAX, u"KB", 2, u"18014398509481984 kB"}, {UINT64_MAX, u"TB", 2, u"18446744073709551615 Byte"}};
+  struct {
+    uint64_t Size;
+    const char16_t* Unit;
+    int Digits;
+    const char16_t* Text;
+  } details[] = {{1025, u"kb", 0, u"2 kB"},
+                 {1025, u"KB", 3, u"1,001 kB"},
+                 {1025, u"kB", 12, u"1,0009765625 kB"},
+                 {1025, u"kB", -3, u"2 kB"},
+                 {1, u"Gb", 2000000000, u"0,00000000093132258 GB"},
+                 {kMega - 1, u"mb", 2, u"1 MB"},
+                 {UINT64_MAX, u"KB", 2, u"18014398509481984 kB"},
+                 {UINT64_MAX, u"TB", 2, u"18446744073709551615 Byte"}};
   for (const auto& c : details) EXPECT_EQ(VxFileSizeTextDetail(c.Size, c.Unit, c.Digits), c.Text);
 }
 
 TEST(HandleFileNames, Checks) {
   const std::function<bool(const String&)> checks[] = {CheckFileName, CheckPath, VxFilenameOk, FilenameIs83};
-  const std::pair<String, std::string> cases[] = {
-      {u"", "--++"}, {u"  ", "-+++"}, {u" Liste.csv ", "+++-"}, {u"C:\\v1.2345\\Liste.csv", "+-++"}, {u"a/b", "---+"},
-      {u"C:a:b", "---+"}, {u"\u00DC\u2026\u4E2D", "++++"}, {u"tab\there", "---+"}, {u"12345678.abcd", "+++-"}};
+  const std::pair<String, std::string> cases[] = {{u"", "--++"},
+                                                  {u"  ", "-+++"},
+                                                  {u" Liste.csv ", "+++-"},
+                                                  {u"C:\\v1.2345\\Liste.csv", "+-++"},
+                                                  {u"a/b", "---+"},
+                                                  {u"C:a:b", "---+"},
+                                                  {u"\u00DC\u2026\u4E2D", "++++"},
+                                                  {u"tab\there", "---+"},
+                                                  {u"12345678.abcd", "+++-"}};
   for (const auto& [name, marks] : cases) {
     std::string found;
     for (const auto& check : checks) found += check(name) ? '+' : '-';
@@ -232,11 +268,17 @@ TEST(HandleFileNames, Checks) {
 
 TEST(HandleFileNames, MendsNames) {
   const String longest(257, u'x'), tooLong(258, u'x');
-  struct { String Path, Name; bool NoBlanks; String Result; bool Good; } cases[] = {
-      {u"C:\\Temp", u"a/b", false, u"C:\\Temp\\a_b", true}, {u"1:\\x", u"a", false, u"1:\\x\\a", false},
-      {u"C:\\T*m p\\", u"a\\b :c", true, u"C:\\T_m_p\\a_b__c", true},
-      {u":::", u" \x1F\u4E2D", false, u"_:_\\ _\u4E2D", false},
-      {u"C:", longest, false, u"C:\\" + longest, true}, {u"C:", tooLong, false, u"C:\\" + tooLong, false}};
+  struct {
+    String Path, Name;
+    bool NoBlanks;
+    String Result;
+    bool Good;
+  } cases[] = {{u"C:\\Temp", u"a/b", false, u"C:\\Temp\\a_b", true},
+               {u"1:\\x", u"a", false, u"1:\\x\\a", false},
+               {u"C:\\T*m p\\", u"a\\b :c", true, u"C:\\T_m_p\\a_b__c", true},
+               {u":::", u" \x1F\u4E2D", false, u"_:_\\ _\u4E2D", false},
+               {u"C:", longest, false, u"C:\\" + longest, true},
+               {u"C:", tooLong, false, u"C:\\" + tooLong, false}};
   for (const auto& c : cases) {
     String result = u"old";
     EXPECT_EQ(ValidateFilename(c.Path, c.Name, result, c.NoBlanks, u'_'), c.Good) << c.Path.ToUtf8();
@@ -248,18 +290,27 @@ TEST(HandleFileNames, MendsNames) {
 
 TEST_F(HandleFile, DecoratesNames) {
   for (const char16_t* name : {u"V:\\a.b.txt", u"V:\\a.b_1.txt", u"V:\\a.b_2.txt", u"V:\\a.b-001.txt"}) Make(name, "x");
-  struct { String Decoration, Format, Result; } cases[] = {
-      {u"", u"_%d", u"_3.txt"}, {u"-", u"%.3d", u"-002.txt"}, {u"_x", u"fix", u"_x.txt"}, {u"", u"%s%%", u".txt"},
-      {u" neu", u"(%%%3u|%0:-3d|%0:X)", u" neu(%  1|1  |1).txt"}, {u"", u"%", u".txt"}, {u"", u"%d %d", u".txt"}};
+  struct {
+    String Decoration, Format, Result;
+  } cases[] = {{u"", u"_%d", u"_3.txt"},
+               {u"-", u"%.3d", u"-002.txt"},
+               {u"_x", u"fix", u"_x.txt"},
+               {u"", u"%s%%", u".txt"},
+               {u" neu", u"(%%%3u|%0:-3d|%0:X)", u" neu(%  1|1  |1).txt"},
+               {u"", u"%", u".txt"},
+               {u"", u"%d %d", u".txt"}};
   const String name = u"V:\\a.b";
   for (const auto& c : cases) EXPECT_EQ(DecorateFilename(name + u".txt", c.Decoration, c.Format), name + c.Result);
 }
 
 TEST(HandleFileNames, TakesPathsApart) {
-  struct { String Path; TCells Pieces, List; String Front, Last; } cases[] = {
-      {u"C:\\a\\b\\", {u"C:", u"a", u"b"}, {u"C:", u"a", u"b", u""}, u"C:\\a\\", u"b"},
-      {u"C:\\", {u"C:"}, {u"C:", u""}, u"C:\\", u"C:"},
-      {u"\\\\s\\f\\x", {u"", u"", u"s", u"f", u"x"}, {u"\\\\s\\f", u"x"}, u"\\\\s\\f\\", u"x"}};
+  struct {
+    String Path;
+    TCells Pieces, List;
+    String Front, Last;
+  } cases[] = {{u"C:\\a\\b\\", {u"C:", u"a", u"b"}, {u"C:", u"a", u"b", u""}, u"C:\\a\\", u"b"},
+               {u"C:\\", {u"C:"}, {u"C:", u""}, u"C:\\", u"C:"},
+               {u"\\\\s\\f\\x", {u"", u"", u"s", u"f", u"x"}, {u"\\\\s\\f", u"x"}, u"\\\\s\\f\\", u"x"}};
   for (const auto& c : cases) {
     EXPECT_TRUE(std::ranges::equal(VxProcessFilename(c.Path)->Items(), c.Pieces)) << c.Path.ToUtf8();
     EXPECT_TRUE(std::ranges::equal(PathToList(c.Path)->Items(), c.List)) << c.Path.ToUtf8();

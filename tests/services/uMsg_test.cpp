@@ -24,7 +24,8 @@ struct Messages : testing::Test {
   std::vector<std::string> Dialogs() {
     std::vector<std::string> result;
     for (const TDialog& dialog : Screen.Shown)
-      result.push_back(std::string(1, "WEI"[dialog.Kind]) + (dialog.Buttons.Has(mbIgnore) ? "I " : " ") + dialog.Text.ToUtf8());
+      result.push_back(std::string(1, "WEI"[dialog.Kind]) + (dialog.Buttons.Has(mbIgnore) ? "I " : " ") +
+                       dialog.Text.ToUtf8());
     Screen.Shown.clear();
     return result;
   }
@@ -39,10 +40,17 @@ using TTexts = std::vector<std::string>;
 bool Report(TMsgInfo info, bool success) { return Msg().GetMsg()(info, success); }
 
 TEST_F(Messages, SingleReports) {
-  struct { TMsgInfo Info; bool Success, Result; TTexts Shown; } cases[] = {{Error(u"e"), true, true, {}},
-      {Error(u"e", u"s", u"gut"), true, true, {"I gut"}}, {Error(u"e", u"s", u"gut"), false, false, {"E e"}},
-      {Warning(u"w", u"s"), true, true, {"WI w"}}, {Warning(u"w"), false, true, {"WI w"}},
-      {{msgWarning, u"w", u"", u"gut"}, true, true, {"WI gut\r\nWarnung: w"}}, {Log(u"l", u"s"), false, true, {}}};
+  struct {
+    TMsgInfo Info;
+    bool Success, Result;
+    TTexts Shown;
+  } cases[] = {{Error(u"e"), true, true, {}},
+               {Error(u"e", u"s", u"gut"), true, true, {"I gut"}},
+               {Error(u"e", u"s", u"gut"), false, false, {"E e"}},
+               {Warning(u"w", u"s"), true, true, {"WI w"}},
+               {Warning(u"w"), false, true, {"WI w"}},
+               {{msgWarning, u"w", u"", u"gut"}, true, true, {"WI gut\r\nWarnung: w"}},
+               {Log(u"l", u"s"), false, true, {}}};
   for (auto& c : cases) {
     EXPECT_EQ(Report(c.Info, c.Success), c.Result);
     EXPECT_EQ(Dialogs(), c.Shown) << c.Info.msg.ToUtf8();
@@ -51,21 +59,24 @@ TEST_F(Messages, SingleReports) {
   Report(Error(u"e"), false);
   SetTerminating(false);
   EXPECT_EQ(Dialogs(), TTexts());
-  EXPECT_EQ(EndLog(), "ERROR,,s,0,e\r\nWARNING,,s,0,w\r\nWARNING,,,0,w\r\nWARNING,,,0,w\r\nLOG,,s,0,l\r\nERROR,,,0,e\r\n");
+  EXPECT_EQ(EndLog(),
+            "ERROR,,s,0,e\r\nWARNING,,s,0,w\r\nWARNING,,,0,w\r\nWARNING,,,0,w\r\nLOG,,s,0,l\r\nERROR,,,0,e\r\n");
 }
 
 TEST_F(Messages, NestedReportsAreOneDialog) {
   TestErrorHandling();
   EXPECT_EQ(Dialogs(), (TTexts{"E Falsch\r\n\r\nFehler: Store: Error"}));
   TestBeginEndAction();
-  EXPECT_EQ(Dialogs(), (TTexts{"WI BeginEndAction hat nen Problem\r\n\r\nWarnung: TSubClass: Anzahl der Felder nicht korrekt\r\n"
-                               "Warnung: TClass: Anzahl der Felder nicht korrekt"}));
-  EXPECT_EQ(EndLog(), "ERROR,,store,1,Store: Error\r\nERROR,,Testerrorhandling,0,Falsch\r\n"
-                      "WARNING,,TSubClass.SetData,3,TSubClass: Anzahl der Felder nicht korrekt\r\n"
-                      "WARNING,,TClass.SetData,2,TClass: Anzahl der Felder nicht korrekt\r\n"
-                      "WARNING,,TClass.SetData,2,TClass: Anzahl der Felder nicht korrekt\r\n"
-                      "WARNING,,TSubClass.SetData,3,TSubClass: Anzahl der Felder nicht korrekt\r\n"
-                      "WARNING,,TestBeginEndAction,1,BeginEndAction hat nen Problem\r\n");
+  EXPECT_EQ(Dialogs(),
+            (TTexts{"WI BeginEndAction hat nen Problem\r\n\r\nWarnung: TSubClass: Anzahl der Felder nicht korrekt\r\n"
+                    "Warnung: TClass: Anzahl der Felder nicht korrekt"}));
+  EXPECT_EQ(EndLog(),
+            "ERROR,,store,1,Store: Error\r\nERROR,,Testerrorhandling,0,Falsch\r\n"
+            "WARNING,,TSubClass.SetData,3,TSubClass: Anzahl der Felder nicht korrekt\r\n"
+            "WARNING,,TClass.SetData,2,TClass: Anzahl der Felder nicht korrekt\r\n"
+            "WARNING,,TClass.SetData,2,TClass: Anzahl der Felder nicht korrekt\r\n"
+            "WARNING,,TSubClass.SetData,3,TSubClass: Anzahl der Felder nicht korrekt\r\n"
+            "WARNING,,TestBeginEndAction,1,BeginEndAction hat nen Problem\r\n");
 }
 
 TEST_F(Messages, Actions) {
@@ -79,7 +90,8 @@ TEST_F(Messages, Actions) {
   EXPECT_FALSE(Msg().EndAction(Warning(u"Ende", u"s"))) << "a failed action closes with an error";
   EXPECT_EQ(Dialogs(), (TTexts{"E Ende\r\n\r\nFehler: tief"}));
   for (int i = 0; i < 3; ++i) Report(Warning(u"x", u"s"), true);
-  Msg().BeginAction(), Report(Warning(u"a", u"s"), true), Report(Warning(u"b", u"s"), true), Report(Warning(u"a", u"s"), true);
+  Msg().BeginAction(), Report(Warning(u"a", u"s"), true), Report(Warning(u"b", u"s"), true),
+      Report(Warning(u"a", u"s"), true);
   Dialogs();
   Msg().EndAction({msgWarning, u"c", u"s", u"gut"});
   EXPECT_EQ(Dialogs(), (TTexts{"WI gut\r\nEs sind 3 Warnungen aufgetreten\r\n\r\nWarnung: a\r\nWarnung: b"}));
@@ -88,13 +100,16 @@ TEST_F(Messages, Actions) {
   Msg().BeginAction();
   const std::string log = EndLog();
   EXPECT_EQ(Dialogs(), (TTexts{"E MessageHandler korrupt!"}));
-  EXPECT_NE(log.find("ERROR,,TMsgHandler.Destroy,-1,MessageHandler korrupt, EndAction ohne BeginAction!\r\n"), log.npos);
+  EXPECT_NE(log.find("ERROR,,TMsgHandler.Destroy,-1,MessageHandler korrupt, EndAction ohne BeginAction!\r\n"),
+            log.npos);
   EXPECT_EQ(log.find("nicht berichtet"), log.npos);
   EXPECT_TRUE(log.ends_with("LOG,,TMsgHandler.Destroy,0,MessageHandler korrupt!\r\n")) << log;
 }
 
 struct TRecorder {
-  void Shown(const TMsgInfo& top, TMsgList& list, bool result) { Tops.push_back(top.msg), Count = list.GetCount(), Result = result; }
+  void Shown(const TMsgInfo& top, TMsgList& list, bool result) {
+    Tops.push_back(top.msg), Count = list.GetCount(), Result = result;
+  }
   void Logged(const TMsgInfo&, int level, bool ignored) { Levels.push_back(ignored ? -1 : level); }
   std::vector<String> Tops;
   std::vector<int> Levels;
@@ -110,7 +125,8 @@ TEST_F(Messages, IgnoringAndInterrupts) {
   SetTaskDialogSink([&](const TTaskDialog& dialog) { return task = dialog, mrIgnore; });
   Report(Warning(u"w", u"Dritter"), true);
   SetTaskDialogSink({});
-  EXPECT_EQ(task.Caption.ToUtf8() + "|" + task.Title.ToUtf8() + "|" + task.ExtraButton.ToUtf8(), "Warnung|w|Warnungen ignorieren");
+  EXPECT_EQ(task.Caption.ToUtf8() + "|" + task.Title.ToUtf8() + "|" + task.ExtraButton.ToUtf8(),
+            "Warnung|w|Warnungen ignorieren");
   Report(Warning(u"w", u"Dritter"), true);
   EXPECT_EQ(Dialogs(), TTexts());
   TRecorder recorder;
@@ -130,7 +146,8 @@ TEST_F(Messages, LogFormsAndAttitudes) {
   info.stamp = 0;
   Report(info, true);
   const std::string stamp = "09.12.2025 07:00:00";
-  EXPECT_EQ(GetText(Dir.Path("messages.log")), "%" + stamp + "%7|" + stamp + "|M%1\"\r\n|0|%\r\n%%7||M%1\"\r\n|0|%\r\n");
+  EXPECT_EQ(GetText(Dir.Path("messages.log")),
+            "%" + stamp + "%7|" + stamp + "|M%1\"\r\n|0|%\r\n%%7||M%1\"\r\n|0|%\r\n");
   {
     TFileFaults faults;
     faults.Fail(foWrite, 28, 2);

@@ -55,10 +55,19 @@ class ProcessTest : public testing::Test {
 };
 
 TEST(CommandLineTest, ArgumentsAreCutByTheRules) {
-  struct { String Text; std::vector<String> Arguments; } cases[] = {{u" \t ", {}}, {u"a  b\tc ", {u"a", u"b", u"c"}},
-      {u"\"a b\" c\"d e\"f", {u"a b", u"cd ef"}}, {u"\"\" \"", {u"", u""}}, {u"\"a\"\"b\"", {u"a\"b"}},
-      {u"a\\\\b c\\", {u"a\\\\b", u"c\\"}}, {u"\\\" \\\\\"a b\" \\\\\\\"", {u"\"", u"\\a b", u"\\\""}},
-      {u"a\r\nb;$x'y z'", {u"a\r\nb;$x'y", u"z'"}}, {u"\"a b", {u"a b"}}, {u"\"C:\\a b\\\\\" c", {u"C:\\a b\\", u"c"}}};
+  struct {
+    String Text;
+    std::vector<String> Arguments;
+  } cases[] = {{u" \t ", {}},
+               {u"a  b\tc ", {u"a", u"b", u"c"}},
+               {u"\"a b\" c\"d e\"f", {u"a b", u"cd ef"}},
+               {u"\"\" \"", {u"", u""}},
+               {u"\"a\"\"b\"", {u"a\"b"}},
+               {u"a\\\\b c\\", {u"a\\\\b", u"c\\"}},
+               {u"\\\" \\\\\"a b\" \\\\\\\"", {u"\"", u"\\a b", u"\\\""}},
+               {u"a\r\nb;$x'y z'", {u"a\r\nb;$x'y", u"z'"}},
+               {u"\"a b", {u"a b"}},
+               {u"\"C:\\a b\\\\\" c", {u"C:\\a b\\", u"c"}}};
   for (const auto& c : cases) EXPECT_EQ(SplitArguments(c.Text), c.Arguments) << c.Text.ToUtf8();
   for (int number = 0; number < 6 * 6 * 6 * 6 * 6; ++number) {
     String text;
@@ -68,8 +77,9 @@ TEST(CommandLineTest, ArgumentsAreCutByTheRules) {
 }
 
 TEST_F(ProcessTest, EveryArgumentReachesTheChildUnchanged) {
-  const std::vector<String> arguments = {u"", u" ", u"\"", u"a b", u"\\", u"\\\"", u"a\\\\", u"; exit 9", u"$HOME `id`",
-      u"$(touch x)", u"'", u"a\r\nb\n", u"*", u"-n", u"%s", u"Größe €", u"\xD83D\xDE00", u"|&<>", u"\t", u"~"};
+  const std::vector<String> arguments = {
+      u"",  u" ",        u"\"", u"a b", u"\\", u"\\\"",    u"a\\\\",        u"; exit 9", u"$HOME `id`", u"$(touch x)",
+      u"'", u"a\r\nb\n", u"*",  u"-n",  u"%s", u"Größe €", u"\xD83D\xDE00", u"|&<>",     u"\t",         u"~"};
   String parameters;
   std::string wanted;
   for (const String& argument : arguments) {
@@ -114,8 +124,19 @@ TEST_F(ProcessTest, EndsAreWaitedForAndHandlesKept) {
 TEST_F(ProcessTest, WhatCannotBeStartedGivesMinusOne) {
   ::setenv("PATH", FDirectory.c_str(), 1);
   const String found = Put("found", "#!/bin/sh\nexit 3\n");
-  const String files[] = {u"", FDir.Path("missing"), FDir.Path(), Put("plain", "x", 0644), Put("text", "x\n"),
-      Put("bad", "#!/no/such\n"), Put("elf", "\x7F" "ELF junk"), Put("empty", ""), u"none", found + u"/", kNul};
+  const String files[] = {u"",
+                          FDir.Path("missing"),
+                          FDir.Path(),
+                          Put("plain", "x", 0644),
+                          Put("text", "x\n"),
+                          Put("bad", "#!/no/such\n"),
+                          Put("elf",
+                              "\x7F"
+                              "ELF junk"),
+                          Put("empty", ""),
+                          u"none",
+                          found + u"/",
+                          kNul};
   int code;
   for (const String& file : files) {
     EXPECT_EQ(VxExecAndWait(file, u"", code, true, false, 0), -1) << file.ToUtf8();
@@ -135,9 +156,13 @@ TEST_F(ProcessTest, CommandlinesAreReadByTheInterpreterAndTheirOutputDecoded) {
   String output = u"before ";
   EXPECT_TRUE(VxExecCommandline(u"printf '\\344\\200'; echo x >&2; cat; pwd; exit 3", output, FDir.Path()));
   EXPECT_EQ(output, u"before ä€x\n" + FDir.Path() + u"\n");
-  const std::pair<String, String> cases[] = {{u"", u""}, {u"kill -9 $$", u""}, {u"echo a; kill -9 $$", u"a\n"},
-      {u"exec >&- 2>&-; exit 1", u""}, {u"(sleep 0.05; echo late) & echo first", u"first\nlate\n"},
-      {u"printf 'a\\0b'", u"a" + kNul + u"b"}, {u"head -c 1000001 /dev/zero | tr '\\0' 'z'", String(1000001, u'z')}};
+  const std::pair<String, String> cases[] = {{u"", u""},
+                                             {u"kill -9 $$", u""},
+                                             {u"echo a; kill -9 $$", u"a\n"},
+                                             {u"exec >&- 2>&-; exit 1", u""},
+                                             {u"(sleep 0.05; echo late) & echo first", u"first\nlate\n"},
+                                             {u"printf 'a\\0b'", u"a" + kNul + u"b"},
+                                             {u"head -c 1000001 /dev/zero | tr '\\0' 'z'", String(1000001, u'z')}};
   for (const auto& [command, wanted] : cases) {
     output.clear();
     EXPECT_TRUE(VxExecCommandline(command, output)) << command.ToUtf8();
@@ -164,14 +189,21 @@ TEST_F(ProcessTest, ExecuteTellsWhyAFileIsNotOpened) {
   EXPECT_TRUE(VxExecute(file, u"-p \"x\"", &error) && error.empty());
   EXPECT_EQ(call.Verb + u"|" + call.File + u"|" + call.Parameters + u"|" + call.Directory,
             u"open|" + file + u"|-p \"x\"|" + FDir.Path());
-  const std::pair<int, String> reasons[] = {{0, u"Windows stehen nicht genug Ressourcen zur Verfügung."},
-      {2, u"Sie existiert nicht."}, {3, u"Das Verzeichnis existiert nicht."}, {5, u"Der Zugriff wurde verweigert."},
-      {8, u"Es steht nicht genug Arbeitsspeicher zur Verfügung."}, {11, u"Es ist keine Win32-Anwendung."},
-      {26, u"Sie ist schon offen."}, {27, u"Die Dateiendung ist keinem Programm vollständig zugeordnet."},
+  const std::pair<int, String> reasons[] = {
+      {0, u"Windows stehen nicht genug Ressourcen zur Verfügung."},
+      {2, u"Sie existiert nicht."},
+      {3, u"Das Verzeichnis existiert nicht."},
+      {5, u"Der Zugriff wurde verweigert."},
+      {8, u"Es steht nicht genug Arbeitsspeicher zur Verfügung."},
+      {11, u"Es ist keine Win32-Anwendung."},
+      {26, u"Sie ist schon offen."},
+      {27, u"Die Dateiendung ist keinem Programm vollständig zugeordnet."},
       {28, u"The DDE transaction could not be completed because the request timed out."},
-      {29, u"The DDE transaction failed."}, {32, u"Die DLL wurde nicht gefunden."},
+      {29, u"The DDE transaction failed."},
+      {32, u"Die DLL wurde nicht gefunden."},
       {30, u"The DDE transaction could not be completed because other DDE transactions were being processed."},
-      {31, u"Die Dateiendung ist keinem Programm zugeordnet."}, {1, u"Windows meldet die Fehlernummer [1]."}};
+      {31, u"Die Dateiendung ist keinem Programm zugeordnet."},
+      {1, u"Windows meldet die Fehlernummer [1]."}};
   for (const auto& [number, reason] : reasons) {
     result = number;
     EXPECT_FALSE(VxExecute(file, u"", &error) || VxExecute(file, u"", nullptr));
@@ -196,18 +228,30 @@ TEST_F(ProcessTest, TheShellStartsProgramsAndOpensDocuments) {
   String opened;
   SetOpenDocument([&](const String& file, const String&) { return opened = file, file.view().ends_with(u".csv"); });
   const String program = Put("run", tell), document = Put("a.csv", "x", 0644);
-  struct { TShellCall Call; int Result; std::string Told; } cases[] = {
-      {{u"open", program, u"a \"b c\"", FDir.Path()}, 33, "[run][a][b c]"}, {{u"open", document}, 33, ""},
-      {{u"open", u"CALC.exe", u"1"}, 33, "[xcalc][1]"}, {{u"print", document}, 33, "[lp][" + document.ToUtf8() + "]"},
-      {{u"open", u"mailto:a@b?subject=$(x) \"y\""}, 33, "[xdg-open][mailto:a@b?subject=$(x) \"y\"]"},
-      {{u"open", u"cmd.exe"}, 2, ""}, {{u"edit", document}, 31, ""}, {{u"open", document + kNul}, 2, ""},
-      {{u"print", FDir.Path("none")}, 2, ""}, {{u"open", document + u"/x"}, 3, ""},
-      {{u"open", Put("b.txt", "x", 0644)}, 31, ""}, {{u"open", Put("locked", "#!/bin/sh", 0644)}, 5, ""},
-      {{u"open", Put("junk", "junk")}, 11, ""}, {{u"open", Put("nointerpreter", "#!/none\n")}, 2, ""},
-      {{u"open", program, u"", FDir.Path("none")}, 2, ""}};
+  struct {
+    TShellCall Call;
+    int Result;
+    std::string Told;
+  } cases[] = {{{u"open", program, u"a \"b c\"", FDir.Path()}, 33, "[run][a][b c]"},
+               {{u"open", document}, 33, ""},
+               {{u"open", u"CALC.exe", u"1"}, 33, "[xcalc][1]"},
+               {{u"print", document}, 33, "[lp][" + document.ToUtf8() + "]"},
+               {{u"open", u"mailto:a@b?subject=$(x) \"y\""}, 33, "[xdg-open][mailto:a@b?subject=$(x) \"y\"]"},
+               {{u"open", u"cmd.exe"}, 2, ""},
+               {{u"edit", document}, 31, ""},
+               {{u"open", document + kNul}, 2, ""},
+               {{u"print", FDir.Path("none")}, 2, ""},
+               {{u"open", document + u"/x"}, 3, ""},
+               {{u"open", Put("b.txt", "x", 0644)}, 31, ""},
+               {{u"open", Put("locked", "#!/bin/sh", 0644)}, 5, ""},
+               {{u"open", Put("junk", "junk")}, 11, ""},
+               {{u"open", Put("nointerpreter", "#!/none\n")}, 2, ""},
+               {{u"open", program, u"", FDir.Path("none")}, 2, ""}};
   for (const auto& c : cases) {
     EXPECT_EQ(ShellExecute(c.Call), c.Result) << c.Call.File.ToUtf8();
-    if (!c.Told.empty()) { EXPECT_EQ(Read("fifo"), c.Told); }
+    if (!c.Told.empty()) {
+      EXPECT_EQ(Read("fifo"), c.Told);
+    }
   }
   EXPECT_EQ(opened, FDir.Path("b.txt"));
   SetSystemRoots(before);
@@ -216,12 +260,26 @@ TEST_F(ProcessTest, TheShellStartsProgramsAndOpensDocuments) {
 TEST_F(ProcessTest, ToolsMailsAndAddressesGoThroughTheShell) {
   String told;
   int result = 33;
-  SetShellExecute([&](const TShellCall& call) {
-    return told = call.Verb + u"|" + call.File + u"|" + call.Parameters, result;
-  });
-  const String calls[] = {u"wab.exe|p", u"calc.exe|p", u"cmd.exe|p", u"mspaint.exe|p", u"wordpad.exe|p",
-      u"notepad.exe|p", u"wmplayer.exe|p", u"charmap.exe|p", u"dfrg.msc|p", u"msinfo32.exe|p", u"sndvol32.exe|p",
-      u"wscui.cpl|p", u"iexplore.exe|p", u"p|", u"%SystemRoot%\\Fonts|p", u"p|", u"p|", u"|p"};
+  SetShellExecute(
+      [&](const TShellCall& call) { return told = call.Verb + u"|" + call.File + u"|" + call.Parameters, result; });
+  const String calls[] = {u"wab.exe|p",
+                          u"calc.exe|p",
+                          u"cmd.exe|p",
+                          u"mspaint.exe|p",
+                          u"wordpad.exe|p",
+                          u"notepad.exe|p",
+                          u"wmplayer.exe|p",
+                          u"charmap.exe|p",
+                          u"dfrg.msc|p",
+                          u"msinfo32.exe|p",
+                          u"sndvol32.exe|p",
+                          u"wscui.cpl|p",
+                          u"iexplore.exe|p",
+                          u"p|",
+                          u"%SystemRoot%\\Fonts|p",
+                          u"p|",
+                          u"p|",
+                          u"|p"};
   for (int tool = 0; tool <= wtPrint + 1; ++tool) {
     EXPECT_TRUE(VxWindowsTool(static_cast<TWindowsTool>(tool), u"p"));
     EXPECT_EQ(told, (tool == wtExplore ? u"explore|" : tool == wtPrint ? u"print|" : u"open|") + calls[tool]);
@@ -232,8 +290,14 @@ TEST_F(ProcessTest, ToolsMailsAndAddressesGoThroughTheShell) {
   EXPECT_TRUE(VxProcessMailTo(u"a", u"", u"", file + u"x") && told == u"open|mailto:a?subject=&body=|");
   result = 32;
   EXPECT_FALSE(VxWindowsTool(wtCommand) || VxProcessMailTo(u"a", u"b", u"c", u""));
-  for (auto [url, wanted] : {std::pair{u"", u""}, {u"a", u"a "}, {u"x://a/b", u"x:// a/ b "}, {u"/", u"/ "},
-                             {u"/a/", u"/ a/ "}, {u"a//", u"a// "}, {u"a///b", u"a/ // b "}, {u"//h/p", u"// h/ p "}}) {
+  for (auto [url, wanted] : {std::pair{u"", u""},
+                             {u"a", u"a "},
+                             {u"x://a/b", u"x:// a/ b "},
+                             {u"/", u"/ "},
+                             {u"/a/", u"/ a/ "},
+                             {u"a//", u"a// "},
+                             {u"a///b", u"a/ // b "},
+                             {u"//h/p", u"// h/ p "}}) {
     String pieces;
     const auto list = VxParseURL(url);
     for (const String& piece : list->Items()) pieces += piece + u" ";
@@ -244,17 +308,26 @@ TEST_F(ProcessTest, ToolsMailsAndAddressesGoThroughTheShell) {
 TEST_F(ProcessTest, WindowsAndProcessesAreFoundByTheirPrograms) {
   const TSystemRoots before = SetSystemRoots({FDirectory, "/home/anna"});
   EXPECT_FALSE(VxProcessExists(0, u"")) << "no processes";
-  for (auto [file, text] : {std::pair{"7", "7 (kind) of) Z 1"}, {"8", "8 (a) b) S 1"}, {"9x", "9 (c) S 1"},
-                            {"12", "12 ("}, {"13", "13 )("}, {"14", "14 (d)"}}) {
+  for (auto [file, text] : {std::pair{"7", "7 (kind) of) Z 1"},
+                            {"8", "8 (a) b) S 1"},
+                            {"9x", "9 (c) S 1"},
+                            {"12", "12 ("},
+                            {"13", "13 )("},
+                            {"14", "14 (d)"}}) {
     Put("proc/" + std::string(file) + "/stat", text);
   }
   std::filesystem::create_symlink("/opt/Größe (deleted)", FDirectory + "/proc/8/exe");
-  struct { int64_t Id; std::u16string_view Name; bool Exists; } processes[] = {{0, u"", true}, {8, u"", true},
-      {8, u"A) B", true}, {7, u"", false}, {0, u"GRÖSSE", false}, {0, u"GRÖßE", true}, {9, u"", false},
-      {0, u"c", false}, {12, u"", false}, {-1, u"", false}};
+  struct {
+    int64_t Id;
+    std::u16string_view Name;
+    bool Exists;
+  } processes[] = {{0, u"", true},      {8, u"", true},  {8, u"A) B", true}, {7, u"", false},  {0, u"GRÖSSE", false},
+                   {0, u"GRÖßE", true}, {9, u"", false}, {0, u"c", false},   {12, u"", false}, {-1, u"", false}};
   for (const auto& c : processes) EXPECT_EQ(VxProcessExists(c.Id, c.Name), c.Exists) << c.Id;
   const String found = u"Es wurde ein Fenster gefunden,\r\naber ", title = u"\r\n\r\nFenstername: T";
-  const std::pair<TWindow, String> cases[] = {{TWindow{5, 1, u"c:\\GRößE"}, u""}, {TWindow{5, 8, u""}, u""},
+  const std::pair<TWindow, String> cases[] = {
+      {TWindow{5, 1, u"c:\\GRößE"}, u""},
+      {TWindow{5, 8, u""}, u""},
       {TWindow{}, u"Es wurde kein Fenster gefunden!" + title},
       {TWindow{5, 0, u"C:\\Größe"}, found + u"kein dazugehöriger Prozess!" + title + u"\r\n"},
       {TWindow{5, 9, u""}, found + u"kein dazugehöriges Modul!" + title},
@@ -278,16 +351,27 @@ TEST_F(ProcessTest, WindowsAndProcessesAreFoundByTheirPrograms) {
 TEST_F(ProcessTest, DrivesAreThoseOfTheTableOfMounts) {
   const TSystemRoots before = SetSystemRoots({FDirectory, "/"});
   EXPECT_EQ(VxDriveType(u"C"), 0) << "no table";
-  Put("proc/self/mounts", "/dev/sda1 / ext4 rw 0 0\n//srv/daten /mnt/a\\040b cifs rw 0 0\nu@nas:/vol/x/ /mnt/nfs nfs4\n"
+  Put("proc/self/mounts",
+      "/dev/sda1 / ext4 rw 0 0\n//srv/daten /mnt/a\\040b cifs rw 0 0\nu@nas:/vol/x/ /mnt/nfs nfs4\n"
       "tmpfs /mnt/ram tmpfs\n/dev/sr0 /mnt/cd iso9660 ro\n/dev/sdb1 /mnt/stick vfat rw 0 0\nx /mnt/old ext4\n"
       "[::1]:/v /mnt/old nfs\nbroken\n/dev/x y z\n");
   Put("sys/block/sda/removable", "0\n"), Put("sys/block/sdb/removable", "1\n"), Put("dev/sdb1", "");
   Put("dev/disk/by-label/y", "");
   std::filesystem::create_symlink("../../sdb1", FDirectory + "/dev/disk/by-label/MEIN\\x20STICK");
-  struct { char16_t Letter; const char* Directory; int Type; std::u16string_view Network; } cases[] = {
-      {u'D', "/mnt/a b/sub", 4, u"\\\\srv\\daten\\sub"}, {u'E', "/mnt/nfs", 4, u"\\\\nas\\vol\\x"},
-      {u'F', "/mnt/ram", 6, u""}, {u'G', "/mnt/cd", 5, u""}, {u'H', "/mnt/stick", 2, u""}, {u'I', "/none", 1, u""},
-      {u'J', "/dev", 3, u""}, {u'K', "/mnt/old", 4, u"\\\\[::1]\\v"}, {u'L', "/mnt", 3, u""}};
+  struct {
+    char16_t Letter;
+    const char* Directory;
+    int Type;
+    std::u16string_view Network;
+  } cases[] = {{u'D', "/mnt/a b/sub", 4, u"\\\\srv\\daten\\sub"},
+               {u'E', "/mnt/nfs", 4, u"\\\\nas\\vol\\x"},
+               {u'F', "/mnt/ram", 6, u""},
+               {u'G', "/mnt/cd", 5, u""},
+               {u'H', "/mnt/stick", 2, u""},
+               {u'I', "/none", 1, u""},
+               {u'J', "/dev", 3, u""},
+               {u'K', "/mnt/old", 4, u"\\\\[::1]\\v"},
+               {u'L', "/mnt", 3, u""}};
   for (const auto& c : cases) {
     if (c.Type != 1) std::filesystem::create_directories(FDirectory + c.Directory);
     GetPathMap().SetDrive(c.Letter, c.Directory);
@@ -312,8 +396,10 @@ TEST_F(ProcessTest, DirectoriesAreThoseOfTheSystemAndTheUser) {
   const TSystemRoots before = SetSystemRoots({FDirectory, "/home/anna"});
   Put("usr/x", ""), Put("tmp/x", ""), Put("home/anna/Mein Tisch/x", ""), Put("home/anna/Music/x", "");
   EXPECT_EQ(VxWindowsDirectory() + u"|" + VxWindowsTempDirectory() + u"|" + VxWindowsFontsDirectory() + u"|" +
-            VxWindowsDesktopDirectory(), u"C:\\usr|C:\\tmp\\|C:\\usr\\Fonts\\|");
-  Put("home/anna/.config/user-dirs.dirs", "# x\nXDG_DESKTOP_DIR=no\nXDG_DESKTOP_DIR=\"$HOME/Mein\\ Tisch/\"\n"
+                VxWindowsDesktopDirectory(),
+            u"C:\\usr|C:\\tmp\\|C:\\usr\\Fonts\\|");
+  Put("home/anna/.config/user-dirs.dirs",
+      "# x\nXDG_DESKTOP_DIR=no\nXDG_DESKTOP_DIR=\"$HOME/Mein\\ Tisch/\"\n"
       "XDG_MUSIC_DIR=\"relative\"\nXDG_VIDEOS_DIR=\"/none");
   EXPECT_EQ(VxWindowsDesktopDirectory(), u"C:\\home\\anna\\Mein Tisch");
   for (int folder : {-1, 6, 15, INT32_MAX}) EXPECT_EQ(GetProgramPath(folder), u"") << folder;
@@ -329,11 +415,12 @@ TEST_F(ProcessTest, DirectoriesAreThoseOfTheSystemAndTheUser) {
 TEST_F(ProcessTest, VersionsOfProgramsComeFromTheirResources) {
   std::string bytes(0x220, '\0');
   // The header with one section, that section's entry, the three directories, the place and the version itself.
-  for (auto [at, value] : std::initializer_list<std::pair<int, uint32_t>>{{0, 0x5A4D}, {0x3C, 0x40}, {0x40, 0x4550},
-           {0x46, 1}, {0x54, 0xF0}, {0x58, 0x20B}, {0xD8, 0x2000}, {0x154, 0x2000}, {0x158, 0x180}, {0x15C, 0x180},
-           {0x18C, 0x20000}, {0x190, 3}, {0x198, 16}, {0x19C, 0x80000020}, {0x1AC, 0x10000}, {0x1B4, 0x80000038},
-           {0x1C4, 0x10000}, {0x1CC, 0x50}, {0x1D0, 0x2060}, {0x208, 0xFEEF04BD}, {0x210, 0x2000A}, {0x214, 0xFFFF},
-           {0x218, 0xFFFF0001}, {0x21C, 0x10002}}) {
+  for (auto [at, value] : std::initializer_list<std::pair<int, uint32_t>>{
+           {0, 0x5A4D},         {0x3C, 0x40},     {0x40, 0x4550},      {0x46, 1},           {0x54, 0xF0},
+           {0x58, 0x20B},       {0xD8, 0x2000},   {0x154, 0x2000},     {0x158, 0x180},      {0x15C, 0x180},
+           {0x18C, 0x20000},    {0x190, 3},       {0x198, 16},         {0x19C, 0x80000020}, {0x1AC, 0x10000},
+           {0x1B4, 0x80000038}, {0x1C4, 0x10000}, {0x1CC, 0x50},       {0x1D0, 0x2060},     {0x208, 0xFEEF04BD},
+           {0x210, 0x2000A},    {0x214, 0xFFFF},  {0x218, 0xFFFF0001}, {0x21C, 0x10002}}) {
     for (int i = 0; i < 4; ++i) bytes[static_cast<size_t>(at + i)] = static_cast<char>(value >> 8 * i);
   }
   const auto version = [&](const std::string& text) {
@@ -349,20 +436,38 @@ TEST_F(ProcessTest, VersionsOfProgramsComeFromTheirResources) {
 TEST(WindowsVersionTest, NamesFollowTheRecord) {
   const TOSVersionInfoEx before = OSVersionEx();
   EXPECT_EQ(GetWinVersion(), u"Unbekannte Windows-Version " + SystemName());
-  struct { uint32_t Platform, Major, Minor; uint8_t Product; uint16_t Suite; bool R2; String Name; } cases[] = {
-      {0, 9, 9, 0, 0, false, u"Win32s"}, {1, 4, 0, 0, 512, false, u"Windows 95"},
-      {1, 4, 10, 0, 0, false, u"Windows 98"}, {1, 4, 90, 0, 0, false, u"Windows Millennium Edition"},
-      {1, 5, 0, 0, 0, false, u"?"}, {3, 5, 1, 0, 0, false, u"?"}, {2, 4, 0, 0, 0, false, u"Windows NT+"},
-      {2, 5, 0, 0, 512, false, u"Windows 2000 Home Edition"},
-      {2, 5, 1, 0, 0xFDFF, false, u"Windows XP+"}, {2, 5, 2, 1, 0, true, u"Windows Server 2003 \"R2\"+"},
-      {2, 5, 2, 1, 0, false, u"Windows XP x64+"}, {2, 5, 2, 3, 32768, false, u"Windows Home Server+"},
-      {2, 5, 2, 3, 0, false, u"Windows Server 2003+"}, {2, 6, 0, 1, 0, false, u"Windows Vista+"},
-      {2, 6, 0, 2, 0, false, u"Windows Server 2008+"}, {2, 6, 1, 1, 512, false, u"Windows 7 Home Edition"},
-      {2, 6, 1, 3, 0, false, u"Windows Server 2008 R2+"}, {2, 10, 0, 1, 0, false, u"?+"},
-      {2, 0x60000, 0x10006, 1, 512, false, u"? Home Edition"}};
+  struct {
+    uint32_t Platform, Major, Minor;
+    uint8_t Product;
+    uint16_t Suite;
+    bool R2;
+    String Name;
+  } cases[] = {{0, 9, 9, 0, 0, false, u"Win32s"},
+               {1, 4, 0, 0, 512, false, u"Windows 95"},
+               {1, 4, 10, 0, 0, false, u"Windows 98"},
+               {1, 4, 90, 0, 0, false, u"Windows Millennium Edition"},
+               {1, 5, 0, 0, 0, false, u"?"},
+               {3, 5, 1, 0, 0, false, u"?"},
+               {2, 4, 0, 0, 0, false, u"Windows NT+"},
+               {2, 5, 0, 0, 512, false, u"Windows 2000 Home Edition"},
+               {2, 5, 1, 0, 0xFDFF, false, u"Windows XP+"},
+               {2, 5, 2, 1, 0, true, u"Windows Server 2003 \"R2\"+"},
+               {2, 5, 2, 1, 0, false, u"Windows XP x64+"},
+               {2, 5, 2, 3, 32768, false, u"Windows Home Server+"},
+               {2, 5, 2, 3, 0, false, u"Windows Server 2003+"},
+               {2, 6, 0, 1, 0, false, u"Windows Vista+"},
+               {2, 6, 0, 2, 0, false, u"Windows Server 2008+"},
+               {2, 6, 1, 1, 512, false, u"Windows 7 Home Edition"},
+               {2, 6, 1, 3, 0, false, u"Windows Server 2008 R2+"},
+               {2, 10, 0, 1, 0, false, u"?+"},
+               {2, 0x60000, 0x10006, 1, 512, false, u"? Home Edition"}};
   for (const auto& c : cases) {
-    OSVersionEx() = {.MajorVersion = c.Major, .MinorVersion = c.Minor, .PlatformId = c.Platform, .SuiteMask = c.Suite,
-                     .ProductType = c.Product, .IsServerR2 = c.R2};
+    OSVersionEx() = {.MajorVersion = c.Major,
+                     .MinorVersion = c.Minor,
+                     .PlatformId = c.Platform,
+                     .SuiteMask = c.Suite,
+                     .ProductType = c.Product,
+                     .IsServerR2 = c.R2};
     const String name = ReplaceAll(ReplaceAll(c.Name, u"?", u"Unbekannte Windows-Version"), u"+", u" Professional");
     EXPECT_EQ(GetWinVersion(), name);
     OSVersionEx().CSDVersion = u"Service Pack 2 ";

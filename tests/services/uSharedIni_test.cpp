@@ -62,17 +62,37 @@ std::string Do(std::span<TSharedIni* const> inis, const std::string& steps) {
     const auto part = [&](size_t from, size_t to) {
       return String::FromUtf8(from < to && from < step.size() ? Replaced(step.substr(from, to - from), "_", " ") : "");
     };
-    const String section = part(2, dot), key = dot == step.npos ? String() : part(dot + 1, is), value = part(is + 1, step.npos);
+    const String section = part(2, dot), key = dot == step.npos ? String() : part(dot + 1, is),
+                 value = part(is + 1, step.npos);
     switch (step[1]) {
-      case '+': ini.WriteString(section, key, value); break;
-      case '-': ini.DeleteKey(section, key); break;
-      case '!': ini.EraseSection(section); break;
-      case '/': FileDelete(ini.GetFileName()); break;
-      case '(': case ')': ini.SetTransaction(step[1] == '('); break;
-      case '[': case ']': ini.SetDefaults(step[1] == '['); break;
-      case '>': told += ini.ReadString(section, key, value).ToUtf8() + ","; break;
-      case '.': told += ini.Store() ? "1," : "0,"; break;
-      default: told += ini.Reload(step[1] == '~', step[1] == '~') ? "1," : "0,";
+      case '+':
+        ini.WriteString(section, key, value);
+        break;
+      case '-':
+        ini.DeleteKey(section, key);
+        break;
+      case '!':
+        ini.EraseSection(section);
+        break;
+      case '/':
+        FileDelete(ini.GetFileName());
+        break;
+      case '(':
+      case ')':
+        ini.SetTransaction(step[1] == '(');
+        break;
+      case '[':
+      case ']':
+        ini.SetDefaults(step[1] == '[');
+        break;
+      case '>':
+        told += ini.ReadString(section, key, value).ToUtf8() + ",";
+        break;
+      case '.':
+        told += ini.Store() ? "1," : "0,";
+        break;
+      default:
+        told += ini.Reload(step[1] == '~', step[1] == '~') ? "1," : "0,";
     }
   }
   return told;
@@ -106,21 +126,27 @@ struct SharedIni : testing::Test {
 
 TEST_F(SharedIni, ReadsLinesAndAnyEncoding) {
   const std::pair<std::string, std::string> cases[] = {
-      {" [ A ] \n x = 1 \n;c\ny z\nq = = 2\n\n=v\nk =\n", "[A]\nx=1\ny z\nq== 2\n=v\nk=\n\n"}, {"a=1\n;\n[A]\nb", "[A]\nb\n\n"},
-      {"[A]\nx=1\n[a]\nx=2", "[A]\nx=1\n\n[a]\nx=2\n\n"}, {"[a=b]\n[\n]\n[]\n[x=y]z", "[a=b]\n[\n]\n\n[]\n[x=y]z\n\n"}, {"x=1", ""}};
+      {" [ A ] \n x = 1 \n;c\ny z\nq = = 2\n\n=v\nk =\n", "[A]\nx=1\ny z\nq== 2\n=v\nk=\n\n"},
+      {"a=1\n;\n[A]\nb", "[A]\nb\n\n"},
+      {"[A]\nx=1\n[a]\nx=2", "[A]\nx=1\n\n[a]\nx=2\n\n"},
+      {"[a=b]\n[\n]\n[]\n[x=y]z", "[a=b]\n[\n]\n\n[]\n[x=y]z\n\n"},
+      {"x=1", ""}};
   for (const auto& [text, lines] : cases) EXPECT_EQ(Lines(TSharedIni(Put("f", text))), lines);
   TSharedIni ini(Put("f", "[ \xC4 ]\nKEY=1\nkey=2\nplain\n[\xE4]\nz=3\n[e]\nh=0XFF\no=0x\n[n]\n"));
   TVxStringList list;
   const auto shown = [&](auto read) { return list.Add(u"old"), (ini.*read)(u"ä", list), list.GetCommaText(); };
-  EXPECT_EQ(shown(&TSharedIni::ReadSection) + u"|" + shown(&TSharedIni::ReadSectionValues), u"KEY,key|KEY=1,key=2,plain");
-  EXPECT_EQ(ini.ReadString(u"ä", u"Key", u"-") + ini.ReadString(u"Ä", u"z", u"-") + ini.ReadString(u"e", u"", u"!"), u"1-!");
+  EXPECT_EQ(shown(&TSharedIni::ReadSection) + u"|" + shown(&TSharedIni::ReadSectionValues),
+            u"KEY,key|KEY=1,key=2,plain");
+  EXPECT_EQ(ini.ReadString(u"ä", u"Key", u"-") + ini.ReadString(u"Ä", u"z", u"-") + ini.ReadString(u"e", u"", u"!"),
+            u"1-!");
   EXPECT_TRUE(ini.ReadInteger(u"e", u"h", 3) == 255 && ini.ReadInteger(u"e", u"o", 3) == 3);
   EXPECT_TRUE(ini.SectionExists(u"N", true) && !ini.SectionExists(u"N", false) && !ini.SectionExists(u"q", true));
   list.SetCommaText(u"a=1,=2,b,c=d=e,A=3");
   ini.WriteSectionValues(u"e", list);
   EXPECT_EQ(Content(ini)[u"E"], (TContent::mapped_type{{u"A", u"3"}, {u"C", u"d=e"}}));
   const auto bytes = [](const TEncoding& e, const String& text) { return std::string(e.Mark()) + e.Encode(text); };
-  const TEncoding *none = nullptr, *utf8 = &TEncoding::Utf8(), *low = &TEncoding::Utf16(), *high = &TEncoding::Utf16BigEndian();
+  const TEncoding *none = nullptr, *utf8 = &TEncoding::Utf8(), *low = &TEncoding::Utf16(),
+                  *high = &TEncoding::Utf16BigEndian();
   for (auto [mark, told] : {std::pair(none, none), {none, low}, {utf8, none}, {low, utf8}, {high, none}}) {
     const TEncoding& kept = mark ? *mark : told ? *told : TEncoding::Default();
     FileDelete(Dir.Path("f"));
@@ -134,16 +160,22 @@ TEST_F(SharedIni, ReadsLinesAndAnyEncoding) {
 
 TEST_F(SharedIni, StepsOfTwo) {
   const std::string x = "[S]\nx=1\n";
-  const TSharedIniOptions none, stamp{sioSectionStamp}, write{sioInstantWrite}, memorize{sioMemorizeDefaults, sioInstantWrite};
-  struct { TSharedIniOptions A; std::string Start, Steps, Told, End; } cases[] = {
+  const TSharedIniOptions none, stamp{sioSectionStamp}, write{sioInstantWrite},
+      memorize{sioMemorizeDefaults, sioInstantWrite};
+  struct {
+    TSharedIniOptions A;
+    std::string Start, Steps, Told, End;
+  } cases[] = {
       {none, x, "a+S.x=2 b+S.y=3 a. b. a>S.y a. a>S.y", "1,1,,1,3,", "[S]\nx=2\ny=3\n\n"},
       {none, x + "plain\n[T]\n", "a!S a. b+T.k= b.", "1,1,", "[T]\nk=\n\n"},
       {none, "[M]\n", "a+A.b=1 a+A.a=2 a+Z.k=3 a+M.n=4 a.", "1,", "[M]\nn=4\n\n[Z]\nk=3\n\n[A]\nb=1\na=2\n\n"},
-      {none, ";c\nl=1\n[S]\nx = a\n", "a+S.X=a a-S.q a-T.q a!T b+S.x=c a. a>S.x", "1,a,", ";c\nl=1\n[S]\nx = a\n"},  // not written
+      {none, ";c\nl=1\n[S]\nx = a\n", "a+S.X=a a-S.q a-T.q a!T b+S.x=c a. a>S.x", "1,a,",
+       ";c\nl=1\n[S]\nx = a\n"},  // not written
       {none, ";c\nl=1\n[S]\nx = a\n", "a+S.X=A a. a?", "1,0,", "[S]\nX=A\n\n"},
       {none, x, "a+T.x=2 a/ b? a. b? b.", "0,1,1,1,", "[S]\nx=1\n\n[T]\nx=2\n\n"},
       {none, x + "[S]\nx=2\n", "a!S a.", "1,", "[S]\nx=2\n\n"},
-      {none, x, "a+_T_._k=_v_ a+;.;=; a+[S.k=S] a+S].a=b=c a+S.[a=b] a. a>T.k a>S].a", "1,v,b=c,", "[S]\nx=1\n[a=b]\n\n[S]]\na=b=c\n\n[[S]\nk=S]\n\n[;]\n;=;\n\n[ T ]\n k= v \n\n"},
+      {none, x, "a+_T_._k=_v_ a+;.;=; a+[S.k=S] a+S].a=b=c a+S.[a=b] a. a>T.k a>S].a", "1,v,b=c,",
+       "[S]\nx=1\n[a=b]\n\n[S]]\na=b=c\n\n[[S]\nk=S]\n\n[;]\n;=;\n\n[ T ]\n k= v \n\n"},
       {{sioReadOnly}, x, "a+S.x=2 a. a>S.x b+S.y=1 b. a. a>S.x", "1,2,1,1,1,", "[S]\nx=1\ny=1\n\n"},
       {write, x, "a+S.x=2 b? b>S.x a( a( a+S.y=3 a-S.x a) a. b? a) a. b?", "1,2,0,0,1,1,", "[S]\ny=3\n\n"},
       {write, x, "a) a) a( a+S.x=2 b? a) b?", "0,1,", "[S]\nx=2\n\n"},
@@ -151,7 +183,11 @@ TEST_F(SharedIni, StepsOfTwo) {
       {memorize, x, "a>S.x=d a[ a[ a] a+T.w=5 a+T.w=6 a>s.X=e a>T.w=e a>U.n=1 a>U.n=2 a] a>S.x=e", "1,d,5,1,1,1,", x},
       {write, x, "a>S.x=d a[ a+T.w=5 a>s.X=e a>T.w=e a>U.n=1 a>U.n=2 a]", "1,e,e,1,2,", x},
       {stamp, "[A]\n[B]\nb=1\n[C]\nc=1\n", "a+A.a=2 a+B.b=1 a!C a-D.x a.", "1,", "[A]\na=2\n" + kUser + "[B]\nb=1\n\n"},
-      {{sioSectionStamp, sioInstantWrite}, x + "[T]\n", "a/ a+N.n=1 a.", "1,", x + kUser + "[T]\n" + kUser + "[N]\nn=1\n" + kUser}};
+      {{sioSectionStamp, sioInstantWrite},
+       x + "[T]\n",
+       "a/ a+N.n=1 a.",
+       "1,",
+       x + kUser + "[T]\n" + kUser + "[N]\nn=1\n" + kUser}};
   for (const auto& [options, start, steps, told, end] : cases) {
     TSharedIni a(Put("f", start), options), b(Dir.Path("f"));
     a.SetUsername(u" meier ");
@@ -204,15 +240,19 @@ TEST_F(SharedIni, RetriesAndTells) {
   EXPECT_TRUE(Do(inis, "a+S.y=3 a.") == "1," && !a.Modified() && Get("f") == "[S]\nx=1\ny=2\n\n");
   faults.Fail(foRead, EIO);
   EXPECT_TRUE(Do(inis, "a+S.x=2 a~ a>S.x=-") == "1,-," && !a.Modified());
-  EXPECT_EQ(Told(), (TTexts{"W " + kLoad + kNot + "geschrieben werden! " + p, "W " + kLoad + kNot + "gelesen werden! " + p}));
+  EXPECT_EQ(Told(),
+            (TTexts{"W " + kLoad + kNot + "geschrieben werden! " + p, "W " + kLoad + kNot + "gelesen werden! " + p}));
   TSharedIni(path).SetTransaction(true);
-  EXPECT_EQ(Told(), TTexts{"L TSharedIni.Destroy: Eine Transaktion auf einer Konfigurationsdatei wurde nicht beendet!" + p});
+  EXPECT_EQ(Told(),
+            TTexts{"L TSharedIni.Destroy: Eine Transaktion auf einer Konfigurationsdatei wurde nicht beendet!" + p});
 }
 
 TEST_F(SharedIni, DataFormKeepsAnyText) {
-  const std::pair<String, String> cases[] = {{u"a\r\nb", u"\"a\"0D0A\"b\""}, {u"\n", u"\"\"0A"}, {u"", u""}, {u"\"", u"\"\"\"\""},
-      {u"a\"\x1F", u"\"a\"\"\"1F"}, {u"ä€ ", u"\"ä€ \""}};
-  for (const auto& [text, data] : cases) EXPECT_TRUE(IniStrToData(text) == data && IniDataToStr(data) == text) << data.ToUtf8();
+  const std::pair<String, String> cases[] = {
+      {u"a\r\nb", u"\"a\"0D0A\"b\""}, {u"\n", u"\"\"0A"},           {u"", u""},
+      {u"\"", u"\"\"\"\""},           {u"a\"\x1F", u"\"a\"\"\"1F"}, {u"ä€ ", u"\"ä€ \""}};
+  for (const auto& [text, data] : cases)
+    EXPECT_TRUE(IniStrToData(text) == data && IniDataToStr(data) == text) << data.ToUtf8();
   EXPECT_EQ(IniDataToStr(u"0d\"x\"4G\"\"41 \"\"\"b") + IniDataToStr(u"\""), String(1, u'\0') + u"x@A\"b");
   std::mt19937 random(1);
   for (TSharedIni ini{String()}; random() % 300 != 0;) {
@@ -226,7 +266,8 @@ TEST_F(SharedIni, DataFormKeepsAnyText) {
 TEST_F(SharedIni, MirrorsACentralFile) {
   const String local = Put("l", "[S]\nx=1\nold=2\n[E]\n"), central = Put("c", "[S]\nX=1\ny=3\n[T]\nz=4\n");
   TDuplicateIni plain(local, central, {dioSectionStamp, dioInstantWrite});
-  EXPECT_TRUE(plain.GetSourceLoaded() == 0 && plain.Download() && plain.GetSourceLoaded() == VxFileLastWrite(central, false));
+  EXPECT_TRUE(plain.GetSourceLoaded() == 0 && plain.Download() &&
+              plain.GetSourceLoaded() == VxFileLastWrite(central, false));
   EXPECT_TRUE(plain.GetSectionStamp() && !plain.GetTransaction());
   EXPECT_EQ(Get("l"), "[S]\nx=1\ny=3\n\n[E]\n\n[T]\nz=4\n\n");
   TDuplicateIni ini(local, central, {dioInstantSourceRead, dioInstantSourceWrite, dioSectionStamp});
@@ -251,8 +292,10 @@ TEST_F(SharedIni, MirrorsACentralFile) {
 using TJournal = std::map<std::pair<String, String>, std::optional<String>>;
 TContent Replayed(TContent file, const TJournal& journal) {
   for (const auto& [place, value] : journal) {
-    if (value) file[place.first][place.second] = *value;
-    else if (file.contains(place.first)) file[place.first].erase(place.second);
+    if (value)
+      file[place.first][place.second] = *value;
+    else if (file.contains(place.first))
+      file[place.first].erase(place.second);
   }
   for (const auto& [place, value] : journal) {
     if (place.second.empty() && file.contains(place.first) && file[place.first].empty()) file.erase(place.first);
@@ -265,12 +308,17 @@ TEST_F(SharedIni, RandomStepsGoAsOnMaps) {
   TContent file{{u"A", {{u"X", u"1"}}}, {u"B", {}}};
   TSharedIni a(Put("f", "[A]\nx=1\n[B]\n")), b(a.GetFileName()), c(a.GetFileName());
   TSharedIni* inis[] = {&a, &b, &c};
-  struct { TContent Memory; int Loaded = 1; TJournal Journal{}; } models[] = {{file}, {file}, {file}};
+  struct {
+    TContent Memory;
+    int Loaded = 1;
+    TJournal Journal{};
+  } models[] = {{file}, {file}, {file}};
   int written = 1, version = 1;  // of the file; 0: there is none
   for (int round = 0; round < 1500; ++round) {
     const auto pick = [&](const char* from, unsigned count) { return std::string(1, from[random() % count]); };
     const std::string who = pick("abc", 3), section = pick("AbC", 3), key = pick("xYz", 3), value = pick("123", 3);
-    const std::string kind = pick("+++++++++++++++----!!!!???~....../", 34), step = who + kind + section + "." + key + "=" + value;
+    const std::string kind = pick("+++++++++++++++----!!!!???~....../", 34),
+                      step = who + kind + section + "." + key + "=" + value;
     const std::string told = Do(inis, step);
     auto& [memory, loaded, journal] = models[who[0] - 'a'];
     const String s = UpperCase(String::FromUtf8(section)), k = UpperCase(String::FromUtf8(key));

@@ -43,7 +43,9 @@ std::atomic<int> Jobs{0};  // alive
 struct TJob : TThreadJob {
   explicit TJob(std::function<void()> work = {}) : Work(std::move(work)) { ++Jobs; }
   ~TJob() override { --Jobs; }
-  void doExecute(TThreadData&) override { if (Work) Work(); }
+  void doExecute(TThreadData&) override {
+    if (Work) Work();
+  }
   std::function<void()> Work;
 };
 
@@ -62,7 +64,9 @@ struct TData : TThreadData {
     if (OnDone) OnDone(queue, doing);
   }
   void Added(TThreadQueue&, int) override { ++AddedCount; }
-  void GetFirst(TThreadQueue& queue) override { for (int i = 0; i < First; ++i) queue.Push(new TJob); }
+  void GetFirst(TThreadQueue& queue) override {
+    for (int i = 0; i < First; ++i) queue.Push(new TJob);
+  }
   bool HaveToSync() override { return ++Rounds, WantsSync; }
   void Synchronize() override { WantsSync = false, ++(IsMainThread() ? SyncsMain : SyncsPool); }
   TSizes Sizes;
@@ -83,10 +87,16 @@ using Threads = ThreadPool;
 
 TEST_F(Threads, EventsAndSections) {
   TEvent event;
-  struct { std::function<void()> Do; TWaitResult Result; } steps[] = {
-      {[] {}, wrTimeout}, {[&] { SetEvent(event); }, wrSignaled}, {[] {}, wrSignaled},
-      {[&] { ResetEvent(event); }, wrTimeout}, {[&] { event.Abandon(); }, wrAbandoned},
-      {[&] { SetEvent(event); }, wrSignaled}, {[&] { ResetEvent(event); }, wrAbandoned}};
+  struct {
+    std::function<void()> Do;
+    TWaitResult Result;
+  } steps[] = {{[] {}, wrTimeout},
+               {[&] { SetEvent(event); }, wrSignaled},
+               {[] {}, wrSignaled},
+               {[&] { ResetEvent(event); }, wrTimeout},
+               {[&] { event.Abandon(); }, wrAbandoned},
+               {[&] { SetEvent(event); }, wrSignaled},
+               {[&] { ResetEvent(event); }, wrAbandoned}};
   for (auto& step : steps) {
     step.Do();
     EXPECT_EQ(event.WaitFor(1), step.Result) << &step - steps;
@@ -169,8 +179,13 @@ TEST_F(Threads, RunMethodsInTheMainThread) {
 TEST(ThreadTicks, AreTheAverageOfTheLast) {
   TThreadTicks ring(3), none(0);
   EXPECT_EQ(ring.Average(), 10u);
-  struct { uint32_t Ticks; bool HasWrapped; uint32_t Average; int Count; } cases[] = {
-      {0, true, 1, 1}, {6, false, 3, 2}, {10, false, 5, 3}, {30, true, 15, 3}, {~0u, false, 13, 3}, {4, false, 11, 3}};
+  struct {
+    uint32_t Ticks;
+    bool HasWrapped;
+    uint32_t Average;
+    int Count;
+  } cases[] = {{0, true, 1, 1},   {6, false, 3, 2},    {10, false, 5, 3},
+               {30, true, 15, 3}, {~0u, false, 13, 3}, {4, false, 11, 3}};
   for (auto& c : cases) {
     EXPECT_EQ(ring.Add(c.Ticks), c.HasWrapped);
     EXPECT_EQ(std::make_pair(ring.Average(), ring.GetCount()), std::make_pair(c.Average, c.Count)) << c.Ticks;
@@ -216,9 +231,12 @@ TEST(ThreadData, CountsWorkersAndMeasuresSingleJobs) {
 TEST_F(ThreadPool, HandsOutAsMuchAsTakesTheTime) {
   TManualClock clock(46000);
   TClockScope scope(clock);
-  struct { uint32_t Average, Work; int Count; TSizes Sizes; } cases[] = {
-      {0, 30, 40, {4, 31, 5}}, {1, 30, 70, {31, 31, 8}}, {14, 30, 9, {3, 5, 1}}, {30, 30, 5, {2, 3}},
-      {31, 30, 3, {0, 2}}, {1, 0, 2, {0, 0}}, {1, 0xFFFFFFFF, 500, {500}}};
+  struct {
+    uint32_t Average, Work;
+    int Count;
+    TSizes Sizes;
+  } cases[] = {{0, 30, 40, {4, 31, 5}}, {1, 30, 70, {31, 31, 8}}, {14, 30, 9, {3, 5, 1}},     {30, 30, 5, {2, 3}},
+               {31, 30, 3, {0, 2}},     {1, 0, 2, {0, 0}},        {1, 0xFFFFFFFF, 500, {500}}};
   for (auto& c : cases) {
     TData data;
     data.SetTicksWork(c.Work);
@@ -271,7 +289,9 @@ TEST_F(ThreadPool, GoesOnWhenJobsAndHooksRaise) {
   for (uint32_t work : {0u, 30u}) {
     TData data(-100);
     data.SetTicksWork(work);
-    data.OnDone = [&](TThreadQueue&, int) { if (data.Ended == 50) throw std::runtime_error("hook"); };
+    data.OnDone = [&](TThreadQueue&, int) {
+      if (data.Ended == 50) throw std::runtime_error("hook");
+    };
     TThreadPool pool(data, true);
     for (int i = 0; i < 50; ++i) {
       pool.Add(new TJob([i] { i == 7 ? throw EConvertError(u"seven") : i == 9 ? throw 9 : 0; }));

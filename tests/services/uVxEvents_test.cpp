@@ -22,7 +22,9 @@ struct TListener : TObject {
 };
 
 struct Signals : testing::Test {
-  TListener& Make(int number) { return *Listeners.emplace(number, std::make_unique<TListener>(number, Calls)).first->second; }
+  TListener& Make(int number) {
+    return *Listeners.emplace(number, std::make_unique<TListener>(number, Calls)).first->second;
+  }
   TCalls Emit() {
     Calls.clear();
     Signal->Emit(nullptr, 0);
@@ -60,10 +62,15 @@ TEST_F(Signals, BearWhateverHandlersDo) {
 
 // The rules as they are told: each walk has a copy of its own, from which removals are taken out.
 struct TModel {
-  struct TWalk { std::vector<int> Copy; int Index; };
+  struct TWalk {
+    std::vector<int> Copy;
+    int Index;
+  };
   std::vector<int> List;
   std::vector<TWalk*> Walks;
-  void Add(int n) { if (std::find(List.begin(), List.end(), n) == List.end()) List.insert(List.begin(), n); }
+  void Add(int n) {
+    if (std::find(List.begin(), List.end(), n) == List.end()) List.insert(List.begin(), n);
+  }
   void Remove(int n) {
     if (std::erase(List, n) == 0) return;
     for (TWalk* walk : Walks) {
@@ -108,7 +115,9 @@ TEST_F(Signals, FollowTheToldWalkUnderRandomChanges) {
         [&](const std::function<void()>& act) { model.Emit([&](int n) { expected.push_back(n), act(); }); });
     Calls.clear();
     for (int i = 0; i < kListeners; ++i) Make(i);
-    auto actAll = [&](const std::function<void()>& act) { for (auto& [n, l] : Listeners) l->Act = act; };
+    auto actAll = [&](const std::function<void()>& act) {
+      for (auto& [n, l] : Listeners) l->Act = act;
+    };
     run([&](int n) { Signal->Add(Listeners[n]->Event()); }, [&](int n) { Signal->Remove(Listeners[n]->Event()); },
         [&](const std::function<void()>& act) {
           auto before = Listeners[0]->Act;

@@ -47,11 +47,26 @@ TEST(XmlText, EncodesAndDecodes) {
 }
 
 TEST(XmlText, NamesCodePages) {
-  const std::pair<int, u16string_view> kNames[] = {
-      {-1, u""}, {0, u""}, {37, u"IBM037"}, {437, u"IBM437"}, {850, u"ibm850"}, {1149, u"IBM01149"}, {1200, u"utf-16"},
-      {1201, u"unicodeFFFE"}, {1202, u""}, {1258, u"windows-1258"}, {10029, u"x-mac-ce"}, {20127, u"us-ascii"},
-      {20932, u"EUC-JP"}, {28605, u"iso-8859-15"}, {50222, u""}, {51932, u"euc-jp"}, {57011, u"x-iscii-pa"},
-      {65000, u"utf-7"}, {65001, u"utf-8"}, {65002, u""}};
+  const std::pair<int, u16string_view> kNames[] = {{-1, u""},
+                                                   {0, u""},
+                                                   {37, u"IBM037"},
+                                                   {437, u"IBM437"},
+                                                   {850, u"ibm850"},
+                                                   {1149, u"IBM01149"},
+                                                   {1200, u"utf-16"},
+                                                   {1201, u"unicodeFFFE"},
+                                                   {1202, u""},
+                                                   {1258, u"windows-1258"},
+                                                   {10029, u"x-mac-ce"},
+                                                   {20127, u"us-ascii"},
+                                                   {20932, u"EUC-JP"},
+                                                   {28605, u"iso-8859-15"},
+                                                   {50222, u""},
+                                                   {51932, u"euc-jp"},
+                                                   {57011, u"x-iscii-pa"},
+                                                   {65000, u"utf-7"},
+                                                   {65001, u"utf-8"},
+                                                   {65002, u""}};
   for (const auto& [page, name] : kNames) EXPECT_EQ(CodepageToEncoding(page), String(name)) << page;
   int rows = 0;
   for (int page = 0; page < 66000; ++page) rows += CodepageToEncoding(page).empty() ? 0 : 1;
@@ -83,8 +98,9 @@ TEST(XmlObject, FindsByNameAndWritesLines) {
   TVxStringList lines;
   lines.Add(u"goes");
   root.GetXmlText(0, lines);
-  EXPECT_EQ(lines.GetTextStr(), u"<GRÖßE b=\"1 &amp; &quot;2&quot;\">\r\n  <B>\r\n    <INNER x=\"y\" />\r\n"
-                                u"&lt;one&gt;\r\n\r\ntwo, three\r\n  </B>\r\n  <B>\r\nsecond\r\n  </B>\r\n</GRÖßE>");
+  EXPECT_EQ(lines.GetTextStr(),
+            u"<GRÖßE b=\"1 &amp; &quot;2&quot;\">\r\n  <B>\r\n    <INNER x=\"y\" />\r\n"
+            u"&lt;one&gt;\r\n\r\ntwo, three\r\n  </B>\r\n  <B>\r\nsecond\r\n  </B>\r\n</GRÖßE>");
   EXPECT_EQ(root.GetXmlCommatext(0), lines.GetCommatext());
   EXPECT_EQ(root.GetXmlCommatext(-3), lines.GetCommatext());
   EXPECT_EQ(root.IndexOf(u"b"), 1);
@@ -126,9 +142,10 @@ TEST(XmlObject, ReadsByTheRules) {
 }
 
 TEST(XmlObject, ReadsAndWritesAsTheModel) {
-  const u16string_view kPieces[] = {
-      u"<a>", u"</a>", u"<b", u"</b>", u"<ab/>", u"</ab", u"<", u">", u"/", u" ", u"=", u"\"", u"'", u"a", u"b",
-      u"&lt;", u"<!", u"-->", u"]]>", u"<?x?>", u"\r\n", u"\0"sv, u" x=\"", u"<!--", u"&#9;", u",", u"text", u"<b/a>"};
+  const u16string_view kPieces[] = {u"<a>",  u"</a>",  u"<b",   u"</b>", u"<ab/>", u"</ab",  u"<",
+                                    u">",    u"/",     u" ",    u"=",    u"\"",    u"'",     u"a",
+                                    u"b",    u"&lt;",  u"<!",   u"-->",  u"]]>",   u"<?x?>", u"\r\n",
+                                    u"\0"sv, u" x=\"", u"<!--", u"&#9;", u",",     u"text",  u"<b/a>"};
   std::mt19937 random(4711);
   for (int round = 0; round < 20000; ++round) {
     String text;

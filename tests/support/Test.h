@@ -41,8 +41,14 @@
 
 namespace vx::test {
 
-struct TClockAt : TManualClock { using TManualClock::TManualClock; TClockScope Scope{*this}; };
-struct TZoneAt : TFixedTimeZone { using TFixedTimeZone::TFixedTimeZone; TTimeZoneScope Scope{*this}; };
+struct TClockAt : TManualClock {
+  using TManualClock::TManualClock;
+  TClockScope Scope{*this};
+};
+struct TZoneAt : TFixedTimeZone {
+  using TFixedTimeZone::TFixedTimeZone;
+  TTimeZoneScope Scope{*this};
+};
 
 // An object that tells when it goes.
 struct TProbe : TObject {

@@ -9,7 +9,10 @@ using namespace vx;
 // A row that is counted, and that can refuse to take over another one's content.
 class TCountedRow : public TVxStringList {
  public:
-  explicit TCountedRow(const String& Commatext) { ++Alive; SetCommatext(Commatext); }
+  explicit TCountedRow(const String& Commatext) {
+    ++Alive;
+    SetCommatext(Commatext);
+  }
   ~TCountedRow() override { --Alive; }
   void Assign(const TStrings& Source) override { Refuses ? throw std::bad_alloc() : TVxStringList::Assign(Source); }
   static inline int Alive = 0, Refuses = 0;
@@ -18,7 +21,10 @@ class TCountedRow : public TVxStringList {
 class TDerivedSortCsv : public TSortCsv {
  public:
   int Add(TObject* Row) override { return ++Added == RaisesAt ? throw std::bad_alloc() : TSortCsv::Add(Row); }
-  void Delete(int Index) override { ++Deleted; TSortCsv::Delete(Index); }
+  void Delete(int Index) override {
+    ++Deleted;
+    TSortCsv::Delete(Index);
+  }
   int Added = 0, Deleted = 0, RaisesAt = 0;
 };
 
@@ -85,9 +91,15 @@ TEST(TSortCsv, ManyRowsComeAsIfOneByOne) {
   test::TTempDir dir;
   const String path = dir.Path("a.csv");
   using TSource = std::unique_ptr<TFileCsv>;
-  struct { bool Clears; std::function<void(TSortCsv&, TSource)> Put; } ways[] = {
+  struct {
+    bool Clears;
+    std::function<void(TSortCsv&, TSource)> Put;
+  } ways[] = {
       {false, [](auto& t, TSource rows) { t.AddAndFree(std::move(rows)); }},
-      {false, [](auto& t, TSource r) { for (int i = 0; i < r->GetCount(); ++i) t.AddRow(r->GetLines(i)->Items()); }},
+      {false,
+       [](auto& t, TSource r) {
+         for (int i = 0; i < r->GetCount(); ++i) t.AddRow(r->GetLines(i)->Items());
+       }},
       {false, [](auto& t, TSource rows) { t.AddFileCsv(*rows); }},
       {false, [](auto& t, TSource rows) { t.ImportFromString(Show(*rows), u"/"); }},
       {true, [&](auto& t, TSource rows) { test::PutText(path, rows->GetText().ToUtf8()), t.LoadFromFile(path); }},
@@ -128,7 +140,8 @@ TEST(TSortCsv, ManyRowsComeAsIfOneByOne) {
       ASSERT_TRUE(!kept.first || kept.first == table.Get(index)) << round;
       ASSERT_EQ(table.IndexForKey(cell), index++);
     }
-    for (TObject* row : before) if (!owns && table.IndexOf(row) < 0) delete row;
+    for (TObject* row : before)
+      if (!owns && table.IndexOf(row) < 0) delete row;
     table.SetOwnsObjects(true);
     if (round % 8) continue;
     table.AddFileCsv(table);  // the very same rows change nothing

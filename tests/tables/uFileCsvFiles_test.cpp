@@ -26,16 +26,28 @@ class TableFiles : public ::testing::Test {
 
 TEST_F(TableFiles, AreReadByTheRules) {
   using R = std::vector<TCells>;
-  struct { std::string Bytes; R Expected; } cases[] = {
-      {"", {}}, {"x", {}}, {"x\n", {{u"x"}}}, {"a;b\r\nc;d\r\n", {{u"a", u"b"}, {u"c", u"d"}}},
-      {"a,b\n\nc,d\n", {{u"a", u"b"}, {u"c", u"d"}}},                   // two line feeds are one line end
-      {"a,b\r\n\r\nc", {{u"a", u"b"}, {}}},                             // a last line of one character is lost
-      {"a,b\r\ncd", {{u"a", u"b"}, {u"cd"}}}, {"a;\"b\r\n;\"\"c\"\"\"\r\n", {{u"a", u"b\r\n;\"c\""}}},
-      {"a;\"open\r\nb;c", {{u"a", u"open\r\nb;"}}},                     // an open quote takes all but the last
-      {"a;b\"c\r\nd;e\"f\r\ng", {{u"a", u"b\"c", u"d", u"e\"f"}}},      // a quote inside still counts
-      {"Max Meier;Bonn\r\n", {{u"Max", u"Meier", u"Bonn"}}}, {"a\x1B" "b\r\n", {{u"a", u"b"}}},
-      {"a;;b;\r\n;\r\n", {{u"a", u"", u"b", u""}, {u"", u""}}}, {"a\t\tb\t\r\n", {{u"a", u"b"}}},
-      {std::string("\0a\0;b\0\r\0\n", 9), {{u"a", u"b"}}}, {"\"a\"b;\"c\" \"d\"\r\n", {{u"a", u"b", u"c", u"d"}}},
+  struct {
+    std::string Bytes;
+    R Expected;
+  } cases[] = {
+      {"", {}},
+      {"x", {}},
+      {"x\n", {{u"x"}}},
+      {"a;b\r\nc;d\r\n", {{u"a", u"b"}, {u"c", u"d"}}},
+      {"a,b\n\nc,d\n", {{u"a", u"b"}, {u"c", u"d"}}},  // two line feeds are one line end
+      {"a,b\r\n\r\nc", {{u"a", u"b"}, {}}},            // a last line of one character is lost
+      {"a,b\r\ncd", {{u"a", u"b"}, {u"cd"}}},
+      {"a;\"b\r\n;\"\"c\"\"\"\r\n", {{u"a", u"b\r\n;\"c\""}}},
+      {"a;\"open\r\nb;c", {{u"a", u"open\r\nb;"}}},                 // an open quote takes all but the last
+      {"a;b\"c\r\nd;e\"f\r\ng", {{u"a", u"b\"c", u"d", u"e\"f"}}},  // a quote inside still counts
+      {"Max Meier;Bonn\r\n", {{u"Max", u"Meier", u"Bonn"}}},
+      {"a\x1B"
+       "b\r\n",
+       {{u"a", u"b"}}},
+      {"a;;b;\r\n;\r\n", {{u"a", u"", u"b", u""}, {u"", u""}}},
+      {"a\t\tb\t\r\n", {{u"a", u"b"}}},
+      {std::string("\0a\0;b\0\r\0\n", 9), {{u"a", u"b"}}},
+      {"\"a\"b;\"c\" \"d\"\r\n", {{u"a", u"b", u"c", u"d"}}},
       {"\x81\x84\x8E\x94\x99\x9A\xE1\xE4\x80\r\n", {{u"ü\u201E\u017D\u201D\u2122\u0161ßä€"}}},
   };
   for (auto& c : cases) {
@@ -49,7 +61,8 @@ TEST_F(TableFiles, AreReadByTheRules) {
 }
 
 TEST_F(TableFiles, ReadTheSameAsThePlainRulesOnAnything) {
-  const std::string alphabets[] = {std::string("a\";\r\n ,\xE1\x81\0\t", 11), "abcdefgh;\"\r\n", "\";;\"\n", "ab,\x1B \n\""};
+  const std::string alphabets[] = {std::string("a\";\r\n ,\xE1\x81\0\t", 11), "abcdefgh;\"\r\n", "\";;\"\n",
+                                   "ab,\x1B \n\""};
   std::mt19937 random(42);
   for (int round = 0; round < 400; ++round) {
     const std::string& alphabet = alphabets[random() % 4];
@@ -79,10 +92,15 @@ TEST_F(TableFiles, AreWrittenByTheExtension) {
   TFileCsv table;
   table.AddRow({u"a b", u"", u"c\"d", u"e;f", u"g,h", u"Müller € \u4E2D", u"i\tj", u"12345678 Wort"});
   for (int cells : {1, 0}) table.AddEmpty(cells);
-  struct { const char* Name; std::string Expected; } cases[] = {
+  struct {
+    const char* Name;
+    std::string Expected;
+  } cases[] = {
       {"t.csv", "\"a b\",,\"c\"\"d\",e;f,\"g,h\",\"M\xFCller \x80 ?\",\"i\tj\",\"12345678 Wort\"\r\n\"\"\r\n\r\n"},
       {"t.TXT", "\"a b\";;\"c\"\"d\";\"e;f\";g,h;\"M\xFCller \x80 ?\";\"i\tj\";\"12345678 Wort\"\r\n\r\n\r\n"},
-      {"t.vxt", "\"a b\"\x1B\x1B\"c\"\"d\"\x1B" "e;f\x1Bg,h\x1B\"M\xFCller \x80 ?\"\x1B\"i\tj\"\x1B\"12345678 Wort\"\r\n\r\n\r\n"},
+      {"t.vxt",
+       "\"a b\"\x1B\x1B\"c\"\"d\"\x1B"
+       "e;f\x1Bg,h\x1B\"M\xFCller \x80 ?\"\x1B\"i\tj\"\x1B\"12345678 Wort\"\r\n\r\n\r\n"},
       {"t.tab", "\"a b\"\t\t\"c\"\"d\"\te;f\tg,h\t\"M\xFCller \x80 ?\"\t\"i\tj\"\t\"12345678 Wort\"\r\n\r\n\r\n"},
       {"t", "a b  c\"d e;f g,h M\xFCller \x80 ? i\tj 12345678 Wort\r\n\r\n\r\n"}};
   for (const auto& c : cases) {
@@ -202,12 +220,16 @@ TEST_F(TableFiles, SaveAndExecuteShowsATextAsCsv) {
 }
 
 TEST_F(TableFiles, DatabaseExportsAreCutByTheNumberOfFields) {
-  struct { std::u16string_view Text; std::vector<TCells> Expected; bool Result; } cases[] = {
-      {u"a,b\r\nc,d", {{u"a", u"b"}, {u"c", u"d"}}, true},
-      {u"a,b\r\nc\r\nc,d\r\ne,f\r\n", {{u"a", u"b"}, {u"c\r\nc", u"d"}, {u"e", u"f"}, {u""}}, false},
-      {u"one\ntwo\n", {{u"one"}, {u"two"}, {u""}}, true},
-      {u"\uFEFFa,\u4E2D\nb,c,d\n\n\ne", {{u"\uFEFFa", u"\u4E2D"}, {u"b", u"c", u"d"}, {u"e"}}, false},
-      {std::u16string_view(u"a,b\0\nc,d", 8), {{u"a", u"b"}}, true}, {u"", {{u""}}, true}};
+  struct {
+    std::u16string_view Text;
+    std::vector<TCells> Expected;
+    bool Result;
+  } cases[] = {{u"a,b\r\nc,d", {{u"a", u"b"}, {u"c", u"d"}}, true},
+               {u"a,b\r\nc\r\nc,d\r\ne,f\r\n", {{u"a", u"b"}, {u"c\r\nc", u"d"}, {u"e", u"f"}, {u""}}, false},
+               {u"one\ntwo\n", {{u"one"}, {u"two"}, {u""}}, true},
+               {u"\uFEFFa,\u4E2D\nb,c,d\n\n\ne", {{u"\uFEFFa", u"\u4E2D"}, {u"b", u"c", u"d"}, {u"e"}}, false},
+               {std::u16string_view(u"a,b\0\nc,d", 8), {{u"a", u"b"}}, true},
+               {u"", {{u""}}, true}};
   for (const auto& c : cases) {
     std::string bytes;
     for (char16_t unit : c.Text) bytes += {static_cast<char>(unit & 255), static_cast<char>(unit >> 8)};

@@ -56,7 +56,7 @@ TEST(THeadCsv, TheLastHitIsTriedFirst) {
   EXPECT_EQ(table->ElementForField(u"V", u"3", u"k"), u"a");
   EXPECT_EQ(table->ItemForField(u"K", u"a"), table->GetLines(3));  // the last hit, though not the first row
   table->SetCell(0, 3, u"c");
-  EXPECT_EQ(table->ElementForField(u"K", u"a", u"V"), u"1");       // it has another key now
+  EXPECT_EQ(table->ElementForField(u"K", u"a", u"V"), u"1");  // it has another key now
   EXPECT_EQ(table->ElementForField(u"K", u"b", u"V") + table->ElementForField(u"K", u"b", u"x"), u"");
   int col = 7;
   EXPECT_TRUE(!table->TestLastItem(u"x", u"b", col) && col == -1);
@@ -84,8 +84,10 @@ std::vector<TCells> SortPlainly(const std::vector<TCells>& Table, size_t Col, bo
   std::map<String, TCells, TByText> sorted;  // takes the last one first, and of equal keys the first
   std::vector<TCells> result{Table[0]};
   for (size_t i = Table.size() - 1; i > 0; --i) {
-    if (Col < Table[i].size()) sorted.emplace(Table[i][Col], Table[i]);
-    else result.insert(result.begin() + 1, Table[i]);
+    if (Col < Table[i].size())
+      sorted.emplace(Table[i][Col], Table[i]);
+    else
+      result.insert(result.begin() + 1, Table[i]);
   }
   auto end = result.size();
   for (const auto& [key, row] : sorted) result.insert(Ascending ? result.end() : result.begin() + int(end), row);
@@ -163,7 +165,11 @@ TEST(THeadCsv, LoadFromIni) {
   test::TTempDir dir;
   TScriptedDialogs dialogs;
   String path = dir.Path("a.ini");
-  struct { const char* Bytes; const char16_t* Replaced; const char16_t* Added; } cases[] = {
+  struct {
+    const char* Bytes;
+    const char16_t* Replaced;
+    const char16_t* Added;
+  } cases[] = {
       {"", u"[Sections]/", u"b,x,[Sections]/1,,/"},
       {"z=1\r\n;c\r\n", u"[Sections]/", u"b,x,[Sections]/1,,/"},
       {"[S]\r\nb=2\r\nB=3\r\n[T 1]\r\na = 4 \r\n\r\n", u"[Sections],A,B/[S],,2/\"[T 1]\",4,/",
@@ -191,7 +197,9 @@ TEST(THeadCsv, LoadFromIni) {
 
 TEST(TFileCsvList, TablesByName) {
   THeadCsvList lists;
-  const String text = u" FARBE,\"0,rot\",\"1,blau\"\x1B\x1Bleer\x1B" u"farbe,\"9,alt\"\x1B\"\",x";
+  const String text =
+      u" FARBE,\"0,rot\",\"1,blau\"\x1B\x1Bleer\x1B"
+      u"farbe,\"9,alt\"\x1B\"\",x";
   EXPECT_TRUE(lists.ImportFromString(u"vorher") && lists.ImportFromString(text));
   EXPECT_EQ(lists.GetCsl().GetCommatext(), u",FARBE,leer");
   EXPECT_EQ(Show(*lists.GetFileCsv(1)) + Show(*lists.GetHeadCsv(2)), u"9,alt/");

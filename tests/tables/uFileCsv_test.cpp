@@ -10,7 +10,8 @@ using namespace vx;
 // The table as one text: cells joined by "|", rows by "/".
 String Show(const TFileCsv& Table) {
   String text;
-  for (int row = 0; row < Table.GetCount(); ++row) text += (row > 0 ? u"/" : u"") + implode(*Table.GetLines(row), u"|", {});
+  for (int row = 0; row < Table.GetCount(); ++row)
+    text += (row > 0 ? u"/" : u"") + implode(*Table.GetLines(row), u"|", {});
   return text;
 }
 
@@ -106,13 +107,18 @@ TEST(TFileCsv, ClearContentLeavesOneSpaceInTheLastCellOfTheFirstRow) {
 }
 
 TEST(TFileCsv, DoAll) {
-  struct { TCsvAllModes Modes; const char16_t* Expected; } cases[] = {
-      {{}, u"a\r\nb|  c/d/|/e|f|g\n"}, {{camTrim}, u"a\r\nb|c/d/|/e|f|g"}, {{camDeleteEnter}, u"a  b|  c/d/|/e|f|g "},
-      {{camUnTrim}, u"a\r\nb|  c/d   /    |   /e   |f  |g\n"}, {{camBalanceColcount}, u"a\r\nb|  c/d|/|/e|f|g\n"},
-      {{camBalanceMax}, u"a\r\nb|  c/d/|/e|f|g\n"},
-      {{camBalanceColcount, camBalanceMax}, u"a\r\nb|  c|/d||/||/e|f|g\n"},
-      {{camDeleteEmptyLines}, u"a\r\nb|  c/d/e|f|g\n"},
-      {{camTrim, camUnTrim, camDeleteEnter}, u"a  b|c  /d   /    |   /e   |f  |g "}};
+  struct {
+    TCsvAllModes Modes;
+    const char16_t* Expected;
+  } cases[] = {{{}, u"a\r\nb|  c/d/|/e|f|g\n"},
+               {{camTrim}, u"a\r\nb|c/d/|/e|f|g"},
+               {{camDeleteEnter}, u"a  b|  c/d/|/e|f|g "},
+               {{camUnTrim}, u"a\r\nb|  c/d   /    |   /e   |f  |g\n"},
+               {{camBalanceColcount}, u"a\r\nb|  c/d|/|/e|f|g\n"},
+               {{camBalanceMax}, u"a\r\nb|  c/d/|/e|f|g\n"},
+               {{camBalanceColcount, camBalanceMax}, u"a\r\nb|  c|/d||/||/e|f|g\n"},
+               {{camDeleteEmptyLines}, u"a\r\nb|  c/d/e|f|g\n"},
+               {{camTrim, camUnTrim, camDeleteEnter}, u"a  b|c  /d   /    |   /e   |f  |g "}};
   for (const auto& c : cases) {
     auto table = Make({u"\"a\r\nb\",\"  c\"", u"d", u",", u"e,f,\"g\n\""});
     table->DoAll(c.Modes);
@@ -138,8 +144,13 @@ TEST(TFileCsv, WholeTableAsText) {
   copy.SetText(u"x\r\n\r\ny");
   EXPECT_EQ(Show(copy), u"x//y");
 
-  EXPECT_EQ(table->GetAnsiCsv(), "a,\"b c\"\x1B\"\"\x1B" "d,\x1B");
-  copy.SetAnsiCsv("\x1B" "Stra\xDF" "e\x1B\x1Bz");
+  EXPECT_EQ(table->GetAnsiCsv(),
+            "a,\"b c\"\x1B\"\"\x1B"
+            "d,\x1B");
+  copy.SetAnsiCsv(
+      "\x1B"
+      "Stra\xDF"
+      "e\x1B\x1Bz");
   EXPECT_EQ(Show(copy), u"Straße/z");
   EXPECT_EQ(TFileCsv().GetAnsiCsv(), "");
 
@@ -168,16 +179,31 @@ TEST(TFileCsv, RowsThatHoldTables) {
 }
 
 TEST(TFileCsv, LinesOfFiles) {
-  struct { const char16_t* Text; char16_t Separator; } guesses[] = {
-      {u"a;b,c;d", u';'}, {u"a;b,c", u','}, {u"", u','}, {u"abc", u','}, {u"a\tb;c\x1B" u"d", 9}, {u"a\tb\tc;d", 9},
-      {u"a\x1B" u"b", 27}, {u"\"a;b;c\",d", u','}, {u"\"a;\r\nb\";c\nd,e,f", u';'}};
-  for (const auto& g : guesses) EXPECT_EQ(TFileCsv::AnalyseToParse(std::u16string_view(g.Text)), String(1, g.Separator));
+  struct {
+    const char16_t* Text;
+    char16_t Separator;
+  } guesses[] = {{u"a;b,c;d", u';'},
+                 {u"a;b,c", u','},
+                 {u"", u','},
+                 {u"abc", u','},
+                 {u"a\tb;c\x1B"
+                  u"d",
+                  9},
+                 {u"a\tb\tc;d", 9},
+                 {u"a\x1B"
+                  u"b",
+                  27},
+                 {u"\"a;b;c\",d", u','},
+                 {u"\"a;\r\nb\";c\nd,e,f", u';'}};
+  for (const auto& g : guesses)
+    EXPECT_EQ(TFileCsv::AnalyseToParse(std::u16string_view(g.Text)), String(1, g.Separator));
   TVxStringList strings;
   EXPECT_EQ(TFileCsv::AnalyseToParse(strings), u"");
   strings.Add(u"\"a;b;c\",d");
   EXPECT_EQ(TFileCsv::AnalyseToParse(strings), u";");
 
-  for (auto [text, separator, count] : {std::tuple{u"Max Meier;Bonn", u";", 3}, {u"a,,b", u"", 3}, {u"a\t\tb\t", u"\t", 2}})
+  for (auto [text, separator, count] :
+       {std::tuple{u"Max Meier;Bonn", u";", 3}, {u"a,,b", u"", 3}, {u"a\t\tb\t", u"\t", 2}})
     EXPECT_EQ(TFileCsv::ParseCommatext(text, separator)->GetCount(), count);
   TVxStringList row;
   row.AddStrings(TCells{u"a b", u"", u"c\"d", u"e;f", String(1, u'\0'), u"g,h"});

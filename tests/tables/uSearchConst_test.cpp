@@ -12,11 +12,12 @@ TEST(uSearchConst, EveryWordIsFoundByTextAndBySymbol) {
     int (*Index)(std::u16string_view) noexcept;
     String (*Text)(int), (*Symbol)(int), (*ToText)(std::u16string_view), (*ToSymbol)(std::u16string_view);
     bool (*Validate)(String&);
-  } kinds[] = {
-      {CLAUSE_TEXT, CLAUSE_SYMBOL, getClauseIndex, getClauseText, getClauseSymbol, ClauseSymbolToText,
-       ClauseTextToSymbol, ValidateClauseSymbol},
-      {DATE_TEXT, DATE_SYMBOL, getDateIndex, getDateText, getDateSymbol, SymbolToDate, DateToSymbol, ValidateDateSymbol},
-      {TIME_TEXT, TIME_SYMBOL, getTimeIndex, getTimeText, getTimeSymbol, SymbolToTime, TimeToSymbol, ValidateTimeSymbol}};
+  } kinds[] = {{CLAUSE_TEXT, CLAUSE_SYMBOL, getClauseIndex, getClauseText, getClauseSymbol, ClauseSymbolToText,
+                ClauseTextToSymbol, ValidateClauseSymbol},
+               {DATE_TEXT, DATE_SYMBOL, getDateIndex, getDateText, getDateSymbol, SymbolToDate, DateToSymbol,
+                ValidateDateSymbol},
+               {TIME_TEXT, TIME_SYMBOL, getTimeIndex, getTimeText, getTimeSymbol, SymbolToTime, TimeToSymbol,
+                ValidateTimeSymbol}};
   for (const auto& kind : kinds) {
     for (int i = -1; i <= static_cast<int>(kind.Texts.size()); ++i) {
       const size_t at = static_cast<size_t>(i) < kind.Texts.size() ? static_cast<size_t>(i) : 0;

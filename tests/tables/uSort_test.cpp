@@ -7,32 +7,66 @@ namespace {
 using namespace vx;
 
 TEST(uSort, ComparesCellsByTheirType) {
-  const struct { TVxFieldType Type; String A, B; int Expected; String Format{}; } rows[] = {
-      {vftBoolean, u"ja", u"nein", 1}, {vftBoolean, u"x", u"", 0}, {vftBoolean, u"0", u"1", -1},
-      {vftInteger, u"Rest", u"5", -5}, {vftStatus, u"12", u"3", 9}, {vftInteger, u"-2147483648", u"1", INT_MIN},
-      {vftInteger, u"2147483647", u"-1", INT_MAX}, {vftFloat, u"1,5", u"1,50", 0}, {vftFraction, u"x", u"-1", 1},
-      {vftFloat, u"0,1234567890123456789", u"0,1234567890123456788", 1}, {vftHour, u"100:00", u"99:59", 1},
-      {vftHour, u"1:30", u"-1:30", 1}, {vftCurrency, u"1.234,56", u"1234,57", -1},
-      {vftString, u"Muller", u"MÜLLER", -1}, {vftUnknown, u"a", u"A", 0}, {vftCommatext, u"a,\"b\"", u"\"a\",B", 0},
+  const struct {
+    TVxFieldType Type;
+    String A, B;
+    int Expected;
+    String Format{};
+  } rows[] = {
+      {vftBoolean, u"ja", u"nein", 1},
+      {vftBoolean, u"x", u"", 0},
+      {vftBoolean, u"0", u"1", -1},
+      {vftInteger, u"Rest", u"5", -5},
+      {vftStatus, u"12", u"3", 9},
+      {vftInteger, u"-2147483648", u"1", INT_MIN},
+      {vftInteger, u"2147483647", u"-1", INT_MAX},
+      {vftFloat, u"1,5", u"1,50", 0},
+      {vftFraction, u"x", u"-1", 1},
+      {vftFloat, u"0,1234567890123456789", u"0,1234567890123456788", 1},
+      {vftHour, u"100:00", u"99:59", 1},
+      {vftHour, u"1:30", u"-1:30", 1},
+      {vftCurrency, u"1.234,56", u"1234,57", -1},
+      {vftString, u"Muller", u"MÜLLER", -1},
+      {vftUnknown, u"a", u"A", 0},
+      {vftCommatext, u"a,\"b\"", u"\"a\",B", 0},
       {vftCommatext, u"a,b", u"a", 1},
       // dates: by year, month and day where both have points, else by what is read
-      {vftDate, u"01.02.2014", u"31.01.2014", 1}, {vftDate, u"01.02.2014 x", u"01.02.2014", 0},
-      {vftDate, u"99.99.2014", u"01.01.2015", -1}, {vftDate, u"20140201", u"01.02.2014", 0},
-      {vftDate, u"31.02.2014", u"", 0}, {vftDate, u"31.02.2014", u"01.01.2014", 1}, {vftDate, u"", u"01.01.1800", 1},
-      {vftDate, u"01.02.2014", u"02.01.2015", 1, u"mmdd"}, {vftDate, u"20140131", u"01.02.2014", -1},
-      {vftDate, u"\u0131\u0131.01.2014", u"31.01.2014", 1}, {vftDate, u"01-02-2014", u"31.12.1899", -1},
+      {vftDate, u"01.02.2014", u"31.01.2014", 1},
+      {vftDate, u"01.02.2014 x", u"01.02.2014", 0},
+      {vftDate, u"99.99.2014", u"01.01.2015", -1},
+      {vftDate, u"20140201", u"01.02.2014", 0},
+      {vftDate, u"31.02.2014", u"", 0},
+      {vftDate, u"31.02.2014", u"01.01.2014", 1},
+      {vftDate, u"", u"01.01.1800", 1},
+      {vftDate, u"01.02.2014", u"02.01.2015", 1, u"mmdd"},
+      {vftDate, u"20140131", u"01.02.2014", -1},
+      {vftDate, u"\u0131\u0131.01.2014", u"31.01.2014", 1},
+      {vftDate, u"01-02-2014", u"31.12.1899", -1},
       // times: by the first other character where colons stand at their places
-      {vftTime, u"09:30", u"10:00", -1}, {vftTime, u"9:30", u"10:00", 1}, {vftTime, u"09:30", u"09:30:15", -1},
-      {vftTime, u"09:30", u"09:30:00", 0}, {vftTime, u"", u"00:00", -1}, {vftTime, u"", u"", 0},
-      {vftTime, u"09", u"0930", -1}, {vftTime, u"0930", u"0945", -1}, {vftTime, u"09:3", u"09:30", -1},
-      {vftTime, u"09:30:15:9", u"09:30:15:1", 0}, {vftTime, u"09:30:15", u"09:30:15:1", 0},
-      {vftTime, u"09:75", u"09:75:30", 0}, {vftTime, u"0x", u"0", 1}, {vftTime, u"x", u"10", 1},
+      {vftTime, u"09:30", u"10:00", -1},
+      {vftTime, u"9:30", u"10:00", 1},
+      {vftTime, u"09:30", u"09:30:15", -1},
+      {vftTime, u"09:30", u"09:30:00", 0},
+      {vftTime, u"", u"00:00", -1},
+      {vftTime, u"", u"", 0},
+      {vftTime, u"09", u"0930", -1},
+      {vftTime, u"0930", u"0945", -1},
+      {vftTime, u"09:3", u"09:30", -1},
+      {vftTime, u"09:30:15:9", u"09:30:15:1", 0},
+      {vftTime, u"09:30:15", u"09:30:15:1", 0},
+      {vftTime, u"09:75", u"09:75:30", 0},
+      {vftTime, u"0x", u"0", 1},
+      {vftTime, u"x", u"10", 1},
       {vftTime, u"09:45", u"10:30", 1, u"nn"},
       // both
-      {vftDateTime, u"11.02.2015 09:30", u"10.02.2015 10:00", 1}, {vftDateTime, u"11.02.2015 09:30", u"11.02.2015", 1},
-      {vftDateTime, u"11.02.2015", u"12.02.2015", -1}, {vftDateTime, u"11.02.2015", u"", 0},
-      {vftDateTime, u"11.02.2015 09:30", u"11.02.2015 09:30:15", -1}, {vftDateTime, u"", u"30.12.1899 00:00", 0},
-      {vftDateTime, u"11.02.2015 09:30", u"11.02.2015x09:31", -1}, {vftDateTime, u"11.02.2015 9:30", u"11.02.2015", 1},
+      {vftDateTime, u"11.02.2015 09:30", u"10.02.2015 10:00", 1},
+      {vftDateTime, u"11.02.2015 09:30", u"11.02.2015", 1},
+      {vftDateTime, u"11.02.2015", u"12.02.2015", -1},
+      {vftDateTime, u"11.02.2015", u"", 0},
+      {vftDateTime, u"11.02.2015 09:30", u"11.02.2015 09:30:15", -1},
+      {vftDateTime, u"", u"30.12.1899 00:00", 0},
+      {vftDateTime, u"11.02.2015 09:30", u"11.02.2015x09:31", -1},
+      {vftDateTime, u"11.02.2015 9:30", u"11.02.2015", 1},
       {vftDateTime, u"20150211 0930", u"11.02.2015 09:30", 0},
       {vftDateTime, u"11.02.2015 09:30", u"12.01.2015 09:31", -1, u"dd"},
   };
@@ -116,8 +150,10 @@ using namespace std::string_view_literals;
 constexpr auto kTimes = u"|09:30|10:00|09:30:15|09:30:00|25:10|25:10:59|99:00"sv;
 constexpr auto kOddTimes = u"9:30|0930|09:75|09:75:01|09:30:15:5|x|\0|09:3\u0130"sv;
 constexpr TKind kKinds[] = {
-    {vftString, u"", u"Müller|mÜLLER|Muller|Mueller|Weiß|Weiss|Donaudampfschiff|Donaudampfschiffe|Donaudampfschïff|ab"
-     "|a\u0300b|àb|漢字|漢字ⅳ|漢字Ⅳ|\xD800|\uFB01x|fix|\0|\0\0|a\0|a\u00ADb|Ωmega|"sv, u""},
+    {vftString, u"",
+     u"Müller|mÜLLER|Muller|Mueller|Weiß|Weiss|Donaudampfschiff|Donaudampfschiffe|Donaudampfschïff|ab"
+     "|a\u0300b|àb|漢字|漢字ⅳ|漢字Ⅳ|\xD800|\uFB01x|fix|\0|\0\0|a\0|a\u00ADb|Ωmega|"sv,
+     u""},
     {vftBoolean, u"", u"1|JA|0|x|", u""},
     {vftInteger, u"", u"5|-5|2147483647|-2147483648|Rest|$10||0", u""},
     {vftFloat, u"", u"1,5|1,50|-0|0|-7|x||10", u""},
@@ -130,7 +166,8 @@ constexpr TKind kKinds[] = {
     {vftDate, u"dd/mm", u"01.02.2014|01.02.2013|31.01.2014||20140201|31.02.2015", u""},
     {vftTime, u"hhnnss", kTimes, kOddTimes},
     {vftTime, u"n'ä'h", kTimes, kOddTimes},
-    {vftDateTime, u"", u"11.02.2015 09:30|11.02.2015 09:30:15|11.02.2015 09:30:00|11.02.2015|30.12.1899"
+    {vftDateTime, u"",
+     u"11.02.2015 09:30|11.02.2015 09:30:15|11.02.2015 09:30:00|11.02.2015|30.12.1899"
      "|30.12.1899 00:00|12.01.2016|10.02.2015 23:59:59",
      u"|20150211 0930|x|29.12.1899|29.12.1899 10:00|29.12.1899 10:00:30|11.02.2015T09:30|11.02.2015 09:30:15:123"
      "|11.02.2015 25:00|31.02.2015|31.02.2015 10:00|11.02.2015 "},
@@ -188,7 +225,8 @@ TEST(OrderRows, FurtherColumnsPutEqualRowsInOrder) {
 TEST(OrderRows, ManyRows) {
   std::mt19937 random(3);
   const std::pair<TVxFieldType, std::function<String()>> makers[] = {
-      {vftString, [] { return u"immer dasselbe und lang"; }}, {vftString, [&] { return String(random() % 30, u'a'); }},
+      {vftString, [] { return u"immer dasselbe und lang"; }},
+      {vftString, [&] { return String(random() % 30, u'a'); }},
       {vftString, [&] { return String::FromUtf8(std::to_string(random() % 40000)); }},
       {vftInteger, [&] { return String::FromUtf8(std::to_string(static_cast<int>(random()))); }},
       {vftFloat, [&] { return String::FromUtf8(std::to_string(random() % 900) + "," + std::to_string(random())); }}};
@@ -208,7 +246,8 @@ TEST(OrderRowsByUnits, StandsAsAStableSortByCodeUnits) {
     TRows rows;
     for (int n = 0; n < 100; ++n) {
       String text;
-      for (size_t left = random() % 14; left > 0; --left) text += u"\0\0\0aä\uFFFF"[random() % (round % 2 == 0 ? 3 : 6)];
+      for (size_t left = random() % 14; left > 0; --left)
+        text += u"\0\0\0aä\uFFFF"[random() % (round % 2 == 0 ? 3 : 6)];
       rows.Add({text, u"x"});
     }
     ASSERT_EQ(OrderRowsByUnits(rows.Rows, 0), rows.StableSorted([](auto& a, auto& b) { return a.Get(0) < b.Get(0); }));

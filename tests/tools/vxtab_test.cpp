@@ -11,7 +11,10 @@ namespace {
 using namespace vx;
 
 namespace fs = std::filesystem;
-struct TResult { int Status; std::string Out, Err; };
+struct TResult {
+  int Status;
+  std::string Out, Err;
+};
 
 class VxtabTest : public testing::Test {
  protected:
@@ -56,7 +59,10 @@ std::string Bytes(std::u16string_view Text, bool LittleEndFirst) {
 }
 
 TEST_F(VxtabTest, ForeignReadingFollowsOnlySeparatorsLineEndsAndQuotes) {
-  const struct { const char* Name; std::string Bytes, Dump; } kCases[] = {
+  const struct {
+    const char* Name;
+    std::string Bytes, Dump;
+  } kCases[] = {
       {"blanks stay", "a b, c ,\td\n", R"(["a b", " c ", "\td"])"},
       {"empty cells and lines", ",\r\n\r\na,,\n\n", "[\"\", \"\"]\n[]\n[\"a\", \"\", \"\"]\n[]"},
       {"all line ends", "a,1\rb,2\r\nc,3\nd,4", "[\"a\", \"1\"]\n[\"b\", \"2\"]\n[\"c\", \"3\"]\n[\"d\", \"4\"]"},
@@ -66,8 +72,10 @@ TEST_F(VxtabTest, ForeignReadingFollowsOnlySeparatorsLineEndsAndQuotes) {
       {"text behind a closing quote", "\"a\"b\"c\",d\n", R"(["ab\"c\"", "d"])"},
       {"quote inside a cell", "5\" pipe, \"x\",y\n", R"(["5\" pipe", " \"x\"", "y"])"},
       {"quote never closed", "a,\"b\nc,d\n", R"(["a", "b\nc,d\n"])"},
-      {"quote never closed, pair at the end", "a,\"b\"\"", R"(["a", "b\""])"}, {"one quote", "a,\"", R"(["a", ""])"},
-      {"UTF-8", "Ä,\xF0\x9F\x98\x80\n", R"(["Ä", "😀"])"}, {"UTF-8 with a mark", "\xEF\xBB\xBFx,y\n", R"(["x", "y"])"},
+      {"quote never closed, pair at the end", "a,\"b\"\"", R"(["a", "b\""])"},
+      {"one quote", "a,\"", R"(["a", ""])"},
+      {"UTF-8", "Ä,\xF0\x9F\x98\x80\n", R"(["Ä", "😀"])"},
+      {"UTF-8 with a mark", "\xEF\xBB\xBFx,y\n", R"(["x", "y"])"},
       {"UTF-16 with a mark", "\xFF\xFE" + Bytes(u"Ł,b\r\n", true), R"(["Ł", "b"])"},
       {"UTF-16, big end first", "\xFE\xFF" + Bytes(u"Ł,b\n", false), R"(["Ł", "b"])"},
       {"UTF-16 without a mark", Bytes(u"abc,ä\n", true), R"(["abc", "ä"])"},
@@ -86,24 +94,31 @@ TEST_F(VxtabTest, ForeignReadingFollowsOnlySeparatorsLineEndsAndQuotes) {
 }
 
 TEST_F(VxtabTest, ForeignSeparatorIsTheOneThatCutsMostLinesAlike) {
-  const struct { const char* Name; const char16_t* Text; char16_t Separator; } kCases[] = {
-      {"title without separators", u"Tabelle\nStand 1, 2, 3\na;b\nc;d\ne;f\n", u';'},
-      {"decimal commas", u"1,5;2,5\n3,5;4,5\n", u';'}, {"in quotes", u"\"a;b\",c\n\"d;e\",f\n", u','},
-      {"tab before comma", u"a,b\tc,d\n", u'\t'}, {"esc", u"x\x1By\n", u'\x1B'}};
+  const struct {
+    const char* Name;
+    const char16_t* Text;
+    char16_t Separator;
+  } kCases[] = {{"title without separators", u"Tabelle\nStand 1, 2, 3\na;b\nc;d\ne;f\n", u';'},
+                {"decimal commas", u"1,5;2,5\n3,5;4,5\n", u';'},
+                {"in quotes", u"\"a;b\",c\n\"d;e\",f\n", u','},
+                {"tab before comma", u"a,b\tc,d\n", u'\t'},
+                {"esc", u"x\x1By\n", u'\x1B'}};
   for (const auto& test : kCases) EXPECT_EQ(vxtab::GuessSeparator(test.Text), test.Separator) << test.Name;
 }
 
 TEST_F(VxtabTest, ConvertedForeignTablesReadBackOrTheNoteSaysWhere) {
-  const struct { const char* Name; std::string Bytes, Extension, Note; } kCases[] = {
-      {"blanks, quotes, breaks as .csv", "Max Meier,\"a \"\"b\"\"\r\nc\",,\n,\"x,y;z\",ß,€\n", ".csv", ""},
-      {"the same as .txt", "Max;Meier;\"a \"\"b\"\"\r\nc\";;\n;\"x,y;z\";ß;€\n", ".txt", ""},
-      {"as .vxt", "Max Meier,b c\nä,ö\n", ".vxt", ""},
-      {"empty cell", "a,b\na,,c\n", ".tab", "column 1 of row 1 is 'c' instead of ''"},
-      {"empty row", "a,b\n\"\"\n", ".txt", "row 1 has 0 cells instead of 1"},
-      {"outside the code page", "a,Łódź\n", ".csv", "column 1 of row 0 is '?ód?' instead of 'Łódź'"},
-      {"no separator in the first line", "Titel\na,b\n", ".txt", "column 0 of row 1 is 'a;b' instead of 'a'"},
-      {"no extension", "a b,c\n", "", "column 0 of row 0 is 'a' instead of 'a b'"},
-      {"a cell with code unit 0", std::string("a,b\0c\n", 6), ".csv", "column 1 of row 0 is 'b"}};
+  const struct {
+    const char* Name;
+    std::string Bytes, Extension, Note;
+  } kCases[] = {{"blanks, quotes, breaks as .csv", "Max Meier,\"a \"\"b\"\"\r\nc\",,\n,\"x,y;z\",ß,€\n", ".csv", ""},
+                {"the same as .txt", "Max;Meier;\"a \"\"b\"\"\r\nc\";;\n;\"x,y;z\";ß;€\n", ".txt", ""},
+                {"as .vxt", "Max Meier,b c\nä,ö\n", ".vxt", ""},
+                {"empty cell", "a,b\na,,c\n", ".tab", "column 1 of row 1 is 'c' instead of ''"},
+                {"empty row", "a,b\n\"\"\n", ".txt", "row 1 has 0 cells instead of 1"},
+                {"outside the code page", "a,Łódź\n", ".csv", "column 1 of row 0 is '?ód?' instead of 'Łódź'"},
+                {"no separator in the first line", "Titel\na,b\n", ".txt", "column 0 of row 1 is 'a;b' instead of 'a'"},
+                {"no extension", "a b,c\n", "", "column 0 of row 0 is 'a' instead of 'a b'"},
+                {"a cell with code unit 0", std::string("a,b\0c\n", 6), ".csv", "column 1 of row 0 is 'b"}};
   for (const auto& test : kCases) {
     SCOPED_TRACE(test.Name);
     Put("in", test.Bytes);
@@ -120,7 +135,11 @@ TEST_F(VxtabTest, FailuresTellWhatAndWhereAndWriteNothing) {
   Put("in.csv", "a,b\r\nc,d\r\n"), Put("old.csv", "old"), Put("fixed.csv", "fixed");
   fs::permissions(Native("fixed.csv"), fs::perms::owner_read);
   fs::create_directory(Native("dir.csv"));
-  const struct { std::string Line; int Status; std::string Err; } kCases[] = {
+  const struct {
+    std::string Line;
+    int Status;
+    std::string Err;
+  } kCases[] = {
       {"info @none.csv", 1, "ist nicht vorhanden,\nkann also nicht geladen werden.\n"},
       {"info @dir.csv", 1, "dir.csv: is a directory"},
       {"convert @none.csv @new.xls", 1, "new.xls: unknown extension '.xls'; known are .csv"},
@@ -197,14 +216,16 @@ TEST_F(VxtabTest, SavesThroughLinks) {
 }
 
 TEST_F(VxtabTest, InfoNamesSixValuesAndSaysWhenAFileLooksForeign) {
-  const struct { const char* Name; std::string Bytes, Out, Hint; } kCases[] = {
-      {"own", "a;\"b c\"\r\n\r\nd;\"\xFC\";\r\n",
-       "separator: semicolon\nrows: 3\ncolumns: 0..3\nbytes: 19\ncells: 5\nlongest cell: 3\n", ""},
-      {"empty", "", "separator: comma\nrows: 0\ncolumns: 0..0\nbytes: 0\ncells: 0\nlongest cell: 0\n", ""},
-      {"blanks", "a,b\n\nc d,e\n", "rows: 2", "row 1 would have 2 cells instead of 3"},
-      {"last line of one character", "a,b\r\nc", "rows: 1", "it would have more rows than the 1 read now"},
-      {"UTF-8", "\xC3\x84,b\n", "rows: 1", "it looks like UTF-8\n"},
-      {"UTF-16", Bytes(u"abc\tdef\n", true), "separator: tab", "UTF-16, little end first"}};
+  const struct {
+    const char* Name;
+    std::string Bytes, Out, Hint;
+  } kCases[] = {{"own", "a;\"b c\"\r\n\r\nd;\"\xFC\";\r\n",
+                 "separator: semicolon\nrows: 3\ncolumns: 0..3\nbytes: 19\ncells: 5\nlongest cell: 3\n", ""},
+                {"empty", "", "separator: comma\nrows: 0\ncolumns: 0..0\nbytes: 0\ncells: 0\nlongest cell: 0\n", ""},
+                {"blanks", "a,b\n\nc d,e\n", "rows: 2", "row 1 would have 2 cells instead of 3"},
+                {"last line of one character", "a,b\r\nc", "rows: 1", "it would have more rows than the 1 read now"},
+                {"UTF-8", "\xC3\x84,b\n", "rows: 1", "it looks like UTF-8\n"},
+                {"UTF-16", Bytes(u"abc\tdef\n", true), "separator: tab", "UTF-16, little end first"}};
   for (const auto& test : kCases) {
     SCOPED_TRACE(test.Name);
     Put("f.csv", test.Bytes);
@@ -220,7 +241,8 @@ TEST_F(VxtabTest, InfoNamesSixValuesAndSaysWhenAFileLooksForeign) {
 
 TEST_F(VxtabTest, ShowAlignsByWhatIsSeenAndKeepsToTheWidth) {
   Put("t.csv", "日本,a\xCC\x88,\"x\ny\"\nb,\xE2\x80\xAE,\n1,2,3,4\n");
-  EXPECT_EQ(Out("show --foreign @t.csv"), "  | 0    | 1      | 2   | 3\n--+------+--------+-----+--\n"
+  EXPECT_EQ(Out("show --foreign @t.csv"),
+            "  | 0    | 1      | 2   | 3\n--+------+--------+-----+--\n"
             "0 | 日本 | a\xCC\x88      | x␊y\n1 | b    | ‹202E› | \n2 | 1    | 2      | 3   | 4\n");
   EXPECT_EQ(Out("show --foreign @t.csv --cols 3,0 --from 1 --rows 1"),
             "  | 3 | 0\n--+---+--\n1 |   | b\n(1 of 3 rows, 2 of 2 columns)\n");
@@ -236,8 +258,12 @@ TEST_F(VxtabTest, ShowAlignsByWhatIsSeenAndKeepsToTheWidth) {
 
 TEST_F(VxtabTest, VisibleTextIsCutByColumns) {
   int width;
-  struct { String Text; int Limit; const char* Seen; int Width; } cases[] = {
-      {u"abcdef", 6, "abcdef", 6}, {u"日本語", 4, "日…", 3}, {u"a\x1B\x7F\x85", 20, "a␛␡‹85›", 7}};
+  struct {
+    String Text;
+    int Limit;
+    const char* Seen;
+    int Width;
+  } cases[] = {{u"abcdef", 6, "abcdef", 6}, {u"日本語", 4, "日…", 3}, {u"a\x1B\x7F\x85", 20, "a␛␡‹85›", 7}};
   for (const auto& c : cases) EXPECT_TRUE(vxtab::VisibleText(c.Text, c.Limit, width) == c.Seen && width == c.Width);
   EXPECT_LT(vxtab::VisibleText(String(100000, u'\u0301'), 40, width).size(), 100u);
 }
@@ -258,8 +284,9 @@ TEST_F(VxtabTest, ChangesTables) {
 TEST_F(VxtabTest, TypesAndSumsOfColumns) {
   Put("t.txt", "Was;Betrag;Dauer\r\na;1234,5;12:00\r\nb;-4,25;24:30\r\nSumme;;\r\n");
   std::string info = Out("info --types @t.txt");
-  EXPECT_EQ(info.substr(info.find("column 0")), "column 0: vftString 4\ncolumn 1: vftFloat 2, vftUnknown 1, vftString 1\n"
-                                                "column 2: vftUnknown 1, vftString 1, vftTime 1, vftHour 1\n");
+  EXPECT_EQ(info.substr(info.find("column 0")),
+            "column 0: vftString 4\ncolumn 1: vftFloat 2, vftUnknown 1, vftString 1\n"
+            "column 2: vftUnknown 1, vftString 1, vftTime 1, vftHour 1\n");
   for (const std::string type : {"vftCurrency", "VFTCURRENCY", "currency", "währung", "13"})
     EXPECT_EQ(Out("sum @t.txt --col 1 --type " + type), "1230,25\n");
   EXPECT_EQ(Out("sum @t.txt --col=2 --type=hour --from=2 --to=3"), "24:30\n");
@@ -273,9 +300,14 @@ TEST_F(VxtabTest, SortKeepsTheHeadAndEveryRow) {
   std::string bytes = "Id,Zeit,Datum,Name,Betrag\r\n";
   for (const char* row : kRows) bytes += std::string(row) + "\r\n";
   Put("t.csv", bytes);
-  const std::pair<std::string, std::string> kCases[] = {  // the order of kRows
-      {"id", "14023"}, {"Name", "31204"}, {"Datum --type vftDate", "23410"}, {"Datum --type Datum --desc", "01423"},
-      {"Datum --type date --format mmdd --stable-with Id", "40231"}, {"Betrag --type währung --desc", "40231"},
+  const std::pair<std::string, std::string> kCases[] = {
+      // the order of kRows
+      {"id", "14023"},
+      {"Name", "31204"},
+      {"Datum --type vftDate", "23410"},
+      {"Datum --type Datum --desc", "01423"},
+      {"Datum --type date --format mmdd --stable-with Id", "40231"},
+      {"Betrag --type währung --desc", "40231"},
       {"Betrag --type Integer --stable-with=Name --stable-with Id", "13240"}};
   for (const auto& [options, order] : kCases) {
     std::string expected = bytes.substr(0, bytes.find('\n') + 1);
@@ -292,14 +324,18 @@ TEST_F(VxtabTest, SortKeepsTheHeadAndEveryRow) {
 
 TEST_F(VxtabTest, SelectsByEightClausesInSymbolsAndTexts) {
   Put("t.txt", "0;Ort;Von\r\n1;K\xF6ln;09.03.2026\r\n2;BONN;10.02.2026\r\n3;Bonn;\r\n4;\"Region K\xD6LN\"\r\n");
-  const struct { std::string Name, Symbol, Text, Value, Type, Rows; } kCases[] = {
-      {"ort", "v", "enthält", "KÖLN", "Text", "014"}, {"Ort", "#", "enthält~nicht", "o", "Text", "01"},
-      {"Ort", "v", "Enthält", "", "Text", "01234"}, {"Ort", "=", "gleich~=", "bonn", "Text", "023"},
-      {"Ort", "<>", "ungleich~<>", "bonn", "Text", "014"}, {"Von", "=", "gleich~=", "", "Text", "034"},
-      {"Von", "<", "kleiner~<", "09.03.2026", "Datum", "0234"},
-      {"Von", "<=", "kleiner~gleich~<=", "20260309", "vftDate", "01234"},
-      {"Von", ">", "größer~>", "28.02.2026", "date", "01"},
-      {"Von", ">=", "GRÖßER~GLEICH~>=", "10.02.2026", "6", "012"}};
+  const struct {
+    std::string Name, Symbol, Text, Value, Type, Rows;
+  } kCases[] = {{"ort", "v", "enthält", "KÖLN", "Text", "014"},
+                {"Ort", "#", "enthält~nicht", "o", "Text", "01"},
+                {"Ort", "v", "Enthält", "", "Text", "01234"},
+                {"Ort", "=", "gleich~=", "bonn", "Text", "023"},
+                {"Ort", "<>", "ungleich~<>", "bonn", "Text", "014"},
+                {"Von", "=", "gleich~=", "", "Text", "034"},
+                {"Von", "<", "kleiner~<", "09.03.2026", "Datum", "0234"},
+                {"Von", "<=", "kleiner~gleich~<=", "20260309", "vftDate", "01234"},
+                {"Von", ">", "größer~>", "28.02.2026", "date", "01"},
+                {"Von", ">=", "GRÖßER~GLEICH~>=", "10.02.2026", "6", "012"}};
   for (const auto& test : kCases) {
     for (const std::string& clause : {test.Symbol, test.Text}) {
       Out("select @t.txt @out.txt --where " + test.Name + " " + clause + " " + test.Value + " --type " + test.Type);

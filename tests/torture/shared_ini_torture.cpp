@@ -43,8 +43,9 @@ namespace {
 using TCount = std::atomic<uint64_t>;
 using TContent = std::map<std::string, std::string>;  // "Section|key" and its value, "Section|" for a section
 enum { Done, Acknowledged, Lost, Damaged, Litter, Kills, Full, LogLines, Broken, Reads, Again, kTotals };
-const char* const kTotalNames[] = {"stores done", "acknowledged", "lost", "damaged", "litter", "kills", "disk-full",
-                                   "log-lines", "broken-lines", "contents read", "stores tried again"};
+const char* const kTotalNames[] = {
+    "stores done", "acknowledged", "lost",          "damaged",           "litter", "kills", "disk-full",
+    "log-lines",   "broken-lines", "contents read", "stores tried again"};
 constexpr int kWriters = 8, kSlots = 7, kCommon = 2, kLines = 1 << 17;
 // The keys, and sections behind theirs, that each writer has to itself; "#" is its number.
 const char* const kNames[kSlots] = {"Alle|a#", "Alle|b#", "Alle|c#", "Fach#|x", "Fach#|", "Lade#|x", "Lade#|"};
@@ -57,8 +58,8 @@ struct TSlot {
 struct TRound {
   TCount Ticket, Stop, LinesBegun[2];
   TSlot Slots[kWriters][kSlots];
-  TCount Common[kWriters][kCommon];  // of each writer the last acknowledged ticket, and its end in the lower half
-  TCount Newest[kCommon];            // the last acknowledged ticket of all
+  TCount Common[kWriters][kCommon];       // of each writer the last acknowledged ticket, and its end in the lower half
+  TCount Newest[kCommon];                 // the last acknowledged ticket of all
   std::atomic<uint8_t> Lines[2][kLines];  // 1 if acknowledged
 };
 
