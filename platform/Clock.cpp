@@ -1,13 +1,12 @@
 #include "platform/Clock.h"
 
-#include <time.h>
-
 #include <atomic>
-#include <cerrno>
 #include <cmath>
 #include <cstddef>
 #include <new>
 #include <thread>
+
+#include "platform/os/Time.h"
 
 namespace vx {
 
@@ -33,48 +32,41 @@ T& Immortal() noexcept {
 class TSystemClock final : public TClock {
  public:
   TDateTime UtcNow() override {
-    timespec now{};
-    clock_gettime(CLOCK_REALTIME, &now);
+    const os::TMoment now = os::UtcNow();
     // One rounding only: a date-time of our days has steps of 0.6 microseconds.
-    long double seconds = static_cast<long double>(now.tv_sec) + static_cast<long double>(now.tv_nsec) / 1e9L;
+    long double seconds = static_cast<long double>(now.Seconds) + static_cast<long double>(now.Nanoseconds) / 1e9L;
     return static_cast<double>(static_cast<long double>(kUnixEpoch) + seconds / 86400.0L);
   }
 
-  int64_t Ticks() override {
-    timespec now{};
-    clock_gettime(CLOCK_MONOTONIC, &now);
-    return int64_t{now.tv_sec} * 1000 + now.tv_nsec / 1000000;
-  }
+  int64_t Ticks() override { return os::Ticks(); }
 
   void Sleep(int Milliseconds) override {
     if (Milliseconds <= 0) {
       std::this_thread::yield();
       return;
     }
-    timespec rest{Milliseconds / 1000, Milliseconds % 1000 * 1000000L};
-    while (nanosleep(&rest, &rest) != 0 && errno == EINTR) {
-    }
+    os::Sleep(Milliseconds);
   }
 };
 
 class TSystemTimeZone final : public TTimeZone {
  public:
-  TSystemTimeZone() noexcept { tzset(); }
+  TSystemTimeZone() noexcept { os::LoadZone(); }
 
   int OffsetAtUtc(TDateTime Utc) override {
     if (!(Utc >= kFirstDay && Utc < kEndDay)) return 0;
     // To the millisecond first: 01:00 as a fraction of a day may lie a little below 01:00.
     double milliseconds = std::round((Utc - kUnixEpoch) * kMsPerDay);
-    auto seconds = static_cast<time_t>(std::floor(milliseconds / 1000.0));
+    auto seconds = static_cast<int64_t>(std::floor(milliseconds / 1000.0));
     // Mostly the same second is asked for again and again.
     if (const int64_t last = FLast.load(std::memory_order_relaxed); last >> kOffsetBits == seconds) {
       return static_cast<int>(last & ((1 << kOffsetBits) - 1)) - kOffsetBias;
     }
-    tm local{};
-    if (localtime_r(&seconds, &local) == nullptr) return 0;
+    int64_t exact = 0;
+    if (!os::ZoneOffset(seconds, exact)) return 0;
     // Zones of the time before standard time are no whole minutes off.
-    const int offset = static_cast<int>(std::lround(static_cast<double>(local.tm_gmtoff) / 60.0));
-    FLast.store(int64_t{seconds} << kOffsetBits | (offset + kOffsetBias), std::memory_order_relaxed);
+    const int offset = static_cast<int>(std::lround(static_cast<double>(exact) / 60.0));
+    FLast.store(seconds << kOffsetBits | (offset + kOffsetBias), std::memory_order_relaxed);
     return offset;
   }
 

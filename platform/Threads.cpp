@@ -1,10 +1,6 @@
 #include "platform/Threads.h"
 
-#include <sys/resource.h>
-#include <sys/syscall.h>
-#include <time.h>
-#include <unistd.h>
-
+#include <algorithm>
 #include <cassert>
 #include <chrono>
 #include <system_error>
@@ -13,6 +9,8 @@
 #include "platform/Clock.h"
 #include "platform/MainThread.h"
 #include "platform/System.h"
+#include "platform/os/Threads.h"
+#include "platform/os/Time.h"
 
 namespace vx {
 
@@ -34,18 +32,12 @@ const void* Self() noexcept {
   return &place;
 }
 
-int NiceOf(TThreadPriority Priority) noexcept {
-  static constexpr int kNice[] = {19, 10, 5, 0, -5, -10, -20};
-  return kNice[Priority];
-}
-
 }  // namespace
 
 int GetLogicalCpuCount() noexcept {
   const int set = SetCpuCount;
   if (set > 0) return set;
-  const long count = sysconf(_SC_NPROCESSORS_ONLN);
-  return count > 0 ? static_cast<int>(count) : 1;
+  return std::max(os::ProcessorCount(), 1);
 }
 
 int SetLogicalCpuCount(int Value) noexcept { return SetCpuCount.exchange(Value > 0 ? Value : 0); }
@@ -120,7 +112,7 @@ struct TThread::TState {
   std::condition_variable_any Ended;
   std::atomic<bool> IsStarted{false};
   std::atomic<bool> IsFinished{false};
-  id_t Id = 0;  // the system's number of the running thread
+  os::TThreadId Id = 0;  // of the running thread; else 0
 };
 
 TThread::TKeep::TKeep(const TThread& Thread) : FState(Thread.FState) { FState->Mutex.lock(); }
@@ -187,7 +179,7 @@ void TThread::Run(TThread* Self, const std::shared_ptr<TState>& State) noexcept 
   {
     std::lock_guard lock(State->Mutex);
     Current = Self;
-    State->Id = static_cast<id_t>(syscall(SYS_gettid));
+    State->Id = os::CurrentThreadId();
     if (Self->FPriority != tpNormal) Self->ApplyPriority();
   }
   try {
@@ -218,7 +210,7 @@ void TThread::SetPriority(TThreadPriority Value) noexcept {
 }
 
 void TThread::ApplyPriority() noexcept {
-  if (FState->Id != 0) (void)setpriority(PRIO_PROCESS, FState->Id, NiceOf(FPriority));
+  if (FState->Id != 0) os::SetPriority(FState->Id, FPriority);
 }
 
 bool TThread::Synchronize(FunctionRef<void()> Method) {
@@ -232,9 +224,7 @@ TLazyTicks::TLazyTicks() noexcept : FIsSystem(&GetClock() == &SystemClock()) {}
 
 int64_t TLazyTicks::Read() noexcept {
   if (!FIsSystem) return GetTickCount();
-  timespec now{};
-  clock_gettime(CLOCK_MONOTONIC_COARSE, &now);
-  const int64_t coarse = int64_t{now.tv_sec} * 1000000000 + now.tv_nsec;
+  const int64_t coarse = os::CoarseTicks();
   if (coarse != FCoarse) {
     FCoarse = coarse;
     FTicks = GetTickCount();
