@@ -3,8 +3,8 @@
 #include <system_error>
 
 #include "platform/System.h"
-#include "platform/SystemInternal.h"
 #include "platform/Text.h"
+#include "platform/os/SystemFiles.h"
 
 namespace vx {
 
@@ -29,7 +29,7 @@ uint32_t Short(std::string_view Bytes, size_t At) { return Number(Bytes, At, 2);
 uint32_t Long(std::string_view Bytes, size_t At) { return Number(Bytes, At, 4); }
 
 // Count bytes from Offset on; empty if the file has not as many.
-std::string ReadPart(const system::TSource& Source, uint64_t Offset, size_t Count) {
+std::string ReadPart(const os::TSource& Source, uint64_t Offset, size_t Count) {
   std::string result(Count, '\0');
   if (!Source.ReadAt(Offset, result.data(), Count)) result.clear();
   return result;
@@ -66,7 +66,7 @@ bool NamesFamily(std::string_view Table, std::u16string_view Family) {
 }
 
 // Whether the font that begins at Offset has TrueType outlines and is of Family.
-bool IsFontOf(const system::TSource& Source, uint64_t Offset, std::u16string_view Family) {
+bool IsFontOf(const os::TSource& Source, uint64_t Offset, std::u16string_view Family) {
   constexpr size_t kHeader = 12, kRecord = 16, kNameLimit = size_t{1} << 20;
   const std::string header = ReadPart(Source, Offset, kHeader);
   if (header.empty() || (Long(header, 0) != kTrueType && Long(header, 0) != Tag("true"))) return false;
@@ -82,7 +82,7 @@ bool IsFontOf(const system::TSource& Source, uint64_t Offset, std::u16string_vie
 // The same for a file, which may hold several fonts.
 bool IsFontFileOf(const std::string& Path, std::u16string_view Family) {
   constexpr size_t kHeader = 12, kMostFonts = 256;
-  const system::TSource source(Path);
+  const os::TSource source(Path);
   const std::string header = ReadPart(source, 0, kHeader);
   if (header.empty()) return false;
   if (Long(header, 0) != Tag("ttcf")) return IsFontOf(source, 0, Family);
@@ -109,14 +109,8 @@ bool HasFontIn(const std::string& Directory, std::u16string_view Family) {
 
 bool HasTrueTypeFont(std::u16string_view Family) {
   if (Family.empty()) return false;
-  for (std::string_view directory : {"/.fonts", "/.local/share/fonts"}) {
-    const std::string path = system::InHome(directory);
-    if (!path.empty() && HasFontIn(system::Rooted(path), Family)) return true;
-  }
-  for (std::string_view directory : {"/usr/local/share/fonts", "/usr/share/fonts"}) {
-    if (HasFontIn(system::Rooted(directory), Family)) return true;
-  }
-  return false;
+  const std::vector<std::string> directories = os::FontDirectories();
+  return std::ranges::any_of(directories, [&](const std::string& path) { return HasFontIn(path, Family); });
 }
 
 }  // namespace vx

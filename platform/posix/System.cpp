@@ -12,12 +12,12 @@
 #include <utility>
 #include <vector>
 
-#include "platform/SystemInternal.h"
 #include "platform/Text.h"
+#include "platform/os/SystemFiles.h"
 
 namespace vx {
 
-namespace system {
+namespace os {
 
 namespace {
 
@@ -69,16 +69,20 @@ std::string InHome(std::string_view Path) {
 TSource::TSource(const std::string& Path)
     : FHandle(::open(Path.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK | O_NOCTTY)) {
   struct stat info;
-  if (FHandle.Get() >= 0 && (::fstat(FHandle.Get(), &info) != 0 || !S_ISREG(info.st_mode))) {
-    FHandle = files::THandle();
-  }
+  if (FHandle < 0 || (::fstat(FHandle, &info) == 0 && S_ISREG(info.st_mode))) return;
+  ::close(FHandle);
+  FHandle = -1;
+}
+
+TSource::~TSource() {
+  if (FHandle >= 0) ::close(FHandle);
 }
 
 bool TSource::ReadAt(uint64_t Offset, void* Buffer, size_t Count) const {
   auto* target = static_cast<char*>(Buffer);
   while (Count > 0) {
     if (Offset > INT64_MAX - Count) return false;
-    const ssize_t got = ::pread(FHandle.Get(), target, Count, static_cast<off_t>(Offset));
+    const ssize_t got = ::pread(FHandle, target, Count, static_cast<off_t>(Offset));
     if (got < 0 && errno == EINTR) continue;
     if (got <= 0) return false;
     target += got;
@@ -96,7 +100,7 @@ std::string TSource::ReadAll() const {
     result.resize(size + kPiece);
     ssize_t got = 0;
     do {
-      got = ::pread(FHandle.Get(), result.data() + size, kPiece, static_cast<off_t>(size));
+      got = ::pread(FHandle, result.data() + size, kPiece, static_cast<off_t>(size));
     } while (got < 0 && errno == EINTR);
     result.resize(size + static_cast<size_t>(got > 0 ? got : 0));
     if (got <= 0) return result;
@@ -105,6 +109,20 @@ std::string TSource::ReadAll() const {
 }
 
 std::string ReadText(std::string_view Path) { return TSource(Rooted(Path)).ReadAll(); }
+
+bool IsProgram(const std::string& Path) {
+  struct stat info;
+  return ::stat(Path.c_str(), &info) == 0 && S_ISREG(info.st_mode) && ::access(Path.c_str(), X_OK) == 0;
+}
+
+std::vector<std::string> FontDirectories() {
+  std::vector<std::string> result;
+  for (std::string_view directory : {"/.fonts", "/.local/share/fonts"}) {
+    if (const std::string path = InHome(directory); !path.empty()) result.push_back(Rooted(path));
+  }
+  for (std::string_view directory : {"/usr/local/share/fonts", "/usr/share/fonts"}) result.push_back(Rooted(directory));
+  return result;
+}
 
 std::string_view TakePart(std::string_view& Text, char Separator) {
   const size_t end = Text.find(Separator);
@@ -120,9 +138,9 @@ int64_t NumberIn(std::string_view Text, int64_t Default) {
   return error == std::errc() ? number : Default;
 }
 
-}  // namespace system
+}  // namespace os
 
-TSystemRoots SetSystemRoots(TSystemRoots Roots) { return std::exchange(system::Roots(), std::move(Roots)); }
+TSystemRoots SetSystemRoots(TSystemRoots Roots) { return std::exchange(os::Roots(), std::move(Roots)); }
 
 String SystemErrorText(int Error) {
   const char* text = ::strerrordesc_np(Error);
@@ -130,31 +148,31 @@ String SystemErrorText(int Error) {
 }
 
 String SystemName() {
-  std::string name = system::ReadText("/proc/sys/kernel/ostype") + system::ReadText("/proc/sys/kernel/osrelease");
+  std::string name = os::ReadText("/proc/sys/kernel/ostype") + os::ReadText("/proc/sys/kernel/osrelease");
   std::replace(name.begin(), name.end(), '\n', ' ');
   return Trim(String::FromUtf8(name));
 }
 
 String LoginName() {
-  return String::FromUtf8(system::FromUserEntry([](const passwd& Entry) { return Entry.pw_name; }));
+  return String::FromUtf8(os::FromUserEntry([](const passwd& Entry) { return Entry.pw_name; }));
 }
 
 bool IsRemoteLogin() {
-  const int64_t session = system::NumberIn(system::ReadText("/proc/self/sessionid"), -1);
+  const int64_t session = os::NumberIn(os::ReadText("/proc/self/sessionid"), -1);
   if (session < 0 || session >= UINT32_MAX) return false;
-  const std::string state = system::ReadText("/run/systemd/sessions/" + std::to_string(session));
+  const std::string state = os::ReadText("/run/systemd/sessions/" + std::to_string(session));
   for (std::string_view rest = state; !rest.empty();) {
-    if (system::TakePart(rest, '\n') == "REMOTE=1") return true;
+    if (os::TakePart(rest, '\n') == "REMOTE=1") return true;
   }
   return false;
 }
 
-int64_t ResidentBytes() { return system::MemoryBytes("VmRSS"); }
+int64_t ResidentBytes() { return os::MemoryBytes("VmRSS"); }
 
-int64_t PeakResidentBytes() { return system::MemoryBytes("VmHWM"); }
+int64_t PeakResidentBytes() { return os::MemoryBytes("VmHWM"); }
 
 int ScreenDepth() {
-  const int64_t bits = system::NumberIn(system::ReadText("/sys/class/graphics/fb0/bits_per_pixel"), 0);
+  const int64_t bits = os::NumberIn(os::ReadText("/sys/class/graphics/fb0/bits_per_pixel"), 0);
   return bits > 0 && bits <= INT32_MAX ? static_cast<int>(bits) : 0;
 }
 

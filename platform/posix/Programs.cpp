@@ -1,24 +1,23 @@
-#include <sys/stat.h>
-#include <unistd.h>
-
 #include <algorithm>
+#include <cstdlib>
 #include <tuple>
 #include <vector>
 
 #include "platform/Paths.h"
+#include "platform/Processes.h"
 #include "platform/System.h"
-#include "platform/SystemInternal.h"
+#include "platform/os/SystemFiles.h"
 
 namespace vx {
 
 namespace {
 
-using system::TakePart;
+using os::TakePart;
 
 // The directory of the user and those of the system, the former first.
 std::vector<std::string> DataDirectories(std::string_view Path) {
   std::vector<std::string> result;
-  if (std::string home = system::InHome("/.local/share"); !home.empty()) result.push_back(home);
+  if (std::string home = os::InHome("/.local/share"); !home.empty()) result.push_back(home);
   result.insert(result.end(), {"/usr/local/share", "/usr/share"});
   for (std::string& directory : result) directory += Path;
   return result;
@@ -51,10 +50,10 @@ std::string TypeOfName(std::string_view Name) {
   std::string type;
   TFit best{-1, 0, false};
   for (const std::string& path : DataDirectories("/mime/globs2")) {
-    const std::string rules = system::ReadText(path);
+    const std::string rules = os::ReadText(path);
     for (std::string_view rest = rules; !rest.empty();) {
       std::string_view line = TakePart(rest, '\n');
-      const int64_t weight = system::NumberIn(TakePart(line, ':'), -1);
+      const int64_t weight = os::NumberIn(TakePart(line, ':'), -1);
       const std::string_view ruleType = TakePart(line, ':'), glob = TakePart(line, ':');
       bool exact = false;
       if (weight < 0 || !FitsGlob(Name, glob, TakePart(line, ':') == "cs", exact)) continue;
@@ -85,11 +84,7 @@ std::string_view ValueIn(std::string_view Text, std::string_view Section, std::s
   return {};
 }
 
-bool IsProgram(const std::string& Path) {
-  const std::string path = system::Rooted(Path);
-  struct stat info;
-  return ::stat(path.c_str(), &info) == 0 && S_ISREG(info.st_mode) && ::access(path.c_str(), X_OK) == 0;
-}
+bool IsProgram(const std::string& Path) { return os::IsProgram(os::Rooted(Path)); }
 
 // The first argument of a command line; it may stand in double quotes, with a backslash before units
 // that are taken as they stand.
@@ -107,7 +102,7 @@ std::string FirstArgument(std::string_view Command) {
 std::string ProgramOfDesktopFile(std::string_view Id) {
   if (Id.empty() || Id.find('/') != Id.npos) return {};
   for (const std::string& directory : DataDirectories("/applications/")) {
-    const std::string text = system::ReadText(directory + std::string(Id));
+    const std::string text = os::ReadText(directory + std::string(Id));
     if (text.empty()) continue;
     if (ValueIn(text, "Desktop Entry", "Hidden") == "true") return {};
     const std::string program = FirstArgument(ValueIn(text, "Desktop Entry", "Exec"));
@@ -133,10 +128,10 @@ std::string ProgramOfList(std::string_view Ids) {
 std::string ProgramOfType(const std::string& Type) {
   std::vector<std::string> choices = DataDirectories("/applications/mimeapps.list");
   choices.insert(choices.begin(), "/etc/xdg/mimeapps.list");
-  if (std::string home = system::InHome("/.config/mimeapps.list"); !home.empty()) choices.insert(choices.begin(), home);
+  if (std::string home = os::InHome("/.config/mimeapps.list"); !home.empty()) choices.insert(choices.begin(), home);
   auto find = [&Type](const std::vector<std::string>& Paths, std::string_view Section) {
     for (const std::string& path : Paths) {
-      const std::string text = system::ReadText(path);
+      const std::string text = os::ReadText(path);
       if (std::string program = ProgramOfList(ValueIn(text, Section, Type)); !program.empty()) return program;
     }
     return std::string();
@@ -152,6 +147,19 @@ std::string ProgramOfType(const std::string& Type) {
 String ProgramOfFile(const String& File) {
   const std::string type = TypeOfName(ExtractFileName(File).ToUtf8());
   return type.empty() ? String() : String::FromUtf8(ProgramOfType(type));
+}
+
+std::string FindProgram(const std::string& Name) {
+  if (Name.empty() || Name.find_first_of(std::string_view("/\0", 2)) != Name.npos) return {};
+  const char* path = std::getenv("PATH");
+  const std::string list = path != nullptr ? path : "/usr/local/bin:/usr/bin:/bin";
+  for (size_t begin = 0; begin <= list.size();) {
+    const size_t end = std::min(list.find(':', begin), list.size());
+    std::string file = list.substr(begin, end - begin) + "/" + Name;
+    if (end > begin && os::IsProgram(file)) return file;
+    begin = end + 1;
+  }
+  return {};
 }
 
 }  // namespace vx
