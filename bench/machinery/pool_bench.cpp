@@ -7,7 +7,6 @@
 #include <boost/asio/thread_pool.hpp>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
 #include <memory>
 #include <string>
 #include <thread>
@@ -162,10 +161,11 @@ void Measure(const char* What, int Count, double Nanoseconds) {
       [&] { return Ideal(jobs, &Seconds); }, [&] { return OursFilled(jobs, &ProcessorSeconds); },
       [&] { return Ideal(jobs, &ProcessorSeconds); });
   const std::string name = std::string("machinery/pool_") + What;
-  Report(name.c_str(), times[0], "tbb_task_group", times[1], Count);
-  Report(name.c_str(), times[0], "asio_thread_pool", times[2], Count);
-  Report((name + "_settled").c_str(), times[3], "two_threads", times[4], Count);
-  Report((name + "_settled_processor").c_str(), times[5], "two_threads", times[6], Count);
+  const bool isTiny = Nanoseconds < 1000;
+  Report(name, times[0], "tbb_task_group", times[1], Count, isTiny ? TBar::AtLeast(1) : TBar());
+  Report(name, times[0], "asio_thread_pool", times[2], Count);
+  Report(name + "_settled", times[3], "two_threads", times[4], Count, isTiny ? TBar::AtLeast(1 / 1.3) : TBar());
+  Report(name + "_settled_processor", times[5], "two_threads", times[6], Count);
 }
 
 // The processor's time that a pool takes in ten seconds in which it has nothing to do, its workers stopped.

@@ -18,12 +18,6 @@
 namespace vx::bench {
 namespace {
 
-void Expect(bool IsGood, const char* What) {
-  if (IsGood) return;
-  std::printf("FAILED %s\n", What);
-  std::_Exit(1);
-}
-
 // Patients with attributes and children, as the library writes them.
 std::unique_ptr<TXmlObject> MakeTree(size_t Units) {
   auto root = std::make_unique<TXmlObject>();
@@ -80,10 +74,10 @@ void MeasureXml(const char* What, size_t Units) {
     });
   };
   const auto read = Medians(9, ours, oursBytes, tiny, pugi);
-  std::printf("read: ");
-  Report("read_xml", read[0], "tinyxml2", read[2]);
-  Report("read_xml", read[0], "pugixml", read[3]);
-  Report("decode_and_read_xml", read[1], "tinyxml2", read[2]);
+  const TBar level = TBar::AtLeast(1);
+  Report("machinery/read_xml", read[0], "tinyxml2", read[2], 1, level);
+  Report("machinery/read_xml", read[0], "pugixml", read[3]);
+  Report("machinery/decode_and_read_xml", read[1], "tinyxml2", read[2], 1, level);
   tinyxml2::XMLDocument tinyDoc;
   tinyDoc.Parse(bytes.data(), bytes.size());
   pugi::xml_document pugiDoc;
@@ -119,10 +113,10 @@ void MeasureXml(const char* What, size_t Units) {
     });
   };
   const auto write = Medians(9, oursComma, oursLines, oursBytesOut, tinyOut, pugiOut);
-  Report("write_xml_commatext", write[0], "tinyxml2", write[3]);
-  Report("write_xml_lines", write[1], "tinyxml2", write[3]);
-  Report("write_xml_utf8", write[2], "tinyxml2", write[3]);
-  Report("write_xml_commatext", write[0], "pugixml", write[4]);
+  Report("machinery/write_xml_commatext", write[0], "tinyxml2", write[3], 1, level);
+  Report("machinery/write_xml_lines", write[1], "tinyxml2", write[3], 1, level);
+  Report("machinery/write_xml_utf8", write[2], "tinyxml2", write[3], 1, level);
+  Report("machinery/write_xml_commatext", write[0], "pugixml", write[4]);
 }
 
 void MeasureTemplates() {
@@ -161,13 +155,10 @@ void MeasureTemplates() {
   };
   const auto times = Medians(5, ours, naive);
   Expect(sum == plainSum, "fills");
-  Report("fill_template", times[0], "find_and_replace", times[1], kFills);
+  Report("machinery/fill_template", times[0], "find_and_replace", times[1], kFills, TBar::AtLeast(5));
 }
 
 }  // namespace
-}  // namespace vx::bench
-
-namespace vx::bench {
 
 void RunTexts() {
   MeasureTemplates();

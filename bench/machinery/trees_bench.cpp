@@ -1,6 +1,8 @@
 // Trees at three sizes a factor of ten apart. There is no peer: what counts is that the time for a node hardly grows.
-#include <cstdlib>
+#include <cmath>
 #include <random>
+#include <string>
+#include <vector>
 
 #include "bench/machinery/Topics.h"
 #include "bench/support/Bench.h"
@@ -14,12 +16,6 @@ namespace {
 enum TShape { shBroad, shDeep, shMixed };
 constexpr const char* kShapes[] = {"broad", "deep", "mixed"};
 
-void Expect(bool IsGood, const char* What) {
-  if (IsGood) return;
-  std::printf("FAILED %s\n", What);
-  std::_Exit(1);
-}
-
 void Build(TVxTree& Tree, TShape Shape, int Count) {
   std::mt19937 random(4711);
   TVxTreeNode* node = nullptr;
@@ -30,10 +26,13 @@ void Build(TVxTree& Tree, TShape Shape, int Count) {
   }
 }
 
-void Measure(TShape Shape, int Count) {
+constexpr const char* kWorks[] = {"build", "walk", "sort", "write", "read"};
+
+// The nanoseconds a node of each of the works.
+std::vector<double> Measure(TShape Shape, int Count) {
   constexpr int kRounds = 3;
   String text;
-  const auto times = Medians(
+  std::vector<double> times = Medians(
       kRounds,
       [&] {
         TVxTree tree;
@@ -67,18 +66,26 @@ void Measure(TShape Shape, int Count) {
         Expect(tree.GetCount() == Count, "read");
         return seconds;
       });
-  const char* const names[] = {"build", "walk", "sort", "write", "read"};
-  std::printf("BENCH tree_%s nodes=%d", kShapes[Shape], Count);
-  for (size_t i = 0; i < times.size(); ++i) std::printf(" %s=%.0fns", names[i], times[i] * 1e9 / Count);
+  std::printf("BENCH machinery/tree_%s nodes=%d", kShapes[Shape], Count);
+  for (size_t i = 0; i < times.size(); ++i) std::printf(" %s=%.0fns", kWorks[i], times[i] *= 1e9 / Count);
   std::printf(" a node; text %d units\n", text.size());
   std::fflush(stdout);
+  return times;
 }
 
 }  // namespace
 
 void RunTrees() {
+  // The logarithm, by which a node of many may cost more, and as much again for the caches that they leave.
+  const TBar bar = TBar::AtMost(2 * std::log(100000.0) / std::log(1000.0));
   for (TShape shape : {shBroad, shDeep, shMixed}) {
-    for (int count : {1000, 10000, 100000}) Measure(shape, count);
+    const std::vector<double> few = Measure(shape, 1000);
+    Measure(shape, 10000);
+    const std::vector<double> many = Measure(shape, 100000);
+    for (size_t i = 0; i < few.size(); ++i) {
+      const std::string what = std::string("machinery/tree_") + kShapes[shape] + "_" + kWorks[i];
+      ReportGrowth(what, "at_100k", many[i], "at_1k", few[i], "ns", bar);
+    }
   }
 }
 

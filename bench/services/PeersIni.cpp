@@ -7,18 +7,11 @@
 #include <sys/file.h>
 #include <unistd.h>
 
-#include <cstdio>
-#include <cstdlib>
+#include "bench/support/Bench.h"
 
 namespace vx::bench {
 
 namespace {
-
-void Expect(bool IsGood, const char* What) {
-  if (IsGood) return;
-  std::fprintf(stderr, "bench_services: %s failed\n", What);
-  std::_Exit(1);
-}
 
 class TGKeyFile : public TPeerIni {
  public:

@@ -43,18 +43,6 @@ constexpr int kRounds = 5;
 constexpr int kLookUps = 200;
 constexpr size_t kTexts = 16384, kPairs = 32768;
 
-void Expect(bool IsGood, const std::string& What) {
-  if (IsGood) return;
-  std::printf("FAILED %s: the results differ\n", What.c_str());
-  std::exit(1);
-}
-
-// Measures what has no peer.
-void ReportOurs(const std::string& What, double Ours, double Count = 1) {
-  std::printf("BENCH %s ours=%.2f%s\n", What.c_str(), Ours * (Count > 1 ? 1e9 / Count : 1e3), Count > 1 ? "ns" : "ms");
-  std::fflush(stdout);
-}
-
 // Fills Table from a file that is there for this only.
 void Load(TFileCsv& Table, const std::string& Bytes) {
   const char* directory = std::getenv("TMPDIR");
@@ -114,7 +102,8 @@ auto Timed(TWork Work) {
 }
 
 // A column of texts beside ICU and bytes. Returns our seconds.
-double MeasureTexts(const std::string& What, const TFileCsv& Ours, const TNarrowTable& NarrowTable, TColumn Col) {
+double MeasureTexts(const std::string& What, const TFileCsv& Ours, const TNarrowTable& NarrowTable, TColumn Col,
+                    TBar Bar = {}) {
   const TWideTable wide = Wide(Ours);
   const TIcuOrder icu;
   const size_t col = Col;
@@ -125,9 +114,9 @@ double MeasureTexts(const std::string& What, const TFileCsv& Ours, const TNarrow
   auto times = Medians(kRounds, Timed([&] { return OrderOurs(Ours, Col, vftString); }),
                        Timed([&] { return icu.ByKeys(wide, col); }), Timed([&] { return icu.ByCompare(wide, col); }),
                        Timed([&] { return OrderByBytes(NarrowTable, col); }));
-  Report(What.c_str(), times[0], "icu_keys", times[1]);
-  Report(What.c_str(), times[0], "icu_compare", times[2]);
-  Report(What.c_str(), times[0], "bytes", times[3]);
+  Report(What, times[0], "icu_keys", times[1], 1, Bar);
+  Report(What, times[0], "icu_compare", times[2]);
+  Report(What, times[0], "bytes", times[3]);
   return times[0];
 }
 
@@ -140,7 +129,7 @@ double MeasureValues(const std::string& What, const TFileCsv& Ours, const TNarro
   Expect(order == Peer(NarrowTable, Col), What + " beside values read by hand");
   auto times = Medians(kRounds, Timed([&] { return OrderOurs(Ours, Col, FieldType); }),
                        Timed([&] { return Peer(NarrowTable, Col); }));
-  Report(What.c_str(), times[0], "hand", times[1]);
+  Report(What, times[0], "hand", times[1], 1, TBar::AtLeast(1));
   return times[0];
 }
 
@@ -149,7 +138,7 @@ std::vector<double> MeasureOrders(int Rows, const std::string& Size) {
   Load(ours, MakeGermanTable(Rows));
   const TNarrowTable narrow = Narrow(ours);
   const std::string prefix = "sorting/";
-  return {MeasureTexts(prefix + "surname" + Size, ours, narrow, colSurname),
+  return {MeasureTexts(prefix + "surname" + Size, ours, narrow, colSurname, TBar::AtLeast(1.5)),
           MeasureTexts(prefix + "remark" + Size, ours, narrow, colRemark),
           MeasureValues(prefix + "date" + Size, ours, narrow, colDate, vftDate, OrderByDate),
           MeasureValues(prefix + "amount" + Size, ours, narrow, colAmount, vftCurrency, OrderByAmount),
@@ -160,8 +149,7 @@ void MeasureAllOrders() {
   const std::vector<double> small = MeasureOrders(100000, "_100k"), big = MeasureOrders(1000000, "");
   const char* const names[] = {"surname", "remark", "date", "amount", "hours"};
   for (size_t i = 0; i < small.size(); ++i) {
-    std::printf("BENCH sorting/%s_linear tenth_of_1m=%.2fms at_100k=%.2fms ratio=%.2f\n", names[i], big[i] * 100,
-                small[i] * 1e3, big[i] / 10 / small[i]);
+    ReportGrowth(std::string("sorting/") + names[i], "tenth_of_1m", big[i] * 100, "at_100k", small[i] * 1e3, "ms");
   }
 }
 
@@ -200,21 +188,22 @@ auto TimedPairs(const std::vector<TPair>& Pairs, TCompare Comparison) {
 
 int Sign(int Value) { return (Value > 0) - (Value < 0); }
 
-void MeasurePairs(const std::string& What, const std::vector<TPair>& Pairs) {
+void MeasurePairs(std::string_view What, const std::vector<TPair>& Pairs, TBar OfOurs = {}, TBar OfRatio = {}) {
   const TIcuOrder icu;
   auto ours = [](std::u16string_view A, std::u16string_view B) { return AnsiCompareText(A, B); };
   auto peer = [&](std::u16string_view A, std::u16string_view B) { return icu.Compare(A, B); };
   for (const auto& [a, b] : Pairs) Expect(Sign(ours(a, b)) == Sign(peer(a, b)), What);
   auto times = Medians(31, TimedPairs(Pairs, ours), TimedPairs(Pairs, peer));
-  Report(What.c_str(), times[0], "icu", times[1], kPairs);
+  Report(What, times[0], "icu", times[1], kPairs, OfRatio);
+  ReportOurs(What, times[0], kPairs, OfOurs);
 }
 
 void MeasureTextPairs(const TFileCsv& Table) {
   auto less = [](const std::u16string& A, const std::u16string& B) { return AnsiCompareText(A, B) < 0; };
   std::vector<std::u16string> names, doubleNames;
   for (int row = 0; row < static_cast<int>(kTexts); ++row) names.emplace_back(Table.GetCell(colSurname, row).view());
-  MeasurePairs("sorting/compare_random", RandomPairs(names));
-  MeasurePairs("sorting/compare_neighbours", Neighbours(names, less));
+  MeasurePairs("sorting/compare_random", RandomPairs(names), TBar::AtMost(15));
+  MeasurePairs("sorting/compare_neighbours", Neighbours(names, less), {}, TBar::AtLeast(2));
   // Hardly two of these are equal, and neighbours have their beginnings in common.
   names.erase(std::unique(names.begin(), names.end()), names.end());
   for (const std::u16string& first : names) {
@@ -293,7 +282,7 @@ void MeasureKeys(const std::string& What, const THeadCsv& Ours, const TNarrowTab
     linear += Time([&] { row = FindRow(Peer, First, colNumber, keys[i].second); });
     Expect(row == Rows[i] && found == Ours.GetLines(row), What);
   }
-  Report(What.c_str(), ours, "linear", linear, kLookUps);
+  Report(What, ours, "linear", linear, kLookUps, TBar::AtLeast(1));
 }
 
 void MeasureLookUps(const THeadCsv& Ours, const TNarrowTable& Peer) {
@@ -368,8 +357,8 @@ void MeasureSubtypes() {
     uConst::FreeBuffersForLeakPrevention();
     return Time([] { ::benchmark::DoNotOptimize(SubtypeSymbolToText(u"FEDERALSTATE", u"5")); });
   };
-  ReportOurs("sorting/subtypes_first_use_in_program", firstUse());
-  ReportOurs("sorting/subtypes_first_use", Medians(101, firstUse)[0]);
+  ReportOurs("sorting/subtypes_first_use_in_program", firstUse(), 1, TBar::AtMost(1));
+  ReportOurs("sorting/subtypes_first_use", Medians(101, firstUse)[0], 1, TBar::AtMost(1));
   std::vector<std::pair<String, String>> symbols;
   TVxStringList keys;
   keys.SetCommatext(SubtypeKeys());

@@ -7,7 +7,9 @@
 #include <algorithm>
 #include <chrono>
 #include <cstdio>
+#include <cstdlib>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace vx::bench {
@@ -43,13 +45,71 @@ std::vector<double> Medians(int Rounds, TWorks... Works) {
   return medians;
 }
 
-// A line with our time and a peer's, both in seconds for Count pieces of work; printed in ms for one
-// piece, in ns for many.
-inline void Report(const char* What, double Ours, const char* Peer, double PeerTime, double Count = 1) {
-  double scale = Count > 1 ? 1e9 / Count : 1e3;
-  const char* unit = Count > 1 ? "ns" : "ms";
-  std::printf("BENCH %s ours=%.2f%s %s=%.2f%s ratio=%.2f\n", What, Ours * scale, unit, Peer, PeerTime * scale, unit,
-              PeerTime / Ours);
+// Ends the program with What where it is not good, as its figures would be worth nothing.
+inline void Expect(bool IsGood, std::string_view What) {
+  if (IsGood) return;
+  std::printf("FAILED %.*s\n", static_cast<int>(What.size()), What.data());
+  std::fflush(stdout);
+  std::_Exit(1);
+}
+
+// What a figure has to reach, at the end of its line: " bar=2.00 met", or "short". No bar is an empty text.
+class TBar {
+ public:
+  constexpr TBar() = default;
+  static constexpr TBar AtLeast(double Value) { return {Value, false}; }
+  static constexpr TBar AtMost(double Value) { return {Value, true}; }
+  // The figure and the bar are both written in Unit.
+  std::string Text(double Figure, const char* Unit = "") const {
+    if (FValue == 0) return {};
+    char text[80];
+    std::snprintf(text, sizeof text, " bar=%.2f%s %s", FValue, Unit,
+                  (FIsMost ? Figure <= FValue : Figure >= FValue) ? "met" : "short");
+    return text;
+  }
+
+ private:
+  constexpr TBar(double Value, bool IsMost) : FValue(Value), FIsMost(IsMost) {}
+  double FValue = 0;
+  bool FIsMost = false;
+};
+
+// Seconds for Count pieces of work, written in ms for one piece and in ns a piece for many.
+struct TFigure {
+  double Value;
+  const char* Unit;
+  TFigure(double Seconds, double Count)
+      : Value(Seconds * (Count > 1 ? 1e9 / Count : 1e3)), Unit(Count > 1 ? "ns" : "ms") {}
+};
+
+// A line with our time and a peer's, both in seconds for Count pieces of work, and the peer's time by ours, to which
+// the bar belongs.
+inline void Report(std::string_view What, double Ours, std::string_view Peer, double PeerTime, double Count = 1,
+                   TBar Bar = {}) {
+  const TFigure ours(Ours, Count), theirs(PeerTime, Count);
+  const double ratio = PeerTime / Ours;
+  std::printf("BENCH %.*s ours=%.2f%s %.*s=%.2f%s ratio=%.2f%s\n", static_cast<int>(What.size()), What.data(),
+              ours.Value, ours.Unit, static_cast<int>(Peer.size()), Peer.data(), theirs.Value, theirs.Unit, ratio,
+              Bar.Text(ratio).c_str());
+  std::fflush(stdout);
+}
+
+// A line with our time alone, to which the bar belongs: in ms for one piece of work, in ns for many.
+inline void ReportOurs(std::string_view What, double Ours, double Count = 1, TBar Bar = {}) {
+  const TFigure ours(Ours, Count);
+  std::printf("BENCH %.*s ours=%.2f%s%s\n", static_cast<int>(What.size()), What.data(), ours.Value, ours.Unit,
+              Bar.Text(ours.Value, ours.Unit).c_str());
+  std::fflush(stdout);
+}
+
+// A line with the time of a piece of work where there are many and where there are few, and how much longer it takes
+// where there are many, to which the bar belongs.
+inline void ReportGrowth(std::string_view What, std::string_view Many, double AtMany, std::string_view Few,
+                         double AtFew, const char* Unit, TBar Bar = {}) {
+  const double ratio = AtMany / AtFew;
+  std::printf("BENCH %.*s_linear %.*s=%.2f%s %.*s=%.2f%s ratio=%.2f%s\n", static_cast<int>(What.size()), What.data(),
+              static_cast<int>(Many.size()), Many.data(), AtMany, Unit, static_cast<int>(Few.size()), Few.data(), AtFew,
+              Unit, ratio, Bar.Text(ratio).c_str());
   std::fflush(stdout);
 }
 
