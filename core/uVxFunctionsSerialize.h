@@ -1,4 +1,4 @@
-// Routines that stand on the text forms of lists (see objects/uVxClasses/TextForms.h).
+// Routines that stand on the text forms of lists (see platform/TextForms.h).
 //
 //   ToCommatext, ArrayToCommatext, CommatextToString,
 //   TextToCommatext, CommatextToText                    between commatext, lines and sentences

@@ -14,7 +14,7 @@
 //   QuotedStr, DequotedStr, CommatextToCelltext   the primitives of quoting
 //
 // The forms (commatext, lighttext, offsettext, intellitext, celltext, csv text and the serial form
-// with free characters) are told in objects/uVxClasses/TextForms.h.
+// with free characters) are told in platform/TextForms.h.
 //
 // Example:
 //   vx::TVxStringList row;

@@ -25,7 +25,7 @@
 //   room.SetSerialize(u"Nordzimmer|2");
 //   auto copy = room.Duplicate();          // a TRoom
 //
-// The forms are told in objects/uVxClasses/TextForms.h. Pitfalls: the order of the fields is the form of
+// The forms are told in platform/TextForms.h. Pitfalls: the order of the fields is the form of
 // stored data, so new fields go to the end; SetData has to bear a list with fewer fields than it knows.
 #pragma once
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <span>
 
-#include "objects/uVxClasses/TextForms.h"
 #include "platform/Collation.h"
+#include "platform/TextForms.h"
 
 namespace vx {
 

@@ -1,7 +1,7 @@
 #include "core/uVxFunctions/Quoting.h"
 
-#include "objects/uVxClasses/TextForms.h"
 #include "platform/Text.h"
+#include "platform/TextForms.h"
 
 namespace vx {
 

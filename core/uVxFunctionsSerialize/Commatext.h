@@ -3,8 +3,8 @@
 
 #include <span>
 
-#include "objects/uVxClasses/TextForms.h"
 #include "platform/String.h"
+#include "platform/TextForms.h"
 
 namespace vx {
 

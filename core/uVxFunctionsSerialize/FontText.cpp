@@ -1,8 +1,8 @@
 #include "core/uVxFunctionsSerialize/FontText.h"
 
 #include "core/uVxFunctions/LayoutText.h"
-#include "objects/uVxClasses/TextForms.h"
 #include "platform/Numbers.h"
+#include "platform/TextForms.h"
 
 namespace vx {
 

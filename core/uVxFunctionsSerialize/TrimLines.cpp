@@ -3,8 +3,8 @@
 #include <span>
 
 #include "core/uVxFunctionsSerialize/WordWrap.h"
-#include "objects/uVxClasses/TextForms.h"
 #include "platform/Text.h"
+#include "platform/TextForms.h"
 
 namespace vx {
 

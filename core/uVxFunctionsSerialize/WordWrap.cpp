@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <vector>
 
-#include "objects/uVxClasses/TextForms.h"
 #include "platform/Text.h"
+#include "platform/TextForms.h"
 #include "platform/Types.h"
 
 namespace vx {

@@ -20,7 +20,7 @@
 #include <string>
 #include <vector>
 
-#include "objects/uVxClasses/TextForms.h"
+#include "platform/TextForms.h"
 
 namespace vx::fuzz {
 

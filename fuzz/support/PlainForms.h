@@ -9,7 +9,7 @@
 
 #include <cstdint>
 
-#include "objects/uVxClasses/TextForms.h"
+#include "platform/TextForms.h"
 
 namespace vx::fuzz {
 

@@ -6,8 +6,8 @@
 #include <unordered_map>
 
 #include "objects/uVxClasses/Entries.h"
-#include "objects/uVxClasses/TextForms.h"
 #include "platform/TStrings.h"
+#include "platform/TextForms.h"
 #include "platform/Types.h"
 
 namespace vx {

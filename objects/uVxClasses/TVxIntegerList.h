@@ -18,8 +18,8 @@
 #include <span>
 #include <vector>
 
-#include "objects/uVxClasses/TextForms.h"
 #include "platform/TObject.h"
+#include "platform/TextForms.h"
 
 namespace vx {
 

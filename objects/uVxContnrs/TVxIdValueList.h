@@ -57,7 +57,7 @@ class TVxIdValueList : public TObject {
   // The ids, or else the values, place for place.
   const TVxIntegerList& GetList(bool Ids) const noexcept;
 
-  // The list as csv text (see objects/uVxClasses/TextForms.h), each of whose cells is the commatext of
+  // The list as csv text (see platform/TextForms.h), each of whose cells is the commatext of
   // an id and its value, u"7,42" or u"7,01.02.2015"; empty for an empty list. Setting replaces the list:
   // a cell of fewer than two entries is skipped, of more the rest; what is no number or no date is 0;
   // of several cells with one id the last one counts.

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <vector>
 
-#include "objects/uVxClasses/OffsetCells.h"
+#include "platform/detail/OffsetCells.h"
 
 namespace vx {
 

@@ -113,7 +113,7 @@ class TVxTextNode : public TObjectList {
   // Returns Index.
   static int FindClassname(const TStrings& Strings, std::u16string_view Name, int& Index);
 
-  // The lighttext (see objects/uVxClasses/TextForms.h) of GetTextList, empty if isEmpty; taken by SetTextList, an empty
+  // The lighttext (see platform/TextForms.h) of GetTextList, empty if isEmpty; taken by SetTextList, an empty
   // one by InitNode.
   String GetLightText() const;
   void SetLightText(std::u16string_view Text);

@@ -102,7 +102,7 @@ class TVxTreeNode : public TObject {
   // Sorts the children and all levels below as TVxTree::AlphaSort does. They stand directly behind this node then.
   void AlphaSort();
 
-  // The node and all below it as text: the offsettext (see objects/uVxClasses/TextForms.h) of text, ImageIndex,
+  // The node and all below it as text: the offsettext (see platform/TextForms.h) of text, ImageIndex,
   // StateIndex and, with children, the offsettext of their texts. u"A" without children gives
   // u"1°A2°-1°-1". SelectedIndex and Data are not in it.
   String GetSerialize() const;

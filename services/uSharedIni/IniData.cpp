@@ -2,7 +2,7 @@
 
 #include <string>
 
-#include "objects/uVxClasses/TextForms.h"
+#include "platform/TextForms.h"
 
 namespace vx {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cstring>
 
-#include "objects/uVxClasses/CellReader.h"
 #include "platform/Scan.h"
+#include "platform/detail/CellReader.h"
 
 namespace vx {
 

@@ -1,11 +1,11 @@
-#include "objects/uVxClasses/TextForms.h"
+#include "platform/TextForms.h"
 
 #include <algorithm>
 #include <cstring>
 
-#include "objects/uVxClasses/CellReader.h"
-#include "objects/uVxClasses/OffsetCells.h"
 #include "platform/Scan.h"
+#include "platform/detail/CellReader.h"
+#include "platform/detail/OffsetCells.h"
 
 namespace vx {
 
