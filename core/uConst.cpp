@@ -3,6 +3,6 @@
 namespace vx {
 
 // The look-up of type names goes over FIELDTYPESTRINGS itself, so it keeps nothing.
-void uConst::FreeBuffersForLeakPrevention() noexcept { TSubtypes::FreeLists(); }
+void uConst::FreeBuffersForLeakPrevention() noexcept { subtypes::Free(); }
 
 }  // namespace vx

@@ -1,22 +1,16 @@
 #include "objects/uSingleton.h"
 
-#include <utility>
+#include "platform/Lazy.h"
 
 namespace vx {
 namespace {
 
-constinit TSingletons* FSingletons = nullptr;
+constinit TLazy<TSingletons> Singletons;
 
 }  // namespace
 
-TSingletons& GSingletons() {
-  static const struct TAtEnd {
-    ~TAtEnd() { uSingleton::FreeBuffersForLeakPrevention(); }
-  } atEnd;
-  if (!FSingletons) FSingletons = new TSingletons;
-  return *FSingletons;
-}
+TSingletons& GSingletons() { return Singletons.Get(); }
 
-void uSingleton::FreeBuffersForLeakPrevention() noexcept { delete std::exchange(FSingletons, nullptr); }
+void uSingleton::FreeBuffersForLeakPrevention() noexcept { Singletons.Free(); }
 
 }  // namespace vx

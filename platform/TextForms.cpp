@@ -110,7 +110,7 @@ struct TTextSource {
 // Reads the quoted cell at Pos of a lighttext and moves Pos behind it.
 String TakeQuotedCell(const char16_t*& Pos, const char16_t* End, char16_t Quote) {
   TTextSource source{kBar, Quote, {}};
-  TCellReader<false, TTextSource> reader(source, Pos, End);
+  detail::TCellReader<false, TTextSource> reader(source, Pos, End);
   Pos = reader.ReadQuoted();
   return std::move(source.Cells.back());
 }
@@ -155,7 +155,7 @@ String WriteSerialize(std::span<const String> Cells, char16_t Delimiter, char16_
 
 TCells ReadSerialize(std::u16string_view Text, char16_t Delimiter, char16_t Quote) {
   TTextSource source{Separating(Delimiter), Quote, {}};
-  TCellReader<false, TTextSource> reader(source, Text.data(), EndOf(Text));
+  detail::TCellReader<false, TTextSource> reader(source, Text.data(), EndOf(Text));
   reader.ReadRow();
   return std::move(source.Cells);
 }
@@ -188,12 +188,12 @@ String WriteOffsettext(std::span<const String> Cells) {
   size_t total = 0;
   for (int last = -1; const String& cell : Cells) {
     const auto size = static_cast<size_t>(cell.size());
-    total += (cell.size() == last ? 0 : HexDigits(size)) + 1 + size;
+    total += (cell.size() == last ? 0 : detail::HexDigits(size)) + 1 + size;
     last = cell.size();
   }
   return String::Build(total, [&](char16_t* target) {
     for (int last = -1; const String& cell : Cells) {
-      if (cell.size() != last) target = PutHex(target, static_cast<uint64_t>(cell.size()));
+      if (cell.size() != last) target = detail::PutHex(target, static_cast<uint64_t>(cell.size()));
       last = cell.size();
       *target++ = kDegree;
       target = Put(target, cell);
@@ -206,7 +206,7 @@ TCells ReadOffsettext(std::u16string_view Text) { return ReadOffsettext(Text, 0,
 TCells ReadOffsettext(std::u16string_view Text, int First, int Last) {
   TCells cells;
   if (Last < 0) return cells;
-  TOffsetReader reader(Text);
+  detail::TOffsetReader reader(Text);
   std::u16string_view cell;
   for (int64_t index = 0; index <= Last && reader.Next(cell); ++index) {
     // What is as long as the text is the text itself, taken as one cell where index 0 is asked for.

@@ -1,12 +1,14 @@
 #include "core/uConst/Subtypes.h"
 
 #include <algorithm>
-#include <utility>
+#include <span>
+#include <vector>
 
-#include "objects/uVxClasses.h"
 #include "platform/Collation.h"
 #include "platform/Exceptions.h"
+#include "platform/Lazy.h"
 #include "platform/Numbers.h"
+#include "platform/TextForms.h"
 
 namespace vx {
 
@@ -16,9 +18,40 @@ namespace {
 
 constexpr char16_t kFederalState[] = u"FEDERALSTATE";
 
-constinit const TSubtypes* FLists = nullptr;
-
 using TTexts = std::span<const String>;
+
+struct TSubtype {
+  String Key;
+  TCells Symbols, Texts;
+};
+using TSubtypes = std::vector<TSubtype>;  // in the order of their keys
+
+// The lists of a text: records parted by ESC, each a commatext of the key, the commatext of the symbols and that of
+// the texts, which are as many.
+TSubtypes Parse(std::u16string_view Text) {
+  TSubtypes result;
+  for (const String& record : ReadCsv(Text)) {
+    const TCells cells = ReadCommatext(record);
+    result.push_back({cells[0], ReadCommatext(cells[1]), ReadCommatext(cells[2])});
+  }
+  std::ranges::sort(result, [](const auto& a, const auto& b) { return AnsiCompareText(a.Key, b.Key) < 0; });
+  return result;
+}
+
+constinit TLazy<const TSubtypes> Subtypes;
+
+const TSubtypes& Lists() {
+  return Subtypes.Get([] { return std::make_unique<const TSubtypes>(Parse(kSubtypesText)); });
+}
+
+// The list of a key; nullptr if it is unknown.
+const TSubtype* Find(std::u16string_view Key) {
+  const TSubtypes& lists = Lists();
+  const auto found = std::ranges::lower_bound(
+      lists, Key, [](std::u16string_view a, std::u16string_view b) { return AnsiCompareText(a, b) < 0; },
+      &TSubtype::Key);
+  return found != lists.end() && AnsiSameText(found->Key, Key) ? &*found : nullptr;
+}
 
 String ItemAt(TTexts Texts, int Index) {
   return Index >= 0 && Index < static_cast<int>(Texts.size()) ? Texts[static_cast<size_t>(Index)] : String();
@@ -30,10 +63,10 @@ int IndexOf(TTexts Texts, std::u16string_view Value) {
 }
 
 // See getSubTypeIndex; -1 for no list, too.
-int IndexOf(const TSubtypes& Lists, int List, std::u16string_view Value) {
-  if (List < 0) return -1;
-  const int index = IndexOf(Lists.Symbols(List), Value);
-  return index >= 0 ? index : IndexOf(Lists.Texts(List), Value);
+int IndexOf(const TSubtype* List, std::u16string_view Value) {
+  if (List == nullptr) return -1;
+  const int index = IndexOf(List->Symbols, Value);
+  return index >= 0 ? index : IndexOf(List->Texts, Value);
 }
 
 // Never looked at as an object.
@@ -43,81 +76,75 @@ TObject* AsObject(int Id) {
 
 }  // namespace
 
-const TSubtypes& TSubtypes::Lists() {
-  static const struct TAtEnd {
-    ~TAtEnd() { FreeLists(); }
-  } atEnd;
-  if (!FLists) FLists = Parse(kSubtypesText).release();
-  return *FLists;
-}
-
-void TSubtypes::FreeLists() noexcept { delete std::exchange(FLists, nullptr); }
+void subtypes::Free() noexcept { Subtypes.Free(); }
 
 String getSubTypeText(std::u16string_view Key, int Index) {
-  const TSubtypes& lists = TSubtypes::Lists();
-  const int list = lists.Find(Key);
-  return list < 0 ? String() : ItemAt(lists.Texts(list), Index);
+  const TSubtype* list = Find(Key);
+  return list == nullptr ? String() : ItemAt(list->Texts, Index);
 }
 
 String getSubTypeSymbol(std::u16string_view Key, int Index) {
-  const TSubtypes& lists = TSubtypes::Lists();
-  const int list = lists.Find(Key);
-  return list < 0 ? String() : ItemAt(lists.Symbols(list), Index);
+  const TSubtype* list = Find(Key);
+  return list == nullptr ? String() : ItemAt(list->Symbols, Index);
 }
 
-int getSubTypeIndex(std::u16string_view Key, std::u16string_view Value) {
-  const TSubtypes& lists = TSubtypes::Lists();
-  return IndexOf(lists, lists.Find(Key), Value);
-}
+int getSubTypeIndex(std::u16string_view Key, std::u16string_view Value) { return IndexOf(Find(Key), Value); }
 
 String SubtypeSymbolToText(std::u16string_view Key, std::u16string_view Symbol) {
-  const TSubtypes& lists = TSubtypes::Lists();
-  const int list = lists.Find(Key);
-  const int index = IndexOf(lists, list, Symbol);
-  return index < 0 ? String() : ItemAt(lists.Texts(list), index);
+  const TSubtype* list = Find(Key);
+  const int index = IndexOf(list, Symbol);
+  return index < 0 ? String() : ItemAt(list->Texts, index);
 }
 
 String SubtypeTextToSymbol(std::u16string_view Key, std::u16string_view Text) {
-  const TSubtypes& lists = TSubtypes::Lists();
-  const int list = lists.Find(Key);
-  const int index = IndexOf(lists, list, Text);
-  return index < 0 ? String() : ItemAt(lists.Symbols(list), index);
+  const TSubtype* list = Find(Key);
+  const int index = IndexOf(list, Text);
+  return index < 0 ? String() : ItemAt(list->Symbols, index);
 }
 
 String SubtypeContent(std::u16string_view Key) {
-  const TSubtypes& lists = TSubtypes::Lists();
-  const int list = lists.Find(Key);
-  return list < 0 ? String() : WriteCommatext(lists.Texts(list));
+  const TSubtype* list = Find(Key);
+  return list == nullptr ? String() : WriteCommatext(list->Texts);
 }
 
 String SubtypeIdContent(std::u16string_view Key) {
-  const TSubtypes& lists = TSubtypes::Lists();
-  const int list = lists.Find(Key);
-  if (list < 0) throw EArgumentException(Concat({u"Unknown subtype \"", Key, u"\""}));
-  return lists.IdContent(list);
+  const TSubtype* list = Find(Key);
+  if (list == nullptr) throw EArgumentException(Concat({u"Unknown subtype \"", Key, u"\""}));
+  TCells pairs;
+  for (size_t i = 0; i < list->Symbols.size(); ++i) {
+    pairs.push_back(WriteCommatext(TCells{list->Symbols[i], list->Texts[i]}));
+  }
+  return WriteCommatext(pairs);
 }
 
-String SubtypeKeys() { return WriteCommatext(TSubtypes::Lists().Keys()); }
+String SubtypeKeys() {
+  TCells keys;
+  for (const TSubtype& list : Lists()) keys.push_back(list.Key);
+  return WriteCommatext(keys);
+}
 
 String Bundesland(int Id) { return SubtypeSymbolToText(kFederalState, IntToStr(Id)); }
 
 int GetCountries(TStrings& Strings, std::u16string_view Selection, int Current) {
-  const TSubtypes& lists = TSubtypes::Lists();
-  const TTexts states = lists.Texts(lists.Find(kFederalState));
-  TVxIdList ids;
-  ids.SetCommatext(Selection);
-  ids.Add(0);
-  ids.Add(Current);
-  TVxStringList countries;
-  const int last = static_cast<int>(states.size()) - 1;
-  for (int i = 0; i <= last; ++i) {
-    const int id = i < last ? i : 0;
-    if (Selection.empty() || ids.IndexOf(id) >= 0) countries.AddObject(ItemAt(states, i), AsObject(id));
+  const TCells& states = Find(kFederalState)->Texts;
+  std::vector<int> ids = {0, Current};
+  for (const String& id : ReadCommatext(Selection)) ids.push_back(StrToIntDef(id, 0));
+  struct TCountry {
+    int Id;
+    String Text;
+  };
+  std::vector<TCountry> countries;
+  for (size_t i = 0; i < states.size(); ++i) {
+    const int id = i + 1 < states.size() ? static_cast<int>(i) : 0;
+    if (Selection.empty() || std::ranges::find(ids, id) != ids.end()) countries.push_back({id, states[i]});
   }
-  if (Strings.GetCommaText() != countries.GetCommaText()) {
+  const auto count = static_cast<int>(countries.size());
+  bool isSame = Strings.GetCount() == count;
+  for (int i = 0; i < count && isSame; ++i) isSame = Strings.Get(i) == countries[static_cast<size_t>(i)].Text;
+  if (!isSame) {
     TUpdateScope scope(Strings);
     Strings.Clear();
-    Strings.AddStrings(countries);
+    for (const TCountry& country : countries) Strings.AddObject(country.Text, AsObject(country.Id));
   }
   for (int i = 0; i < Strings.GetCount(); ++i) {
     if (Strings.GetObject(i) == AsObject(Current)) return i;

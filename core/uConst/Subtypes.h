@@ -13,12 +13,10 @@
 //
 // Case does not count in keys, symbols and texts; entries count from 0. What is unknown gives an empty text.
 //
-// Pitfall: the lists are built at first use, which therefore must not happen in two threads at once. From
-// then on any number of threads may look up.
+// The lists are built at first use; any number of threads may look up. Pitfall: a misspelt key gives empty texts,
+// and raises in SubtypeIdContent alone.
 #pragma once
 
-#include <memory>
-#include <span>
 #include <string_view>
 
 #include "platform/String.h"
@@ -49,24 +47,11 @@ String Bundesland(int Id);
 // result is the index in Strings of the first item that has the number Current, or 0.
 int GetCountries(TStrings& Strings, std::u16string_view Selection, int Current);
 
-// What holds the parsed lists; tables/ has it, for they are tables.
-class TSubtypes {
- public:
-  virtual ~TSubtypes() = default;
-  // The lists of this unit, built at first use. FreeLists frees them; the next use builds them again.
-  static const TSubtypes& Lists();
-  static void FreeLists() noexcept;
-  // The lists of a text: records parted by ESC, each a commatext of the key, the commatext of the symbols and
-  // that of the texts, which are as many.
-  static std::unique_ptr<TSubtypes> Parse(std::u16string_view Text);
+namespace subtypes {
 
-  // The list of a key, -1 if it is unknown. What the others give stays this object's.
-  virtual int Find(std::u16string_view Key) const = 0;
-  virtual std::span<const String> Symbols(int List) const = 0;
-  virtual std::span<const String> Texts(int List) const = 0;
-  // See SubtypeIdContent.
-  virtual String IdContent(int List) const = 0;
-  virtual std::span<const String> Keys() const = 0;
-};
+// Frees the parsed lists; the next use builds them again. Part of uConst::FreeBuffersForLeakPrevention.
+void Free() noexcept;
+
+}  // namespace subtypes
 
 }  // namespace vx

@@ -14,7 +14,7 @@ namespace {
 constexpr size_t kNoSize = SIZE_MAX;
 
 // What a cell of Size units takes in an offsettext behind one of Last units.
-size_t CellSize(size_t Size, size_t Last) { return (Size == Last ? 0 : HexDigits(Size)) + 1 + Size; }
+size_t CellSize(size_t Size, size_t Last) { return (Size == Last ? 0 : detail::HexDigits(Size)) + 1 + Size; }
 
 String NameText(const String& Name) { return WriteLighttext({&Name, 1}); }
 
@@ -69,7 +69,7 @@ struct TSizes {
 struct TWriter {
   TWriter(const size_t* Sizes, char16_t* To) : NextSize(Sizes), Target(To) { Open({}); }
   void Put(size_t Size, size_t& Before) {
-    if (Size != Before) Target = PutHex(Target, Size);
+    if (Size != Before) Target = detail::PutHex(Target, Size);
     *Target++ = u'\u00B0';
     Before = Size;
   }
@@ -225,11 +225,11 @@ String TVxStringTree::GetSerialize() const {
 void TVxStringTree::SetSerialize(std::u16string_view Text) {
   struct TStep {
     TVxStringTree* Node;
-    TOffsetReader Cells;
+    detail::TOffsetReader Cells;
   };
   String kept = Text;  // it may be one of the keys
   Clear();
-  std::vector<TStep> steps{{this, TOffsetReader(kept)}};
+  std::vector<TStep> steps{{this, detail::TOffsetReader(kept)}};
   std::u16string_view cell, name, second;
   steps.back().Cells.Next(cell);  // the tree's own name
   while (!steps.empty()) {
@@ -238,9 +238,9 @@ void TVxStringTree::SetSerialize(std::u16string_view Text) {
       continue;
     }
     TVxStringTree* level = steps.back().Node;
-    TOffsetReader cells(cell);
+    detail::TOffsetReader cells(cell);
     if (!cells.Next(name)) continue;
-    TOffsetReader children = cells;
+    detail::TOffsetReader children = cells;
     std::unique_ptr<TVxStringTree> node;
     if (cells.Next(second)) {
       node = std::make_unique<TVxStringTree>();

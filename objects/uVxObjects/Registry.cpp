@@ -1,35 +1,31 @@
 #include "objects/uVxObjects/Registry.h"
 
+#include <atomic>
 #include <new>
 
 #include "objects/uVxClasses.h"
 #include "objects/uVxObjects/TVxDataIdList.h"
 #include "platform/Collation.h"
+#include "platform/Lazy.h"
 
 namespace vx {
 
 namespace {
 
-// Not destroyed at the program's end: objects of others may be counted later.
-TVxClassRegistry* Registry = nullptr;
-TVxClassCounts* Counts = nullptr;
-bool IsFreed = false;
+// Objects of others may be counted to the very last.
+constinit TLazy<TVxClassRegistry, leStays> Registry;
+constinit TLazy<TVxClassCounts, leStays> Counts;
+std::atomic<bool> IsFreed = false;
 
 TVxClassRegistry& GetRegistry() {
-  if (!Registry) {
+  return Registry.Get([] {
     auto registry = std::make_unique<TVxClassRegistry>();
     for (const TVxClass* known : {&TVxObject::Class(), &TVxDataIdHelper::Class()}) {
       registry->emplace(known->ClassName(), known);
     }
-    Registry = registry.release();
     IsFreed = false;
-  }
-  return *Registry;
-}
-
-TVxClassCounts& GetCounts() {
-  if (!Counts) Counts = new TVxClassCounts();
-  return *Counts;
+    return registry;
+  });
 }
 
 String TestClass(const String& Name) {
@@ -76,7 +72,7 @@ String TestVxObjects(std::u16string_view Filename) {
 
 void CountObject(std::u16string_view ClassName, int Change) noexcept {
   try {
-    TVxClassCounts& counts = GetCounts();
+    TVxClassCounts& counts = Counts.Get();
     auto entry = counts.find(ClassName);
     if (entry == counts.end()) entry = counts.emplace(ClassName, 0).first;
     entry->second += Change;
@@ -92,13 +88,13 @@ void CountObject(const TVxClass& (*ClassOf)(), int Change) noexcept {
   }
 }
 
-const TVxClassCounts& VxObjectCounter() { return GetCounts(); }
+const TVxClassCounts& VxObjectCounter() { return Counts.Get(); }
 
 namespace uVxObjects {
 
 void FreeBuffersForLeakPrevention() noexcept {
-  delete std::exchange(Counts, nullptr);
-  delete std::exchange(Registry, nullptr);
+  Counts.Free();
+  Registry.Free();
   TVxDataIdList::FreeProbe();
   IsFreed = true;
 }

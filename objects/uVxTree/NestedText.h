@@ -32,7 +32,7 @@ class TNestedText {
   String Text() const {
     return String::Build(FOpen[0].Size, [this](char16_t* target) {
       for (const TCell& cell : FCells) {
-        if (!cell.IsAsBefore) target = PutHex(target, cell.Size);
+        if (!cell.IsAsBefore) target = detail::PutHex(target, cell.Size);
         *target++ = u'\u00B0';
         target = std::copy(cell.Text.begin(), cell.Text.end(), target);
       }
@@ -55,7 +55,7 @@ class TNestedText {
     TCell& cell = FCells[Index];
     TOpen& open = FOpen.back();
     cell.IsAsBefore = cell.Size == open.Last;
-    open.Size += (cell.IsAsBefore ? 0 : HexDigits(cell.Size)) + 1 + cell.Size;
+    open.Size += (cell.IsAsBefore ? 0 : detail::HexDigits(cell.Size)) + 1 + cell.Size;
     open.Last = cell.Size;
   }
 

@@ -165,14 +165,14 @@ void TVxTextNode::SetSerialize(std::u16string_view Text) {
   struct TStep {
     TVxTextNode* Node;
     std::unique_ptr<TVxTextNode> Owned;  // Node, until its parent gets it
-    TOffsetReader Cells;
+    detail::TOffsetReader Cells;
   };
   const String kept = Text;  // it may be the text of a node
   Clear();
   std::vector<TStep> steps;
   std::u16string_view cell;
   auto enter = [&](TVxTextNode* node, std::unique_ptr<TVxTextNode> owned, std::u16string_view text) {
-    steps.push_back({node, std::move(owned), TOffsetReader(text)});
+    steps.push_back({node, std::move(owned), detail::TOffsetReader(text)});
     node->SetLightText(steps.back().Cells.Next(cell) ? cell : std::u16string_view());
   };
   enter(this, nullptr, kept);

@@ -19,17 +19,17 @@ void PutFields(TNestedText& Text, const TVxTreeNode* Node) {
 // Cells that give the children of nodes, from the outermost node to the one that is read just now.
 struct TLevel {
   TVxTreeNode* Parent;
-  TOffsetReader Cells;
+  detail::TOffsetReader Cells;
 };
 
 void ReadFields(TVxTreeNode* Node, std::u16string_view Text, std::vector<TLevel>& Levels) {
-  TOffsetReader reader(Text);
+  detail::TOffsetReader reader(Text);
   std::u16string_view text, image, state, children;
   if (!reader.Next(text) || !reader.Next(image) || !reader.Next(state)) return;
   Node->SetText(text);
   Node->SetImageIndex(StrToIntDef(image, -1));
   Node->SetStateIndex(StrToIntDef(state, -1));
-  if (reader.Next(children)) Levels.push_back({Node, TOffsetReader(children)});
+  if (reader.Next(children)) Levels.push_back({Node, detail::TOffsetReader(children)});
 }
 
 void ReadLevels(TVxTree* Tree, std::vector<TLevel>& Levels) {
@@ -79,8 +79,8 @@ String TVxTree::GetSerialize() const {
 void TVxTree::SetSerialize(std::u16string_view Text) {
   const String kept = Text;  // it may be the text of a node
   std::u16string_view roots;
-  if (!TOffsetReader(kept).Next(roots)) return;
-  std::vector<TLevel> levels{{nullptr, TOffsetReader(roots)}};
+  if (!detail::TOffsetReader(kept).Next(roots)) return;
+  std::vector<TLevel> levels{{nullptr, detail::TOffsetReader(roots)}};
   ReadLevels(this, levels);
 }
 

@@ -4,7 +4,7 @@
 
 #include <cstddef>
 
-namespace vx {
+namespace vx::detail {
 
 enum TRowEnd {
   reEnd,       // at the end of the text
@@ -105,4 +105,4 @@ class TCellReader {
   const Unit* FEnd;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

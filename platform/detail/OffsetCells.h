@@ -8,7 +8,7 @@
 
 #include "platform/Text.h"
 
-namespace vx {
+namespace vx::detail {
 
 // How many hexadecimal digits a number has; 1 for 0.
 inline size_t HexDigits(uint64_t Value) noexcept {
@@ -67,4 +67,4 @@ class TOffsetReader {
   bool FHasCell = false;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

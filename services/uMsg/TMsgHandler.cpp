@@ -7,15 +7,14 @@
 #include "platform/Application.h"
 #include "platform/Dialogs.h"
 #include "platform/Format.h"
+#include "platform/FreeBuffers.h"
+#include "platform/Lazy.h"
 
 namespace vx {
 
 namespace {
 
-std::unique_ptr<TMsgHandler>& Handler() {
-  static std::unique_ptr<TMsgHandler> handler;
-  return handler;
-}
+constinit TLazy<TMsgHandler> Handler;
 
 // Of records that compare equal only the first stays.
 void RemoveDuplicates(TMsgList& List) {
@@ -197,11 +196,12 @@ void TMsgHandler::Ignore(const String& Sender) {
 }
 
 TMsgHandler& Msg() {
-  std::unique_ptr<TMsgHandler>& handler = Handler();
-  if (!handler) handler = std::make_unique<TMsgHandler>();
-  return *handler;
+  return Handler.Get([] {
+    OnFreeBuffers(foReports, &uMsg::FreeBuffersForLeakPrevention);
+    return std::make_unique<TMsgHandler>();
+  });
 }
 
-void uMsg::FreeBuffersForLeakPrevention() { Handler().reset(); }
+void uMsg::FreeBuffersForLeakPrevention() { Handler.Free(); }
 
 }  // namespace vx

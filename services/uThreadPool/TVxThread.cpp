@@ -4,6 +4,7 @@
 #include <cassert>
 
 #include "platform/Clock.h"
+#include "platform/FreeBuffers.h"
 #include "platform/MainThread.h"
 
 namespace vx {
@@ -36,6 +37,7 @@ void ResetEvent(TEvent& handle) noexcept {
 
 TVxThread::TVxThread(bool suspended)
     : TThread(suspended), iEventHandle(!suspended), iMinTicks(10), iSleepHandle(suspended) {
+  OnFreeBuffers(foThreads, &uThreadPool::FreeBuffersForLeakPrevention);
   ++ThreadCount;
   SetFreeOnTerminate(true);
 }

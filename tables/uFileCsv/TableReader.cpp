@@ -151,13 +151,13 @@ void TTableReader::ReadAll(TTakeRow TakeRow) {
 bool TTableReader::NextRow() {
   for (;;) {
     FSource.Cells.DropAll();
-    TCellReader<true, TSource> reader(FSource, FPos, FEnd);
-    TRowEnd rowEnd = reader.ReadRow();
-    if (rowEnd == reIrregular) {
+    detail::TCellReader<true, TSource> reader(FSource, FPos, FEnd);
+    detail::TRowEnd rowEnd = reader.ReadRow();
+    if (rowEnd == detail::reIrregular) {
       FSource.Cells.DropAll();
       const unsigned char* lineEnd = FindLineEnd();
       if (lineEnd != FEnd || FAtEof) return TakeIrregularRow(lineEnd);
-    } else if (rowEnd == reLine) {
+    } else if (rowEnd == detail::reLine) {
       FPos = reader.Position();
       SkipLineEnd();
       return true;
@@ -173,7 +173,7 @@ bool TTableReader::NextRow() {
 
 bool TTableReader::TakeIrregularRow(const unsigned char* LineEnd) {
   bool isRow = LineEnd != FEnd || FEnd - FPos >= 2;
-  TCellReader<false, TSource> reader(FSource, FPos, LineEnd);
+  detail::TCellReader<false, TSource> reader(FSource, FPos, LineEnd);
   reader.ReadRow();
   FPos = LineEnd;
   SkipLineEnd();

@@ -1,4 +1,4 @@
-#include "objects/uVxClasses/TextForms.h"
+#include "platform/TextForms.h"
 
 #include "objects/uVxClasses.h"
 #include "tests/support/Test.h"
