@@ -14,9 +14,11 @@ function(vx_compile_options target)
 endfunction()
 
 # A subsystem: one target, assembled into the library. Files are named from the subsystem's folder.
-#   vx_subsystem(<folder> SOURCES <files> HEADERS <files>)
+# HEADERS are the public ones; DETAIL are those in folders named detail that public ones need for the layout of a
+# class. Others are not installed.
+#   vx_subsystem(<folder> SOURCES <files> HEADERS <files> DETAIL <files>)
 function(vx_subsystem folder)
-  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS" ${ARGN})
+  cmake_parse_arguments(ARG "" "" "SOURCES;HEADERS;DETAIL" ${ARGN})
   if(ARG_SOURCES)
     add_library(vx_${folder} OBJECT ${ARG_SOURCES})
     target_compile_features(vx_${folder} PUBLIC cxx_std_20)
@@ -25,7 +27,7 @@ function(vx_subsystem folder)
     vx_compile_options(vx_${folder})
     target_sources(vxlib PRIVATE $<TARGET_OBJECTS:vx_${folder}>)
   endif()
-  foreach(header ${ARG_HEADERS})
+  foreach(header ${ARG_HEADERS} ${ARG_DETAIL})
     get_filename_component(sub ${header} DIRECTORY)
     install(FILES ${header} DESTINATION include/vxlib/${folder}/${sub})
   endforeach()

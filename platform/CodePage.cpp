@@ -5,7 +5,7 @@
 #include <cstring>
 #include <stdexcept>
 
-#include "platform/CodePageKernels.h"
+#include "platform/detail/CodePageKernels.h"
 
 namespace vx {
 

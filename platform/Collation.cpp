@@ -5,8 +5,8 @@
 #include <cstdint>
 #include <cstring>
 
-#include "platform/CaseTables.h"
-#include "platform/CollationInternal.h"
+#include "platform/detail/CaseTables.h"
+#include "platform/detail/CollationKeys.h"
 
 namespace vx {
 

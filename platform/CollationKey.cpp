@@ -2,7 +2,7 @@
 #include <cstring>
 
 #include "platform/Collation.h"
-#include "platform/CollationInternal.h"
+#include "platform/detail/CollationKeys.h"
 
 namespace vx {
 

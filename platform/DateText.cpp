@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "platform/Calendar.h"
-#include "platform/Masks.h"
 #include "platform/Text.h"
-#include "platform/TextBuffer.h"
+#include "platform/detail/Masks.h"
+#include "platform/detail/TextBuffer.h"
 
 namespace vx {
 

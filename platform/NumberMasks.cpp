@@ -5,10 +5,10 @@
 #include <cmath>
 #include <cstdlib>
 
-#include "platform/Decimal.h"
-#include "platform/Masks.h"
 #include "platform/Numbers.h"
-#include "platform/TextBuffer.h"
+#include "platform/detail/Decimal.h"
+#include "platform/detail/Masks.h"
+#include "platform/detail/TextBuffer.h"
 
 namespace vx {
 

@@ -3,8 +3,8 @@
 #include <algorithm>
 #include <cmath>
 
-#include "platform/Decimal.h"
-#include "platform/TextBuffer.h"
+#include "platform/detail/Decimal.h"
+#include "platform/detail/TextBuffer.h"
 
 namespace vx {
 

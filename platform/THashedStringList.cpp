@@ -6,8 +6,8 @@
 #include <iterator>
 #include <random>
 
-#include "platform/CaseTables.h"
 #include "platform/Exceptions.h"
+#include "platform/detail/CaseTables.h"
 
 namespace vx {
 

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 
-#include "platform/CaseTables.h"
+#include "platform/detail/CaseTables.h"
 
 namespace vx {
 

@@ -5,7 +5,7 @@
 #include <span>
 #include <unordered_map>
 
-#include "objects/uVxClasses/Entries.h"
+#include "objects/uVxClasses/detail/Entries.h"
 #include "platform/TStrings.h"
 #include "platform/TextForms.h"
 #include "platform/Types.h"

@@ -21,8 +21,8 @@
 //   - Even reading notes LastIndex and tidies up: one thread at a time.
 #pragma once
 
-#include "objects/uVxClasses/NewKeys.h"
 #include "objects/uVxClasses/TVxStringList.h"
+#include "objects/uVxClasses/detail/NewKeys.h"
 
 namespace vx {
 

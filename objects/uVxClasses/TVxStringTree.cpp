@@ -3,9 +3,9 @@
 #include <algorithm>
 
 #include "core/uVxFunctionsSerialize/Explode.h"
+#include "objects/detail/NestedText.h"
 #include "platform/Exceptions.h"
 #include "platform/Text.h"
-#include "platform/detail/OffsetCells.h"
 
 namespace vx {
 

@@ -1,6 +1,6 @@
 #include "objects/uVxContnrs/TVxIdObjectList.h"
 
-#include "objects/uVxContnrs/MergeById.h"
+#include "objects/uVxContnrs/detail/MergeById.h"
 
 namespace vx {
 

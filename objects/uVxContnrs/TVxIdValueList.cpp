@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/uVxFunctions/DateParsers.h"
-#include "objects/uVxContnrs/MergeById.h"
+#include "objects/uVxContnrs/detail/MergeById.h"
 #include "platform/DateText.h"
 #include "platform/Numbers.h"
 

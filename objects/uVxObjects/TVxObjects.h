@@ -1,8 +1,8 @@
 // The base of the library's object lists.
 #pragma once
 
-#include "objects/uVxObjects/ObjectSlots.h"
 #include "objects/uVxObjects/TVxObject.h"
+#include "objects/uVxObjects/detail/ObjectSlots.h"
 #include "platform/TObjectList.h"
 
 namespace vx {

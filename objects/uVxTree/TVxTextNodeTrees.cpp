@@ -1,8 +1,8 @@
 // What TVxTextNode does with all nodes below one.
 #include <vector>
 
+#include "objects/detail/NestedText.h"
 #include "objects/uVxClasses/TVxStringList.h"
-#include "objects/uVxTree/NestedText.h"
 #include "objects/uVxTree/TVxTextNode.h"
 #include "platform/Exceptions.h"
 

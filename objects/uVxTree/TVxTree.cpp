@@ -2,7 +2,7 @@
 
 #include <utility>
 
-#include "objects/uVxTree/TreeOrder.h"
+#include "objects/uVxTree/detail/TreeOrder.h"
 
 namespace vx {
 

@@ -4,7 +4,7 @@
 #include <unordered_map>
 
 #include "objects/uVxTree/TVxTree.h"
-#include "objects/uVxTree/TreeOrder.h"
+#include "objects/uVxTree/detail/TreeOrder.h"
 #include "platform/Collation.h"
 
 namespace vx {

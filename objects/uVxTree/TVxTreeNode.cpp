@@ -1,7 +1,7 @@
 #include "objects/uVxTree/TVxTreeNode.h"
 
 #include "objects/uVxTree/TVxTree.h"
-#include "objects/uVxTree/TreeOrder.h"
+#include "objects/uVxTree/detail/TreeOrder.h"
 
 namespace vx {
 

@@ -1,9 +1,9 @@
 // The texts of trees and of their nodes.
 #include <vector>
 
-#include "objects/uVxTree/NestedText.h"
+#include "objects/detail/NestedText.h"
 #include "objects/uVxTree/TVxTree.h"
-#include "objects/uVxTree/TreeOrder.h"
+#include "objects/uVxTree/detail/TreeOrder.h"
 #include "platform/Numbers.h"
 
 namespace vx {

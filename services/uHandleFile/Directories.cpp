@@ -8,7 +8,7 @@
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "services/uHandleFile/Drives.h"
-#include "services/uHandleFile/Warnings.h"
+#include "services/uHandleFile/detail/Warnings.h"
 
 namespace vx {
 

@@ -5,7 +5,7 @@
 #include "platform/Text.h"
 #include "services/uHandleFile/Directories.h"
 #include "services/uHandleFile/FileTests.h"
-#include "services/uHandleFile/Warnings.h"
+#include "services/uHandleFile/detail/Warnings.h"
 
 namespace vx {
 

@@ -5,7 +5,7 @@
 
 #include "platform/Scan.h"
 #include "platform/Text.h"
-#include "services/uVxXml/Escapes.h"
+#include "services/uVxXml/detail/Escapes.h"
 
 namespace vx {
 

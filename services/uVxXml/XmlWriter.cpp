@@ -9,8 +9,8 @@
 #include "objects/uVxClasses/TVxStringList.h"
 #include "platform/StringArena.h"
 #include "platform/Text.h"
-#include "services/uVxXml/Escapes.h"
 #include "services/uVxXml/TXmlObject.h"
+#include "services/uVxXml/detail/Escapes.h"
 
 namespace vx {
 

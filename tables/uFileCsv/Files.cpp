@@ -18,8 +18,8 @@
 #include "platform/Text.h"
 #include "services/uHandleFile.h"
 #include "tables/uFileCsv.h"
-#include "tables/uFileCsv/RowWriter.h"
-#include "tables/uFileCsv/TableReader.h"
+#include "tables/uFileCsv/detail/RowWriter.h"
+#include "tables/uFileCsv/detail/TableReader.h"
 
 namespace vx {
 

@@ -3,7 +3,7 @@
 
 #include "platform/Collation.h"
 #include "platform/Text.h"
-#include "tables/uFileCsv/ColumnScan.h"
+#include "tables/uFileCsv/detail/ColumnScan.h"
 
 namespace vx {
 

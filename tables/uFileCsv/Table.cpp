@@ -7,7 +7,7 @@
 #include "platform/Exceptions.h"
 #include "platform/Text.h"
 #include "tables/uFileCsv.h"
-#include "tables/uFileCsv/ColumnScan.h"
+#include "tables/uFileCsv/detail/ColumnScan.h"
 
 namespace vx {
 

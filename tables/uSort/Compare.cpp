@@ -7,7 +7,7 @@
 #include "platform/Collation.h"
 #include "platform/Exceptions.h"
 #include "platform/Numbers.h"
-#include "tables/uSort/CellValues.h"
+#include "tables/uSort/detail/CellValues.h"
 
 namespace vx {
 namespace {

@@ -9,9 +9,9 @@
 #include "platform/Collation.h"
 #include "platform/Exceptions.h"
 #include "platform/Numbers.h"
-#include "tables/uSort/CellValues.h"
-#include "tables/uSort/SortKeys.h"
-#include "tables/uSort/SortRecords.h"
+#include "tables/uSort/detail/CellValues.h"
+#include "tables/uSort/detail/SortKeys.h"
+#include "tables/uSort/detail/SortRecords.h"
 
 namespace vx {
 namespace {

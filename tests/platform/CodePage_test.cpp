@@ -1,6 +1,6 @@
 #include "platform/CodePage.h"
 
-#include "platform/CodePageKernels.h"
+#include "platform/detail/CodePageKernels.h"
 #include "tests/support/Test.h"
 
 namespace {

@@ -1,4 +1,4 @@
-#include "tables/uSort/SortRecords.h"
+#include "tables/uSort/detail/SortRecords.h"
 
 #include <algorithm>
 #include <array>

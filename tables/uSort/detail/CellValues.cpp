@@ -1,4 +1,4 @@
-#include "tables/uSort/CellValues.h"
+#include "tables/uSort/detail/CellValues.h"
 
 #include <algorithm>
 

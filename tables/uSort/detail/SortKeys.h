@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "platform/Types.h"
-#include "tables/uSort/CellValues.h"
+#include "tables/uSort/detail/CellValues.h"
 
 namespace vx {
 

@@ -1,4 +1,4 @@
-#include "platform/Decimal.h"
+#include "platform/detail/Decimal.h"
 
 #include <algorithm>
 #include <cfloat>

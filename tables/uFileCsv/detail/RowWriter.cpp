@@ -1,4 +1,4 @@
-#include "tables/uFileCsv/RowWriter.h"
+#include "tables/uFileCsv/detail/RowWriter.h"
 
 #include <algorithm>
 #include <bit>

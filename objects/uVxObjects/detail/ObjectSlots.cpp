@@ -1,4 +1,4 @@
-#include "objects/uVxObjects/ObjectSlots.h"
+#include "objects/uVxObjects/detail/ObjectSlots.h"
 
 #include <algorithm>
 #include <iterator>

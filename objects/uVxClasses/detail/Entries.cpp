@@ -1,4 +1,4 @@
-#include "objects/uVxClasses/Entries.h"
+#include "objects/uVxClasses/detail/Entries.h"
 
 #include <algorithm>
 #include <cstdlib>

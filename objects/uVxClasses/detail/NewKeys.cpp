@@ -1,4 +1,4 @@
-#include "objects/uVxClasses/NewKeys.h"
+#include "objects/uVxClasses/detail/NewKeys.h"
 
 #include <algorithm>
 #include <cmath>

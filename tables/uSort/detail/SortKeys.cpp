@@ -1,4 +1,4 @@
-#include "tables/uSort/SortKeys.h"
+#include "tables/uSort/detail/SortKeys.h"
 
 #include <algorithm>
 #include <bit>

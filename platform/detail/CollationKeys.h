@@ -9,7 +9,7 @@
 #include <iterator>
 #include <string_view>
 
-#include "platform/CaseTables.h"
+#include "platform/detail/CaseTables.h"
 
 namespace vx::collation {
 

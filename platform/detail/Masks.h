@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "platform/TextBuffer.h"
+#include "platform/detail/TextBuffer.h"
 
 namespace vx {
 

@@ -1,4 +1,4 @@
-#include "tables/uFileCsv/TableReader.h"
+#include "tables/uFileCsv/detail/TableReader.h"
 
 #include <algorithm>
 #include <cstring>
