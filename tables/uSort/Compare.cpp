@@ -26,6 +26,11 @@ int CompareBy(const TSortColumn& Column, std::u16string_view A, std::u16string_v
   return HeldToInt(result * Column.SortDirection);
 }
 
+// Empty outside the texts.
+String TextAt(const TStrings& Texts, int Index) {
+  return Index >= 0 && Index < Texts.GetCount() ? Texts.Get(Index) : String();
+}
+
 }  // namespace
 
 int Compare(std::u16string_view A, std::u16string_view B, TVxFieldType FieldType, std::u16string_view Format) {
@@ -91,17 +96,14 @@ int CustomSortProc(const TListItem& Item1, const TListItem& Item2, const TSortCo
     throw EInvalidPointer(u"Kein TSortColumn Objekt an Adresse " + IntToStr(address));
   }
   auto textOf = [Data](const TListItem& Item) {
-    return Data->Index == 0 ? Item.GetCaption() : Item.GetSubItems().Get(Data->Index - 1);
+    return Data->Index == 0 ? Item.GetCaption() : TextAt(Item.GetSubItems(), Data->Index - 1);
   };
   return CompareBy(*Data, textOf(Item1), textOf(Item2));
 }
 
 int CustomSortProcStr(const TStrings& Row1, const TStrings& Row2, const TSortColumn* Column) {
   if (Column == nullptr) return 0;
-  auto textOf = [Column](const TStrings& Row) {
-    return Column->Index >= 0 && Column->Index < Row.GetCount() ? Row.Get(Column->Index) : String();
-  };
-  return CompareBy(*Column, textOf(Row1), textOf(Row2));
+  return CompareBy(*Column, TextAt(Row1, Column->Index), TextAt(Row2, Column->Index));
 }
 
 }  // namespace vx

@@ -45,7 +45,7 @@ int CompareTime(std::u16string_view A, std::u16string_view B, std::u16string_vie
 // on, if Format is u"yyyymmddhhnnss"; else like CompareDate.
 int CompareDateTime(std::u16string_view A, std::u16string_view B, std::u16string_view Format);
 
-// Two items of a list view. EInvalidPointer if Data is nullptr.
+// Two items of a list view; one without that sub-item has an empty text there. EInvalidPointer if Data is nullptr.
 int CustomSortProc(const TListItem& Item1, const TListItem& Item2, const TSortColumn* Data);
 // Two rows; a row without that column has an empty text there. With nullptr for Column all are equal.
 int CustomSortProcStr(const TStrings& Row1, const TStrings& Row2, const TSortColumn* Column);
