@@ -28,6 +28,7 @@ std::u16string_view KeyOf(const TVxStringList& Row, int Column) {
 // How rows come into the table: nothing has changed until it is made.
 struct TSortCsv::TMergePlan {
   std::vector<TVxStringList*> NewRows;                                  // of new keys, in the order of the keys
+  std::vector<size_t> InTable;                                          // which of the rows are in the table then
   std::vector<std::pair<TVxStringList*, TVxStringList*>> Replacements;  // who takes over whose content, in turn
   std::vector<int> Order;                                               // of the table with the new rows behind it
 };
@@ -50,12 +51,6 @@ void TSortCsv::Init() {
 void TSortCsv::Clear() {
   FreePending();
   TFileCsv::Clear();
-}
-
-void TSortCsv::FreePending() noexcept {
-  const std::vector<TVxStringList*> rows = std::exchange(FPending, {});
-  if (!GetOwnsObjects()) return;
-  for (TVxStringList* row : rows) delete row;
 }
 
 std::u16string_view TSortCsv::KeyAt(int Row) const { return KeyOf(*GetLines(Row), iSortColumn); }
@@ -84,7 +79,7 @@ int TSortCsv::Add(TObject* Row) {
   const std::u16string_view key = KeyOf(*row, iSortColumn);
   if (AddsLater()) {
     if (FPending.empty() && (GetCount() == 0 || KeyAt(GetCount() - 1) < key)) return TFileCsv::Add(row);
-    FPending.push_back(row);
+    FPending.emplace_back().reset(row);
     return -1;
   }
   Merge(FPending);
@@ -145,11 +140,14 @@ void TSortCsv::EndRows() {
   if (--FRowsDepth == 0) Merge(FPending);
 }
 
-TSortCsv::TMergePlan TSortCsv::PlanMerge(const std::vector<TVxStringList*>& Rows) const {
+TSortCsv::TMergePlan TSortCsv::PlanMerge(const std::vector<TFreeRow>& Rows) const {
   constexpr size_t kAhead = 8;
   const int count = GetCount();
-  const std::vector<int> sorted = OrderRowsByUnits(Rows, iSortColumn);
-  auto rowAt = [&](size_t i) { return Rows[static_cast<size_t>(sorted[i])]; };
+  std::vector<TVxStringList*> lines;
+  lines.reserve(Rows.size());
+  for (const TFreeRow& row : Rows) lines.push_back(row.get());
+  const std::vector<int> sorted = OrderRowsByUnits(lines, iSortColumn);
+  auto rowAt = [&](size_t i) { return lines[static_cast<size_t>(sorted[i])]; };
   TMergePlan plan;
   plan.Order.reserve(static_cast<size_t>(count) + Rows.size());
   int next = 0;  // of the table
@@ -169,7 +167,11 @@ TSortCsv::TMergePlan TSortCsv::PlanMerge(const std::vector<TVxStringList*>& Rows
         __builtin_prefetch(rowAt(i + 2 * kAhead));
         __builtin_prefetch(rowAt(i + kAhead)->Items().data() + iSortColumn);
       }
-      if (rowAt(i) != keeper) plan.Replacements.emplace_back(keeper, rowAt(i));
+      if (rowAt(i) != keeper) {
+        plan.Replacements.emplace_back(keeper, rowAt(i));
+      } else {
+        plan.InTable.push_back(static_cast<size_t>(sorted[i]));
+      }
     }
   }
   while (next < count) plan.Order.push_back(next++);
@@ -178,7 +180,7 @@ TSortCsv::TMergePlan TSortCsv::PlanMerge(const std::vector<TVxStringList*>& Rows
 
 // What adding Rows one by one gives, if the table is in order. Rows is empty then. If this raises, all of Rows
 // are as before still to be added.
-void TSortCsv::Merge(std::vector<TVxStringList*>& Rows) {
+void TSortCsv::Merge(std::vector<TFreeRow>& Rows) {
   if (Rows.empty()) return;
   const TMergePlan plan = PlanMerge(Rows);
   const int count = GetCount();
@@ -194,38 +196,47 @@ void TSortCsv::Merge(std::vector<TVxStringList*>& Rows) {
     SetCount(count);
     throw;
   }
-  Rows.clear();
-  if (!GetOwnsObjects()) return;
-  for (auto [keeper, row] : plan.Replacements) delete row;
+  for (size_t row : plan.InTable) (void)Rows[row].release();
+  std::exchange(Rows, {}).clear();
+}
+
+// Rows is made to hold all rows of the table, which go from the last to the first; those from Out on have gone.
+void TSortCsv::TakeOut(std::vector<TFreeRow>& Rows, size_t& Out) {
+  const bool isOwned = GetOwnsObjects();
+  TReleaseScope scope(*this);
+  while (Out > 0) {
+    --Out;
+    Rows[Out] = TFreeRow(GetLines(static_cast<int>(Out)), TFreeIfOwned{isOwned});
+    Delete(static_cast<int>(Out));
+  }
 }
 
 void TSortCsv::SetSortColumn(int Value) {
   Merge(FPending);
-  std::vector<TVxStringList*> rows;
-  rows.reserve(static_cast<size_t>(GetCount()));
-  for (TObject* entry : Items()) {
-    rows.push_back(AsRow(entry));
-    (void)KeyOf(*rows.back(), Value);
-  }
+  for (TObject* entry : Items()) (void)KeyOf(*AsRow(entry), Value);
+  std::vector<TFreeRow> rows(static_cast<size_t>(GetCount()));
   const int oldColumn = std::exchange(iSortColumn, Value);
   size_t out = rows.size();  // the first that has left
   size_t back = 0;           // the first that has not come back
   try {
-    {
-      TReleaseScope scope(*this);
-      while (out > 0) Delete(static_cast<int>(--out));
-    }
+    TakeOut(rows, out);
     if (typeid(*this) == typeid(TSortCsv)) {
       Merge(rows);
     } else {
-      for (; back < rows.size(); ++back) Add(rows[back]);
+      for (; back < rows.size(); ++back) {
+        Add(rows[back].get());
+        (void)rows[back].release();  // it is in the table, or freed if that owns
+      }
     }
   } catch (...) {
     // No row gets lost: what is not in the table comes behind the others.
     if (back == 0) iSortColumn = oldColumn;
     size_t i = std::max(out, back);
-    if (IndexOf(rows[i]) >= 0) ++i;  // it was still there, or came in before a derived class raised
-    for (; i < rows.size(); ++i) TFileCsv::Add(rows[i]);
+    if (IndexOf(rows[i].get()) >= 0) (void)rows[i++].release();  // it never left, or came before a derived class raised
+    for (; i < rows.size(); ++i) {
+      TFileCsv::Add(rows[i].get());
+      (void)rows[i].release();
+    }
     throw;
   }
 }

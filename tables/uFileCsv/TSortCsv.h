@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "tables/uFileCsv/TFileCsv.h"
@@ -33,7 +34,8 @@ class TSortCsv : public TFileCsv {
   void Clear() override;
 
   // Puts a row in its place and returns its index. If there is a row with its key, that one takes over the
-  // new row's content, and the new row is freed if the table owns its rows.
+  // new row's content, and the new row is freed if the table owns its rows. If Add raises, the table is as it
+  // was and the row the caller's.
   int Add(TObject* Row) override;
   // Copies the rows of Source in its order, without sorting.
   void Assign(const TFileCsv& Source) override;
@@ -64,22 +66,31 @@ class TSortCsv : public TFileCsv {
   void EndRows() override;
 
  private:
+  // A row that is not in the table; it is freed with its holder if the table owns its rows.
+  struct TFreeIfOwned {
+    bool IsOwned = true;
+    void operator()(TVxStringList* Row) const noexcept {
+      if (IsOwned) delete Row;
+    }
+  };
+  using TFreeRow = std::unique_ptr<TVxStringList, TFreeIfOwned>;
   struct TMergePlan;
 
-  void FreePending() noexcept;
+  void FreePending() noexcept { std::exchange(FPending, {}).clear(); }
   std::u16string_view KeyAt(int Row) const;
   // Whether Add may leave the row to EndRows.
   bool AddsLater();
   // Whether all rows have keys, each above the one before.
   bool IsInOrder() const;
-  TMergePlan PlanMerge(const std::vector<TVxStringList*>& Rows) const;
-  void Merge(std::vector<TVxStringList*>& Rows);
+  TMergePlan PlanMerge(const std::vector<TFreeRow>& Rows) const;
+  void Merge(std::vector<TFreeRow>& Rows);
+  void TakeOut(std::vector<TFreeRow>& Rows, size_t& Out);
 
   int iSortColumn = 0;
-  int FRowsDepth = 0;                    // of BeginRows
-  int FRowsSeen = 0;                     // since BeginRows, while they are few
-  bool FIsInOrder = false;               // the table, once they are more
-  std::vector<TVxStringList*> FPending;  // added since BeginRows, not in the table yet; freed if the table owns
+  int FRowsDepth = 0;              // of BeginRows
+  int FRowsSeen = 0;               // since BeginRows, while they are few
+  bool FIsInOrder = false;         // the table, once they are more
+  std::vector<TFreeRow> FPending;  // added since BeginRows, not in the table yet
 };
 
 }  // namespace vx
