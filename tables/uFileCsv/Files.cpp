@@ -44,8 +44,7 @@ const TFileForm* FindForm(const String& Path) {
   return nullptr;
 }
 
-// Writes all rows; returns the size that the file has to have.
-int64_t WriteRows(const TFileCsv& Table, const String& Path, const TFileForm& Form) {
+void WriteRows(const TFileCsv& Table, const String& Path, const TFileForm& Form) {
   // Before the file is emptied, all that could stop the writing but the file itself.
   size_t longest = 0;
   size_t total = 0;
@@ -60,7 +59,6 @@ int64_t WriteRows(const TFileCsv& Table, const String& Path, const TFileForm& Fo
   for (int row = 0; row < Table.GetCount(); ++row) writer.Write(Table.GetLines(row)->Items());
   writer.Flush();
   file.SetSize(writer.GetBytes());
-  return writer.GetBytes();
 }
 
 // Waits until the file's stamp is another than Before. If it stays, the file is stamped with the
@@ -119,21 +117,10 @@ bool TFileCsv::SaveToFile(std::u16string_view FilePath) {
   const TFileForm* form = FindForm(Path);
   if (!form && GetCount() > 0) throw EStringListError(FormatListError(SListIndexError, -1));
   TDateTime before = VxFileLastWrite(Path, false);
-  int64_t expected = WriteRows(*this, Path, form ? *form : kFileForms[0]);
-  bool isGood = ConfirmStamp(Path, before);
-  String detail;
-  if (isGood) {
-    int64_t size = VxFileSize(Path, false);
-    // Holds for every size, and is kept so: a file of another size is no failure.
-    isGood = size >= expected - 2 || size <= expected;
-    if (!isGood) {
-      detail = Concat({u"Die Dateigröße ist nicht korrekt,\r\nerwartet wurden ",
-                       VxFileSizeText(static_cast<uint64_t>(expected)), u", vorhanden sind aber ",
-                       VxFileSizeText(static_cast<uint64_t>(size)), u"."});
-    }
-  }
-  if (isGood) return true;
-  ShowWarning(Concat({u"Die Datei wurde nicht korrekt gespeichert.\r\n\r\n", detail, u"\r\n\r\nDateipfad ", Path}));
+  WriteRows(*this, Path, form ? *form : kFileForms[0]);
+  // The size that the file has by then is not looked at: that is wanted, another program may have it already.
+  if (ConfirmStamp(Path, before)) return true;
+  ShowWarning(Concat({u"Die Datei wurde nicht korrekt gespeichert.\r\n\r\n\r\n\r\nDateipfad ", Path}));
   return false;
 }
 
