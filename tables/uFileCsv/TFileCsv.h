@@ -32,6 +32,10 @@ using TCsvAllModes = Set<TCsvAllMode>;
 //
 // Every entry has to be a TVxStringList; reaching another one raises EInvalidCast. Row indexes outside
 // the table raise EListError where an operation says nothing else.
+//
+// A derived class's GetCell is asked by the typed getters and the sums, also for cells beyond the rows, and by
+// THeadCsv::AddContent. Its SetCell gets what the typed setters, the targets of sums, AddContent and LoadFromIni
+// write. All else takes the cells as they stand in the rows: files and texts, look-ups, DoAll, sorting, columns.
 class TFileCsv : public TObjectList {
  public:
   explicit TFileCsv(bool OwnsObjects = true) noexcept : TObjectList(OwnsObjects) {}
@@ -122,7 +126,7 @@ class TFileCsv : public TObjectList {
   // row, or no such column in row 0.
   String SumX(int Row, TVxFieldType FieldType, int From = -1, int To = -1, int Target = -1);
   String SumY(int Col, TVxFieldType FieldType, int From = -1, int To = -1, int Target = -1);
-  // The range is taken as told; cells past the end count 0.
+  // The range is taken as told; cells past the end count 0 unless a derived class's GetCell gives some.
   Extended SumFloatX(int Row, int From, int To) const;
   Extended SumFloatY(int Col, int From, int To) const;
   // EOverflow where the sum leaves the range of amounts.
@@ -245,7 +249,8 @@ class TFileCsv : public TObjectList {
 
  private:
   static TVxStringList* CastRow(TObject* Entry);
-  void DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths);
+  // Whether the row's cells are all blank then.
+  bool DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths);
   static String WithThousandDivider(const String& Text);
   // The cell itself, for reading at once; nullptr past the end.
   const String* FindCell(int Col, int Row) const {
@@ -266,9 +271,14 @@ class TFileCsv : public TObjectList {
   // What Read makes of the trimmed cell.
   template <typename F>
   auto ReadCell(int Col, int Row, F Read) const;
-  // The last index of the range up to To that may hold a cell.
+  // The last index of the range up to To that may hold a cell: a derived class may make cells beyond the rows.
   int LastInRow(int Row, int To) const;
-  int LastInCol(int To) const noexcept { return To < GetCount() ? To : GetCount() - 1; }
+  int LastInCol(int To) const;
+  // Whether this is a table of the library's own classes, which override neither GetCell nor Delete.
+  bool IsPlain() const noexcept;
+  // Asks for each row from the last to the first whether it is to go, and returns how many went.
+  template <typename F>
+  int DeleteWhere(F IsGone);
 };
 
 // A new table, each item read as commatext into a row.

@@ -46,6 +46,8 @@ class THeadCsvList : public TFileCsvList {
   std::unique_ptr<TFileCsv> CreateNewItem() const override;
   // The table if it is a THeadCsv, which stays the list's; nullptr outside the list.
   THeadCsv* GetHeadCsv(int Index) const;
+  // As SetFileCsv.
+  void SetHeadCsv(int Index, THeadCsv* Table) { SetFileCsv(Index, Table); }
 };
 
 }  // namespace vx

@@ -117,16 +117,45 @@ std::unique_ptr<TFileCsv> TFileCsv::Duplicate() const {
   return result;
 }
 
-int TFileCsv::RemoveEmpty() {
-  int removed = 0;
-  for (int i = GetCount() - 1; i >= 0; --i) {
-    std::span<const String> cells = GetLines(i)->Items();
-    // The commatext of cells that are all empty is one comma fewer than the cells.
-    if (cells.size() < 2 || !std::ranges::all_of(cells, &String::empty)) continue;
-    Delete(i);
-    ++removed;
+bool TFileCsv::IsPlain() const noexcept {
+  const std::type_info& type = typeid(*this);
+  return type == typeid(TFileCsv) || type == typeid(THeadCsv) || type == typeid(TSortCsv);
+}
+
+// A derived class sees each row leave its place. Other rows are put behind the rest first, where deleting one
+// moves no other.
+template <typename F>
+int TFileCsv::DeleteWhere(F IsGone) {
+  const int count = GetCount();
+  const bool isPlain = IsPlain();
+  int gone = 0;
+  std::vector<int> kept, order;
+  for (int row = count - 1; row >= 0; --row) {
+    if (!IsGone(row)) {
+      if (isPlain) kept.push_back(row);
+      continue;
+    }
+    ++gone;
+    if (isPlain) {
+      order.push_back(row);
+    } else {
+      Delete(row);
+    }
   }
-  return removed;
+  if (order.empty()) return gone;
+  order.insert(order.end(), kept.begin(), kept.end());
+  std::ranges::reverse(order);
+  Arrange(order);
+  for (int i = 0; i < gone; ++i) Delete(GetCount() - 1);
+  return gone;
+}
+
+int TFileCsv::RemoveEmpty() {
+  return DeleteWhere([this](int row) {
+    std::span<const String> cells = GetLines(row)->Items();
+    // The commatext of cells that are all empty is one comma fewer than the cells.
+    return cells.size() >= 2 && std::ranges::all_of(cells, &String::empty);
+  });
 }
 
 String TFileCsv::GetCell(int Col, int Row) const {
@@ -230,10 +259,10 @@ void TFileCsv::DoAll(TCsvAllModes Modes) {
       target = std::max(target, GetLines(row)->GetCount());
     }
   }
-  for (int row = GetCount() - 1; row >= 0; --row) DoRow(row, Modes, target, widths);
+  DeleteWhere([&](int row) { return DoRow(row, Modes, target, widths) && Modes.Has(camDeleteEmptyLines); });
 }
 
-void TFileCsv::DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths) {
+bool TFileCsv::DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths) {
   TVxStringList* line = GetLines(Row);
   if (line->GetCount() < Width) line->SetCapacity(std::max(line->GetCapacity(), Width));
   while (line->GetCount() < Width) line->InsertItem(line->GetCount(), String(), nullptr);
@@ -250,7 +279,7 @@ void TFileCsv::DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int
     if (!(cell == before)) line->Put(col, cell);
     isEmpty = isEmpty && IsBlank(cell);
   }
-  if (Modes.Has(camDeleteEmptyLines) && isEmpty) Delete(Row);
+  return isEmpty;
 }
 
 std::unique_ptr<TFileCsv> TFileCsv::TurnAxis() const {

@@ -50,7 +50,7 @@ void SetDefaults(int& From, int& To, int Count) noexcept {
 template <typename T, typename F>
 T SumOf(int From, int Last, F Get) {
   T sum = 0;
-  for (int i = From; i <= Last; ++i) sum += Get(i);
+  for (int64_t i = From; i <= Last; ++i) sum += Get(static_cast<int>(i));
   return sum;
 }
 
@@ -79,10 +79,10 @@ std::u16string_view Trimmed(std::u16string_view Text) noexcept {
 
 }  // namespace
 
-// Only a derived class can have another GetCell; a cell of this one is read where it stands.
+// Where GetCell is this class's own, a cell is read where it stands.
 template <typename F>
 auto TFileCsv::ReadCell(int Col, int Row, F Read) const {
-  if (typeid(*this) != typeid(TFileCsv)) return Read(Trimmed(GetCell(Col, Row)));
+  if (!IsPlain()) return Read(Trimmed(GetCell(Col, Row)));
   const String* cell = FindCell(Col, Row);
   return Read(cell ? Trimmed(*cell) : std::u16string_view());
 }
@@ -212,8 +212,11 @@ String TFileCsv::SumY(int Col, TVxFieldType FieldType, int From, int To, int Tar
 }
 
 int TFileCsv::LastInRow(int Row, int To) const {
-  return Row < GetCount() ? std::min(To, std::max(FieldCount(), GetLines(Row)->GetCount()) - 1) : -1;
+  if (!IsPlain()) return To;
+  return Row < GetCount() ? std::min(To, GetLines(Row)->GetCount() - 1) : -1;
 }
+
+int TFileCsv::LastInCol(int To) const { return IsPlain() ? std::min(To, GetCount() - 1) : To; }
 
 Extended TFileCsv::SumFloatX(int Row, int From, int To) const {
   return SumOf<Extended>(From, LastInRow(Row, To), [&](int col) { return GetCellsAsFloat(col, Row); });

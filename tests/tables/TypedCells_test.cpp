@@ -95,6 +95,24 @@ TEST(TypedCells, SumsOfRowsAndColumns) {
   EXPECT_THROW(table.SumFloatX(0, -1, 0), EStringListError);
 }
 
+// Has a cell wherever one is asked for.
+class TEndlessTable : public TFileCsv {
+  String GetCell(int, int) const override { return ++Asked, u"1:00"; }
+
+ public:
+  mutable int Asked = 0;
+};
+
+TEST(TypedCells, SumsAskADerivedTableForAllCellsOfTheRange) {
+  TEndlessTable table;
+  table.AddRow({u"9", u"9"});
+  EXPECT_EQ(table.SumTimeX(0, 1, 4) + u" " + table.SumTimeX(7, -1, 1), u"08:00 06:00");
+  EXPECT_EQ(table.SumTimeY(0, 0, 4) + u" " + table.SumTimeY(7, 1, 0), u"05:00 00:00");
+  (void)table.SumFloatX(2, 0, 2), (void)table.SumFloatY(2, 0, 2);
+  (void)table.SumCurrencyX(2, 0, 2), (void)table.SumCurrencyY(INT_MAX, INT_MAX - 2, INT_MAX);
+  EXPECT_EQ(table.Asked, 4 + 3 + 5 + 4 * 3);
+}
+
 TEST(TypedCells, SumsOfHours) {
   const struct {
     std::vector<String> Cells;

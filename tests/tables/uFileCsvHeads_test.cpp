@@ -204,7 +204,10 @@ TEST(TFileCsvList, TablesByName) {
   EXPECT_EQ(lists.GetCsl().GetCommatext(), u",FARBE,leer");
   EXPECT_EQ(Show(*lists.GetFileCsv(1)) + Show(*lists.GetHeadCsv(2)), u"9,alt/");
   EXPECT_EQ(lists.GetHeadCsv(0)->FieldIndex(u"X"), 0);
-  for (int index : {-1, 3}) EXPECT_EQ(lists.GetHeadCsv(index), (lists.SetFileCsv(index, nullptr), nullptr));
+  for (int index : {-1, 3}) EXPECT_EQ(lists.GetHeadCsv(index), (lists.SetHeadCsv(index, nullptr), nullptr));
+  THeadCsv* other = lists.GetHeadCsv(0);
+  lists.SetHeadCsv(0, lists.GetHeadCsv(1)), lists.SetHeadCsv(1, other);
+  EXPECT_EQ(Show(*lists.GetHeadCsv(0)), u"9,alt/");
   lists.SetOptions({vxioOwnsObjects});
   lists.Init();
   EXPECT_TRUE(lists.GetCount() == 0 && lists.GetOptions().Has(vxioNotCaseSensitive));

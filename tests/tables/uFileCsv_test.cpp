@@ -129,6 +129,20 @@ TEST(TFileCsv, DoAll) {
   EXPECT_EQ(empty.GetCount(), 0);
 }
 
+TEST(TFileCsv, ScatteredEmptyRowsGoAndTheOthersKeepTheirOrder) {
+  for (bool isRemoved : {false, true}) {
+    TFileCsv table;
+    String expected;
+    for (int row = 0; row < 300; ++row) {
+      const bool isEmpty = row % 3 == 1 || row > 290;
+      table.AddRow({isEmpty ? String() : IntToStr(row), u""});
+      if (!isEmpty) expected += IntToStr(row) + u",/";
+    }
+    isRemoved ? (void)table.RemoveEmpty() : table.DoAll({camDeleteEmptyLines});
+    EXPECT_EQ(table.ExportToString(u"/"), expected);
+  }
+}
+
 TEST(TFileCsv, TurnsItsAxes) {
   EXPECT_EQ(Show(*Make({u"a,b,c", u"d,e,f"})->TurnAxis()), u"a|d/b|e/c|f");
   EXPECT_EQ(Show(*Make({u"a,b", u"c", u"d,e,f"})->TurnAxis()), u"a|c|d/b||e");
