@@ -6,8 +6,9 @@
 //   list.Add(u"Ort=Köln");
 //   int place = list.IndexOfName(u"ORT");      // 0
 //
-// Case does not count, as with AnsiSameText. The hashes are made when the first search needs
-// them, kept while items are appended, and made anew after other changes.
+// Case does not count, as with AnsiSameText. The hashes are made when the first search needs them, kept while items
+// are appended or deleted, and made anew after other changes: to delete many items, each found by its name, takes a
+// time that grows with their number.
 #pragma once
 
 #include <memory>
@@ -17,6 +18,8 @@
 #include "platform/TStrings.h"
 
 namespace vx {
+
+class THoles;
 
 // Objects are never freed. Reading makes hashes: one thread at a time.
 class THashedStringList : public TStrings {
@@ -29,7 +32,7 @@ class THashedStringList : public TStrings {
   void Put(int Index, const String& Text) override;
   TObject* GetObject(int Index) const override { return At(Index).Object; }
   void PutObject(int Index, TObject* Object) override;
-  int GetCount() const override { return static_cast<int>(FItems.size()); }
+  int GetCount() const override { return static_cast<int>(FItems.size() - FFree); }
   int GetCapacity() const override { return static_cast<int>(FItems.capacity()); }
   void SetCapacity(int Value) override;
   int Add(const String& Text) override { return AddObject(Text, nullptr); }
@@ -59,18 +62,26 @@ class THashedStringList : public TStrings {
     String Text;
     TObject* Object;
   };
-  const TItem& At(int Index) const {
-    if (static_cast<size_t>(Index) >= FItems.size()) RaiseListError(u"List index out of bounds (%d)", Index);
-    return FItems[static_cast<size_t>(Index)];
+  // Where the item stands in FItems.
+  size_t PlaceOf(int Index) const {
+    if (Index < 0 || Index >= GetCount()) RaiseListError(u"List index out of bounds (%d)", Index);
+    return FFree == 0 ? static_cast<size_t>(Index) : PlaceAmongHoles(Index);
   }
-  TItem& At(int Index) { return const_cast<TItem&>(std::as_const(*this).At(Index)); }
+  size_t PlaceAmongHoles(int Index) const noexcept;
+  const TItem& At(int Index) const { return FItems[PlaceOf(Index)]; }
+  TItem& At(int Index) { return FItems[PlaceOf(Index)]; }
   struct THashes;
-  // The item Index was added at the end, or came in another way.
-  void Extend(int Index) noexcept;
+  // Keeps the hashes right for an item that was added at the end, or is to be taken out.
+  void Extend(size_t Place) noexcept;
+  void Shrink(size_t Place) noexcept;
+  // Lets the items stand without holes; the hashes are to be made anew.
+  void CloseHoles() noexcept;
   void Forget() noexcept;
   int Find(std::unique_ptr<THashes>& Hashes, bool ByName, std::u16string_view Key) const;
 
   std::vector<TItem> FItems;
+  size_t FFree = 0;                         // of FItems, those that are holes
+  std::unique_ptr<THoles> FHoles;           // null while there are none
   mutable std::unique_ptr<THashes> FTexts;  // of whole items; null: to be made
   mutable std::unique_ptr<THashes> FNames;  // of what stands before "="
 };

@@ -338,6 +338,33 @@ void MeasureStore(const TDirectory& Directory, const std::string& Bytes, const T
   ExpectSame(*again, *peerAgain, kSections, kKeys);
 }
 
+// Nanoseconds for each of so many keys of one section that go, or of so many sections, in any order.
+double MeasureDeletions(int Count, bool IsOfSections) {
+  std::vector<String> names;
+  for (int i = 0; i < Count; ++i) names.push_back(Text(KeyName(i)));
+  const String section = u"Abschnitt";
+  auto work = [&] {
+    TSharedIni ini(String(), {});
+    for (const String& name : names) {
+      IsOfSections ? ini.WriteString(name, section, name) : ini.WriteString(section, name, name);
+    }
+    std::vector<String> order = names;
+    std::shuffle(order.begin(), order.end(), std::mt19937(13));
+    return Time([&] {
+      for (const String& name : order) IsOfSections ? ini.EraseSection(name) : ini.DeleteKey(section, name);
+    });
+  };
+  return Medians(3, work)[0] * 1e9 / Count;
+}
+
+void MeasureDeletions() {
+  for (bool isOfSections : {false, true}) {
+    const double few = MeasureDeletions(5000, isOfSections), many = MeasureDeletions(50000, isOfSections);
+    const char* const what = isOfSections ? "services/ini_erase_sections" : "services/ini_delete_keys";
+    ReportGrowth(what, "at_50k", many, "at_5k", few, "ns", TBar::AtMost(3));
+  }
+}
+
 // --- locked stores ---
 
 // Runs Store(process, i) for i from 0 to Count - 1 in so many processes at the same time. Seconds for all.
@@ -521,6 +548,7 @@ int main(int argc, char** argv) {
       MeasureLookUps(path, peer);
       MeasureStore(directory, big, peer);
     }
+    MeasureDeletions();
   }
   if (is("stores")) {
     MeasureLockedStores(directory, "20_keys", MakeIniText(kSmallSections, kSmallKeys), kSmallKeys, 500);

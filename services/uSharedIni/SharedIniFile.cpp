@@ -172,7 +172,7 @@ void TSharedIni::WriteStamp(TSharedIni& Target, const TVxStringList& Sections, c
 // Replays the journal on Other, which has no journal, and notes the sections that it changes. Whether it changed
 // anything.
 bool TSharedIni::Replay(TSharedIni& Other, TVxStringList& Changed) const {
-  const std::span<const TSharedIniModification> journal = iModifications->Items();
+  const std::span<const TSharedIniModification> journal = Journal().Items();
   bool isErasing = false;
   THashedStringList* section = nullptr;
   std::vector<int> gone;  // places of lines to be deleted in it
@@ -213,7 +213,7 @@ bool TSharedIni::StoreMerged() {
   if (other.iLoaded == 0) return false;
   TVxStringList changed(false, true, dupIgnore, false);
   bool isPlain = true;
-  for (const TSharedIniModification& entry : iModifications->Items()) {
+  for (const TSharedIniModification& entry : Journal().Items()) {
     isPlain = isPlain && (entry.ActionType != atModify || ReadsBack(entry.Section, entry.Ident, entry.Value));
   }
   if (!Replay(other, changed)) {

@@ -2,6 +2,7 @@
 #include "services/uSharedIni/TSharedIni.h"
 
 #include <utility>
+#include <vector>
 
 #include "objects/uVxClasses/TVxStringList.h"
 #include "platform/Clock.h"
@@ -86,7 +87,9 @@ void TSharedIni::SetTransaction(bool Value) {
 
 // --- the journal ---
 
-bool TSharedIni::Modified() const noexcept { return iModifications && iModifications->GetCount() > 0; }
+bool TSharedIni::Modified() const noexcept {
+  return iModifications && (iModifications->GetCount() > 0 || !FNewEntries.empty());
+}
 
 bool TSharedIni::Storeable() const noexcept {
   return Modified() && !(GetTransaction() && iOptions.Has(sioInstantWrite)) && !GetFileName().empty();
@@ -94,16 +97,41 @@ bool TSharedIni::Storeable() const noexcept {
 
 void TSharedIni::ModificationsClear() {
   if (iModifications) iModifications->Clear();
+  FNewEntries.clear();
 }
 
 void TSharedIni::AddModifications(const TSharedIniModifications& List) {
   if (!iModifications || &List == iModifications.get()) return;
-  for (const TSharedIniModification& entry : List.Items()) iModifications->AddOrReplace(entry);
+  for (const TSharedIniModification& entry : List.Items()) NewEntry(entry);
+}
+
+void TSharedIni::NewEntry(TSharedIniModification Entry) {
+  auto old = FNewEntries.extract(Entry);
+  if (old.empty()) {
+    FNewEntries.insert(std::move(Entry));
+  } else {
+    old.value() = std::move(Entry);
+    FNewEntries.insert(std::move(old));
+  }
+}
+
+const TSharedIniModifications& TSharedIni::Journal() const {
+  std::vector<TSharedIniModification> added;
+  for (const TSharedIniModification& entry : FNewEntries) {
+    if (int place; iModifications->Find(entry, place)) {
+      iModifications->Put(place, entry);
+    } else {
+      added.push_back(entry);
+    }
+  }
+  iModifications->AddRange(added);
+  FNewEntries.clear();
+  return *iModifications;
 }
 
 void TSharedIni::Modification(const String& Section, const String& Ident, const String& Value,
                               TSharedIniModificationType Type) {
-  if (iModifications) iModifications->AddOrReplace({Section, Ident, Value, Type});
+  if (iModifications) NewEntry({Section, Ident, Value, Type});
 }
 
 void TSharedIni::InstantWrite() {

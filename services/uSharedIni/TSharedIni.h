@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <memory>
+#include <set>
 #include <string_view>
 
 #include "objects/uVxClasses/TVxStringList.h"
@@ -143,12 +144,21 @@ class TSharedIni : public TCustomIniFile {
   // Makes the directory of a file if it is missing.
   static void MakeDirectory(const String& FileName);
   // nullptr with sioReadOnly.
-  const TSharedIniModifications* GetModifications() const noexcept { return iModifications.get(); }
+  const TSharedIniModifications* GetModifications() const { return iModifications ? &Journal() : nullptr; }
 
  private:
   struct TStamp;
 
+  struct TEntryOrder {
+    bool operator()(const TSharedIniModification& A, const TSharedIniModification& B) const noexcept {
+      return A.Compare(B) < 0;
+    }
+  };
+
   void Modification(const String& Section, const String& Ident, const String& Value, TSharedIniModificationType Type);
+  void NewEntry(TSharedIniModification Entry);
+  // The whole journal, which is there.
+  const TSharedIniModifications& Journal() const;
   void InstantRead();
   void InstantWrite();
   void Memorize(std::u16string_view Section, std::u16string_view Ident, const String& Value);
@@ -177,7 +187,9 @@ class TSharedIni : public TCustomIniFile {
   int iDefaults = 0;
   const TEncoding* iEncoding = nullptr;
   TDateTime iLoaded = 0;
-  std::unique_ptr<TSharedIniModifications> iModifications;  // the journal
+  std::unique_ptr<TSharedIniModifications> iModifications;  // the journal, but for
+  // what came since it was read last: it goes there at once, as a place for each among many would be dear.
+  mutable std::set<TSharedIniModification, TEntryOrder> FNewEntries;
   TSharedIniOptions iOptions;
   std::unique_ptr<THashedStringList> iSections;  // names; the lines of each stand beside it
   uint32_t iTimeOut = 1000;

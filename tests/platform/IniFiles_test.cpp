@@ -35,7 +35,7 @@ TEST(HashedStringList, FindsTheFirstWhateverChanges) {
   for (int round = 1; round <= 20000; ++round) {
     const int count = static_cast<int>(plain.size()), at = below(count + 1), to = below(count + 1);
     const String text = item();
-    switch (const bool inside = at < count && to<count; count> 60 ? 0 : below(inside ? 9 : 3)) {
+    switch (const bool inside = at < count && to<count; count> 90 ? 0 : below(inside ? 9 : 3)) {
       case 0:
         list.Clear(), list.Add(text), plain.assign(1, text);
         break;
@@ -93,6 +93,41 @@ struct TTextsIni : TCustomIniFile {
   bool ValueExists(std::u16string_view, std::u16string_view) override { return false; }
   std::map<String, String> Texts;
 };
+
+// Items go in any order, each found by its name, while others come; doubles come out as the first of them goes.
+TEST(HashedStringList, LosesManyItems) {
+  constexpr int kNames = 20000, kDoubles = 10;
+  THashedStringList list;
+  std::vector<int> order(kNames);
+  std::iota(order.begin(), order.end(), 0);
+  auto line = [](int name, int turn) { return Concat({IntToStr(name), u"=", IntToStr(turn)}); };
+  for (int turn : {0, 1}) {
+    for (int name : order) {
+      if (turn == 0 || name % kDoubles == 0) list.Add(line(name, turn));
+    }
+  }
+  std::shuffle(order.begin(), order.end(), std::mt19937(7));
+  std::vector<bool> isGone(kNames);
+  std::vector<String> expected, left;
+  for (int i = 0; i < kNames / 2; ++i) {
+    const int name = order[static_cast<size_t>(i)];
+    const int index = list.IndexOfName(IntToStr(name));
+    ASSERT_EQ(list.Get(index), line(name, 0));
+    list.Delete(index);
+    isGone[static_cast<size_t>(name)] = true;
+    ASSERT_EQ(list.IndexOfName(IntToStr(name)) >= 0, name % kDoubles == 0);
+    if (i % 3 == 0) list.Add(line(name, 2));
+  }
+  for (int turn : {0, 1}) {
+    for (int name = 0; name < kNames; ++name) {
+      if (turn == 0 ? !isGone[static_cast<size_t>(name)] : name % kDoubles == 0) expected.push_back(line(name, turn));
+    }
+  }
+  for (int i = 0; i < kNames / 2; i += 3) expected.push_back(line(order[static_cast<size_t>(i)], 2));
+  for (int i = 0; i < list.GetCount(); ++i) left.push_back(list.Get(i));
+  EXPECT_EQ(left, expected);
+  for (size_t i = left.size(); i-- > 0;) ASSERT_EQ(list.View(static_cast<int>(i)), left[i]);
+}
 
 TEST(CustomIniFile, TypedValuesGoThroughTheirTexts) {
   TTextsIni ini;
