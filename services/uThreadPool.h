@@ -40,8 +40,8 @@
 // handler in the main thread unless it is overridden. To the pool such a job has ended as any other: it goes to Done,
 // the rest of its batch runs, and the worker goes on.
 //
-// The end of a pool runs no more jobs: each worker finishes the one at hand, and those behind it, in its batch and in
-// the queue, are freed. Terminate breaks off the Sleep of threads. One that waits in TThread::Synchronize is served
+// The end of a pool lets each worker finish what it was handed, a job or a batch; jobs that still wait in the queue are
+// freed unrun. Terminate breaks off the Sleep of threads. One that waits in TThread::Synchronize is served
 // if the main thread is what ends the pool, and otherwise gives up after a second.
 //
 // Pitfalls:

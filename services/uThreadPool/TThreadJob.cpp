@@ -58,13 +58,11 @@ void TThreadJobs::Add(TThreadJob* job) {
 
 // Where one job ends the next one begins, so that a short job costs one look at the clock, and a cheap one.
 void TThreadJobs::doExecute(TThreadData& data) {
-  const TThread* thread = TThread::CurrentThread();
   TLazyTicks ticks;
   auto begin = static_cast<uint32_t>(ticks.Read());
   const int count = GetCount();
   for (int i = 0; i < count; ++i) {
     if (i + kAhead < count) __builtin_prefetch(&iList.At(i + kAhead), 1);
-    if (thread != nullptr && thread->GetTerminated()) return;
     TThreadJob& job = iList.At(i);
     job.iTicks = begin;
     job.doExecuteCaught(data);

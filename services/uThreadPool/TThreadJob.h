@@ -86,8 +86,7 @@ class TThreadJobs : public TThreadJob {
   void Add(TThreadJob* job);
 
  protected:
-  // Runs each job. One that raises keeps its error, and the others run all the same. In a TThread that was terminated
-  // no further one runs.
+  // Runs each job. One that raises keeps its error, and the others run all the same.
   void doExecute(TThreadData& data) override;
 
  private:

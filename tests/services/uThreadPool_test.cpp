@@ -344,6 +344,21 @@ TEST_F(ThreadPool, EndsInBoundedTime) {
   EXPECT_GE(MillisecondsOf([] { uThreadPool::FreeBuffersForLeakPrevention(); }), 1000) << "gives up";
 }
 
+TEST_F(ThreadPool, EndsBehindTheBatchAtHand) {
+  TData data;
+  std::atomic<int> ran{0};
+  {
+    TThreadPool pool(data, true);
+    pool.Add(new TJob([&] {
+      for (++ran; !TThread::CurrentThread()->GetTerminated();) SystemClock().Sleep(1);
+    }));
+    for (int i = 0; i < 9; ++i) pool.Add(new TJob([&] { ++ran; }));
+    pool.Start();
+    EXPECT_TRUE(Comes([&] { return ran == 1; }));
+  }
+  EXPECT_EQ(ran, 4) << "of ten jobs those that were handed out";
+}
+
 TEST_F(ThreadPool, RunsEveryJobOnceUnderLoad) {
   constexpr int kEach = 5000, kProducers = 3, kAgain = 500;
   TData data(-100);
