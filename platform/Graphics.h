@@ -86,7 +86,8 @@ struct TFont {
   String Name = u"Tahoma";
   TColor Color = clWindowText;
   TFontStyles Style;
-  int Size = 8;  // points
+  int Size = 8;            // points
+  int PixelsPerInch = 96;  // what Size is measured at; a canvas that takes the font puts its own here
   friend bool operator==(const TFont&, const TFont&) noexcept = default;
 };
 
@@ -103,8 +104,18 @@ struct TRect {
   int Top = 0;
   int Right = 0;
   int Bottom = 0;
+  // Negative for sides the wrong way round.
+  constexpr int Width() const noexcept { return Right - Left; }
+  constexpr int Height() const noexcept { return Bottom - Top; }
+  constexpr bool IsEmpty() const noexcept { return Right <= Left || Bottom <= Top; }
   friend constexpr bool operator==(const TRect&, const TRect&) noexcept = default;
 };
+// What both have in common; if nothing, a rectangle of all zeros.
+constexpr TRect IntersectRect(const TRect& A, const TRect& B) noexcept {
+  const TRect both{A.Left > B.Left ? A.Left : B.Left, A.Top > B.Top ? A.Top : B.Top,
+                   A.Right < B.Right ? A.Right : B.Right, A.Bottom < B.Bottom ? A.Bottom : B.Bottom};
+  return both.IsEmpty() ? TRect{} : both;
+}
 
 // The side of its parent that something is bound to.
 enum TAlign : uint8_t { alNone, alTop, alBottom, alLeft, alRight, alClient, alCustom };
