@@ -81,8 +81,8 @@ class TBitmap : public TObject {
   bool GetEmpty() const noexcept { return FWidth == 0 || FHeight == 0; }
   void SetWidth(int Value) { SetSize(Value, FHeight); }
   void SetHeight(int Value) { SetSize(FWidth, Value); }
-  // Pixels within both sizes stay, the others are white (all bits set). EInvalidGraphicOperation, with nothing
-  // changed, for a size below 0 and for more than 2^31 - 1 bytes.
+  // Pixels within both sizes stay, the others are white: all bits set, but for a fourth byte without meaning, which
+  // is 0. EInvalidGraphicOperation, with nothing changed, for a size below 0 and for more than 2^31 - 1 bytes.
   void SetSize(int Width, int Height);
 
   TPixelFormat GetPixelFormat() const noexcept { return FFormat; }
@@ -105,9 +105,9 @@ class TBitmap : public TObject {
     if (static_cast<unsigned>(Row) >= static_cast<unsigned>(FHeight)) RaiseRow();
     return FBits + static_cast<size_t>(Row) * static_cast<size_t>(FStride);
   }
-  // The pixels of a row in any format as 0xAARRGGBB, as many as Pixels takes and the row has. Without a
-  // meaning of the fourth byte 0xFF stands for it. Setting takes the nearest colour that the format has, and leaves
-  // 0xFF out where the fourth byte has no meaning. Raise as GetScanline.
+  // The pixels of a row in any format as 0xAARRGGBB, as many as Pixels takes and the row has; AA is 0xFF where the
+  // fourth byte has no meaning, and colours are never multiplied by it here. Setting takes the nearest colour that the
+  // format has, and writes 0 for a fourth byte without meaning. Raise as GetScanline.
   void GetRow(int Row, std::span<uint32_t> Pixels) const;
   void SetRow(int Row, std::span<const uint32_t> Pixels);
 
@@ -158,8 +158,8 @@ class TBitmap : public TObject {
   void Detach();
   void Allocate(TPixelFormat Format, int Width, int Height);
   void Release() noexcept;
+  TImage& OwnImage();
   void ShareFrom(const TBitmap& Other) noexcept;
-  void EnsurePalette(std::span<const TPaletteEntry> Old);
 
   TImage* FImage = nullptr;  // null without pixels and palette
   uint8_t* FBits = nullptr;

@@ -55,6 +55,8 @@ class TCustomImageList : public TObject {
   virtual void Added(int Count);
 
  private:
+  int AddImages(const TBitmap& Bitmap, const uint32_t* Masked);
+
   std::vector<TBitmap> FImages;
   int FWidth = 0;
   int FHeight = 0;
