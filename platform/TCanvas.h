@@ -168,8 +168,8 @@ class TCanvas {
     double Scale = 1;
   };
   void Restore(const TState& State);
-  // Tells the device clip, scale or font if they changed since it was told.
-  void TellClip();
+  // Tell the device clip and scale, or the font, if they changed since it was told. False for an empty clip.
+  bool TellClip() const noexcept;
   void TellFont() const;
   void DrawPicture(const TRect& Rect, const TBitmap& Bitmap, const TRect& Source, const TColor* Transparent);
   void DrawTextAt(int X, int Y, std::u16string_view Text);
@@ -178,7 +178,7 @@ class TCanvas {
   const std::unique_ptr<TCanvasDevice> FDevice;
   TState FState;
   mutable bool FFontTold = false;
-  bool FClipTold = true;
+  mutable bool FClipTold = true;
   std::recursive_mutex FMutex;
 };
 

@@ -39,9 +39,9 @@ class TCanvasDevice {
   // All that can be drawn on, in pixels before the scale.
   virtual TRect Bounds() const noexcept = 0;
 
-  // From here on nothing outside Clip, which lies inside the bounds, changes, and all is drawn larger by
-  // Scale. Null stands for no clip but the bounds.
-  virtual void SetClip(const TRect* Clip, double Scale) = 0;
+  // From here on nothing outside Clip changes, and all is drawn larger by Scale. Null stands for no clip
+  // but the bounds; Clip may reach beyond them, and is empty only when nothing follows.
+  virtual void SetClip(const TRect* Clip, double Scale) noexcept = 0;
   virtual void Fill(const TRect& Rect, TColor Color) = 0;
   // A border of Pen.Width pixels inside Rect.
   virtual void Frame(const TRect& Rect, const TPen& Pen) = 0;
