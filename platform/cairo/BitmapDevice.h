@@ -1,0 +1,60 @@
+// The surface of a bitmap. Of use to this component only.
+#pragma once
+
+#include <memory>
+
+#include "platform/TBitmap.h"
+#include "platform/TCanvasDevice.h"
+#include "platform/cairo/Face.h"
+
+namespace vx::drawing {
+
+// Fills, straight lines, pictures in their size and letters with masks go straight into the rows; everything
+// else is painted beside the bitmap and laid over it.
+class TBitmapDevice final : public TCanvasDevice {
+ public:
+  explicit TBitmapDevice(TBitmap& Bitmap);
+
+  TDeviceKind Kind() const noexcept override { return dkScreen; }
+  TPoint PixelsPerInch() const noexcept override { return FPixelsPerInch; }
+  TRect Bounds() const noexcept override;
+  void SetClip(const TRect* Clip, double Scale) noexcept override;
+  void Fill(const TRect& Rect, TColor Color) override;
+  void Frame(const TRect& Rect, const TPen& Pen) override;
+  void Line(TPoint From, TPoint To, const TPen& Pen) override;
+  void Ellipse(const TRect& Rect, const TColor* Brush, const TPen* Pen) override;
+  void Gradient(const TRect& Rect, const TGradient& Gradient, bool InEllipse) override;
+  void Picture(const TRect& Rect, const TBitmap& Bitmap, const TRect& Source, const TColor* Transparent) override;
+  void SetFont(const TFont& Font) override;
+  TFontMetrics Metrics() override { return FFace->Metrics(); }
+  int TextWidth(std::u16string_view Text) override;
+  void Text(const TTextRun& Run) override;
+
+ private:
+  // A rectangle before the scale in pixels of the bitmap, and the part of it that may be drawn on.
+  TRect Scaled(const TRect& Rect) const noexcept;
+  TRect Visible(const TRect& Pixels) const noexcept;
+  void FillPixels(const TRect& Pixels, TColor Color);
+  // Calls Change(pixels, count, x) with the pixels of the part of row Y, 0xAARRGGBB in the bitmap's meaning.
+  template <typename F>
+  void EditRow(int Y, int Left, int Right, F Change);
+  // Lays what Paint(cairo) paints within Area (before the scale) over the bitmap.
+  template <typename F>
+  void Overlay(const TRect& Area, F Paint);
+  void OverlayTile(const TRect& Pixels, cairo_surface_t* Surface);
+  void StretchPixels(const TRect& Pixels, const TBitmap& Bitmap, const TRect& Source, const TColor* Transparent);
+  void DrawLetters(std::u16string_view Text, TPoint Origin, TColor Color);
+  template <int Bytes>
+  void DrawMask(const TGlyph& Glyph, const TRect& Part, int X, int Y, uint32_t Pixel);
+  void DrawMaskSlowly(const TGlyph& Glyph, const TRect& Part, int X, int Y, uint32_t Rgb);
+
+  TBitmap& FBitmap;
+  const TPoint FPixelsPerInch;
+  bool FClipped = false;
+  TRect FClip;  // in pixels of the bitmap
+  double FScale = 1;
+  TFontStyles FStyle;
+  std::shared_ptr<TFace> FFace;
+};
+
+}  // namespace vx::drawing

@@ -1,0 +1,47 @@
+// A surface that Cairo draws on directly: the page of a file. Of use to this component only.
+#pragma once
+
+#include <cairo.h>
+
+#include <memory>
+
+#include "platform/TCanvasDevice.h"
+#include "platform/cairo/Face.h"
+
+namespace vx::drawing {
+
+// Throws EInvalidGraphicOperation from each operation once the surface is finished.
+class TPageDevice final : public TCanvasDevice {
+ public:
+  // Pages of Size pixels, each a 72nd inch divided by the pixels per inch large.
+  TPageDevice(cairo_surface_t* Surface, TPoint Size, TPoint PixelsPerInch);
+
+  TDeviceKind Kind() const noexcept override { return dkPrinter; }
+  TPoint PixelsPerInch() const noexcept override { return FPixelsPerInch; }
+  TRect Bounds() const noexcept override;
+  void SetClip(const TRect* Clip, double Scale) noexcept override;
+  void Fill(const TRect& Rect, TColor Color) override;
+  void Frame(const TRect& Rect, const TPen& Pen) override;
+  void Line(TPoint From, TPoint To, const TPen& Pen) override;
+  void Ellipse(const TRect& Rect, const TColor* Brush, const TPen* Pen) override;
+  void Gradient(const TRect& Rect, const TGradient& Gradient, bool InEllipse) override;
+  void Picture(const TRect& Rect, const TBitmap& Bitmap, const TRect& Source, const TColor* Transparent) override;
+  void SetFont(const TFont& Font) override;
+  TFontMetrics Metrics() override { return FFace->Metrics(); }
+  int TextWidth(std::u16string_view Text) override;
+  void Text(const TTextRun& Run) override;
+
+  void NewPage();
+
+ private:
+  void Check() { CheckStatus(cairo_status(FCairo.get())); }
+
+  TCairo FCairo;
+  const TPoint FSize;
+  const TPoint FPixelsPerInch;
+  double FScale = 1;
+  TFontStyles FStyle;
+  std::shared_ptr<TFace> FFace;
+};
+
+}  // namespace vx::drawing
