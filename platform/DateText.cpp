@@ -4,10 +4,14 @@
 
 #include "platform/Calendar.h"
 #include "platform/Text.h"
+#include "platform/TextBuffer.h"
 #include "platform/detail/Masks.h"
-#include "platform/detail/TextBuffer.h"
 
 namespace vx {
+
+using detail::AddLiteral;
+using detail::BehindLiteral;
+using detail::IsQuote;
 
 namespace {
 

@@ -6,11 +6,16 @@
 #include <cstdlib>
 
 #include "platform/Numbers.h"
+#include "platform/TextBuffer.h"
 #include "platform/detail/Decimal.h"
 #include "platform/detail/Masks.h"
-#include "platform/detail/TextBuffer.h"
 
 namespace vx {
+
+using detail::AddLiteral;
+using detail::BehindLiteral;
+using detail::IsQuote;
+using detail::TDecimal;
 
 namespace {
 

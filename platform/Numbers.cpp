@@ -3,10 +3,12 @@
 #include <algorithm>
 #include <cmath>
 
+#include "platform/TextBuffer.h"
 #include "platform/detail/Decimal.h"
-#include "platform/detail/TextBuffer.h"
 
 namespace vx {
+
+using detail::TDecimal;
 
 namespace {
 

@@ -2,6 +2,7 @@
 
 #include "platform/Collation.h"
 #include "platform/Exceptions.h"
+#include "platform/TextForms.h"
 
 namespace vx {
 
@@ -14,31 +15,6 @@ bool NeedsCommaQuotes(std::u16string_view Text) {
     if (unit <= u' ' || unit == kQuote || unit == u',') return true;
   }
   return false;
-}
-
-void AppendQuoted(String& Target, std::u16string_view Text) {
-  Target += kQuote;
-  for (char16_t unit : Text) {
-    if (unit == kQuote) Target += kQuote;
-    Target += unit;
-  }
-  Target += kQuote;
-}
-
-// Takes a quoted item apart; Pos stands on its opening quote and then behind its closing one.
-String TakeQuoted(std::u16string_view Text, size_t& Pos) {
-  String item;
-  for (++Pos; Pos < Text.size(); ++Pos) {
-    if (Text[Pos] == kQuote) {
-      if (Pos + 1 == Text.size() || Text[Pos + 1] != kQuote) {
-        ++Pos;
-        break;
-      }
-      ++Pos;
-    }
-    item += Text[Pos];
-  }
-  return item;
 }
 
 }  // namespace
@@ -157,11 +133,8 @@ String TStrings::GetCommaText() const {
   for (int i = 0; i < count; ++i) {
     if (i > 0) result += u',';
     String item = Get(i);
-    if (NeedsCommaQuotes(item) || (item.empty() && count == 1)) {
-      AppendQuoted(result, item);
-    } else {
-      result += item;
-    }
+    const bool isQuoted = NeedsCommaQuotes(item) || (item.empty() && count == 1);
+    result += isQuoted ? QuotedStr(item, kQuote) : item;
   }
   return result;
 }
@@ -179,7 +152,9 @@ void TStrings::SetCommaText(std::u16string_view Text) {
   skipBlanks();
   while (pos < Text.size() && Text[pos] != 0) {
     if (Text[pos] == kQuote) {
-      Add(TakeQuoted(Text, pos));
+      int consumed = 0;
+      Add(DequotedStr(Text.substr(pos), kQuote, consumed));
+      pos += static_cast<size_t>(consumed);
     } else {
       size_t start = pos;
       while (pos < Text.size() && Text[pos] > u' ' && Text[pos] != u',') ++pos;

@@ -6,6 +6,7 @@
 #include "platform/Scan.h"
 #include "platform/detail/CellReader.h"
 #include "platform/detail/OffsetCells.h"
+#include "platform/detail/Quoting.h"
 
 namespace vx {
 
@@ -32,15 +33,9 @@ char16_t* Put(char16_t* Target, std::u16string_view Text) {
 
 char16_t* PutQuoted(char16_t* Target, std::u16string_view Text, char16_t Quote) {
   *Target++ = Quote;
-  const char16_t* pos = Text.data();
-  const char16_t* end = EndOf(Text);
-  while (pos != end) {
-    const char16_t* quote = scan::FindUnit(pos, end, Quote);
-    const char16_t* next = quote == end ? end : quote + 1;
-    Target = Put(Target, {pos, static_cast<size_t>(next - pos)});
-    if (quote != end) *Target++ = Quote;
-    pos = next;
-  }
+  detail::ForEachDoubled(Text, Quote, [&](const char16_t* units, size_t count) {
+    Target = Put(Target, {units, count});
+  });
   *Target++ = Quote;
   return Target;
 }
@@ -148,8 +143,7 @@ TCells ReadCommatext(std::u16string_view Text) { return ReadSerialize(Text, u','
 
 String WriteSerialize(std::span<const String> Cells, char16_t Delimiter, char16_t Quote) {
   return Join(Cells, Delimiter, Quote, [&](std::u16string_view cell) {
-    const char16_t* found = scan::FindBlankOr(cell.data(), EndOf(cell), Separating(Delimiter), Separating(Quote));
-    return found != EndOf(cell) && *found != 0;  // a code unit 0 ends the look for what needs quotes
+    return detail::NeedsQuotes(cell, Separating(Delimiter), Separating(Quote));
   });
 }
 

@@ -1,4 +1,4 @@
-// Writes offsettexts whose cells are offsettexts again, to any depth. Internal to the trees.
+// Writes offsettexts whose cells are offsettexts again, to any depth. Internal to the trees of nodes and of keys.
 #pragma once
 
 #include <algorithm>
@@ -6,7 +6,7 @@
 
 #include "platform/detail/OffsetCells.h"
 
-namespace vx {
+namespace vx::detail {
 
 // Takes the cells of the text in their order; those between Open and Close are the cells of one cell. Nothing is
 // written before all sizes are known, so that no text is copied from depth to depth.
@@ -32,7 +32,7 @@ class TNestedText {
   String Text() const {
     return String::Build(FOpen[0].Size, [this](char16_t* target) {
       for (const TCell& cell : FCells) {
-        if (!cell.IsAsBefore) target = detail::PutHex(target, cell.Size);
+        if (!cell.IsAsBefore) target = PutHex(target, cell.Size);
         *target++ = u'\u00B0';
         target = std::copy(cell.Text.begin(), cell.Text.end(), target);
       }
@@ -55,7 +55,7 @@ class TNestedText {
     TCell& cell = FCells[Index];
     TOpen& open = FOpen.back();
     cell.IsAsBefore = cell.Size == open.Last;
-    open.Size += (cell.IsAsBefore ? 0 : detail::HexDigits(cell.Size)) + 1 + cell.Size;
+    open.Size += (cell.IsAsBefore ? 0 : HexDigits(cell.Size)) + 1 + cell.Size;
     open.Last = cell.Size;
   }
 
@@ -63,4 +63,4 @@ class TNestedText {
   std::vector<TOpen> FOpen;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -8,6 +8,8 @@
 
 namespace vx {
 
+using detail::TEntries;
+
 void TTextList::CheckIndex(int Index) const {
   if (static_cast<unsigned>(Index) >= static_cast<unsigned>(FEntries.Count())) RaiseListError(SListIndexError, Index);
 }

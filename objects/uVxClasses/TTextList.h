@@ -139,7 +139,7 @@ class TTextList : public TStrings {
   // Makes sure that a change that adds nothing to List can't fail for want of memory.
   static void Detach(TTextList& List) { List.FEntries.Detach(); }
 
-  TEntries FEntries;
+  detail::TEntries FEntries;
   bool FSorted = false;
   TDuplicates FDuplicates = dupIgnore;
 

@@ -12,6 +12,8 @@
 
 namespace vx {
 
+using detail::TNewKeys;
+
 namespace {
 
 // The place of the first unit that differs in the first Size ones; Size if there is none.

@@ -170,7 +170,7 @@ class TVxStringIndex : public TObject {
   }
 
   mutable TVxStringList iCsl;
-  mutable TNewKeys FNew;  // keys that are not in iCsl yet
+  mutable detail::TNewKeys FNew;  // keys that are not in iCsl yet
   int iDuplicateCount = 0;
   int iFixedLength = 0;
   mutable int iLastIndex = -1;

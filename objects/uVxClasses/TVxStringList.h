@@ -51,7 +51,7 @@ class TVxStringList : public TTextList {
   void ParseOffsettext(std::u16string_view Text, int First, int Last) { SetCells(ReadOffsettext(Text, First, Last)); }
   // Replaces the items by Cells, which are moved from: for readers of table files.
   void TakeCells(std::span<String> Cells);
-  void TakeCells(TEntries& Cells);
+  void TakeCells(detail::TEntries& Cells);
 
   // Each hands the text that TVxString writes to Add and returns its index.
   int AddBool(bool Value);

@@ -11,11 +11,6 @@ namespace vx {
 
 namespace {
 
-constexpr size_t kNoSize = SIZE_MAX;
-
-// What a cell of Size units takes in an offsettext behind one of Last units.
-size_t CellSize(size_t Size, size_t Last) { return (Size == Last ? 0 : detail::HexDigits(Size)) + 1 + Size; }
-
 String NameText(const String& Name) { return WriteLighttext({&Name, 1}); }
 
 String FirstName(std::u16string_view Lighttext) {
@@ -37,64 +32,20 @@ struct TNames {
   size_t Depth = 0;
 };
 
-// The sizes of the texts of all nodes, in the order in which a walk enters them, the tree first.
-struct TSizes {
-  struct TOpen {
-    size_t Slot, Size, Last;
-  };
-  TSizes() { Open(0); }
-  void Open(size_t NameSize) {
-    Nodes.push_back({Sizes.size(), 0, kNoSize});
-    Sizes.push_back(0);
-    Add(NameSize);
+// The text of a walk.
+struct TText {
+  TText() { Text.Put({}); }  // the tree's own name
+  void Enter(const String& Name) {
+    Text.Open();
+    Text.Put(NameText(Name));
   }
-  void Add(size_t Size) {
-    Nodes.back().Size += CellSize(Size, Nodes.back().Last);
-    Nodes.back().Last = Size;
-  }
-  size_t Close() {
-    size_t size = Sizes[Nodes.back().Slot] = Nodes.back().Size;
-    Nodes.pop_back();
-    return size;
-  }
-  void Enter(const String& Name) { Open(static_cast<size_t>(NameText(Name).size())); }
-  void Leaf(const String& Name) { Add(CellSize(static_cast<size_t>(NameText(Name).size()), kNoSize)); }
-  void Leave() { Add(Close()); }
-
-  std::vector<size_t> Sizes;
-  std::vector<TOpen> Nodes;
-};
-
-// Writes the texts of those sizes.
-struct TWriter {
-  TWriter(const size_t* Sizes, char16_t* To) : NextSize(Sizes), Target(To) { Open({}); }
-  void Put(size_t Size, size_t& Before) {
-    if (Size != Before) Target = detail::PutHex(Target, Size);
-    *Target++ = u'\u00B0';
-    Before = Size;
-  }
-  void PutName(const String& NameCell, size_t& Before) {
-    Put(static_cast<size_t>(NameCell.size()), Before);
-    Target = std::copy(NameCell.begin(), NameCell.end(), Target);
-  }
-  void Open(const String& NameCell) {
-    if (!Last.empty()) Put(*NextSize, Last.back());
-    ++NextSize;
-    Last.push_back(kNoSize);
-    PutName(NameCell, Last.back());
-  }
-  void Enter(const String& Name) { Open(NameText(Name)); }
   void Leaf(const String& Name) {
-    String cell = NameText(Name);
-    Put(CellSize(static_cast<size_t>(cell.size()), kNoSize), Last.back());
-    size_t none = kNoSize;
-    PutName(cell, none);
+    Enter(Name);
+    Leave();
   }
-  void Leave() { Last.pop_back(); }
+  void Leave() { Text.Close(); }
 
-  const size_t* NextSize;
-  char16_t* Target;
-  std::vector<size_t> Last;  // of each open node the size of its last cell
+  detail::TNestedText Text;
 };
 
 }  // namespace
@@ -214,12 +165,9 @@ void TVxStringTree::Walk(TVisitor& Visitor) const {
 
 String TVxStringTree::GetSerialize() const {
   if (GetCount() == 0) return {};
-  TSizes sizes;
-  Walk(sizes);
-  return String::Build(sizes.Close(), [&](char16_t* target) {
-    TWriter writer(sizes.Sizes.data(), target);
-    Walk(writer);
-  });
+  TText text;
+  Walk(text);
+  return text.Text.Text();
 }
 
 void TVxStringTree::SetSerialize(std::u16string_view Text) {

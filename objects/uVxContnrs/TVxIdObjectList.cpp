@@ -4,6 +4,8 @@
 
 namespace vx {
 
+using detail::MergeById;
+
 int TVxIdObjectList::Add(int Id, TObject* Object) {
   int known = GetCount();
   int place = iIds.Add(Id);

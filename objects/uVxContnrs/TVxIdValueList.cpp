@@ -9,6 +9,8 @@
 
 namespace vx {
 
+using detail::MergeById;
+
 int TVxIdValueList::Add(int Id, int Value) {
   int known = GetCount();
   int place = iIds.Add(Id);

@@ -116,7 +116,7 @@ class TVxObjects : public TObject {
   // 16 above 8, otherwise 4.
   void Grow(int Min);
 
-  TObjectSlots iList;
+  detail::TObjectSlots iList;
 
  private:
   bool IsIndex(int Index, std::u16string_view Function) const;

@@ -8,6 +8,8 @@
 
 namespace vx {
 
+using detail::TNestedText;
+
 namespace {
 
 const TVxTextNode* RootOf(const TVxTextNode* Node) {

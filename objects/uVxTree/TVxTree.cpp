@@ -6,6 +6,9 @@
 
 namespace vx {
 
+using detail::TListOrder;
+using detail::TSiblingOrder;
+
 namespace {
 
 [[noreturn]] void RaiseNode() { throw EAccessViolation(u"Ungültige Referenzierung auf Node!"); }

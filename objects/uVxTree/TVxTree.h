@@ -7,7 +7,9 @@
 
 namespace vx {
 
+namespace detail {
 class TNestedText;
+}  // namespace detail
 
 // All nodes stand in one list in depth-first order: a node, what is below it, its next sibling. AppendObject,
 // Move and TVxTreeNode::SetParent let a caller depart from that order; everything is told by the list as it
@@ -117,7 +119,7 @@ class TVxTree : public TObject {
   void PutBehind(TVxTreeNode* Node, const TNodes& Below, int LevelChange) noexcept;
   void FreeBelow(TVxTreeNode* Node);
   void SortLevels(const TVxTreeNode* Top, TNodes& Below) noexcept;
-  static void WriteBelow(TNestedText& Text, const TVxTreeNode* Top, TVxTreeNode* Children);
+  static void WriteBelow(detail::TNestedText& Text, const TVxTreeNode* Top, TVxTreeNode* Children);
 
   TVxTreeNode* iItems = nullptr;  // root of the balanced tree of the list
   TVxTreeNode* iRoots = nullptr;  // root of the balanced tree of the root nodes

@@ -9,6 +9,9 @@
 
 namespace vx {
 
+using detail::TListOrder;
+using detail::TSiblingOrder;
+
 namespace {
 
 using TChildrenByText = std::unordered_map<String, TVxTreeNode*>;

@@ -5,6 +5,9 @@
 
 namespace vx {
 
+using detail::TListOrder;
+using detail::TSiblingOrder;
+
 TVxTree* TVxTreeNode::GetOwner() const {
   if (!iOwner) throw EAccessViolation(u"Parent Zeiger des Treenode ungültig!");
   return iOwner;

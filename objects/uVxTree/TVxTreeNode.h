@@ -6,6 +6,11 @@
 
 namespace vx {
 
+namespace detail {
+template <int kOrder>
+struct TTreeOrder;
+}  // namespace detail
+
 class TVxTree;
 class TVxTreeNode;
 
@@ -114,7 +119,7 @@ class TVxTreeNode : public TObject {
  private:
   friend class TVxTree;
   template <int kOrder>
-  friend struct TTreeOrder;
+  friend struct detail::TTreeOrder;
 
   String iText;
   void* iData = nullptr;

@@ -8,6 +8,9 @@
 
 namespace vx {
 
+using detail::TNestedText;
+using detail::TSiblingOrder;
+
 namespace {
 
 void PutFields(TNestedText& Text, const TVxTreeNode* Node) {

@@ -5,7 +5,7 @@
 #include <charconv>
 #include <cmath>
 
-namespace vx {
+namespace vx::detail {
 
 namespace {
 
@@ -160,4 +160,4 @@ void TDecimal::WriteDigits(char16_t* Digits) const noexcept {
   }
 }
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -6,7 +6,7 @@
 #include "platform/Currency.h"
 #include "platform/Types.h"
 
-namespace vx {
+namespace vx::detail {
 
 // 0.d1d2d3... * 10^Point with the digits of Number; zero has Count 0, Point 0 and no sign.
 struct TDecimal {
@@ -30,4 +30,4 @@ struct TDecimal {
   void Normalize() noexcept;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -3,9 +3,9 @@
 
 #include <string_view>
 
-#include "platform/detail/TextBuffer.h"
+#include "platform/TextBuffer.h"
 
-namespace vx {
+namespace vx::detail {
 
 inline bool IsQuote(char16_t Unit) noexcept { return Unit == u'\'' || Unit == u'"'; }
 
@@ -23,4 +23,4 @@ inline size_t AddLiteral(TTextBuffer& Buffer, std::u16string_view Mask, size_t F
   return close == Mask.npos ? Mask.size() : close + 1;
 }
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -20,26 +20,27 @@ using TValues = std::u16string_view[kPlaceholders];
 
 // Fills in texts without "%" in one go, which is the same as replacing one placeholder after the other if each
 // "%" of the pattern begins a placeholder. False if it does not.
-bool FillAtOnce(std::u16string& Line, std::u16string_view Pattern, const TValues& Values) {
+bool FillAtOnce(TTextBuffer& Line, std::u16string_view Pattern, const TValues& Values) {
   for (size_t at = 0; at < Pattern.size(); ++at) {
     if (Pattern[at] != u'%') {
-      Line += Pattern[at];
+      Line.Add(Pattern[at]);
       continue;
     }
     if (++at == Pattern.size() || Pattern[at] < u'1' || Pattern[at] >= u'1' + kPlaceholders) return false;
-    Line += Values[Pattern[at] - u'1'];
+    Line.Add(Values[Pattern[at] - u'1']);
   }
   return true;
 }
 
-void FillInTurn(std::u16string& Line, const String& Pattern, const TValues& Values) {
+void FillInTurn(TTextBuffer& Line, const String& Pattern, const TValues& Values) {
   String result = Pattern;
   char16_t placeholder[] = u"%1";
   for (const std::u16string_view value : Values) {
     result = ReplaceAll(result, placeholder, value);
     ++placeholder[1];
   }
-  Line = result;
+  Line.Clear();
+  Line.Add(result);
 }
 
 }  // namespace
@@ -80,12 +81,12 @@ void TMsgHandler::AppendLine(std::string& Bytes, const TMsgInfo& MsgInfo, int Le
                           MsgInfo.sender,
                           level,
                           MsgInfo.msg};
-  FLine.clear();
+  FLine.Clear();
   // What the message itself holds comes last and is not replaced again.
   const bool isPlain = values[0].find(u'%') == values[0].npos && values[3].find(u'%') == values[3].npos;
   if (!isPlain || !FillAtOnce(FLine, FLog.Format, values)) FillInTurn(FLine, FLog.Format, values);
-  FLine += u"\r\n";
-  AppendUtf8(Bytes, FLine);
+  FLine.Add(u"\r\n");
+  AppendUtf8(Bytes, FLine.View());
 }
 
 void TMsgHandler::DoLog(const TMsgInfo& MsgInfo, int Level, bool Ignored) {

@@ -10,6 +10,7 @@
 #include "objects/uVxClasses/TVxStringList.h"
 #include "objects/uVxGenerics/GList.h"
 #include "platform/Method.h"
+#include "platform/TextBuffer.h"
 #include "services/uMsg/TMsgInfo.h"
 
 namespace vx {
@@ -89,8 +90,8 @@ class TMsgHandler : public TObject {
   std::vector<int> msgCount;  // of each open action, how long iMsgList was when it began
   bool return_ = true;
   TMsgHandlerLog FLog;
-  std::u16string FLine;  // the line that is being made
-  String FStampText;     // of the latest stamp, by its second and the separator in use
+  TTextBuffer FLine;  // the line that is being made
+  String FStampText;  // of the latest stamp, by its second and the separator in use
   int64_t FStampSecond = -1;
   char16_t FStampSeparator = 0;
 };

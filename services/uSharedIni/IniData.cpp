@@ -1,7 +1,6 @@
 #include "services/uSharedIni/IniData.h"
 
-#include <string>
-
+#include "platform/TextBuffer.h"
 #include "platform/TextForms.h"
 
 namespace vx {
@@ -17,10 +16,10 @@ unsigned HexValue(char16_t Unit) noexcept {
 }
 
 // Takes pairs of digits off the front of Text, up to the next double quote.
-void AppendFromHex(std::u16string& Result, std::u16string_view& Text) {
+void AppendFromHex(TTextBuffer& Result, std::u16string_view& Text) {
   const std::u16string_view digits = Text.substr(0, Text.find(u'"'));
   for (size_t at = 0; at + 1 < digits.size(); at += 2) {
-    Result += static_cast<char16_t>(HexValue(digits[at]) << 4 | HexValue(digits[at + 1]));
+    Result.Add(static_cast<char16_t>(HexValue(digits[at]) << 4 | HexValue(digits[at + 1])));
   }
   Text.remove_prefix(digits.size());
 }
@@ -28,31 +27,31 @@ void AppendFromHex(std::u16string& Result, std::u16string_view& Text) {
 }  // namespace
 
 String IniStrToData(std::u16string_view Text) {
-  std::u16string result;
+  TTextBuffer result;
   for (size_t at = 0; at < Text.size();) {
     size_t end = at;
     while (end < Text.size() && Text[end] >= 32) ++end;
-    result += QuotedStr(Text.substr(at, end - at), u'"');
+    result.Add(QuotedStr(Text.substr(at, end - at), u'"'));
     for (at = end; at < Text.size() && Text[at] < 32; ++at) {
-      result += kHexDigits[Text[at] >> 4];
-      result += kHexDigits[Text[at] & 15];
+      result.Add(kHexDigits[Text[at] >> 4]);
+      result.Add(kHexDigits[Text[at] & 15]);
     }
   }
-  return result;
+  return result.ToString();
 }
 
 String IniDataToStr(std::u16string_view Text) {
-  std::u16string result;
+  TTextBuffer result;
   while (!Text.empty()) {
     if (Text[0] == u'"') {
       int size;
-      result += DequotedStr(Text, u'"', size);
+      result.Add(DequotedStr(Text, u'"', size));
       Text.remove_prefix(static_cast<size_t>(size));
     } else {
       AppendFromHex(result, Text);
     }
   }
-  return result;
+  return result.ToString();
 }
 
 }  // namespace vx

@@ -1,10 +1,10 @@
 #include "services/uVxXml/XmlText.h"
 
 #include <algorithm>
-#include <string>
 
 #include "platform/Scan.h"
 #include "platform/Text.h"
+#include "platform/TextBuffer.h"
 #include "services/uVxXml/detail/Escapes.h"
 
 namespace vx {
@@ -76,8 +76,7 @@ String XMLDecode(std::u16string_view Text) {
 }
 
 String StripHTMLTags(std::u16string_view Text) {
-  std::u16string kept;
-  kept.reserve(Text.size());
+  TTextBuffer kept;
   bool inTag = false;
   for (size_t i = 0; i < Text.size(); ++i) {
     const char16_t unit = Text[i];
@@ -87,9 +86,9 @@ String StripHTMLTags(std::u16string_view Text) {
       const char16_t next = Text[i + 1];
       if (IsBlank(next) || IsLineEnd(next) || next == u'<') continue;
     }
-    kept += unit;
+    kept.Add(unit);
   }
-  String result = kept;
+  String result = kept.ToString();
   result = ReplaceAll(result, u"&quot;", u"\"");
   result = ReplaceAll(result, u"&apos;", u"'");
   result = ReplaceAll(result, u"&gt;", u">");

@@ -9,10 +9,15 @@
 #include "objects/uVxClasses/TVxStringList.h"
 #include "platform/StringArena.h"
 #include "platform/Text.h"
+#include "platform/TextBuffer.h"
+#include "platform/detail/Quoting.h"
 #include "services/uVxXml/TXmlObject.h"
 #include "services/uVxXml/detail/Escapes.h"
 
 namespace vx {
+
+using detail::TEntries;
+using detail::TEntryFiller;
 
 namespace {
 
@@ -55,10 +60,8 @@ char16_t* PutUpper(char16_t* Target, std::u16string_view Text) {
 }
 
 // The line that is being made, in memory that all lines use in turn.
-class TLine {
+class TLine : public TTextBuffer {
  public:
-  void Clear() noexcept { FCount = 0; }
-  std::u16string_view View() const noexcept { return {FUnits.data(), FCount}; }
   void Add(std::u16string_view Text) { Put(Room(Text.size()), Text); }
   void AddEncoded(std::u16string_view Text) {
     xml::ForEachEncoded(Text, [&](std::u16string_view Piece) { Add(Piece); });
@@ -75,16 +78,6 @@ class TLine {
     AddEncoded(Value);
     *Room(1) = u'"';
   }
-
- private:
-  char16_t* Room(size_t Count) {
-    if (FUnits.size() - FCount < Count) FUnits.resize(std::max(FCount + Count, 2 * FUnits.size()));
-    char16_t* room = FUnits.data() + FCount;
-    FCount += Count;
-    return room;
-  }
-  std::vector<char16_t> FUnits = std::vector<char16_t>(256);
-  size_t FCount = 0;
 };
 
 // Hands the lines of a tree to Take. An element is opened only when it turns out to have a body, and all elements
@@ -209,20 +202,12 @@ class TCommatext {
     if (FEnd - FPos < static_cast<ptrdiff_t>(most)) NewPiece(most);
     if (FIsBehindLine) *FPos++ = u',';
     FIsBehindLine = true;
-    const char16_t* end = Line.data() + Line.size();
-    const char16_t* found = scan::FindBlankOr(Line.data(), end, u',', u'"');
-    if (found == end || *found == 0) {
+    if (!detail::NeedsQuotes(Line, u',', u'"')) {
       FPos = Put(FPos, Line);
       return;
     }
     *FPos++ = u'"';
-    const char16_t* pos = Line.data();
-    while (pos != end) {
-      const char16_t* quote = scan::FindUnit(pos, end, u'"');
-      FPos = Put(FPos, {pos, static_cast<size_t>(quote - pos)});
-      if (quote != end) *FPos++ = u'"', *FPos++ = u'"';
-      pos = quote == end ? end : quote + 1;
-    }
+    detail::ForEachDoubled(Line, u'"', [&](const char16_t* units, size_t count) { FPos = Put(FPos, {units, count}); });
     *FPos++ = u'"';
   }
 

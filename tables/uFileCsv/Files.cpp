@@ -23,6 +23,13 @@
 
 namespace vx {
 
+using detail::CountSeparators;
+using enum detail::TRowForm;
+using detail::TRowForm;
+using detail::TRowWriter;
+using detail::TSeparatorCounts;
+using detail::TTableReader;
+
 namespace {
 
 struct TFileForm {

@@ -7,6 +7,11 @@
 
 namespace vx {
 
+using detail::FindInColumn;
+using detail::SameTextAs;
+using detail::SameUnitsAs;
+using detail::SortedUnique;
+
 std::unique_ptr<TFileCsv> THeadCsv::GetNewInstance() const { return std::make_unique<THeadCsv>(); }
 
 int THeadCsv::FieldIndex(std::u16string_view Name) const {

@@ -11,6 +11,10 @@
 
 namespace vx {
 
+using detail::FindInColumn;
+using detail::SameTextAs;
+using detail::SortedUnique;
+
 namespace {
 
 // The cell of a row, empty past its end. Col must not be negative.

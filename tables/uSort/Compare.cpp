@@ -10,6 +10,11 @@
 #include "tables/uSort/detail/CellValues.h"
 
 namespace vx {
+
+using detail::CommatextLines;
+using detail::FindMomentForm;
+using detail::SignOfDifference;
+using detail::TMomentForm;
 namespace {
 
 int HeldToInt(int64_t Value) noexcept { return static_cast<int>(std::clamp<int64_t>(Value, INT32_MIN, INT32_MAX)); }

@@ -14,6 +14,17 @@
 #include "tables/uSort/detail/SortRecords.h"
 
 namespace vx {
+
+using detail::CommatextLines;
+using detail::FindMomentForm;
+using detail::HasFewDigits;
+using detail::KeyOf;
+using detail::SignOfDifference;
+using detail::SortRecords;
+using detail::TByteKeys;
+using detail::TMomentForm;
+using detail::TMomentKeys;
+using detail::TSortRecord;
 namespace {
 
 // Two and more records that are equal so far.

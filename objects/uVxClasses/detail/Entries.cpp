@@ -7,7 +7,7 @@
 
 #include "platform/Exceptions.h"
 
-namespace vx {
+namespace vx::detail {
 
 namespace {
 
@@ -204,4 +204,4 @@ void TEntryFiller::DropAll() noexcept {
   while (FNext != FEntries.FTexts) (--FNext)->~String();
 }
 
-}  // namespace vx
+}  // namespace vx::detail

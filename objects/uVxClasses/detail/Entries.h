@@ -8,7 +8,7 @@
 #include "platform/String.h"
 #include "platform/TObject.h"
 
-namespace vx {
+namespace vx::detail {
 
 // Two flat arrays of the same length. Most lists never hold an object, so that the objects have an
 // array only from the first one on. A copy shares the array of texts until one of both changes, so that
@@ -142,4 +142,4 @@ class TEntryFiller {
   String* FEnd = nullptr;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
-namespace vx {
+namespace vx::detail {
 
 bool TNewKeys::IsFull(int ListCount) const noexcept {
   // Gathering moves a part of FPlaces for each key, merging the list for each IsFull keys.
@@ -60,4 +60,4 @@ void TNewKeys::MergeInto(TVxStringList& List) {
   FPlaces.clear();
 }
 
-}  // namespace vx
+}  // namespace vx::detail

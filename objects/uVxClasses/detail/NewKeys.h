@@ -5,7 +5,7 @@
 
 #include "objects/uVxClasses/TVxStringList.h"
 
-namespace vx {
+namespace vx::detail {
 
 // Putting a key into the middle of a long list moves half of it. New keys are therefore gathered here, in
 // order, and go over many at a time; what a key costs then grows with the root of the list's length. Each key
@@ -48,4 +48,4 @@ class TNewKeys {
   std::vector<TPlace> FPlaces;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

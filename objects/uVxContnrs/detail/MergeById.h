@@ -4,7 +4,7 @@
 #include <span>
 #include <vector>
 
-namespace vx {
+namespace vx::detail {
 
 // The values of two lists by id as those of one, in the order of the ids; where both have an id, Take
 // chooses. Ids ascend in both, each with the value at the same place.
@@ -28,4 +28,4 @@ std::vector<T> MergeById(std::span<const int> IdsA, std::span<const T> ValuesA, 
   return result;
 }
 
-}  // namespace vx
+}  // namespace vx::detail

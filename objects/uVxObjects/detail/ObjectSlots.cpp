@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <iterator>
 
-namespace vx {
+namespace vx::detail {
 
 std::vector<TObjectSlots::TBlock> TObjectSlots::NewBlocks(int Capacity, int Bits) {
   const int size = std::min(Capacity, 1 << Bits);
@@ -108,4 +108,4 @@ void TObjectSlots::SetCount(int Value) noexcept {
   FCount = Value;
 }
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -4,9 +4,9 @@
 #include <memory>
 #include <vector>
 
-namespace vx {
+#include "platform/TObject.h"
 
-class TObject;
+namespace vx::detail {
 
 // An array of pointers in which a slot can be made or closed anywhere at the cost of about the square
 // root of the count, while each is reached by its index in one step. Nothing is checked here.
@@ -59,4 +59,4 @@ class TObjectSlots {
   unsigned FVersion = 0;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -10,7 +10,7 @@
 
 #include "objects/uVxTree/TVxTreeNode.h"
 
-namespace vx {
+namespace vx::detail {
 
 template <int kOrder>
 struct TTreeOrder {
@@ -183,4 +183,4 @@ struct TTreeOrder {
 using TListOrder = TTreeOrder<0>;
 using TSiblingOrder = TTreeOrder<1>;
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -10,7 +10,7 @@
 #include "objects/uVxClasses/TVxStringList.h"
 #include "platform/Collation.h"
 
-namespace vx {
+namespace vx::detail {
 
 // What FindInColumn is to look for: the same code units as Key, which has to live as long as the function.
 inline auto SameUnitsAs(const String& Key) noexcept {
@@ -66,4 +66,4 @@ inline String SortedUnique(std::u16string_view Commatext) {
   return WriteCommatext(unique);
 }
 
-}  // namespace vx
+}  // namespace vx::detail

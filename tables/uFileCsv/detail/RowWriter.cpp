@@ -4,8 +4,9 @@
 #include <bit>
 
 #include "platform/Scan.h"
+#include "platform/detail/Quoting.h"
 
-namespace vx {
+namespace vx::detail {
 
 namespace {
 
@@ -68,19 +69,11 @@ char* TRowWriter::PutSpecialCell(char* Target, const char16_t* Units, size_t Cou
     FPage.Encode(Units, Count, Target);
     return Target + Count;
   }
-  const char16_t* end = Units + Count;
   *Target++ = '"';
-  while (Units != end) {
-    const char16_t* quote = scan::FindUnit(Units, end, kQuote);
-    size_t stretch = static_cast<size_t>(quote - Units);
-    FPage.Encode(Units, stretch, Target);
-    Target += stretch;
-    Units = quote;
-    if (quote == end) break;
-    *Target++ = '"';
-    *Target++ = '"';
-    ++Units;
-  }
+  ForEachDoubled({Units, Count}, kQuote, [&](const char16_t* units, size_t count) {
+    FPage.Encode(units, count, Target);
+    Target += count;
+  });
   *Target++ = '"';
   return Target;
 }
@@ -133,4 +126,4 @@ bool TRowWriter::PutUnquoted(char* Target, const char16_t* Units, size_t Count) 
 
 #endif
 
-}  // namespace vx
+}  // namespace vx::detail

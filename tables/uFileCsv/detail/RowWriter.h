@@ -7,7 +7,7 @@
 #include "platform/Files.h"
 #include "platform/String.h"
 
-namespace vx {
+namespace vx::detail {
 
 // How a file's cells are joined and quoted.
 enum TRowForm : uint8_t {
@@ -50,4 +50,4 @@ class TRowWriter {
   int64_t FFlushed = 0;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -6,7 +6,7 @@
 #include "platform/Scan.h"
 #include "platform/detail/CellReader.h"
 
-namespace vx {
+namespace vx::detail {
 
 namespace {
 
@@ -151,13 +151,13 @@ void TTableReader::ReadAll(TTakeRow TakeRow) {
 bool TTableReader::NextRow() {
   for (;;) {
     FSource.Cells.DropAll();
-    detail::TCellReader<true, TSource> reader(FSource, FPos, FEnd);
-    detail::TRowEnd rowEnd = reader.ReadRow();
-    if (rowEnd == detail::reIrregular) {
+    TCellReader<true, TSource> reader(FSource, FPos, FEnd);
+    TRowEnd rowEnd = reader.ReadRow();
+    if (rowEnd == reIrregular) {
       FSource.Cells.DropAll();
       const unsigned char* lineEnd = FindLineEnd();
       if (lineEnd != FEnd || FAtEof) return TakeIrregularRow(lineEnd);
-    } else if (rowEnd == detail::reLine) {
+    } else if (rowEnd == reLine) {
       FPos = reader.Position();
       SkipLineEnd();
       return true;
@@ -173,7 +173,7 @@ bool TTableReader::NextRow() {
 
 bool TTableReader::TakeIrregularRow(const unsigned char* LineEnd) {
   bool isRow = LineEnd != FEnd || FEnd - FPos >= 2;
-  detail::TCellReader<false, TSource> reader(FSource, FPos, LineEnd);
+  TCellReader<false, TSource> reader(FSource, FPos, LineEnd);
   reader.ReadRow();
   FPos = LineEnd;
   SkipLineEnd();
@@ -203,4 +203,4 @@ std::unique_ptr<TVxStringList> TTableReader::MakeRow() {
   return row;
 }
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -11,7 +11,7 @@
 #include "platform/Files.h"
 #include "platform/StringArena.h"
 
-namespace vx {
+namespace vx::detail {
 
 // The separator by the counts of the four in a first line; see TFileCsv::AnalyseToParse.
 struct TSeparatorCounts {
@@ -98,4 +98,4 @@ class TTableReader {
   TSource FSource;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

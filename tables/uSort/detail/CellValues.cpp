@@ -7,7 +7,7 @@
 #include "platform/Calendar.h"
 #include "platform/DateText.h"
 
-namespace vx {
+namespace vx::detail {
 namespace {
 
 bool CompareDateUnits(std::u16string_view A, std::u16string_view B, int& Result) noexcept {
@@ -86,4 +86,4 @@ const TMomentForm* FindMomentForm(TVxFieldType FieldType) noexcept {
   }
 }
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -8,7 +8,7 @@
 #include "platform/String.h"
 #include "platform/Types.h"
 
-namespace vx {
+namespace vx::detail {
 
 // -1, 0 or 1.
 template <typename T>
@@ -41,4 +41,4 @@ constexpr bool BeginsAsDate(std::u16string_view Text) noexcept {
   return Text.size() >= 10 && Text[2] == u'.' && Text[5] == u'.';
 }
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -10,7 +10,7 @@
 #include "platform/Collation.h"
 #include "platform/Text.h"
 
-namespace vx {
+namespace vx::detail {
 namespace {
 
 constexpr uint64_t kFirstDay = 18991230;  // the value 0, and what an empty cell is read as
@@ -180,4 +180,4 @@ uint64_t TMomentKeys::AddDateTime(std::u16string_view Cell) noexcept {
   return MomentKey(day, seconds + 1);
 }
 
-}  // namespace vx
+}  // namespace vx::detail

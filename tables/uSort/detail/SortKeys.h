@@ -8,7 +8,7 @@
 #include "platform/Types.h"
 #include "tables/uSort/detail/CellValues.h"
 
-namespace vx {
+namespace vx::detail {
 
 // Numbers that stand as the values do.
 constexpr uint64_t KeyOf(int64_t Value) noexcept {
@@ -73,4 +73,4 @@ class TMomentKeys {
   bool FAllDigits;               // the keys are eight digits each, as characters
 };
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -5,7 +5,7 @@
 #include <bit>
 #include <utility>
 
-namespace vx {
+namespace vx::detail {
 namespace {
 
 constexpr size_t kInsertion = 24;     // up to so many, by insertion
@@ -103,4 +103,4 @@ void SortRecords(std::span<TSortRecord> Records, std::span<TSortRecord> Scratch)
   if (Records.size() > 1) Sort(Records, Scratch.first(Records.size()), false);
 }
 
-}  // namespace vx
+}  // namespace vx::detail

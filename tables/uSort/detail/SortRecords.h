@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <span>
 
-namespace vx {
+namespace vx::detail {
 
 struct TSortRecord {
   uint64_t Word;
@@ -16,4 +16,4 @@ struct TSortRecord {
 // Scratch is room for as many. Time n, with a factor by the number of bits in which the words differ.
 void SortRecords(std::span<TSortRecord> Records, std::span<TSortRecord> Scratch);
 
-}  // namespace vx
+}  // namespace vx::detail
