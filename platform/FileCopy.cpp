@@ -1,4 +1,3 @@
-#include <dirent.h>
 #include <fcntl.h>
 #include <stdio.h>
 #include <stdlib.h>
@@ -169,12 +168,11 @@ class TTreeCopy {
   }
 
   static bool List(const std::string& Native, std::vector<std::string>& Names) {
-    DIR* directory = ::opendir(Native.c_str());
+    const TDirectory directory(::opendir(Native.c_str()));
     if (!Check(directory != nullptr)) return false;
-    while (const dirent* entry = ::readdir(directory)) {
+    while (const dirent* entry = ::readdir(directory.get())) {
       if (std::strcmp(entry->d_name, ".") != 0 && std::strcmp(entry->d_name, "..") != 0) Names.push_back(entry->d_name);
     }
-    ::closedir(directory);
     return true;
   }
 

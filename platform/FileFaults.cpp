@@ -17,7 +17,7 @@ struct TFileFaults::TRules {
   std::vector<TRule> Rules;
   int64_t Space = -1;  // bytes left, -1 without limit
   int64_t Reads = -1;
-  bool FreezesStamps = false;
+  bool FreezesStamps = false, LosesLocks = false;
   std::map<std::string, TDateTime> Stamps;
 };
 
@@ -60,6 +60,9 @@ struct TFileFaultAccess {
   static size_t Take(int64_t TRules::*Limit, size_t Count) noexcept {
     for (TRules* rules : Scopes()) Count = TakeFrom(rules->*Limit, Count);
     return Count;
+  }
+  static bool LosesLocks() noexcept {
+    return std::any_of(Scopes().begin(), Scopes().end(), [](const TRules* rules) { return rules->LosesLocks; });
   }
   static TDateTime Told(const std::string& Native, TDateTime Stamp) {
     for (TRules* rules : Scopes()) {
@@ -109,6 +112,11 @@ void TFileFaults::FreezeStamps() noexcept {
   FRules->FreezesStamps = true;
 }
 
+void TFileFaults::LoseLocks() noexcept {
+  std::lock_guard lock(FaultMutex);
+  FRules->LosesLocks = true;
+}
+
 namespace files {
 namespace {
 
@@ -136,6 +144,12 @@ bool Permitted(TFileOperation Operation, const std::string& Native, const std::s
 size_t TakeSpace(size_t Count) noexcept { return Take(&TFileFaultAccess::TRules::Space, Count); }
 
 size_t TakeReads(size_t Count) noexcept { return Take(&TFileFaultAccess::TRules::Reads, Count); }
+
+bool LosesLocks() noexcept {
+  if (!AnyFaults()) return false;
+  std::lock_guard lock(FaultMutex);
+  return TFileFaultAccess::LosesLocks();
+}
 
 TDateTime ToldStamp(const std::string& Native, TDateTime Stamp) {
   if (!AnyFaults()) return Stamp;

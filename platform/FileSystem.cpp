@@ -1,4 +1,3 @@
-#include <dirent.h>
 #include <fcntl.h>
 
 #include <algorithm>
@@ -69,10 +68,6 @@ TFileInfo InfoOf(const std::string& Native, String Name, const struct stat& Info
   return result;
 }
 
-struct TDirectoryCloser {
-  void operator()(DIR* Directory) const noexcept { ::closedir(Directory); }
-};
-
 // "*" and "?" as they are known; Name and Mask are in one case.
 bool MatchesMask(std::u16string_view Name, std::u16string_view Mask) noexcept {
   size_t n = 0, m = 0, star = Mask.npos, retry = 0;
@@ -102,7 +97,7 @@ bool IsFoundBy(const String& Name, const String& Mask) {
 
 std::vector<TFileInfo> SearchDirectory(const std::string& Native, const String& Mask) {
   std::vector<TFileInfo> result;
-  std::unique_ptr<DIR, TDirectoryCloser> directory(::opendir(Native.c_str()));
+  const TDirectory directory(::opendir(Native.c_str()));
   if (!Check(directory != nullptr)) return result;
   const String mask = LowerCase(Mask);
   while (const dirent* entry = ::readdir(directory.get())) {

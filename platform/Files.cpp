@@ -1,8 +1,6 @@
 #include "platform/Files.h"
 
 #include <fcntl.h>
-#include <sys/file.h>
-#include <time.h>
 
 #include <algorithm>
 #include <cerrno>
@@ -12,67 +10,14 @@
 #include "platform/Format.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
+#include "platform/posix/Drives.h"
+#include "platform/posix/FileLocks.h"
 
 namespace vx {
 namespace files {
 namespace {
 
-static_assert(sizeof(off_t) == 8);
-
-constexpr off_t kLockBase = 0x7FFFFFFFFFFFFF00;
-constexpr int kGateTries = 200;
 constexpr int kOpenTries = 10;
-
-struct TShare {
-  bool Reads, Writes, DeniesRead, DeniesWrite;
-};
-
-struct flock LockOf(TLockByte Byte, short Type) noexcept {
-  struct flock lock {};
-  lock.l_type = Type;
-  lock.l_whence = SEEK_SET;
-  lock.l_start = kLockBase + Byte;
-  lock.l_len = 1;
-  return lock;
-}
-
-bool IsHeldByOther(int Handle, TLockByte Byte) noexcept {
-  struct flock lock = LockOf(Byte, F_WRLCK);
-  return ::fcntl(Handle, F_OFD_GETLK, &lock) == 0 && lock.l_type != F_UNLCK;
-}
-
-// A descriptor that can't read can't hold the lock; it then is open unshared.
-void Hold(int Handle, TLockByte Byte) noexcept {
-  struct flock lock = LockOf(Byte, F_RDLCK);
-  ::fcntl(Handle, F_OFD_SETLK, &lock);
-}
-
-void ShortPause() noexcept {
-  timespec pause{0, 1000000};
-  ::nanosleep(&pause, nullptr);
-}
-
-// Tests and sets the locks of one opener, so that no other opener comes between.
-bool TakeShare(int Handle, const TShare& Share) noexcept {
-  for (int tries = 0; ::flock(Handle, LOCK_EX | LOCK_NB) != 0; ++tries) {
-    if (errno == EINTR) continue;
-    if (errno != EWOULDBLOCK) break;
-    if (tries == kGateTries) return false;
-    ShortPause();
-  }
-  bool free = !(Share.Reads && IsHeldByOther(Handle, lbDeniesRead)) &&
-              !(Share.Writes && IsHeldByOther(Handle, lbDeniesWrite)) &&
-              !(Share.DeniesRead && IsHeldByOther(Handle, lbReads)) &&
-              !(Share.DeniesWrite && IsHeldByOther(Handle, lbWrites));
-  if (free) {
-    if (Share.Reads) Hold(Handle, lbReads);
-    if (Share.Writes) Hold(Handle, lbWrites);
-    if (Share.DeniesRead) Hold(Handle, lbDeniesRead);
-    if (Share.DeniesWrite) Hold(Handle, lbDeniesWrite);
-  }
-  ::flock(Handle, LOCK_UN);
-  return free;
-}
 
 bool IsSpecial(const std::string& Native) noexcept {
   struct stat info;
@@ -88,10 +33,11 @@ int OpenRetrying(const std::string& Native, int Flags) noexcept {
 }
 
 // Read locks need a descriptor that reads, so that writing alone is asked for only where it must be.
-int OpenHandle(const std::string& Native, bool Writes, bool WriteOnly, bool Create) noexcept {
+int OpenHandle(const std::string& Native, bool Writes, bool WriteOnly, uint32_t Mode) noexcept {
   if (!Writes) return OpenRetrying(Native, O_RDONLY);
   if (WriteOnly && IsSpecial(Native)) return OpenRetrying(Native, O_WRONLY);
-  int flags = Create ? O_CREAT : 0;
+  const bool create = (Mode & fmCreate) != 0 && (Mode & kMustExist) == 0;
+  const int flags = (create ? O_CREAT : 0) | ((Mode & kAtEnd) != 0 ? O_APPEND : 0);
   int handle = OpenRetrying(Native, O_RDWR | flags);
   if (handle < 0 && errno == EACCES && WriteOnly) handle = OpenRetrying(Native, O_WRONLY | flags);
   return handle;
@@ -99,22 +45,10 @@ int OpenHandle(const std::string& Native, bool Writes, bool WriteOnly, bool Crea
 
 }  // namespace
 
-bool IsStillAt(const std::string& Native, const struct stat& Info) noexcept {
+bool IsStillAt(const std::string& Native, const struct stat& Info, bool IsRemote) noexcept {
   struct stat now;
+  if (IsRemote) RefreshName(Native);
   return ::stat(Native.c_str(), &now) == 0 && now.st_dev == Info.st_dev && now.st_ino == Info.st_ino;
-}
-
-bool TakeExclusively(int Handle) noexcept { return TakeShare(Handle, {true, true, true, true}) || Fail(EBUSY); }
-
-bool TryLock(int Handle, TLockByte Byte) noexcept {
-  struct flock lock = LockOf(Byte, F_WRLCK);
-  if (::fcntl(Handle, F_OFD_SETLK, &lock) == 0) return true;
-  return Fail(errno == EAGAIN || errno == EACCES ? EBUSY : errno);
-}
-
-void Unlock(int Handle, TLockByte Byte) noexcept {
-  struct flock lock = LockOf(Byte, F_UNLCK);
-  ::fcntl(Handle, F_OFD_SETLK, &lock);
 }
 
 bool THandle::Close() noexcept {
@@ -130,16 +64,25 @@ int OpenFile(const std::string& Native, uint32_t Mode, bool& Seekable) {
                      (Mode & fmShareDenyNone) == 0};
   if (!Permitted(create ? foCreate : foOpen, Native)) return -1;
   for (int tries = 0;; ++tries) {
-    THandle handle(OpenHandle(Native, writes, writeOnly, create && (Mode & kMustExist) == 0));
+    THandle handle(OpenHandle(Native, writes, writeOnly, Mode));
     struct stat info;
-    if (!Check(handle.Get() >= 0 && ::fstat(handle.Get(), &info) == 0)) return -1;
+    if (!Check(handle.Get() >= 0 && ::fstat(handle.Get(), &info) == 0)) {
+      if (errno != ESTALE || tries == kOpenTries) return -1;
+      RefreshName(Native);  // the server has another file there by now
+      continue;
+    }
     if (S_ISDIR(info.st_mode)) return Fail(EISDIR), -1;
     Seekable = S_ISREG(info.st_mode) || S_ISBLK(info.st_mode);
     if (!S_ISREG(info.st_mode)) return handle.Release();
     if (writes && (info.st_mode & S_IWUSR) == 0) return Fail(EACCES), -1;
     if (!TakeShare(handle.Get(), share)) return Fail(EBUSY), -1;
     // Another may have put a new file in this one's place before the locks stood.
-    if (!IsStillAt(Native, info) && tries < kOpenTries) continue;
+    const bool isRemote = IsRemote(handle.Get(), info);
+    if (!IsStillAt(Native, info, isRemote) && tries < kOpenTries) continue;
+    if (isRemote && !RefreshInfo(handle.Get(), info)) {
+      if (GetLastError() != ESTALE || tries == kOpenTries) return -1;
+      continue;
+    }
     if (create && (Mode & kKeepContent) == 0 && !Check(::ftruncate(handle.Get(), 0) == 0)) return -1;
     return handle.Release();
   }

@@ -157,6 +157,8 @@ class TFileFaults {
   void CutReads(int64_t Bytes) noexcept;
   // Last-write stamps that are asked for stay at the value of the first asking, path by path.
   void FreezeStamps() noexcept;
+  // Every drive counts as one of a network on which locks don't hold between machines.
+  void LoseLocks() noexcept;
 
  private:
   struct TRules;

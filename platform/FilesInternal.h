@@ -3,9 +3,11 @@
 // All functions report a failure through SetLastError and, unless said otherwise, by false.
 #pragma once
 
+#include <dirent.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+#include <memory>
 #include <new>
 #include <string>
 #include <utility>
@@ -35,6 +37,11 @@ class THandle {
  private:
   int FHandle;
 };
+
+struct TDirectoryCloser {
+  void operator()(DIR* Directory) const noexcept { ::closedir(Directory); }
+};
+using TDirectory = std::unique_ptr<DIR, TDirectoryCloser>;
 
 // Sets the last error; always false.
 bool Fail(int Error) noexcept;
@@ -70,6 +77,8 @@ bool Permitted(TFileOperation Operation, const std::string& Native, const std::s
 // How much of Count may be written or read; takes it off what is left.
 size_t TakeSpace(size_t Count) noexcept;
 size_t TakeReads(size_t Count) noexcept;
+// Whether every drive is to count as one on which locks don't hold between machines.
+bool LosesLocks() noexcept;
 // The stamp that is to be told of Native, whose own is Stamp.
 TDateTime ToldStamp(const std::string& Native, TDateTime Stamp);
 
@@ -79,12 +88,13 @@ bool LocalToStamp(TDateTime Local, timespec& Stamp);
 
 // Where a symbolic link leads in the end, whether or not something stands there.
 std::string BehindLinks(std::string Native);
-// Whether Info is that of what stands at Native now. The last error stays.
-bool IsStillAt(const std::string& Native, const struct stat& Info) noexcept;
+// Whether Info is that of what stands at Native now; of a network drive, by what its server says. The last error stays.
+bool IsStillAt(const std::string& Native, const struct stat& Info, bool IsRemote = false) noexcept;
 
-// Further modes with fmCreate: the old file is not emptied; no file is made.
+// Further modes with fmCreate: the old file is not emptied; no file is made; all that is written goes to the end.
 inline constexpr uint32_t kKeepContent = 0x2000;
 inline constexpr uint32_t kMustExist = 0x4000;
+inline constexpr uint32_t kAtEnd = 0x8000;
 // Opens with regard to share modes; -1 if that failed. Seekable is set for what has positions.
 int OpenFile(const std::string& Native, uint32_t Mode, bool& Seekable);
 // As read and write, but whole: fewer bytes, and not more than kMaxRead, only at the end, and all bytes
@@ -93,15 +103,6 @@ inline constexpr size_t kMaxRead = size_t{1} << 30;
 ssize_t ReadBytes(int Handle, const std::string& Native, void* Buffer, size_t Count, int64_t Position);
 bool WriteBytes(int Handle, const std::string& Native, const void* Buffer, size_t Count, int64_t Position,
                 size_t& Done);
-
-// The bytes, far behind any file's end, whose locks tell other openers what this one does and denies; the last
-// two are held by one opener at a time and have nothing to do with share modes.
-enum TLockByte : int { lbReads, lbWrites, lbDeniesRead, lbDeniesWrite, lbTurn, lbAppends };
-// Takes an open file as fmShareExclusive does; EBUSY while another has it open.
-bool TakeExclusively(int Handle) noexcept;
-// Takes one lock alone, on a file open for writing, without waiting; EBUSY while another holds it.
-bool TryLock(int Handle, TLockByte Byte) noexcept;
-void Unlock(int Handle, TLockByte Byte) noexcept;
 
 // Copies one file; see FileCopy. The paths are native.
 bool CopyOne(const std::string& Source, const std::string& Target);

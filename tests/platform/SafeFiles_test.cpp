@@ -137,10 +137,83 @@ TEST_F(SafeFiles, AppendsWholePieces) {
   TFileFaults faults;
   faults.LimitSpace(2);
   EXPECT_THROW(AppendToFile(u"log", "abc"), EWriteError);
+  EXPECT_THROW(AppendLinesToFile(u"log", "abc"), EWriteError);
   EXPECT_TRUE(GetText(u"log") == text);
   AppendToFile(u"/dev/null", ""), ReplaceFileContent(u"/dev/null", "");
   TFileStream file(u"log", fmOpenRead | fmShareDenyWrite);
   EXPECT_THROW(AppendToFile(u"log", "abc"), EFOpenError);
+}
+
+TEST_F(SafeFiles, AppendedLinesStayApartFromAPiece) {
+  for (bool isFar : {false, true}) {
+    TFileFaults faults;
+    if (isFar) faults.LoseLocks();
+    for (auto [old, now] : {std::pair("", "b\r\n"), {"a\n", "a\nb\r\n"}, {"a\r", "a\r\nb\r\n"}, {"a", "a\r\nb\r\n"}}) {
+      PutText(u"log", old);
+      AppendLinesToFile(u"log", "b\r\n");
+      EXPECT_EQ(GetText(u"log"), now);
+    }
+  }
+  EXPECT_EQ(Entries(), 1);
+}
+
+// Directories beside the files stand in for locks.
+TEST_F(SafeFiles, WhereLocksDontHoldATurnIsADirectory) {
+  TFileFaults faults;
+  faults.LoseLocks();
+  PutText(u"a", "0"), PutText(u"log", ""), ::chmod("a", 0640);
+  EXPECT_TRUE(InProcesses(3, [](int child) {
+    for (int i = 0; i < 20; ++i) {
+      TFileTurn turn;
+      if (!turn.Take(u"a", 30000)) throw Exception(u"no turn");
+      for (int j = 0; j < 2; ++j) ReplaceFileContent(u"a", std::to_string(std::stoi(GetText(u"a")) + 1), turn);
+      AppendToFile(u"log", std::string(5000, static_cast<char>('a' + child)) + "\n");
+    }
+  }));
+  const std::string text = GetText(u"log");
+  for (size_t at = 0; at < text.size(); at += 5001) EXPECT_EQ(text.find_first_not_of(text[at], at), at + 5000);
+  struct stat info;
+  EXPECT_EQ(::stat("a", &info), 0);
+  EXPECT_EQ(info.st_mode & 0777, 0640u);
+  EXPECT_EQ(GetText(u"a") + "," + std::to_string(text.size()) + "," + std::to_string(Entries()), "120,300060,2");
+}
+
+TEST_F(SafeFiles, ADirectoryThatIsLeftOverIsTakenOver) {
+  test::TClockAt clock(46000);
+  TFileFaults faults;
+  faults.LoseLocks();
+  for (const char16_t* path : {u"a", u"new"}) {
+    PutText(u"a", "old");
+    TFileTurn asleep, other;
+    EXPECT_TRUE(asleep.Take(path, 0));
+    EXPECT_FALSE(other.Take(path, 9990)) << "its owner may be alive";
+    EXPECT_TRUE(other.IsOthers());
+    EXPECT_TRUE(other.Take(path, 100));
+    EXPECT_THROW(ReplaceFileContent(path, "late", asleep), EFCreateError) << "who has lost it does no harm";
+    asleep.Release();
+    ReplaceFileContent(path, "content", other);
+    EXPECT_EQ(GetText(path), "content");
+  }
+  fs::create_directory(".a.vxlock"), PutText(u".a.vxlock/b", "");
+  fs::last_write_time(".a.vxlock", fs::file_time_type::clock::now() - std::chrono::minutes(2));
+  ReplaceFileContent(u"a", "alone");
+  EXPECT_EQ(GetText(u"a") + std::to_string(Entries()), "alone2");
+}
+
+TEST_F(SafeFiles, ContentOfATurnNeedsTheTurn) {
+  PutText(u"a", "old");
+  TFileTurn turn, none;
+  EXPECT_FALSE(none.Take(u"none/a", 0));
+  EXPECT_EQ(RaisedBy<EFCreateError>([&] { ReplaceFileContent(u"a", "x", none); }),
+            u"Cannot create file \"a\". " + SysErrorMessage(ENOENT));
+  EXPECT_TRUE(turn.Take(u"a", 0));
+  fs::rename("a", "b"), PutText(u"a", "of another");
+  EXPECT_THROW(ReplaceFileContent(u"a", "x", turn), EFCreateError);
+  EXPECT_TRUE(turn.Take(u"c", 0));
+  EXPECT_TRUE(turn.IsToMake());
+  for (const char* text : {"1", "2"}) ReplaceFileContent(u"c", text, turn);
+  EXPECT_FALSE(none.Take(u"c", 5)) << "the turn goes over to the file that was made";
+  EXPECT_EQ(GetText(u"a") + GetText(u"c"), "of another2");
 }
 
 TEST_F(SafeFiles, ATurnIsOneProcessAfterTheOther) {
