@@ -109,7 +109,7 @@ bool TMsgHandler::writeLog(std::string_view Bytes) {
   if (Bytes.empty()) return true;
   for (;;) {
     try {
-      AppendToFile(FLog.FileName, Bytes);
+      AppendLinesToFile(FLog.FileName, Bytes);
       return true;
     } catch (const Exception& error) {
       const String text =

@@ -32,6 +32,12 @@ void Tell(TMsgType Type, std::u16string_view What, std::u16string_view Detail, s
                  Success);
 }
 
+// Always false.
+bool TellNotOpened(const String& FileName, std::u16string_view Sender) {
+  Tell(msgWarning, u"erstellt/geöffnet werden", FileName, Sender, false);
+  return false;
+}
+
 // Runs Open until it does not raise or so many milliseconds have passed. Each failure is logged, the last one
 // told; false then.
 template <typename F>
@@ -55,8 +61,7 @@ bool Retry(const String& FileName, uint32_t TimeOut, std::u16string_view Sender,
     Tell(msgLog, Concat({word, u" werden"}), reason, Sender, true);
     Sleep(kRetryPause);
   } while (GetTickCount() <= deadline);
-  Tell(msgWarning, u"erstellt/geöffnet werden", FileName, Sender, false);
-  return false;
+  return TellNotOpened(FileName, Sender);
 }
 
 // The later ones first, so that the others keep their places.
@@ -93,6 +98,7 @@ TDateTime TSharedIni::LoadValues() {
   }
   TDateTime result = 0;
   std::unique_ptr<TFileStream> file;
+  FIsWhole = true;
   const bool isOpen = Retry(name, iTimeOut, kLoadValues, [&] {
     result = VxFileLastWrite(name, false);
     file = std::make_unique<TFileStream>(name, fmOpenRead | fmShareDenyWrite);
@@ -102,6 +108,7 @@ TDateTime TSharedIni::LoadValues() {
   try {
     file->ReadRest(bytes, INT32_MAX);
   } catch (const Exception&) {
+    FIsWhole = false;
     Tell(msgWarning, u"gelesen werden", name, kLoadValues, true);
   }
   size_t mark = 0;
@@ -115,11 +122,30 @@ bool TSharedIni::StoreValues(TSharedIni& Target) {
   const std::string bytes = std::string(encoding.Mark()) + encoding.Encode(Target.GetText());
   return Retry(Target.GetFileName(), iTimeOut, kStoreValues, [&] {
     try {
-      FStored = ReplaceFileContent(Target.GetFileName(), bytes);
+      const String& name = Target.GetFileName();
+      FStored = FTurn ? ReplaceFileContent(name, bytes, *FTurn) : ReplaceFileContent(name, bytes);
     } catch (const EWriteError&) {
       FStored = VxFileLastWrite(Target.GetFileName(), false);
       Tell(msgWarning, u"geschrieben werden", Target.GetFileName(), kLoadValues, true);
     }
+  });
+}
+
+bool TSharedIni::StoreOrMake(TSharedIni& Ini, TSharedIni& Origin) {
+  Ini.FOrigin = &Origin;
+  const bool result = Ini.Store();
+  Ini.FOrigin = nullptr;
+  if (!result && Ini.iModifications) Origin.AddModifications(*Ini.iModifications);
+  return result;
+}
+
+bool TSharedIni::MakeFrom(const TSharedIni& Origin, const String& Path, const std::function<void()>& Begin) {
+  TSharedIni made(Path);
+  made.FOrigin = &Origin;
+  return made.InTurn([&] {
+    if (!made.IsToBeMade()) return true;
+    Begin();
+    return made.StoreWhole();
   });
 }
 
@@ -136,13 +162,28 @@ bool TSharedIni::Store() {
     Reload(false, false);
     return true;
   }
-  if (!VxFileExists(GetFileName())) MakeDirectory(GetFileName());
-  // Who finds no file takes the turn to make it, and may find one when it has it.
-  TFileTurn turn;
-  turn.Take(GetFileName(), static_cast<int>(std::min<uint32_t>(iTimeOut, INT32_MAX)));
-  const bool result = VxFileExists(GetFileName()) ? StoreMerged() : StoreWhole();
+  const bool result = InTurn([&] { return IsToBeMade() ? StoreWhole() : StoreMerged(); });
   if (result) ModificationsClear();
   return result;
+}
+
+// Who finds no file takes the turn to make it, and may find one when it has it.
+bool TSharedIni::InTurn(const std::function<bool()>& Work) {
+  if (!VxFileExists(GetFileName())) MakeDirectory(GetFileName());
+  TFileTurn turn;
+  const bool isTaken = turn.Take(GetFileName(), static_cast<int>(std::min<uint32_t>(iTimeOut, INT32_MAX)));
+  // Where there is no turn for another reason, the file can't be written; StoreValues tells that.
+  if (!isTaken && turn.IsOthers()) return TellNotOpened(GetFileName(), kStoreValues);
+  FTurn = &turn;
+  const bool result = Work();
+  FTurn = nullptr;
+  return result;
+}
+
+// A mirror takes an empty central file for one that has gone.
+bool TSharedIni::IsToBeMade() const {
+  const bool isThere = FTurn->IsHeld() ? !FTurn->IsToMake() : VxFileExists(GetFileName());
+  return !isThere || (FOrigin != nullptr && VxFileSize(GetFileName(), false) == 0);
 }
 
 // The stamp of all sections that one store touches.
@@ -210,7 +251,8 @@ bool TSharedIni::Replay(TSharedIni& Other, TVxStringList& Changed) const {
 bool TSharedIni::StoreMerged() {
   const TStamp stamp = MakeStamp();
   TSharedIni other(GetFileName(), {sioReadOnly}, iEncoding);  // a file without a mark is read as it is written
-  if (other.iLoaded == 0) return false;
+  if (other.iLoaded == 0 || !other.FIsWhole) return false;
+  iEncoding = other.iEncoding;  // a mark that the file has got counts
   TVxStringList changed(false, true, dupIgnore, false);
   bool isPlain = true;
   for (const TSharedIniModification& entry : Journal().Items()) {
@@ -233,8 +275,12 @@ bool TSharedIni::StoreMerged() {
   return true;
 }
 
-// Into a file that is not there: all that this object holds.
+// Into a file that is not there: all that this object, or the one that it stores for, holds.
 bool TSharedIni::StoreWhole() {
+  if (FOrigin != nullptr) {
+    Assign(FOrigin);
+    iEncoding = FOrigin->iEncoding;
+  }
   if (GetSectionStamp()) {
     TVxStringList sections(false, true, dupIgnore, false);
     for (int i = 0; i < iSections->GetCount(); ++i) sections.Add(iSections->View(i));

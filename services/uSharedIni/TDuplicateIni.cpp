@@ -1,9 +1,7 @@
 #include "services/uSharedIni/TDuplicateIni.h"
 
-#include <algorithm>
 #include <utility>
 
-#include "platform/SafeFiles.h"
 #include "services/uHandleFile.h"
 #include "services/uMsg.h"
 
@@ -104,7 +102,7 @@ TDateTime TDuplicateIni::FetchFirst(const String& FileName, const String& Source
   TDateTime sourceLoaded = 0;
   if (Options.Has(dioInstantSourceRead)) {
     TSharedIni local(FileName);
-    DoDownload(Sourcename, local, sourceLoaded);
+    (void)DoDownload(Sourcename, local, sourceLoaded);  // reports through Msg
   }
   return sourceLoaded;
 }
@@ -117,19 +115,13 @@ bool TDuplicateIni::DoDownload(const String& Sourcename, TSharedIni& Target, TDa
 }
 
 // Makes a central file that has gone again from the local one, unless another has done so meanwhile.
-bool TDuplicateIni::Rebuild(const String& Sourcename, TSharedIni& Target) {
-  MakeDirectory(Sourcename);
-  TFileTurn turn;
-  turn.Take(Sourcename, static_cast<int>(std::min<uint32_t>(Target.GetTimeOut(), INT32_MAX)));
-  if (HasContent(Sourcename)) return true;
-  Msg().GetMsg()(Log(Concat({u"Die Konfigurationsdatei konnte nicht heruntergeladen werden! ", Sourcename, u"->",
-                             Target.GetFileName()}),
-                     u"TSharedIni.LoadValues"),
-                 true);
-  TSharedIni source(Sourcename);
-  source.SetEncoding(Target.GetEncoding());  // or characters could be lost
-  source.Assign(&Target);
-  return StoreItself(source);
+bool TDuplicateIni::Rebuild(const String& Sourcename, const TSharedIni& Target) {
+  return MakeFrom(Target, Sourcename, [&] {
+    const String files = Concat({Sourcename, u"->", Target.GetFileName()});
+    Msg().GetMsg()(Log(Concat({u"Die Konfigurationsdatei konnte nicht heruntergeladen werden! ", files}),
+                       u"TSharedIni.LoadValues"),
+                   true);
+  });
 }
 
 bool TDuplicateIni::Download() { return DoDownload(iSourcename, *this, iSourceLoaded); }
@@ -143,7 +135,7 @@ bool TDuplicateIni::Store() {
   const bool isPassingOn = iDuplicateOptions.Has(dioInstantSourceWrite) && Storeable();
   iSource = isPassingOn ? std::make_unique<TSharedIni>(iSourcename) : nullptr;
   bool result = TSharedIni::Store();
-  if (result && iSource) result = iSource->Store();
+  if (result && iSource) result = StoreOrMake(*iSource, *this);
   iSource.reset();
   return result;
 }

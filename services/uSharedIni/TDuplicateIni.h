@@ -18,8 +18,9 @@ enum TDuplicateIniOption : uint8_t {
 };
 using TDuplicateIniOptions = Set<TDuplicateIniOption>;
 
-// A TSharedIni on the local file that exchanges its content with a central one. A central file that has gone
-// while the local one is there is made again from it when it is to be fetched.
+// A TSharedIni on the local file that exchanges its content with a central one. A central file that has gone,
+// or is empty, while the local one is there is made again from the whole of it, when it is to be fetched or when
+// changes are passed on to it. Changes that reached the local file only stay in the journal, and Store is false.
 //
 // Example:
 //   vx::TDuplicateIni ini(local, central, {vx::dioInstantSourceRead, vx::dioInstantSourceWrite});
@@ -39,10 +40,10 @@ class TDuplicateIni : public TSharedIni {
   const String& GetSourcename() const noexcept { return iSourcename; }
 
   // Makes the local file equal to the central one: keys that it lacks go, all others come. Empty sections stay.
-  bool Download();
+  [[nodiscard]] bool Download();
   // The other way round.
-  bool Upload();
-  bool Store() override;
+  [[nodiscard]] bool Upload();
+  [[nodiscard]] bool Store() override;
   bool Reload(bool Force, bool ClearModifications) override;
   void ModificationsClear() override;
 
@@ -50,7 +51,7 @@ class TDuplicateIni : public TSharedIni {
   TDuplicateIni(String FileName, String Sourcename, TDuplicateIniOptions Options, const TEncoding* Encoding,
                 TDateTime SourceLoaded);
   static TDateTime FetchFirst(const String& FileName, const String& Sourcename, TDuplicateIniOptions Options);
-  static bool Rebuild(const String& Sourcename, TSharedIni& Target);
+  static bool Rebuild(const String& Sourcename, const TSharedIni& Target);
   // Makes Target equal to the central file, whose last-write time comes into SourceLoaded.
   static bool DoDownload(const String& Sourcename, TSharedIni& Target, TDateTime& SourceLoaded);
 

@@ -57,10 +57,14 @@ TSharedIni::TSharedIni(String FileName, TSharedIniOptions Options, const TEncodi
 }
 
 TSharedIni::~TSharedIni() {
-  if (GetTransaction()) {
-    Msg().GetMsg()(Log(Concat({u"Eine Transaktion auf einer Konfigurationsdatei wurde nicht beendet!", GetFileName()}),
-                       u"TSharedIni.Destroy"),
-                   true);
+  try {
+    if (GetTransaction()) {
+      const String text =
+          Concat({u"Eine Transaktion auf einer Konfigurationsdatei wurde nicht beendet!", GetFileName()});
+      Msg().GetMsg()(Log(text, u"TSharedIni.Destroy"), true);
+    }
+  } catch (...) {
+    // A handler that raises, or want of memory: there is nobody left to tell.
   }
   Clear();
 }
@@ -82,7 +86,7 @@ void TSharedIni::SetTransaction(bool Value) {
     return;
   }
   if (iTransaction > 0) --iTransaction;
-  if (iTransaction == 0 && iOptions.Has(sioInstantWrite)) Store();
+  if (iTransaction == 0 && iOptions.Has(sioInstantWrite)) (void)Store();  // reports through Msg
 }
 
 // --- the journal ---
@@ -135,7 +139,7 @@ void TSharedIni::Modification(const String& Section, const String& Ident, const 
 }
 
 void TSharedIni::InstantWrite() {
-  if (iOptions.Has(sioInstantWrite) && !GetTransaction()) Store();
+  if (iOptions.Has(sioInstantWrite) && !GetTransaction()) (void)Store();  // reports through Msg
 }
 
 void TSharedIni::InstantRead() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <set>
 #include <string_view>
@@ -13,6 +14,8 @@
 #include "platform/THashedStringList.h"
 
 namespace vx {
+
+class TFileTurn;
 
 enum TSharedIniOption : uint8_t {
   sioReadOnly,          // no journal: nothing ever reaches the file
@@ -96,7 +99,7 @@ class TSharedIni : public TCustomIniFile {
   // meanwhile stays with that key.
   void EraseSection(const String& Section) override;
   void DeleteKey(const String& Section, const String& Ident) override;
-  void UpdateFile() override { Store(); }
+  void UpdateFile() override { (void)Store(); }  // reports through Msg
   bool ValueExists(std::u16string_view Section, std::u16string_view Ident) override;
   bool SectionExists(std::u16string_view Section, bool EvenIfEmpty) const;
   // Whether a default of that section was remembered.
@@ -125,8 +128,10 @@ class TSharedIni : public TCustomIniFile {
   // Whether Store would write: there are changes, a file name, and no transaction that puts stores off.
   bool Storeable() const noexcept;
   // Brings the changes to the file and takes over what it holds besides; without changes, reloads a file that
-  // has changed. False if that failed, and nothing is lost then, or if a transaction puts it off.
-  virtual bool Store();
+  // has changed. False if a transaction puts it off, and if the file could not be opened, read again, or had from
+  // others who store within TimeOut: the journal stays then, for the next Store. What a full disk does, the
+  // unit's header tells.
+  [[nodiscard]] virtual bool Store();
   // Loads the file again if its last-write time is not Loaded any more, or if Force tells so, and with
   // ClearModifications forgets the changes that are not stored. Whether it was loaded.
   virtual bool Reload(bool Force, bool ClearModifications);
@@ -138,11 +143,13 @@ class TSharedIni : public TCustomIniFile {
   // Reads the file; its last-write time, or 0 if there is none or it can't be opened.
   virtual TDateTime LoadValues();
   // Writes the content of Target to its file, in this object's encoding. Whether the file could be opened.
-  virtual bool StoreValues(TSharedIni& Target);
-  // StoreValues of another object on itself.
-  static bool StoreItself(TSharedIni& Ini) { return Ini.StoreValues(Ini); }
-  // Makes the directory of a file if it is missing.
-  static void MakeDirectory(const String& FileName);
+  [[nodiscard]] virtual bool StoreValues(TSharedIni& Target);
+  // Stores the changes of Ini, but all of Origin if its file is not there or empty by the time that it has its turn.
+  // If that failed, the changes come into the journal of Origin.
+  [[nodiscard]] static bool StoreOrMake(TSharedIni& Ini, TSharedIni& Origin);
+  // Makes the content of Origin that of Path, unless there is one by the time that it has its turn; Begin is called
+  // before. False if that failed.
+  [[nodiscard]] static bool MakeFrom(const TSharedIni& Origin, const String& Path, const std::function<void()>& Begin);
   // nullptr with sioReadOnly.
   const TSharedIniModifications* GetModifications() const { return iModifications ? &Journal() : nullptr; }
 
@@ -155,6 +162,8 @@ class TSharedIni : public TCustomIniFile {
     }
   };
 
+  // Makes the directory of a file if it is missing.
+  static void MakeDirectory(const String& FileName);
   void Modification(const String& Section, const String& Ident, const String& Value, TSharedIniModificationType Type);
   void NewEntry(TSharedIniModification Entry);
   // The whole journal, which is there.
@@ -174,6 +183,8 @@ class TSharedIni : public TCustomIniFile {
   void ForEachPiece(F Take) const;
   String GetText() const;
   void SetText(const String& Text);
+  bool InTurn(const std::function<bool()>& Work);
+  bool IsToBeMade() const;
   bool StoreMerged();
   bool StoreWhole();
   bool Replay(TSharedIni& Other, TVxStringList& Changed) const;
@@ -195,7 +206,10 @@ class TSharedIni : public TCustomIniFile {
   uint32_t iTimeOut = 1000;
   int iTransaction = 0;
   String iUsername;
-  TDateTime FStored = 0;  // the last-write time of the file as StoreValues left it
+  const TSharedIni* FOrigin = nullptr;  // whose content comes into a file that is not there; nullptr: this one's
+  const TFileTurn* FTurn = nullptr;     // while it is stored
+  bool FIsWhole = true;                 // whether the last load could read all
+  TDateTime FStored = 0;                // the last-write time of the file as StoreValues left it
 };
 
 }  // namespace vx

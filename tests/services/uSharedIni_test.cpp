@@ -11,6 +11,7 @@
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/IniLine.h"
+#include "platform/SafeFiles.h"
 #include "platform/Text.h"
 #include "services/uHandleFile.h"
 #include "services/uMsg.h"
@@ -286,6 +287,71 @@ TEST_F(SharedIni, MirrorsACentralFile) {
   TDuplicateIni deep(local, Dir.Path("n/c"), {dioInstantSourceRead}), none(Dir.Path("no"), Dir.Path("nc"));
   EXPECT_TRUE(Get("n/c") == Get("l") && !none.Download() && !none.Upload());
   EXPECT_TRUE(TDuplicateIni(Put("l", "[S]\nQ=8\n"), central).Upload() && Get("c") == "[S]\nQ=8\n\n[E]\n\n[T]\n\n");
+}
+
+TEST_F(SharedIni, WhoDoesNotGetItsTurnKeepsItsJournal) {
+  for (const char* name : {"f", "none"}) {
+    if (*name == 'f') Put(name, "[S]\nx=1\n");
+    const std::string before = Get(name);
+    TSharedIni a(Dir.Path(name));
+    TSharedIni* inis[] = {&a};
+    TFileTurn turn;
+    ASSERT_TRUE(turn.Take(Dir.Path(name), 0));
+    for (uint32_t timeOut : {0, 50}) {
+      a.SetTimeOut(timeOut);
+      EXPECT_EQ(Do(inis, "a+S.y=2 a."), "0,");
+      const std::string path = Dir.Path(name).ToUtf8();
+      EXPECT_EQ(Told(), TTexts{"W TSharedIni.StoreValues: " + kNot + "erstellt/geöffnet werden! " + path});
+    }
+    EXPECT_EQ(Get(name), before);
+    turn.Release();
+    EXPECT_EQ(Do(inis, "a."), "1,");
+    EXPECT_EQ(Get(name), *name == 'f' ? "[S]\nx=1\ny=2\n\n" : "[S]\ny=2\n\n");
+  }
+}
+
+TEST_F(SharedIni, MergesOnlyIntoWhatItCouldRead) {
+  TSharedIni a(Put("f", "[S]\nx=1\n")), b(a.GetFileName());
+  TSharedIni* inis[] = {&a, &b};
+  {
+    TFileFaults faults;
+    faults.Fail(foRead, EIO);
+    EXPECT_EQ(Do(inis, "a+S.y=2 a."), "0,");
+  }
+  EXPECT_EQ(Do(inis, "a."), "1,");
+  EXPECT_EQ(Get("f"), "[S]\nx=1\ny=2\n\n");
+  for (const TEncoding* encoding : {&TEncoding::Utf8(), &TEncoding::Utf16BigEndian()}) {  // it has got a mark meanwhile
+    const auto bytes = [&](const String& text) { return std::string(encoding->Mark()) + encoding->Encode(text); };
+    test::PutText(b.GetFileName(), bytes(u"[S]\r\nя=Ω\r\n"));
+    TSharedIni without(b.GetFileName());
+    without.SetEncoding(&TEncoding::Default());
+    without.WriteString(u"S", u"n", u"ж");
+    EXPECT_TRUE(without.Store());
+    EXPECT_EQ(test::GetText(b.GetFileName()), bytes(u"[S]\r\nя=Ω\r\nn=ж\r\n\r\n"));
+  }
+}
+
+TEST_F(SharedIni, AHandlerThatRaisesDoesNotEndTheProgram) {
+  Msg().SetLogInterrupt({[](void*, const TMsgInfo&, int, bool) { throw Exception(u"raised"); }, nullptr});
+  TSharedIni(Put("f", "")).SetTransaction(true);
+}
+
+TEST_F(SharedIni, ACentralFileThatIsNotThereGetsTheWholeLocalContent) {
+  for (bool empty : {false, true}) {
+    const String local = Put("l", "[S]\nx=1\n[T]\nz=4\n"), central = Dir.Path("c");
+    FileDelete(central);
+    TDuplicateIni ini(local, central, {dioInstantSourceWrite});
+    if (empty) Put("c", "");
+    TSharedIni* inis[] = {&ini};
+    TFileTurn turn;
+    ASSERT_TRUE(turn.Take(central, 0));
+    EXPECT_EQ(Do(inis, "a+S.y=2 a."), "0,");
+    EXPECT_EQ(Get("c") + Get("l"), std::string(empty ? "" : "<none>") + "[S]\nx=1\ny=2\n\n[T]\nz=4\n\n");
+    turn.Release();
+    EXPECT_EQ(Do(inis, "a."), "1,") << "what did not reach the central file stays in the journal";
+    EXPECT_EQ(Get("c"), Get("l"));
+    EXPECT_FALSE(ini.Modified());
+  }
 }
 
 // Replays a journal on maps: no text is a deleted key, and an empty key an erased section.
