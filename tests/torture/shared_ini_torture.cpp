@@ -5,10 +5,13 @@
 //
 // Each round has a fresh directory, every other one, where mounting is allowed, on a disk of 64 KB that is filled again
 // and again; some operations have little space in any case. There are 2, 4 or 8 writers of one file, some through
-// mirrors of it, two readers and two writers of a log. Writers and one logger are killed at random and begin again.
+// mirrors of it, two readers and two writers of a log. Writers and one logger are killed at random and begin again;
+// the logger's lines are long, so that many a kill falls into the middle of one. Writers are stopped, too, for longer
+// than others are ready to wait, and some of them don't wait at all.
 //
 // Every operation draws a ticket, which all values that it writes carry, with check digits. It is acknowledged, in
-// memory that all processes share, when Store has succeeded and no warning was reported. At the end of a round
+// memory that all processes share, when Store has succeeded and no warning was reported. Of a log line a killed logger
+// may leave a piece, in a line of its own. At the end of a round
 //   - a key of one writer has the ticket last acknowledged, or a later one; it is missing only if its last
 //     acknowledged operation or a later one removed it, and an erased section is there only if made again;
 //   - a key of all has a value whose operation had not ended before an acknowledged one of that key began. An
@@ -42,10 +45,20 @@ namespace {
 
 using TCount = std::atomic<uint64_t>;
 using TContent = std::map<std::string, std::string>;  // "Section|key" and its value, "Section|" for a section
-enum { Done, Acknowledged, Lost, Damaged, Litter, Kills, Full, LogLines, Broken, Reads, Again, kTotals };
-const char* const kTotalNames[] = {
-    "stores done", "acknowledged", "lost",          "damaged",           "litter", "kills", "disk-full",
-    "log-lines",   "broken-lines", "contents read", "stores tried again"};
+enum { Done, Acknowledged, Lost, Damaged, Litter, Kills, Stops, Full, LogLines, Pieces, Broken, Reads, Again, kTotals };
+const char* const kTotalNames[] = {"stores done",
+                                   "acknowledged",
+                                   "lost",
+                                   "damaged",
+                                   "litter",
+                                   "kills",
+                                   "stops",
+                                   "disk-full",
+                                   "log-lines",
+                                   "pieces-of-lines",
+                                   "broken-lines",
+                                   "contents read",
+                                   "stores tried again"};
 constexpr int kWriters = 8, kSlots = 7, kCommon = 2, kLines = 1 << 17;
 // The keys, and sections behind theirs, that each writer has to itself; "#" is its number.
 const char* const kNames[kSlots] = {"Alle|a#", "Alle|b#", "Alle|c#", "Fach#|x", "Fach#|", "Lade#|x", "Lade#|"};
@@ -66,7 +79,7 @@ struct TRound {
 TCount* Totals;
 TRound* Shared;
 std::string Root, Dir;  // of all, of the round
-int Writers = 0, Warnings = 0;
+int Writers = 0, Warnings = 0, LoggerKills = 0;
 bool HasSmallDisk = false, IsMirror = false;
 
 String Wide(const std::string& Latin) {
@@ -188,6 +201,8 @@ class TWriter {
       if (Random(3) == 0) options.Include(option);
     }
     FIni = std::make_unique<TDuplicateIni>(Wide(IsMirror ? Local(FNumber) : Central()), Wide(Central()), options);
+    const uint32_t timeOuts[] = {0, 50, 1000};
+    FIni->SetTimeOut(timeOuts[Random(3)]);
   }
 
   // What another one has stored is seen by who reloads. False if it could not be loaded.
@@ -235,8 +250,9 @@ class TWriter {
     Change(kind);
     if (isTogether) FIni->SetTransaction(false);
     bool isStored = FIni->GetOptions().Has(sioInstantWrite) ? !FIni->Modified() : FIni->Store();
-    for (int tries = 0; !isStored && FIni->Modified() && Warnings == 0 && tries < 50; ++tries, ++Totals[Again]) {
+    for (int tries = 0; !isStored && FIni->Modified() && Warnings == 0 && tries < 50 && !Shared->Stop; ++tries) {
       isStored = FIni->Store();
+      ++Totals[Again];
     }
     ++Totals[Done];
     if (!isStored || Warnings > 0) return false;
@@ -264,6 +280,12 @@ void Read(unsigned Seed) {
   }
 }
 
+// Those of logger 1 go over many pages: the system writes one after the other, and a kill comes between them.
+String LogText(int Logger, uint64_t Ticket) {
+  const std::string padding(Logger == 0 ? 0 : 40000 + Ticket * 997 % 20000, 'p');
+  return Wide(Value("log", Logger, Ticket) + padding);
+}
+
 // The disk of logger 0, which is not killed, is full at times; what is kept back then is written at its end.
 void WriteLog(int Logger, unsigned Seed) {
   std::mt19937 random(Seed);
@@ -276,10 +298,10 @@ void WriteLog(int Logger, unsigned Seed) {
     TFileFaults faults;
     if (Logger == 0 && random() % 20 == 0) faults.LimitSpace(random() % 100);
     isFull = false;
-    Msg().GetMsg()(Log(Wide(Value("log", Logger, n + 1)), u"torture"), true);
+    Msg().GetMsg()(Log(LogText(Logger, n + 1), u"torture"), true);
     Totals[Full] += isFull;
     lines[n] = !isFull;
-    ::usleep(300);
+    if (Logger == 0) ::usleep(300);
   }
   isFull = false;
   uMsg::FreeBuffersForLeakPrevention();
@@ -353,6 +375,21 @@ void CheckFiles() {
   }
 }
 
+// Counts a piece of a line that a killed logger left, if it can be one, and tells so.
+bool IsPiece(const std::string& Line, const std::string& Head) {
+  int logger = -1;
+  unsigned long long ticket = 0;
+  const std::string start = Line.substr(std::min<size_t>(Line.size(), 19)),
+                    text = start.substr(std::min(start.size(), Head.size()));
+  if (!Head.starts_with(start.substr(0, Head.size()))) return false;
+  if (std::sscanf(text.c_str(), "%d.%llu.", &logger, &ticket) == 2 &&
+      (logger != 1 || ticket == 0 || ticket > kLines || Shared->Lines[1][ticket - 1] ||
+       !(Latin(LogText(1, ticket)) + "\"").starts_with(text))) {
+    return false;
+  }
+  return ++Totals[Pieces], --LoggerKills >= 0;
+}
+
 void CheckLog() {
   const std::string bytes = Bytes(LogPath()), head = ",LOG,,torture,0,\"";
   std::vector<int> seen[2] = {std::vector<int>(kLines), std::vector<int>(kLines)};
@@ -360,8 +397,14 @@ void CheckLog() {
     end = std::min(bytes.find("\r\n", at), bytes.size());
     const std::string line = Latin(String::FromUtf8(bytes.substr(at, end - at)));
     const bool isLine = end < bytes.size() && line.size() > 37 && line.find(head) == 19 && line.back() == '"';
-    const TOrigin origin = isLine ? Origin("log", line.substr(36, line.size() - 37)) : TOrigin();
-    if (origin.Ticket == 0 || ++seen[origin.Writer][origin.Ticket - 1] > 1) Count(Broken, "line: " + line);
+    const size_t padding = isLine ? line.find_last_not_of('p', line.size() - 2) + 1 : 0;
+    const TOrigin origin = isLine ? Origin("log", line.substr(36, padding - 36)) : TOrigin();
+    if (origin.Ticket > 0 && line.substr(36) == Latin(LogText(origin.Writer, origin.Ticket)) + "\"") {
+      if (++seen[origin.Writer][origin.Ticket - 1] > 1) Count(Broken, "line twice: " + line.substr(0, 60));
+    } else if (!IsPiece(line, head)) {
+      Count(Broken,
+            "line: " + line.substr(0, 200) + " ... " + line.substr(line.size() - std::min<size_t>(line.size(), 60)));
+    }
   }
   for (size_t n = 0; n < 2 * kLines; ++n) {
     if (Shared->Lines[n % 2][n / 2] && !seen[n % 2][n / 2]) Count(Broken, "missing line " + std::to_string(n / 2 + 1));
@@ -372,6 +415,7 @@ void Round(int Number, unsigned Seed, int64_t Milliseconds) {
   std::mt19937 random(Seed + static_cast<unsigned>(Number) * 1000003);
   const bool isSmall = HasSmallDisk && Number % 2 == 1;
   Writers = 2 << Number % 3;
+  LoggerKills = 0;
   Dir = Root + "/round" + std::to_string(Number);
   std::filesystem::create_directory(Dir);
   if (isSmall && ::mount("tmpfs", Dir.c_str(), "tmpfs", 0, "size=64k") != 0) std::abort();
@@ -387,15 +431,25 @@ void Round(int Number, unsigned Seed, int64_t Milliseconds) {
   for (int process = 0; process < Writers + 4; ++process) pids.push_back(begin(process));
   for (const int64_t end = GetTickCount() + Milliseconds; GetTickCount() < end;) {
     ::usleep(static_cast<useconds_t>(random() % 20000));
-    const int victim = static_cast<int>(random() % static_cast<unsigned>(Writers + 1));  // also one logger
+    const unsigned kind = random() % 8;
+    const int victim = kind < 3 ? Writers : static_cast<int>(random() % static_cast<unsigned>(Writers));
     pid_t& pid = pids[static_cast<size_t>(victim)];
-    ::kill(pid, SIGKILL);
-    Await(pid);
-    ++Totals[Kills];
-    pid = begin(victim);
+    if (kind == 3) {  // until it is killed or the round ends, at least some of them for longer than others wait
+      ::kill(pid, SIGSTOP);
+      ++Totals[Stops];
+    } else if (kind < 6) {
+      ::kill(pid, SIGKILL);
+      Await(pid);
+      ++Totals[Kills];
+      LoggerKills += victim == Writers;
+      pid = begin(victim);
+    } else {
+      ::kill(pid, SIGCONT);
+    }
     if (isSmall) std::ofstream(Dir + "/ballast") << std::string(random() % 3 == 0 ? 1 << 16 : 0, 'b');
   }
   Shared->Stop = 1;
+  for (pid_t pid : pids) ::kill(pid, SIGCONT);
   std::filesystem::remove(Dir + "/ballast");
   for (pid_t pid : pids) Await(pid);
   Await(Fork(StoreOnce));
@@ -419,7 +473,8 @@ int Main(int Arguments, char** Argument) {
   std::fflush(stdout);
   auto bad = [] { return Totals[Lost] + Totals[Damaged] + Totals[Litter] + Totals[Broken]; };
   for (int number = 0; bad() == 0 && end - GetTickCount() >= 300; ++number) {
-    Round(number, seed, std::min<int64_t>(end - GetTickCount(), 1000));
+    // Now and then long enough that who is stopped holds up the others until they give up.
+    Round(number, seed, std::min<int64_t>(end - GetTickCount(), number % 4 == 3 ? 2500 : 1000));
     if (bad() == 0) std::filesystem::remove_all(Dir), std::filesystem::remove(LogPath());
   }
   std::printf("torture:");
