@@ -12,6 +12,7 @@
 #include "platform/Text.h"
 #include "platform/posix/Drives.h"
 #include "platform/posix/FileLocks.h"
+#include "platform/posix/HeldTurn.h"
 
 namespace vx {
 namespace files {
@@ -79,6 +80,9 @@ int OpenFile(const std::string& Native, uint32_t Mode, bool& Seekable) {
     // Another may have put a new file in this one's place before the locks stood.
     const bool isRemote = IsRemote(handle.Get(), info);
     if (!IsStillAt(Native, info, isRemote) && tries < kOpenTries) continue;
+    if (THandle anew = isRemote && !writes ? THeldTurn::OpenAnew(Native) : THandle(); anew.Get() >= 0) {
+      handle = std::move(anew);
+    }
     if (isRemote && !RefreshInfo(handle.Get(), info)) {
       if (GetLastError() != ESTALE || tries == kOpenTries) return -1;
       continue;

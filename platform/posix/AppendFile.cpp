@@ -26,6 +26,10 @@ class TAppender {
       if (FFile.Get() < 0 || !Check(::fstat(FFile.Get(), &FInfo) == 0)) return false;
       if (!S_ISREG(FInfo.st_mode)) return true;
       FKind = DriveOf(FFile.Get(), FInfo);
+      if (FKind == dkUnknown) {
+        if (!polling.Wait()) return Fail(EBUSY);
+        continue;
+      }
       if (FKind == dkCreation) return OpenWithDirectory(polling);
       while (!TryLock(FFile.Get(), lbAppends) && GetLastError() == EBUSY) {
         if (!polling.Wait()) return Fail(EBUSY);
@@ -74,7 +78,8 @@ class TAppender {
     if (FKind == dkOwn) return true;
     if (!Check(::fdatasync(FFile.Get()) == 0)) return false;
     if (FKind == dkLocks) return true;
-    const THandle file(::open(FNative.c_str(), O_RDONLY | O_CLOEXEC));
+    THandle file(::open(FNative.c_str(), O_RDONLY | O_DIRECT | O_CLOEXEC));
+    if (file.Get() < 0) file = THandle(::open(FNative.c_str(), O_RDONLY | O_CLOEXEC));
     struct stat info;
     if (!Check(file.Get() >= 0) || !RefreshInfo(file.Get(), info)) return false;
     std::string bytes(Bytes.size(), '\0');

@@ -9,11 +9,12 @@
 namespace vx::files {
 
 enum TDriveKind : uint8_t {
+  dkUnknown,  // its server does not answer, or knows this file no more
   dkOwn,      // of this machine alone
   dkLocks,    // of several machines, with locks that hold between them
   dkCreation  // of several machines, without locks or with locks that hold within each of them only
 };
-// Whether the open file of that Info lies on a drive that other machines may write to.
+// Whether the open file of that Info lies on a drive that other machines may write to, or nobody knows.
 bool IsRemote(int Handle, const struct stat& Info) noexcept;
 // Of a regular file that is open for reading; tries out what the drive does with a lock.
 TDriveKind DriveOf(int Handle, const struct stat& Info) noexcept;

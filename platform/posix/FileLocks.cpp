@@ -86,6 +86,10 @@ bool TryLock(int Handle, TLockByte Byte) noexcept {
 
 void Unlock(int Handle, TLockByte Byte) noexcept { Set(Handle, Byte, 1, F_UNLCK); }
 
+bool HasNoLocks(int Error) noexcept {
+  return Error == ENOLCK || Error == ENOSYS || Error == EOPNOTSUPP || Error == EINVAL;
+}
+
 bool TryProbe(int Handle) noexcept { return Check(Set(Handle, lbProbe, 1, F_RDLCK)); }
 
 }  // namespace vx::files

@@ -23,6 +23,8 @@ void GiveShareBack(int Handle) noexcept;
 // Takes one lock alone, on a file open for writing, without waiting; EBUSY while another holds it.
 bool TryLock(int Handle, TLockByte Byte) noexcept;
 void Unlock(int Handle, TLockByte Byte) noexcept;
+// Whether that error of a lock means that the drive has none.
+bool HasNoLocks(int Error) noexcept;
 // Takes the probe lock, which others may hold as well, on a file open for reading.
 bool TryProbe(int Handle) noexcept;
 

@@ -19,10 +19,6 @@ namespace {
 // All that this process holds.
 constinit THeldTurn* First = nullptr;
 
-bool HasNoLocks(int Error) noexcept {
-  return Error == ENOLCK || Error == ENOSYS || Error == EOPNOTSUPP || Error == EINVAL;
-}
-
 // A forked process shares the locks of the handle, so that closing it is not enough.
 void GiveBack(const THandle& Handle) noexcept {
   if (Handle.Get() < 0) return;
@@ -68,6 +64,14 @@ THeldTurn* THeldTurn::Find(const struct stat* Info, const std::string& Place) no
   return turn;
 }
 
+THandle THeldTurn::OpenAnew(const std::string& Native) {
+  std::lock_guard lock(Mutex);
+  for (THeldTurn* turn = First; turn != nullptr; turn = turn->FNext) {
+    if (turn->Native == Native && turn->Directory.IsTaken()) return turn->Directory.OpenAnew(turn->Place);
+  }
+  return THandle();
+}
+
 bool THeldTurn::IsOn(const struct stat* Info) const noexcept {
   struct stat held;
   if (Handle.Get() < 0 || ::fstat(Handle.Get(), &held) != 0) return false;
@@ -99,7 +103,9 @@ THeldTurn::TTry THeldTurn::Lock() {
   bool isTaken = false;
   const bool isFile = S_ISREG(FInfo.st_mode);
   if (!isFile && !IsNew) return tryGot;  // a device or the like: nothing stands in it
-  if (isFile ? DriveOf(Handle.Get(), FInfo) != dkCreation : !IsRemote) {
+  const TDriveKind kind = isFile ? DriveOf(Handle.Get(), FInfo) : IsRemote ? dkCreation : dkOwn;
+  if (kind == dkUnknown) return tryAgain;
+  if (kind != dkCreation) {
     isTaken = isFile ? TryLock(Handle.Get(), lbTurn)
                      : ::flock(Handle.Get(), LOCK_EX | LOCK_NB) == 0 || Fail(errno == EWOULDBLOCK ? EBUSY : errno);
     if (!isTaken && !HasNoLocks(GetLastError())) return GetLastError() == EBUSY ? tryBusy : tryFailed;
@@ -126,7 +132,7 @@ THeldTurn::TTry THeldTurn::Try() {
   const TTry result = Lock();
   if (result == tryBusy || (result == tryGot && IsStill())) return result;
   // Another file stands there by now, or the server knows this one no more.
-  const bool isGone = result == tryGot || (IsRemote && !IsStill());
+  const bool isGone = result != tryFailed || (IsRemote && !IsStill());
   Directory.Release();
   GiveBack(Handle);
   Handle = THandle();

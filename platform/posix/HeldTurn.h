@@ -33,6 +33,8 @@ struct THeldTurn {
   // Under Mutex, which also guards the handle of a turn that is listed.
   static THeldTurn* Find(const struct stat* Info, const std::string& Place) noexcept;
   static std::mutex Mutex;
+  // The file Native, opened to read past all that this machine remembers, if this process has its turn by a directory.
+  static THandle OpenAnew(const std::string& Native);
   void List();
   // Whether the file of that Info, nullptr for none, is the one that the turn is on. Under Mutex.
   bool IsOn(const struct stat* Info) const noexcept;

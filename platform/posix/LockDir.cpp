@@ -83,9 +83,11 @@ bool TLockDir::TryTake(const std::string& Place) {
   const size_t name = Place.rfind('/') + 1;
   FPath = Place.substr(0, name) + "." + Place.substr(name) + ".vxlock";
   FContent = FPath + "/" + UniqueName();
+  FNames = 0;
   for (int tries = 0; tries < kTries; ++tries) {
     if (::mkdir(FPath.c_str(), 0777) != 0) {
-      if (errno != EEXIST) return Check(false);
+      // Some servers tell of a directory that is there only that it can't be made.
+      if (errno != EEXIST && errno != EPERM) return Check(false);
       if (!ClearLeftOver()) return Fail(EBUSY);
       continue;
     }
@@ -105,10 +107,21 @@ THandle TLockDir::MakeContent() {
   return result;
 }
 
+// Drives that know files by their paths mix up what they remember of the old and the new file at one path.
+THandle TLockDir::OpenAnew(const std::string& Place) {
+  const std::string name = FContent + "." + std::to_string(FNames++);
+  if (!Check(::link(Place.c_str(), name.c_str()) == 0)) return THandle();
+  THandle result(::open(name.c_str(), O_RDONLY | O_CLOEXEC));
+  (void)Check(result.Get() >= 0);
+  return result;
+}
+
 // Two can be in one directory if it was removed and made again between two steps; the second one sees both.
 bool TLockDir::IsAlone() const {
   const std::vector<std::string> names = NamesIn(FPath);
-  return names.size() == 1 && FContent.ends_with("/" + names[0]);
+  const std::string own = FContent.substr(FPath.size() + 1);
+  return !names.empty() &&
+         std::all_of(names.begin(), names.end(), [&](const std::string& name) { return name.starts_with(own); });
 }
 
 // Whether there is no directory any more.
@@ -125,6 +138,7 @@ void TLockDir::Release() noexcept {
   if (!FIsTaken) return;
   FIsTaken = false;
   ::unlink(FContent.c_str());
+  for (; FNames > 0; --FNames) ::unlink((FContent + "." + std::to_string(FNames - 1)).c_str());
   ::rmdir(FPath.c_str());
 }
 

@@ -25,6 +25,9 @@ class TLockDir {
   // The file for new content, empty, open to read and write; EBUSY if the right was lost.
   THandle MakeContent();
   const std::string& GetContent() const noexcept { return FContent; }
+  // The file Place by a name that it never had, so that nothing of it can be remembered; none if the drive knows no
+  // second names.
+  THandle OpenAnew(const std::string& Place);
   void Release() noexcept;
 
  private:
@@ -32,6 +35,7 @@ class TLockDir {
   bool ClearLeftOver() const;
 
   std::string FPath, FContent;
+  int FNames = 0;  // further ones of the file
   bool FIsTaken = false;
 };
 

@@ -106,7 +106,8 @@ class TReplacement {
       return FTurn->Directory.IsTaken() || FTurn->IsOn(FIsNew ? nullptr : &FOld) || !(FIsNew || S_ISREG(FOld.st_mode));
     }
     if (FIsNew || !S_ISREG(FOld.st_mode) || FOwn.IsTaken()) return true;
-    if (!IsRemote(FFile.Get(), FOld) || DriveOf(FFile.Get(), FOld) != dkCreation) return true;
+    const TDriveKind kind = DriveOf(FFile.Get(), FOld);
+    if (kind != dkCreation) return kind != dkUnknown;
     for (TPolling polling(kLockDirWait); !FOwn.TryTake(FPlace);) {
       if (GetLastError() != EBUSY || !polling.Wait()) return false;
     }
@@ -178,7 +179,8 @@ class TReplacement {
   bool ReadsBack() {
     if (!IsInDirectory()) return true;
     RefreshName(FPlace);
-    const THandle file(::open(FPlace.c_str(), O_RDONLY | O_CLOEXEC));
+    THandle file = Directory()->OpenAnew(FPlace);
+    if (file.Get() < 0) file = THandle(::open(FPlace.c_str(), O_RDONLY | O_CLOEXEC));
     struct stat info;
     bool same = file.Get() >= 0 && RefreshInfo(file.Get(), info) && info.st_size == static_cast<off_t>(FBytes.size());
     if (same) {

@@ -27,11 +27,12 @@ mount -t tmpfs tmpfs "$root"
 trap 'umount -l "$root"; rmdir "$root"' EXIT
 ip link set lo up
 ip addr add $address/24 dev lo
-for part in lib log run brick m1 m2 shared s1 s2; do mkdir "$root/$part"; done
-mkdir -p /var/lib/glusterd /var/log/glusterfs /run/gluster
+for part in lib log brick m1 m2 shared s1 s2; do mkdir "$root/$part"; done
+mkdir -p /var/lib/glusterd /var/log/glusterfs
+mount -t tmpfs tmpfs /run  # the daemon is found by a socket there
+mkdir /run/gluster
 mount --bind "$root/lib" /var/lib/glusterd
 mount --bind "$root/log" /var/log/glusterfs
-mount --bind "$root/run" /run/gluster
 
 failed=
 run() { "$@" || failed="$failed ${2:-}"; }

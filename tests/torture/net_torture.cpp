@@ -114,8 +114,24 @@ pid_t Fork(const std::function<void()>& Work) {
   ::_exit(0);
 }
 
+// A file by a second name, of which a mount can't remember anything yet.
+struct TFresh {
+  explicit TFresh(const std::string& Path) : Name(Path + ".fresh") {
+    if (::link(Path.c_str(), Name.c_str()) != 0) Fault(Damaged, "no " + Path);
+  }
+  ~TFresh() { ::unlink(Name.c_str()); }
+  TFresh(const TFresh&) = delete;
+  TFresh& operator=(const TFresh&) = delete;
+  std::string Bytes() const {
+    std::ifstream file(Name, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+  }
+  const std::string Name;
+};
+
 void CheckKeys(const std::string& Mount) {
-  TSharedIni ini(Wide(Mount + "/Station.ini"), {sioReadOnly});
+  const TFresh fresh(Mount + "/Station.ini");
+  TSharedIni ini(Wide(fresh.Name), {sioReadOnly});
   if (ini.GetLoaded() == 0) Fault(Damaged, Mount + " shows no file");
   for (int i = 0; i < kWriters * kKeys; ++i) {
     const int writer = i / kKeys, key = i % kKeys;
@@ -129,18 +145,13 @@ void CheckKeys(const std::string& Mount) {
   }
 }
 
-std::string BytesOf(const std::string& Path) {
-  std::ifstream file(Path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(file), {}};
-}
-
 void CheckFile(const std::string& Mount) {
-  const std::string bytes = BytesOf(Mount + "/Station.ini");
+  const std::string bytes = TFresh(Mount + "/Station.ini").Bytes();
   if (!bytes.ends_with("\r\n\r\n") || bytes.find('\0') != bytes.npos) Fault(Damaged, Mount + ":\n" + bytes);
 }
 
 void CheckLog(const std::string& Mount, bool HasKills) {
-  const std::string bytes = BytesOf(Mount + "/messages.log");
+  const std::string bytes = TFresh(Mount + "/messages.log").Bytes();
   std::vector<int> seen[kMounts] = {std::vector<int>(kLines), std::vector<int>(kLines)};
   for (size_t at = 0, end; at < bytes.size(); at = end + 2) {
     end = std::min(bytes.find("\r\n", at), bytes.size());
@@ -161,7 +172,7 @@ void CheckLog(const std::string& Mount, bool HasKills) {
   for (int i = 0; i < kMounts * kLines; ++i) {
     const int logger = i / kLines, n = i % kLines;
     if (Shared->Lines[logger][n] && seen[logger][n] == 0)
-      Fault(Broken, "no log line " + LogText(logger, static_cast<uint64_t>(n)));
+      Fault(Broken, "no log line " + LogText(logger, static_cast<uint64_t>(n)).substr(0, 12));
   }
 }
 
