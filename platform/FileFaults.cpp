@@ -1,10 +1,10 @@
+#include "platform/detail/FileFaults.h"
+
 #include <algorithm>
 #include <atomic>
 #include <cerrno>
 #include <map>
 #include <mutex>
-
-#include "platform/FilesInternal.h"
 
 namespace vx {
 

@@ -88,6 +88,7 @@ struct TFileInfo {
   bool IsReadOnly = false;  // the owner may not write
   bool IsHidden = false;    // the name begins with a dot
   TDateTime LastWrite = 0;  // local time, exact to a microsecond
+  uint64_t Id = 0;          // on most drives another one for another file at the same path
 };
 
 // What stands at Path, symbolic links followed. False if there is nothing or it can't be seen.

@@ -8,12 +8,14 @@
 // Example:
 //   vx::TSharedIni ini(u"X:\\Pflege\\Station.ini");
 //   ini.WriteString(u"Fenster", u"Breite", u"800");
-//   if (!ini.Store()) Tell(u"Die Einstellungen sind noch nicht gespeichert.");     // tried again next time
+//   if (!ini.Store()) Tell(u"Die Einstellungen sind noch nicht gespeichert.");     // the journal stays: try again
 //
 // Each object keeps its own copy of the file and a journal of the changes made to it. Store reads the file
 // afresh, replays the journal on it, writes the result and takes it over: what other processes wrote to other
-// keys stays, and becomes visible here. Two that store at the same moment wait for each other. Whatever
-// happens to the process or the disk, the file is whole, the old or the new one, as ReplaceFileContent has it.
+// keys stays, and becomes visible here. Who stores waits for others who store the same file, on whatever machine, and
+// is refused if they take longer than TimeOut. So a change that Store acknowledged is in the file, unless a dialog told
+// of a full disk. Whatever happens to the process or the disk, the file is whole, the old or the new one, as
+// ReplaceFileContent has it; platform/SafeFiles.h tells what each kind of drive gets.
 //
 // The file: "[Section]", then its lines "key=value", then an empty line. Section names and keys are matched
 // without regard to case; of what stands twice the first counts. Comments and lines before the first section
@@ -22,7 +24,9 @@
 // Pitfalls:
 //   - Nothing is stored by itself: what was not stored when the object ends is lost.
 //   - Reload does not replay the journal: until Store, changes that are not stored are out of sight then.
-//   - A write that fails on the way (a full disk) is told as a warning, and the journal is gone all the same.
+//   - A write that fails on the way, on a full disk, is told as a warning, and Store is true and the journal gone all
+//     the same: that is required. The file keeps its old content, and this object holds the changes until it reloads.
+//   - On a network drive a change by another machine may be seen a second late by Reload; Store sees it at once.
 //   - One thread an object.
 #pragma once
 

@@ -78,13 +78,17 @@ class TAppender {
     if (FKind == dkOwn) return true;
     if (!Check(::fdatasync(FFile.Get()) == 0)) return false;
     if (FKind == dkLocks) return true;
-    THandle file(::open(FNative.c_str(), O_RDONLY | O_DIRECT | O_CLOEXEC));
-    if (file.Get() < 0) file = THandle(::open(FNative.c_str(), O_RDONLY | O_CLOEXEC));
+    // Drives that know files by their paths may remember an old end; others don't read past what they remember.
+    return IsRead(Bytes, O_DIRECT) || IsRead(Bytes, 0) || Fail(EIO);
+  }
+
+  bool IsRead(std::string_view Bytes, int Flags) const {
+    const THandle file(::open(FNative.c_str(), O_RDONLY | O_CLOEXEC | Flags));
     struct stat info;
     if (!Check(file.Get() >= 0) || !RefreshInfo(file.Get(), info)) return false;
     std::string bytes(Bytes.size(), '\0');
     const ssize_t got = ::pread(file.Get(), bytes.data(), bytes.size(), FInfo.st_size);
-    return (got == static_cast<ssize_t>(Bytes.size()) && bytes == Bytes) || Fail(EIO);
+    return got == static_cast<ssize_t>(Bytes.size()) && bytes == Bytes;
   }
 
   std::string FNative;

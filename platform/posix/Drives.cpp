@@ -7,7 +7,7 @@
 
 #include <cstring>
 
-#include "platform/FilesInternal.h"
+#include "platform/posix/FilesInternal.h"
 #include "platform/posix/FileLocks.h"
 
 namespace vx::files {

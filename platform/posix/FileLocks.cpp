@@ -6,7 +6,7 @@
 
 #include <cerrno>
 
-#include "platform/FilesInternal.h"
+#include "platform/posix/FilesInternal.h"
 
 namespace vx::files {
 

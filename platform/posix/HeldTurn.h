@@ -4,7 +4,7 @@
 #include <mutex>
 #include <string>
 
-#include "platform/FilesInternal.h"
+#include "platform/posix/FilesInternal.h"
 #include "platform/posix/LockDir.h"
 
 namespace vx::files {

@@ -7,7 +7,7 @@
 
 #include <string>
 
-#include "platform/FilesInternal.h"
+#include "platform/posix/FilesInternal.h"
 
 namespace vx::files {
 

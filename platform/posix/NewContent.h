@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "platform/FilesInternal.h"
+#include "platform/posix/FilesInternal.h"
 #include "platform/posix/LockDir.h"
 
 namespace vx::files {

@@ -8,7 +8,7 @@
 #include <csignal>
 #include <vector>
 
-#include "platform/FilesInternal.h"
+#include "platform/posix/FilesInternal.h"
 
 extern char** environ;
 

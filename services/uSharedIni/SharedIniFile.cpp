@@ -99,6 +99,7 @@ TDateTime TSharedIni::LoadValues() {
   TDateTime result = 0;
   std::unique_ptr<TFileStream> file;
   FIsWhole = true;
+  FMark = MarkOf(name);
   const bool isOpen = Retry(name, iTimeOut, kLoadValues, [&] {
     result = VxFileLastWrite(name, false);
     file = std::make_unique<TFileStream>(name, fmOpenRead | fmShareDenyWrite);
@@ -131,11 +132,20 @@ bool TSharedIni::StoreValues(TSharedIni& Target) {
   });
 }
 
+TSharedIni::TMark TSharedIni::MarkOf(const String& FileName) {
+  TFileInfo info;
+  return FileName.empty() || !GetFileInfo(FileName, info) ? TMark() : TMark{info.Size, info.Id};
+}
+
+bool TSharedIni::IsFileAsLoaded() const {
+  return VxFileLastWrite(GetFileName(), false) == iLoaded && (iLoaded == 0 || MarkOf(GetFileName()) == FMark);
+}
+
 bool TSharedIni::StoreOrMake(TSharedIni& Ini, TSharedIni& Origin) {
   Ini.FOrigin = &Origin;
   const bool result = Ini.Store();
   Ini.FOrigin = nullptr;
-  if (!result && Ini.iModifications) Origin.AddModifications(*Ini.iModifications);
+  if (!result && Ini.iModifications) Origin.AddModifications(Ini.Journal());
   return result;
 }
 
@@ -150,7 +160,7 @@ bool TSharedIni::MakeFrom(const TSharedIni& Origin, const String& Path, const st
 }
 
 bool TSharedIni::Reload(bool Force, bool ClearModifications) {
-  if (!Force && VxFileLastWrite(GetFileName(), false) == iLoaded) return false;
+  if (!Force && IsFileAsLoaded()) return false;
   iLoaded = LoadValues();
   if (ClearModifications) ModificationsClear();
   return iLoaded != 0;
@@ -260,10 +270,12 @@ bool TSharedIni::StoreMerged() {
   }
   if (!Replay(other, changed)) {
     iLoaded = other.iLoaded;
+    FMark = other.FMark;
   } else {
     if (GetSectionStamp()) WriteStamp(other, changed, stamp);
     if (!StoreValues(other)) return false;
     iLoaded = FStored;
+    FMark = MarkOf(GetFileName());
   }
   // What is read back as it was written needs no reading.
   for (const String& value : {stamp.Date, stamp.Time, stamp.User}) isPlain = isPlain && ReadsBack(u"x", u"x", value);
@@ -291,6 +303,7 @@ bool TSharedIni::StoreWhole() {
   }
   if (!StoreValues(*this)) return false;
   iLoaded = FStored;
+  FMark = MarkOf(GetFileName());
   return true;
 }
 

@@ -155,6 +155,12 @@ class TSharedIni : public TCustomIniFile {
 
  private:
   struct TStamp;
+  // What tells of a change of the file besides its last-write time, which some drives know to a second only.
+  struct TMark {
+    int64_t Size = 0;
+    uint64_t Id = 0;
+    bool operator==(const TMark&) const = default;
+  };
 
   struct TEntryOrder {
     bool operator()(const TSharedIniModification& A, const TSharedIniModification& B) const noexcept {
@@ -183,6 +189,8 @@ class TSharedIni : public TCustomIniFile {
   void ForEachPiece(F Take) const;
   String GetText() const;
   void SetText(const String& Text);
+  static TMark MarkOf(const String& FileName);
+  bool IsFileAsLoaded() const;
   bool InTurn(const std::function<bool()>& Work);
   bool IsToBeMade() const;
   bool StoreMerged();
@@ -209,6 +217,7 @@ class TSharedIni : public TCustomIniFile {
   const TSharedIni* FOrigin = nullptr;  // whose content comes into a file that is not there; nullptr: this one's
   const TFileTurn* FTurn = nullptr;     // while it is stored
   bool FIsWhole = true;                 // whether the last load could read all
+  TMark FMark;                          // of the file at the last load or store
   TDateTime FStored = 0;                // the last-write time of the file as StoreValues left it
 };
 

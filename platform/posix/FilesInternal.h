@@ -1,4 +1,4 @@
-// What the sources of Files.h share. Not for use outside them.
+// What the sources of Files.h and SafeFiles.h share. Not for use outside them.
 //
 // All functions report a failure through SetLastError and, unless said otherwise, by false.
 #pragma once
@@ -14,6 +14,7 @@
 
 #include "platform/Files.h"
 #include "platform/Format.h"
+#include "platform/detail/FileFaults.h"
 
 namespace vx::files {
 
@@ -43,8 +44,6 @@ struct TDirectoryCloser {
 };
 using TDirectory = std::unique_ptr<DIR, TDirectoryCloser>;
 
-// Sets the last error; always false.
-bool Fail(int Error) noexcept;
 // Fails with errno unless Ok.
 bool Check(bool Ok) noexcept;
 // Runs Body and reports lack of memory as a failure.
@@ -69,18 +68,6 @@ template <typename E>
 
 // The native path; false for an empty one and for one with a code unit 0.
 bool NativePath(const String& Path, std::string& Native);
-
-// 0, or the system error with which the operation has to fail.
-int FaultOf(TFileOperation Operation, const std::string& Native, const std::string& Second = {}) noexcept;
-// True unless the operation has to fail.
-bool Permitted(TFileOperation Operation, const std::string& Native, const std::string& Second = {}) noexcept;
-// How much of Count may be written or read; takes it off what is left.
-size_t TakeSpace(size_t Count) noexcept;
-size_t TakeReads(size_t Count) noexcept;
-// Whether every drive is to count as one on which locks don't hold between machines.
-bool LosesLocks() noexcept;
-// The stamp that is to be told of Native, whose own is Stamp.
-TDateTime ToldStamp(const std::string& Native, TDateTime Stamp);
 
 TDateTime StampToLocal(const timespec& Stamp);
 // False for what is no time of the years 1 to 9999.

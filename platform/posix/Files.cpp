@@ -6,12 +6,12 @@
 #include <cerrno>
 #include <cstring>
 
-#include "platform/FilesInternal.h"
 #include "platform/Format.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "platform/posix/Drives.h"
 #include "platform/posix/FileLocks.h"
+#include "platform/posix/FilesInternal.h"
 #include "platform/posix/HeldTurn.h"
 
 namespace vx {

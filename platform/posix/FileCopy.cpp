@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <cstring>
 
-#include "platform/FilesInternal.h"
+#include "platform/posix/FilesInternal.h"
 
 namespace vx {
 namespace files {

@@ -6,11 +6,11 @@
 #include <cstring>
 
 #include "platform/Clock.h"
-#include "platform/FilesInternal.h"
 #include "platform/Numbers.h"
 #include "platform/Paths.h"
 #include "platform/System.h"
 #include "platform/Text.h"
+#include "platform/posix/FilesInternal.h"
 
 namespace vx {
 namespace files {
@@ -63,6 +63,7 @@ TFileInfo InfoOf(const std::string& Native, String Name, const struct stat& Info
   result.Size = S_ISREG(Info.st_mode) ? Info.st_size : 0;
   result.IsReadOnly = (Info.st_mode & S_IWUSR) == 0;
   result.IsHidden = !Name.empty() && Name[0] == u'.';
+  result.Id = Info.st_ino;
   result.LastWrite = ToldStamp(Native, StampToLocal(Info.st_mtim));
   result.Name = std::move(Name);
   return result;
