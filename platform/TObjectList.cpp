@@ -7,6 +7,7 @@
 #include <vector>
 
 #include "platform/Exceptions.h"
+#include "platform/Sorting.h"
 
 namespace vx {
 
@@ -48,7 +49,13 @@ void TObjectList::Grow() {
 
 void TObjectList::SetCount(int Value) {
   if (Value < 0) throw EListError(FormatListError(SListCountError, Value));
-  while (FCount > Value) Delete(FCount - 1);
+  if (Value < FCount) {
+    // Not as long as there are more: entries that are added on the occasion would make it endless.
+    for (int i = FCount; i-- > Value;) {
+      if (i < FCount) Delete(i);
+    }
+    return;
+  }
   if (Value > FCapacity) SetCapacity(Value);
   std::fill(FItems + FCount, FItems + Value, nullptr);
   FCount = Value;
@@ -133,9 +140,9 @@ int TObjectList::IndexOf(const TObject* Object) const noexcept {
 }
 
 void TObjectList::Sort(FunctionRef<int(TObject*, TObject*)> Compare) {
-  std::vector<TObject*> sorted(FItems, FItems + FCount);  // a comparison may raise: the list stays whole
-  std::stable_sort(sorted.begin(), sorted.end(), [&](TObject* a, TObject* b) { return Compare(a, b) < 0; });
-  std::copy(sorted.begin(), sorted.end(), FItems);
+  const std::vector<TObject*> sorted = StableSort(std::vector<TObject*>(FItems, FItems + FCount),
+                                                  [&](TObject* a, TObject* b) { return Compare(a, b) < 0; });
+  std::copy_n(sorted.begin(), std::min(static_cast<int>(sorted.size()), FCount), FItems);
 }
 
 void TObjectList::Arrange(std::span<const int> Order) {

@@ -40,7 +40,8 @@ class TObjectList : public TObject {
   void SetOwnsObjects(bool Value) noexcept { FOwnsObjects = Value; }
 
   int GetCount() const noexcept { return FCount; }
-  // More entries than now are filled with nullptr, fewer are deleted from the end.
+  // More entries than now are filled with nullptr, fewer are deleted from the end; what Notify changes on
+  // the occasion stays.
   void SetCount(int Value);
   int GetCapacity() const noexcept { return FCapacity; }
   // Raises EListError (SListCapacityError) below the count.
@@ -69,11 +70,12 @@ class TObjectList : public TObject {
   // Deletes the first entry of that object and returns where it stood, -1 if it is not in the list.
   virtual int Remove(TObject* Object);
   // Takes the first entry of that object out without freeing it and gives it to the caller; nullptr
-  // if it is not in the list.
+  // if it is not in the list. The caller has the pointer already and may drop the result.
   virtual TObject* Extract(TObject* Object);
   // The first index of that object, -1 if it is not in the list.
   int IndexOf(const TObject* Object) const noexcept;
-  // Reorders the entries by Compare(a, b) < 0, equal ones staying in their order. No notification.
+  // Reorders the entries by Compare(a, b) < 0, equal ones staying in their order. No notification. A Compare
+  // that contradicts itself gives some order; one that raises leaves the list as it was.
   void Sort(FunctionRef<int(TObject*, TObject*)> Compare);
   // Reorders the entries: Order[i] is the index of the entry that comes to stand at i. Order has to name
   // each index of the list once; EArgumentException otherwise, and nothing has changed then. No

@@ -5,6 +5,7 @@
 
 #include "core/uVxFunctions/Numbers.h"
 #include "platform/Numbers.h"
+#include "platform/Sorting.h"
 
 namespace vx {
 
@@ -20,11 +21,15 @@ void TVxDoubleList::SetCapacity(int Value) {
 
 void TVxDoubleList::SetCount(int Value) {
   if (Value < 0 || Value >= MaxCount) return Error(9);
-  if (Value > GetCapacity()) SetCapacity(Value);
-  for (int i = iCount; i-- > Value;) {
-    if (i < iCount) Delete(i);
+  // Not as long as there are more: values that are added on the occasion would make it endless.
+  if (Value < iCount) {
+    for (int i = iCount; i-- > Value;) {
+      if (i < iCount) Delete(i);
+    }
+    return;
   }
-  if (Value > iCount) std::fill(iList.begin() + iCount, iList.begin() + Value, 0.0);
+  if (Value > GetCapacity()) SetCapacity(Value);
+  std::fill(iList.begin() + iCount, iList.begin() + Value, 0.0);
   iCount = Value;
 }
 
@@ -130,8 +135,8 @@ void TVxDoubleList::Sort() {
 }
 
 void TVxDoubleList::Sort(FunctionRef<int(double, double)> Compare) {
-  std::vector<double> sorted(Items().begin(), Items().end());  // a comparison may raise or look at the list
-  std::stable_sort(sorted.begin(), sorted.end(), [&](double a, double b) { return Compare(a, b) < 0; });
+  const std::vector<double> sorted = StableSort(std::vector<double>(Items().begin(), Items().end()),
+                                                [&](double a, double b) { return Compare(a, b) < 0; });
   std::copy_n(sorted.begin(), std::min(sorted.size(), Items().size()), iList.begin());
 }
 

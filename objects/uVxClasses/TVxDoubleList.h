@@ -45,10 +45,13 @@ class TVxDoubleList : public TObject {
   TVxDoubleList& operator=(const TVxDoubleList&) = delete;
   String ClassName() const override { return u"TVxDoubleList"; }
   // A new empty list of the same class.
-  virtual std::unique_ptr<TVxDoubleList> GetNewInstance() const { return std::make_unique<TVxDoubleList>(); }
+  [[nodiscard]] virtual std::unique_ptr<TVxDoubleList> GetNewInstance() const {
+    return std::make_unique<TVxDoubleList>();
+  }
 
   int GetCount() const noexcept { return iCount; }
-  // More values than now are 0 and not reported, fewer are deleted from the end.
+  // More values than now are 0 and not reported, fewer are deleted from the end; what Notify changes on
+  // the occasion stays.
   void SetCount(int Value);
   int GetCapacity() const noexcept { return static_cast<int>(iList.size()); }
   // A Value below the count is a fault, too.
@@ -85,7 +88,8 @@ class TVxDoubleList : public TObject {
 
   // Ascending. Reports nothing.
   virtual void Sort();
-  // By Compare(a, b) < 0, equal ones staying in their order.
+  // By Compare(a, b) < 0, equal ones staying in their order. A Compare that contradicts itself gives some
+  // order; one that raises leaves the list as it was.
   virtual void Sort(FunctionRef<int(double, double)> Compare);
   // Sorts and deletes all but one of equal values, from the end. (Unlike the Pack of other lists, which
   // takes out what is empty.)
@@ -124,7 +128,9 @@ using TDoubleListNotification = TVxDoubleList::TNotification;
 class TVxDoubleSortList : public TVxDoubleList {
  public:
   String ClassName() const override { return u"TVxDoubleSortList"; }
-  std::unique_ptr<TVxDoubleList> GetNewInstance() const override { return std::make_unique<TVxDoubleSortList>(); }
+  [[nodiscard]] std::unique_ptr<TVxDoubleList> GetNewInstance() const override {
+    return std::make_unique<TVxDoubleSortList>();
+  }
 
   // False at first. Setting it deletes duplicates; from then on Add takes none.
   bool GetUnique() const noexcept { return iUnique; }

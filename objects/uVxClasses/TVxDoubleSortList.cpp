@@ -125,7 +125,11 @@ void TVxDoubleSortList::SetCommatext(std::u16string_view Text) {
   std::vector<double> values;
   for (const TEntryValue& entry : FillSlots(Text)) {
     if (!IsPlain()) {
-      entry.IsNumber ? static_cast<void>(Add(entry.Value)) : Error(11);
+      if (entry.IsNumber) {
+        Add(entry.Value);
+      } else {
+        Error(11);
+      }
     } else if (entry.IsNumber) {
       values.push_back(entry.Value);
     }

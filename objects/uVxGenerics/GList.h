@@ -5,11 +5,11 @@
 #include <concepts>
 #include <functional>
 #include <new>
-#include <numeric>
 #include <span>
 #include <vector>
 
 #include "platform/Exceptions.h"
+#include "platform/Sorting.h"
 #include "platform/TObject.h"
 #include "platform/Types.h"
 
@@ -80,7 +80,8 @@ class GList : public TObject {
   // Takes the item out at From and puts it in so that it stands at To.
   virtual void Move(int From, int To);
   virtual void Reverse() { std::reverse(FItems.begin(), FItems.end()); }
-  // Orders the items by Compare(a, b) < 0, equal ones staying in their order.
+  // Orders the items by Compare(a, b) < 0, equal ones staying in their order. A Compare that contradicts
+  // itself gives some order; one that raises leaves the list as it was. It must not change the list.
   void Sort(FunctionRef<int(const T&, const T&)> Compare);
 
   // The first and the last index of an equal item, -1 if there is none.
@@ -90,7 +91,7 @@ class GList : public TObject {
   // Deletes the first equal item and returns where it stood, -1 if there is none.
   int Remove(const T& Item) { return RemoveAt(IndexOf(Item)); }
   // Takes the first equal item out and gives it to the caller; T() if there is none.
-  T Extract(const T& Item) { return ExtractAt(IndexOf(Item)); }
+  [[nodiscard]] T Extract(const T& Item) { return ExtractAt(IndexOf(Item)); }
 
  protected:
   // Called with each item after the list has changed. Not called for what the list holds at its end.
@@ -215,9 +216,8 @@ void GList<T>::Move(int From, int To) {
 
 template <typename T>
 void GList<T>::Sort(FunctionRef<int(const T&, const T&)> Compare) {
-  std::vector<size_t> order(FItems.size());  // a comparison may raise: the list stays whole
-  std::iota(order.begin(), order.end(), size_t{0});
-  std::stable_sort(order.begin(), order.end(), [&](size_t a, size_t b) { return Compare(FItems[a], FItems[b]) < 0; });
+  const std::vector<size_t> order =
+      StableOrder(FItems.size(), [&](size_t a, size_t b) { return Compare(FItems[a], FItems[b]) < 0; });
   std::vector<T> sorted;
   sorted.reserve(FItems.capacity());
   for (size_t index : order) sorted.push_back(std::move(FItems[index]));

@@ -46,7 +46,7 @@ class GSortList : public GList<T> {
   // Deletes the first equal item and returns where it stood, -1 if there is none.
   int Remove(const T& Item) { return this->RemoveAt(IndexOf(Item)); }
   // Takes the first equal item out and gives it to the caller; T() if there is none.
-  T Extract(const T& Item) { return this->ExtractAt(IndexOf(Item)); }
+  [[nodiscard]] T Extract(const T& Item) { return this->ExtractAt(IndexOf(Item)); }
 
   // -1, 0 or 1 by the values themselves, whatever the comparer says; by the comparer for a type that has
   // no order. For derived lists and for comparers that build on it.
@@ -96,10 +96,8 @@ void GSortList<T>::AddRange(std::span<const T> Collection) {
   // Whatever may fail comes first: room, the new items in order, and the place of each among the old ones.
   const std::vector<T> arrived(Collection.begin(), Collection.end());
   this->Grow(int64_t{this->GetCount()} + static_cast<int64_t>(arrived.size()));
-  std::vector<size_t> order(arrived.size());
-  std::iota(order.begin(), order.end(), size_t{0});
-  std::stable_sort(order.begin(), order.end(),
-                   [&](size_t a, size_t b) { return iComparer(arrived[a], arrived[b]) < 0; });
+  const std::vector<size_t> order =
+      StableOrder(arrived.size(), [&](size_t a, size_t b) { return iComparer(arrived[a], arrived[b]) < 0; });
   std::vector<T> added;
   std::vector<int> places;
   for (size_t index : order) {

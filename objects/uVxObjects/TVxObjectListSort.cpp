@@ -1,6 +1,9 @@
 #include "objects/uVxObjects/TVxObjectListSort.h"
 
 #include <algorithm>
+#include <utility>
+
+#include "platform/Sorting.h"
 
 namespace vx {
 
@@ -66,8 +69,7 @@ bool TVxObjectListSortU::MergeAll(const std::vector<TObject*>& Items) {
   };
   std::vector<TNew> added, refused;
   for (TObject* item : Items) added.push_back({item, added.size()});
-  std::stable_sort(added.begin(), added.end(),
-                   [this](const TNew& A, const TNew& B) { return doCompare(A.Item, B.Item) < 0; });
+  added = StableSort(std::move(added), [this](const TNew& A, const TNew& B) { return doCompare(A.Item, B.Item) < 0; });
   std::vector<TObject*> merged;
   merged.reserve(static_cast<size_t>(count) + added.size());
   int next = 0;

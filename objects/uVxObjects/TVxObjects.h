@@ -104,8 +104,9 @@ class TVxObjects : public TObject {
   void doMove(int CurIndex, int NewIndex);
   // Deletes the object that doIndexOf finds; gives where it stood, -1 if there is none.
   int doRemove(const TObject* Item);
-  // Orders by QuickSort (core/uVxFunctions.h): equal objects may change places, but always in the same
-  // way. Compare must not change the list. No notification.
+  // Orders by QuickSort (core/uVxFunctions.h), at its cost: equal objects may change places, but always in the
+  // same way. Compare must not change the list. One that contradicts itself gives some order; one that raises
+  // leaves the list as it was. No notification.
   void doSort(TListSortCompare Compare);
   // nullptr for a bad index.
   TObject* GetItem(int Index) const;

@@ -125,7 +125,8 @@ template <typename T>
 struct TLogged : T {
   void Notify(double Value, TDoubleListNotification Action) override {
     Log += Concat({std::u16string_view(&u"+x-!"[Action], 1), FloatToStr(Value), u" "});
-    if (ShrinksTo >= 0) this->SetCount(std::exchange(ShrinksTo, -1));
+    const int to = std::exchange(ShrinksTo, -1);
+    to == 0 ? this->Clear() : to > 0 ? this->SetCount(to) : void();
   }
   String Take() { return std::exchange(Log, String()); }
   String Log;
@@ -202,6 +203,13 @@ TEST(DoubleLists, ReportEachChangeAndFault) {
   list.SetCommatext(u"1,2,3");
   list.ShrinksTo = 1, list.SetCommatext(u"4,x,5,6");  // in the midst of the reading
   EXPECT_EQ(list.GetCommatext(), u"4");
+  for (auto [to, counted, read] : {std::tuple(0, u"", u""), {3, u"1,2", u"8,9"}, {1, u"1", u"8"}}) {
+    list.SetCommatext(u"1,2,3,4,5,6,7,8,9");
+    EXPECT_EQ((list.ShrinksTo = to, list.SetCount(2), list.GetCommatext()), counted);
+    list.SetCommatext(u"1,2,3,4,5,6,7,8,9");
+    EXPECT_EQ((list.ShrinksTo = to, list.SetCommatext(u"8,9"), list.GetCommatext()), read);
+    EXPECT_LE(list.GetCount(), list.GetCapacity());
+  }
   list.Clear();
   TVxIntegerListUnique steps;
   for (; list.Add(1) < 99; steps.Add(list.GetCapacity())) {
