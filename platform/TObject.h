@@ -1,4 +1,7 @@
-// The base of every class whose objects lists may hold and free.
+// The base of every class whose objects lists may hold and free, and of the lists themselves.
+//
+// Threads: a list, index, tree or any other container of this library may be read by several threads at once through
+// its const members, whatever these remember meanwhile. Whoever changes it has to be alone with it.
 #pragma once
 
 #include "platform/String.h"

@@ -102,6 +102,15 @@ void TStrings::EndUpdate() {
 
 void TStrings::SetUpdateState(bool) {}
 
+TUpdateScope::~TUpdateScope() noexcept(false) {
+  const bool isAlone = std::uncaught_exceptions() == FErrors;
+  try {
+    FStrings.EndUpdate();
+  } catch (...) {
+    if (isAlone) throw;  // two errors at once would end the program
+  }
+}
+
 String TStrings::GetTextStr() const {
   String result;
   int count = GetCount();

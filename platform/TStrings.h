@@ -12,6 +12,7 @@
 //   vx::String line = list.GetCommaText();     // u"one,\"two, too\""
 #pragma once
 
+#include <exception>
 #include <span>
 
 #include "platform/TObject.h"
@@ -76,7 +77,8 @@ class TStrings : public TObject {
 
   // The order that IndexOf goes by: AnsiCompareText unless overridden.
   virtual int CompareStrings(std::u16string_view A, std::u16string_view B) const;
-  // Called with true when the first BeginUpdate is made and with false at the last EndUpdate.
+  // Called with true when the first BeginUpdate is made and with false at the last EndUpdate. It may raise; the
+  // update count is right then, too.
   virtual void SetUpdateState(bool Updating);
   [[noreturn]] static void RaiseListError(std::u16string_view Pattern, int Value);
 
@@ -84,16 +86,20 @@ class TStrings : public TObject {
   int FUpdateCount = 0;
 };
 
-// Keeps a list between BeginUpdate and EndUpdate, also when an error passes.
+// Keeps a list between BeginUpdate and EndUpdate, also when an error passes. What the list's SetUpdateState raises at
+// the end reaches the caller like any other error; if one is on its way already, that one goes on alone.
 class TUpdateScope {
  public:
-  explicit TUpdateScope(TStrings& Strings) : FStrings(Strings) { FStrings.BeginUpdate(); }
-  ~TUpdateScope() { FStrings.EndUpdate(); }
+  explicit TUpdateScope(TStrings& Strings) : FStrings(Strings), FErrors(std::uncaught_exceptions()) {
+    FStrings.BeginUpdate();
+  }
+  ~TUpdateScope() noexcept(false);
   TUpdateScope(const TUpdateScope&) = delete;
   TUpdateScope& operator=(const TUpdateScope&) = delete;
 
  private:
   TStrings& FStrings;
+  int FErrors;  // that were on their way at the beginning
 };
 
 }  // namespace vx
