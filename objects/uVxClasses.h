@@ -26,6 +26,7 @@
 //   - Commatext: a blank ends a cell that does not stand in quotes, just as a comma does.
 //   - Lists do not own the objects of their items unless told.
 //   - A sorted list is extended by Add alone; Insert and Put raise EStringListError.
+//   - Sort of a list of texts costs n x n for texts that stand just so; see TTextList.
 #pragma once
 
 #include "objects/uVxClasses/TArrayStrStr.h"

@@ -9,8 +9,8 @@ int TOldStringList::AddObject(const String& Text, TObject* Object) {
 }
 
 void TOldStringList::InsertItem(int Index, const String& Text) {
-  if (Index != FEntries.Count()) CheckIndex(Index);
-  FEntries.Insert(Index, Text, nullptr);
+  if (Index != Entries().Count()) CheckIndex(Index);
+  Entries().Insert(Index, Text, nullptr);
 }
 
 void TOldStringList::InsertEntry(int Index, const String& Text, TObject* Object) {
@@ -24,6 +24,13 @@ void TOldStringList::Assign(const TStrings& Source) {
   if (!other) return;
   FDuplicates = other->FDuplicates;
   FSorted = other->FSorted;
+}
+
+void TOldStringList::Sort() {
+  CustomSort([](const TOldStringList& list, int a, int b) {
+    const std::span<const String> items = list.Items();
+    return list.CompareStrings(items[static_cast<size_t>(a)], items[static_cast<size_t>(b)]);
+  });
 }
 
 std::unique_ptr<TOldStringList> TOldStringList::Duplicate() const {

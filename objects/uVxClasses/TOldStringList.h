@@ -17,8 +17,8 @@ class TOldStringList : public TTextList {
   // Swaps two entries. Sorting calls it for every swap, also of an entry with itself.
   virtual void ExchangeItems(int A, int B) { TTextList::Exchange(A, B); }
 
-  // Orders the items once by Compare(list, a, b); does nothing on a sorted list. Equal items may
-  // change their places.
+  void Sort() override;
+  // Orders the items once by Compare(list, a, b); does nothing on a sorted list. Steps and cost are those of Sort.
   using TCompare = FunctionRef<int(const TOldStringList& List, int A, int B)>;
   virtual void CustomSort(TCompare Compare) {
     SortBy([&](int a, int b) { return Compare(*this, a, b); });
@@ -29,7 +29,7 @@ class TOldStringList : public TTextList {
   // with no new ordering.
   void Assign(const TStrings& Source) override;
   // A new list with the same texts, objects and flags.
-  virtual std::unique_ptr<TOldStringList> Duplicate() const;
+  [[nodiscard]] virtual std::unique_ptr<TOldStringList> Duplicate() const;
 
  protected:
   void InsertEntry(int Index, const String& Text, TObject* Object) override;

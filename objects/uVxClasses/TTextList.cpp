@@ -1,17 +1,18 @@
 #include "objects/uVxClasses/TTextList.h"
 
 #include <algorithm>
-#include <typeinfo>
 
+#include "objects/uVxClasses/TVxString.h"
 #include "platform/Collation.h"
 #include "platform/Exceptions.h"
+#include "platform/Sorting.h"
 
 namespace vx {
 
 using detail::TEntries;
 
 void TTextList::CheckIndex(int Index) const {
-  if (static_cast<unsigned>(Index) >= static_cast<unsigned>(FEntries.Count())) RaiseListError(SListIndexError, Index);
+  if (static_cast<unsigned>(Index) >= static_cast<unsigned>(Entries().Count())) RaiseListError(SListIndexError, Index);
 }
 
 void TTextList::CheckNotSorted() const {
@@ -20,35 +21,35 @@ void TTextList::CheckNotSorted() const {
 
 String TTextList::Get(int Index) const {
   CheckIndex(Index);
-  return FEntries.Text(Index);
+  return Entries().Text(Index);
 }
 
 void TTextList::Put(int Index, const String& Text) {
   CheckNotSorted();
   CheckIndex(Index);
-  FEntries.SetText(Index, Text);
+  Entries().SetText(Index, Text);
 }
 
 TObject* TTextList::GetObject(int Index) const {
   CheckIndex(Index);
-  return FEntries.Object(Index);
+  return Entries().Object(Index);
 }
 
 void TTextList::PutObject(int Index, TObject* Object) {
   CheckIndex(Index);
-  FEntries.SetObject(Index, Object);
+  Entries().SetObject(Index, Object);
 }
 
 void TTextList::SetCapacity(int Value) {
-  if (Value < FEntries.Count()) RaiseListError(SListCapacityError, Value);
-  FEntries.SetCapacity(Value);
+  if (Value < Entries().Count()) RaiseListError(SListCapacityError, Value);
+  Entries().SetCapacity(Value);
 }
 
 int TTextList::AddObject(const String& Text, TObject* Object) {
-  int index = FEntries.Count();
+  int index = Entries().Count();
   if (FSorted && Find(Text, index)) {
     if (FDuplicates == dupIgnore) {
-      if (Object != FEntries.Object(index)) FreeObject(Object);
+      if (Object != Entries().Object(index)) FreeObject(Object);
       return index;
     }
     if (FDuplicates == dupError) RaiseListError(SDuplicateString, 0);
@@ -67,29 +68,29 @@ void TTextList::Move(int From, int To) {
   CheckNotSorted();
   CheckIndex(From);
   CheckIndex(To);
-  String text = FEntries.Text(From);
-  TObject* object = FEntries.Object(From);
-  FEntries.Erase(From);
-  FEntries.Insert(To, std::move(text), object);
+  String text = Entries().Text(From);
+  TObject* object = Entries().Object(From);
+  Entries().Erase(From);
+  Entries().Insert(To, std::move(text), object);
 }
 
 void TTextList::Delete(int Index) {
   CheckIndex(Index);
-  TObject* object = FEntries.Object(Index);
-  FEntries.Erase(Index);
+  TObject* object = Entries().Object(Index);
+  Entries().Erase(Index);
   FreeObject(object);
 }
 
 void TTextList::Clear() {
   TEntries gone;
-  FEntries.swap(gone);
+  Entries().swap(gone);
   for (TObject* object : gone.Objects()) FreeObject(object);
 }
 
 void TTextList::Exchange(int A, int B) {
   CheckIndex(A);
   CheckIndex(B);
-  FEntries.Exchange(A, B);
+  Entries().Exchange(A, B);
 }
 
 int TTextList::IndexOf(std::u16string_view Text) const {
@@ -131,6 +132,15 @@ void TTextList::AddStrings(std::u16string_view Commatext) {
   AddCells(ReadCommatext(Commatext));
 }
 
+int TTextList::AddBool(bool Value) { return Add(TVxString::ToString(Value)); }
+int TTextList::AddBoolExt(TBoolExt Value) { return Add(TVxString::ToString(Value)); }
+int TTextList::AddCurr(Currency Value) { return Add(TVxString::ToString(Value)); }
+int TTextList::AddDate(TDateTime Value) { return Add(TVxString::DateToString(Value)); }
+int TTextList::AddDateTime(TDateTime Value) { return Add(TVxString::DateTimeToString(Value)); }
+int TTextList::AddExt(Extended Value) { return Add(TVxString::ToString(Value)); }
+int TTextList::AddInt(int Value) { return Add(TVxString::ToString(Value)); }
+int TTextList::AddTime(TDateTime Value) { return Add(TVxString::TimeToString(Value)); }
+
 void TTextList::Minus(const TStrings& Strings) {
   TCells gone;  // a copy: Strings may be this list or change with it
   for (int i = 0; i < Strings.GetCount(); ++i) gone.push_back(Strings.Get(i));
@@ -145,10 +155,10 @@ int TTextList::CompareStrings(std::u16string_view A, std::u16string_view B) cons
 bool TTextList::Find(std::u16string_view Text, int& Index) const {
   bool found = false;
   int low = 0;
-  int high = FEntries.Count() - 1;
+  int high = Entries().Count() - 1;
   while (low <= high) {
     int middle = low + (high - low) / 2;
-    int compared = CompareStrings(FEntries.Text(middle), Text);
+    int compared = CompareStrings(Entries().Text(middle), Text);
     if (compared < 0) {
       low = middle + 1;
     } else {
@@ -163,43 +173,9 @@ bool TTextList::Find(std::u16string_view Text, int& Index) const {
   return found;
 }
 
-void TTextList::Sort() {
-  SortBy([this](int a, int b) { return CompareStrings(FEntries.Text(a), FEntries.Text(b)); });
-}
-
 void TTextList::SortBy(TCompareIndexes Compare) {
-  if (FSorted || FEntries.Count() < 2) return;
-  QuickSort(0, FEntries.Count() - 1, Compare);
-}
-
-void TTextList::QuickSort(int Low, int High, TCompareIndexes Compare) {
-  while (Low < High) {
-    int i = Low;
-    int j = High;
-    int pivot = Low + (High - Low) / 2;
-    do {
-      while (i < High && Compare(i, pivot) < 0) ++i;  // the bounds matter to contradictory orders alone
-      while (j > Low && Compare(j, pivot) > 0) --j;
-      if (i <= j) {
-        SortExchange(i, j);
-        if (pivot == i) {
-          pivot = j;
-        } else if (pivot == j) {
-          pivot = i;
-        }
-        ++i;
-        --j;
-      }
-    } while (i <= j);
-    // The two parts don't touch each other; the smaller one first keeps the recursion shallow.
-    if (j - Low < High - i) {
-      QuickSort(Low, j, Compare);
-      Low = i;
-    } else {
-      QuickSort(i, High, Compare);
-      High = j;
-    }
-  }
+  if (FSorted || GetCount() < 2) return;
+  PartitionSort(0, GetCount() - 1, Compare, [this](int a, int b) { SortExchange(a, b); });
 }
 
 void TTextList::SetSorted(bool Value) {
@@ -208,12 +184,12 @@ void TTextList::SetSorted(bool Value) {
 }
 
 bool TTextList::EqualsAll(const TTextList& Other) const {
-  return typeid(*this) == typeid(Other) && std::ranges::equal(Items(), Other.Items());
+  return Kind() == Other.Kind() && std::ranges::equal(Items(), Other.Items());
 }
 
 bool TTextList::EqualsObjects(const TTextList& Other) const {
-  for (int i = 0; i < FEntries.Count(); ++i) {
-    if (FEntries.Object(i) != Other.GetObject(i)) return false;
+  for (int i = 0; i < Entries().Count(); ++i) {
+    if (Entries().Object(i) != Other.GetObject(i)) return false;
   }
   return true;
 }
@@ -232,7 +208,7 @@ void TTextList::SetCells(TCells Cells) {
 
 void TTextList::AddCells(TCells Cells) {
   if (TakesPlainly()) {
-    FEntries.TakeAll(Cells);
+    Entries().TakeAll(Cells);
   } else {
     for (const String& cell : Cells) Add(cell);
   }

@@ -1,11 +1,15 @@
 // What all lists of texts of the library share: storage, text forms, files.
 #pragma once
 
+#include <atomic>
 #include <memory>
 #include <span>
+#include <typeinfo>
 #include <unordered_map>
 
+#include "core/uVxTypes.h"
 #include "objects/uVxClasses/detail/Entries.h"
+#include "platform/Currency.h"
 #include "platform/TStrings.h"
 #include "platform/TextForms.h"
 #include "platform/Types.h"
@@ -31,12 +35,12 @@ class TTextList : public TStrings {
   TObject* GetObject(int Index) const override;
   // An object that stood there before is not freed.
   void PutObject(int Index, TObject* Object) override;
-  int GetCount() const override { return FEntries.Count(); }
-  int GetCapacity() const override { return FEntries.Capacity(); }
+  int GetCount() const override { return Entries().Count(); }
+  int GetCapacity() const override { return Entries().Capacity(); }
   // Raises SListCapacityError below the count.
   void SetCapacity(int Value) override;
   // The items for walking, without a copy; ends with the next change of the list.
-  std::span<const String> Items() const noexcept { return FEntries.Texts(); }
+  std::span<const String> Items() const noexcept { return Entries().Texts(); }
 
   int Add(const String& Text) override { return AddObject(Text, nullptr); }
   void Insert(int Index, const String& Text) override { InsertObject(Index, Text, nullptr); }
@@ -61,17 +65,28 @@ class TTextList : public TStrings {
   void AddStrings(std::span<const String> Texts, std::span<TObject* const> Objects);
   // Appends the cells of a commatext.
   void AddStrings(std::u16string_view Commatext);
+  // Each hands the text that TVxString writes to Add and returns its index.
+  int AddBool(bool Value);
+  int AddBoolExt(TBoolExt Value);
+  int AddCurr(Currency Value);
+  int AddDate(TDateTime Value);
+  int AddDateTime(TDateTime Value);
+  int AddExt(Extended Value);
+  int AddInt(int Value);
+  int AddTime(TDateTime Value);
   // Deletes, for each item of Strings, its first occurrence here.
   void Minus(const TStrings& Strings);
 
   // Binary search by the list's order. Index is where Text stands or would have to stand; with
   // dupAccept the first of equal items. Meant for sorted lists.
   virtual bool Find(std::u16string_view Text, int& Index) const;
-  // Orders the items once by the list's order; does nothing on a sorted list. Equal items may change
-  // their places.
-  virtual void Sort();
+  // Orders the items once by the list's order; does nothing on a sorted list. Calls CustomSort, which a derived
+  // class may override, as do SetSorted and whatever orders the list anew. Equal items may change their places,
+  // but always in the same way; its steps are fixed (PartitionSort in platform/Sorting.h), so that n items cost
+  // n log n mostly, but n x n if they stand just so.
+  virtual void Sort() = 0;
   bool GetSorted() const noexcept { return FSorted; }
-  // Setting it orders the items at once.
+  // Setting it orders the items at once, by Sort.
   virtual void SetSorted(bool Value);
   TDuplicates GetDuplicates() const noexcept { return FDuplicates; }
   void SetDuplicates(TDuplicates Value) noexcept { FDuplicates = Value; }
@@ -103,8 +118,8 @@ class TTextList : public TStrings {
 
   // Replaces the items by the lines of a file in the system's code page. A line ends at a line feed;
   // a carriage return before it is dropped, one alone is not a line end. No line is empty because of
-  // a final line end. Others are denied writing meanwhile. Faults of the file are raised as
-  // EStreamError; the list then holds what was read.
+  // a final line end. Each goes to Add once, whole. Others are denied writing meanwhile. Faults of the file
+  // are raised as EStreamError; the list then holds what was read.
   virtual void LoadFromFile(std::u16string_view Path);
   // Writes every item, the last too, followed by carriage return and line feed, in the system's code
   // page. Creates or empties the file; others are denied writing. Raises EStreamError.
@@ -120,7 +135,7 @@ class TTextList : public TStrings {
   int CompareStrings(std::u16string_view A, std::u16string_view B) const override;
   // How a sort swaps two entries, which may be one and the same.
   virtual void SortExchange(int A, int B) {
-    if (A != B) FEntries.Exchange(A, B);
+    if (A != B) Entries().Exchange(A, B);
   }
   void CheckIndex(int Index) const;
   void CheckNotSorted() const;
@@ -134,17 +149,38 @@ class TTextList : public TStrings {
   void AddCells(TCells Cells);
   // Compares the items at two indexes.
   using TCompareIndexes = FunctionRef<int(int A, int B)>;
-  // Sort by another order.
+  // Orders the items, unless the list is sorted.
   void SortBy(TCompareIndexes Compare);
   // Makes sure that a change that adds nothing to List can't fail for want of memory.
-  static void Detach(TTextList& List) { List.FEntries.Detach(); }
+  static void Detach(TTextList& List) { List.Entries().Detach(); }
 
-  detail::TEntries FEntries;
+  detail::TEntries& Entries() {
+    if (FPlace.load(std::memory_order_relaxed) != lpHere) [[unlikely]]
+      TakeBack();
+    return FEntries;
+  }
+  const detail::TEntries& Entries() const {
+    if (FPlace.load(std::memory_order_acquire) == lpAway) [[unlikely]]
+      Fetch();
+    return FEntries;
+  }
+  // The class as EqualsAll sees it.
+  virtual const std::type_info& Kind() const noexcept { return typeid(*this); }
+
+  // A derived list may keep its items elsewhere as long as nobody asks for them in one piece.
+  enum TPlace : uint8_t {
+    lpHere,  // in FEntries
+    lpBoth,  // in FEntries too, which nobody has changed
+    lpAway   // FEntries is empty
+  };
+  // Makes a copy in FEntries for reading; several threads may call it at once.
+  virtual void Fetch() const {}
+  // Puts the items into FEntries, where they stay.
+  virtual void TakeBack() {}
+  mutable detail::TEntries FEntries;
+  mutable std::atomic<TPlace> FPlace = lpHere;
   bool FSorted = false;
   TDuplicates FDuplicates = dupIgnore;
-
- private:
-  void QuickSort(int Low, int High, TCompareIndexes Compare);
 };
 
 }  // namespace vx

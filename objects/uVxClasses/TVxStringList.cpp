@@ -33,11 +33,18 @@ int TVxStringList::CompareStrings(std::u16string_view A, std::u16string_view B) 
   return FCaseSensitive ? AnsiCompareStr(A, B) : AnsiCompareText(A, B);
 }
 
-bool TVxStringList::TakesPlainly() const { return !FSorted && typeid(*this) == typeid(TVxStringList); }
+void TVxStringList::Sort() {
+  CustomSort([](const TVxStringList& list, int a, int b) {
+    const std::span<const String> items = list.Items();
+    return list.CompareStrings(items[static_cast<size_t>(a)], items[static_cast<size_t>(b)]);
+  });
+}
+
+bool TVxStringList::TakesPlainly() const { return !FSorted && Kind() == typeid(TVxStringList); }
 
 void TVxStringList::InsertItem(int Index, const String& Text, TObject* Object) {
-  if (Index != FEntries.Count()) CheckIndex(Index);
-  FEntries.Insert(Index, Text, Object);
+  if (Index != Entries().Count()) CheckIndex(Index);
+  Entries().Insert(Index, Text, Object);
 }
 
 void TVxStringList::Assign(const TStrings& Source) {
@@ -46,9 +53,9 @@ void TVxStringList::Assign(const TStrings& Source) {
   if (other && TakesPlainly()) {
     TUpdateScope scope(*this);
     TEntries copy;
-    copy.CopyFrom(other->FEntries);
+    copy.CopyFrom(other->Entries());
     if (FOwnsObject) Clear();
-    FEntries.swap(copy);
+    Entries().swap(copy);
   } else {
     TStrings::Assign(Source);
   }
@@ -66,37 +73,29 @@ std::unique_ptr<TVxStringList> TVxStringList::Duplicate() const {
 
 std::unordered_map<int, String> TVxStringList::ConvertToDictionary() const {
   std::unordered_map<int, String> result;
-  for (int i = 0; i < FEntries.Count(); ++i) result.emplace(i, FEntries.Text(i));
+  for (int i = 0; i < Entries().Count(); ++i) result.emplace(i, Entries().Text(i));
   return result;
 }
 
 void TVxStringList::TakeCells(std::span<String> Cells) {
-  if (FEntries.Count() > 0) Clear();
+  if (Entries().Count() > 0) Clear();
   if (TakesPlainly()) {
-    FEntries.TakeAll(Cells);
+    Entries().TakeAll(Cells);
   } else {
     for (const String& cell : Cells) Add(cell);
   }
 }
 
 void TVxStringList::TakeCells(TEntries& Cells) {
-  if (FEntries.Count() > 0) Clear();
+  if (Entries().Count() > 0) Clear();
   if (TakesPlainly()) {
-    FEntries.TakeAll(Cells);
+    Entries().TakeAll(Cells);
   } else {
     for (const String& cell : Cells.Texts()) Add(cell);
     Cells.Clear();
   }
 }
 
-int TVxStringList::AddBool(bool Value) { return Add(TVxString::ToString(Value)); }
-int TVxStringList::AddBoolExt(TBoolExt Value) { return Add(TVxString::ToString(Value)); }
-int TVxStringList::AddCurr(Currency Value) { return Add(TVxString::ToString(Value)); }
-int TVxStringList::AddDate(TDateTime Value) { return Add(TVxString::DateToString(Value)); }
-int TVxStringList::AddDateTime(TDateTime Value) { return Add(TVxString::DateTimeToString(Value)); }
-int TVxStringList::AddExt(Extended Value) { return Add(TVxString::ToString(Value)); }
-int TVxStringList::AddInt(int Value) { return Add(TVxString::ToString(Value)); }
-int TVxStringList::AddTime(TDateTime Value) { return Add(TVxString::TimeToString(Value)); }
 int TVxStringList::AddTimeFull(TDateTime Value) { return Add(TVxString::TimeFullToString(Value)); }
 
 bool TVxStringList::AsBool(int Index) const { return TVxString::ToBool(Get(Index), false); }

@@ -1,9 +1,7 @@
 // The list of texts that every table row is.
 #pragma once
 
-#include "core/uVxTypes.h"
 #include "objects/uVxClasses/TTextList.h"
-#include "platform/Currency.h"
 
 namespace vx {
 
@@ -32,8 +30,8 @@ class TVxStringList : public TTextList {
   // Swaps two entries, of a sorted list too. A derived list's Exchange is not called.
   void ExchangeItems(int A, int B) { TTextList::Exchange(A, B); }
 
-  // Orders the items once by Compare(list, a, b); does nothing on a sorted list. Equal items may
-  // change their places.
+  void Sort() override;
+  // Orders the items once by Compare(list, a, b); does nothing on a sorted list. Steps and cost are those of Sort.
   using TCompare = FunctionRef<int(const TVxStringList& List, int A, int B)>;
   virtual void CustomSort(TCompare Compare) {
     SortBy([&](int a, int b) { return Compare(*this, a, b); });
@@ -44,7 +42,7 @@ class TVxStringList : public TTextList {
   // the flag Sorted, with no new ordering. Ownership stays as it was.
   void Assign(const TStrings& Source) override;
   // A new list with the same texts, objects and flags.
-  virtual std::unique_ptr<TVxStringList> Duplicate() const;
+  [[nodiscard]] virtual std::unique_ptr<TVxStringList> Duplicate() const;
   // The items by their index.
   std::unordered_map<int, String> ConvertToDictionary() const;
   // The items become the cells number First to Last of an offsettext, counted from 0.
@@ -53,15 +51,6 @@ class TVxStringList : public TTextList {
   void TakeCells(std::span<String> Cells);
   void TakeCells(detail::TEntries& Cells);
 
-  // Each hands the text that TVxString writes to Add and returns its index.
-  int AddBool(bool Value);
-  int AddBoolExt(TBoolExt Value);
-  int AddCurr(Currency Value);
-  int AddDate(TDateTime Value);
-  int AddDateTime(TDateTime Value);
-  int AddExt(Extended Value);
-  int AddInt(int Value);
-  int AddTime(TDateTime Value);
   int AddTimeFull(TDateTime Value);
   // Each reads the item as it stands by TVxString; one that is no such value is 0 or false.
   bool AsBool(int Index) const;

@@ -1,6 +1,7 @@
 // Files of the lists of texts.
 #include <algorithm>
 #include <cstring>
+#include <utility>
 #include <vector>
 
 #include "objects/uVxClasses/TTextList.h"
@@ -58,21 +59,29 @@ void TTextList::LoadFromFile(std::u16string_view Path) {
   const TCodePage& page = GetSystemCodePage();
   std::vector<char> buffer(std::clamp<size_t>(static_cast<size_t>(file.GetSize()), 1, kReadChunk));
   bool lineIsOpen = false;
-  while (size_t count = file.Read(buffer.data(), buffer.size())) {
+  String openLine;  // what there is of it
+  const auto read = [&] {
+    try {
+      return file.Read(buffer.data(), buffer.size());
+    } catch (...) {
+      if (lineIsOpen) Add(openLine);
+      throw;
+    }
+  };
+  while (size_t count = read()) {
     const char* end = buffer.data() + count;
     for (const char* line = buffer.data(); line != end;) {
       const char* next;
       const char* stop = LineEnd(line, end, next);
-      String text = page.Decode({line, static_cast<size_t>(stop - line)});
-      if (lineIsOpen && FEntries.Count() > 0) {
-        FEntries.MutableText(FEntries.Count() - 1) += text;
-      } else {
-        Add(text);
-      }
-      lineIsOpen = next[-1] != '\n';
+      const String text = page.Decode({line, static_cast<size_t>(stop - line)});
+      const bool ends = next[-1] == '\n';
+      if (lineIsOpen || !ends) openLine += text;
+      if (ends) Add(lineIsOpen ? std::exchange(openLine, String()) : text);
+      lineIsOpen = !ends;
       line = next;
     }
   }
+  if (lineIsOpen) Add(openLine);
   EndUpdate();
 }
 

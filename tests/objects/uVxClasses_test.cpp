@@ -124,6 +124,36 @@ TEST(Lists, SortAsTheHoarePartitionDoes) {
   EXPECT_EQ((old.Sort(), old.GetCommatext()), u"a,b,c,d,e");
 }
 
+template <typename TList>
+struct TSortedByLength : TList {
+  void CustomSort(typename TList::TCompare) override {
+    TList::CustomSort([](const TList& l, int a, int b) { return l.Items()[a].size() - l.Items()[b].size(); });
+  }
+};
+
+TEST(Lists, SortByWhatCustomSortMakesOfIt) {
+  TSortedByLength<TVxStringList> list;
+  TSortedByLength<TOldStringList> old;
+  for (TTextList* each : {static_cast<TTextList*>(&list), static_cast<TTextList*>(&old)}) {
+    each->SetCommatext(u"bbb,a,cc"), each->Sort();
+    EXPECT_EQ(each->GetCommatext(), u"a,cc,bbb");
+    each->SetCommatext(u"bbb,a,cc"), each->SetSorted(true);
+    EXPECT_EQ(each->GetCommatext(), u"a,cc,bbb");
+  }
+  list.SetSorted(false), list.Exchange(0, 2), list.SetSorted(true), list.ExchangeItems(0, 2);
+  EXPECT_EQ((list.SetCaseSensitive(true), list.GetCommatext()), u"a,cc,bbb");
+}
+
+TEST(Lists, TypedAddsWriteTheSameTexts) {
+  TVxStringList list;
+  TOldStringList old;
+  for (TTextList* each : {static_cast<TTextList*>(&list), static_cast<TTextList*>(&old)}) {
+    each->AddBool(true), each->AddBoolExt(bNone), each->AddCurr(Currency(12)), each->AddDate(46000.25);
+    each->AddDateTime(46000.25), each->AddExt(1.5L), each->AddInt(-7), each->AddTime(0.25);
+    EXPECT_EQ(each->GetLighttext(), u"1||12,00|09.12.2025|09.12.2025 06:00:00|1,5|-7|06:00");
+  }
+}
+
 TEST(Lists, MinusAssignAndEquals) {
   TObject object;
   TVxStringList list, minus, source(false, false, dupError, true);
@@ -199,13 +229,22 @@ TYPED_TEST(Files, LinesOfAFile) {
                {before + "\r\n\r\nb", {line, u"", u"b"}},     // behind LF,
                {before + "abc\r\nd", {line + u"abc", u"d"}},  // inside a line,
                {before + "a\rb\n", {line + u"ab"}},           // and with a CR alone, which goes too
-               {before + before + before + "\n", {line + line + line}}};
+               {before + before + before + "\n", {line + line + line}},
+               {"z\n" + before + "ab\n", {u"z", line + u"ab"}}};
   for (const auto& c : cases) {
     test::PutText(path, c.Bytes);
     TypeParam list;
     list.Add(u"gone"), list.LoadFromFile(path);
     EXPECT_TRUE(std::ranges::equal(list.Items(), c.Lines)) << c.Bytes.size();
     EXPECT_EQ(list.GetUpdateCount(), 0);
+    TypeParam sorted, expected;  // a line in two chunks stays one
+    for (TypeParam* each : {&sorted, &expected}) each->SetDuplicates(dupAccept), each->SetSorted(true);
+    expected.AddStrings(c.Lines), sorted.LoadFromFile(path);
+    EXPECT_TRUE(sorted.Equals(expected)) << c.Bytes.size();
+    TVxStringPairList pairs;
+    pairs.LoadFromFile(path), expected.SetDuplicates(dupIgnore), expected.SetCommatext(u""),
+        expected.AddStrings(c.Lines);
+    EXPECT_TRUE(pairs.Equals(expected) && pairs.PairCount() == pairs.GetCount()) << c.Bytes.size();
     list.SaveToFile(path);
     EXPECT_EQ(static_cast<size_t>(list.GetSaveToSize()), test::GetText(path).size());
   }
