@@ -18,7 +18,7 @@
 // Pitfalls:
 //   - Chains hold pointers without knowing of what: they free none. What shall be freed as an object has
 //     to be put in as TObject*.
-//   - Only TVxThreadList may be used by several threads at once.
+//   - Only TVxThreadList may be changed by several threads at once.
 //   - Reading a TVxChainList by index moves its cache: even that is a change.
 #pragma once
 

@@ -1,9 +1,9 @@
-// Lists of values of any type, and a search key that is shared.
+// Lists of values of any type, and a search key.
 //
 //   GList<T>                                   a list of values or pointers
 //   GSortList<T>                               one that keeps its items in order
 //   TVxDataIdSingleton                         a TVxDataId to search sorted lists with
-//   uVxGenerics::FreeBuffersForLeakPrevention  frees the shared key
+//   uVxGenerics::FreeBuffersForLeakPrevention  frees that key
 //
 // Example (rows ordered by their first cell):
 //   vx::GSortList<vx::TVxStringList*> rows([](vx::TVxStringList* a, vx::TVxStringList* b) {

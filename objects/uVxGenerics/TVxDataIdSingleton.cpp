@@ -9,8 +9,13 @@ namespace vx {
 
 namespace {
 
-// One for the class and all that derive from it.
-constinit TVxDataIdSingleton* Slot = nullptr;
+// One for the class and all that derive from it, in each thread.
+constinit thread_local TVxDataIdSingleton* Slot = nullptr;
+
+// Frees what a thread leaves in its slot.
+struct TSlotEnd {
+  ~TSlotEnd() { delete Slot; }
+};
 
 }  // namespace
 
@@ -30,7 +35,10 @@ TVxDataIdSingleton* TVxDataIdSingleton::Access(int Request, TVxDataIdSingleton* 
     case 0:
       break;
     case 1:
-      if (!Slot) Slot = Make();
+      if (!Slot) {
+        static thread_local const TSlotEnd end;
+        Slot = Make();
+      }
       break;
     case 2:
       Slot = nullptr;

@@ -1,4 +1,4 @@
-// A search key that is made once and shared.
+// A search key that is made once.
 #pragma once
 
 #include "objects/uVxObjects/TVxData.h"
@@ -6,8 +6,8 @@
 namespace vx {
 
 // A TVxDataId to search lists with that are sorted by id, with no object made for a search. There is one
-// slot for the class and all that derive from it: the class of whoever asks first decides. Not for use by
-// several threads.
+// slot for the class and all that derive from it: the class of whoever asks first decides. Each thread has a
+// slot of its own, so that threads may search at once; what it holds at the thread's end is freed.
 //
 //   int place = patients.IndexSort(vx::TVxDataIdSingleton::Singleton(4711));
 class TVxDataIdSingleton : public TVxClassed<TVxDataIdSingleton, TVxDataId, u"TVxDataIdSingleton"> {
@@ -17,7 +17,7 @@ class TVxDataIdSingleton : public TVxClassed<TVxDataIdSingleton, TVxDataId, u"TV
   // Leaves the slot empty if it holds this object.
   ~TVxDataIdSingleton() override;
 
-  // The shared object with that id, made as a TSelf if there is none yet. It stays the slot's.
+  // The slot's object with that id, made as a TSelf if there is none yet. It stays the slot's.
   template <typename TSelf = TVxDataIdSingleton>
   static TVxDataIdSingleton* Singleton(int Id) {
     TVxDataIdSingleton* probe = AccessSingleton<TSelf>(1);
@@ -48,7 +48,7 @@ class TVxDataIdSingleton : public TVxClassed<TVxDataIdSingleton, TVxDataId, u"TV
 
 namespace uVxGenerics {
 
-// Frees the shared search key; the next use makes it anew.
+// Frees the calling thread's search key; the next use makes it anew.
 void FreeBuffersForLeakPrevention();
 
 }  // namespace uVxGenerics

@@ -4,7 +4,6 @@
 #include <new>
 
 #include "objects/uVxClasses.h"
-#include "objects/uVxObjects/TVxDataIdList.h"
 #include "platform/Collation.h"
 #include "platform/Lazy.h"
 
@@ -95,7 +94,6 @@ namespace uVxObjects {
 void FreeBuffersForLeakPrevention() noexcept {
   Counts.Free();
   Registry.Free();
-  TVxDataIdList::FreeProbe();
   IsFreed = true;
 }
 

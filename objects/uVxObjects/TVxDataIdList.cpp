@@ -1,7 +1,7 @@
 #include "objects/uVxObjects/TVxDataIdList.h"
 
 #include <algorithm>
-#include <utility>
+#include <mutex>
 
 #include "platform/Exceptions.h"
 
@@ -9,30 +9,35 @@ namespace vx {
 
 namespace {
 
-// Not destroyed at the program's end: lists of others may be used later.
-TVxDataIdHelper* Probe = nullptr;
-
 // Smaller lists are searched as they stand.
 constexpr int kLeastCopied = 64;
 
-TVxDataIdHelper& GetProbe() {
-  if (!Probe) Probe = new TVxDataIdHelper();
-  return *Probe;
+// IndexSort by the id alone; IdAt gives those of the list.
+template <typename TIdAt>
+int FindPlace(int Count, int Id, TIdAt IdAt) {
+  if (Count < 1) return 0;
+  if (IdAt(Count - 1) < Id) return Count;
+  if (IdAt(0) >= Id) return 0;
+  int low = 1, high = Count - 1;
+  while (low < high) {
+    const int middle = low + (high - low) / 2;
+    if (IdAt(middle) < Id) {
+      low = middle + 1;
+    } else {
+      high = middle;
+    }
+  }
+  return low;
 }
 
 }  // namespace
 
-TVxDataIdList::TVxDataIdList(bool OwnsObjects) : TVxListClassed(OwnsObjects) {
-  GetProbe();
-  ++TVxDataIdListCount;
-}
+TVxDataIdList::TVxDataIdList(bool OwnsObjects) : TVxListClassed(OwnsObjects) { ++TVxDataIdListCount; }
 
 TVxDataIdList::~TVxDataIdList() {
   TVxObjects::Clear();
-  if (--TVxDataIdListCount == 0) FreeProbe();
+  --TVxDataIdListCount;
 }
-
-void TVxDataIdList::FreeProbe() noexcept { delete std::exchange(Probe, nullptr); }
 
 // Asks for the class only when it is another one than before: this is called for every comparison.
 const TVxDataId& TVxDataIdList::ToDataId(const TObject& Item) const {
@@ -55,33 +60,53 @@ int TVxDataIdList::doCompare(const TObject* Item1, const TObject* Item2) const {
 }
 
 int TVxDataIdList::IndexSortId(int Id) const {
-  TVxDataIdHelper& probe = GetProbe();
-  probe.SetId(Id);
-  return IndexSort(&probe);
+  if (typeid(*this) != typeid(TVxDataIdList)) {
+    TVxDataIdHelper key;
+    key.SetId(Id);
+    return IndexSort(&key);
+  }
+  // nullptr stands before all ids.
+  return FindPlace(GetCount(), Id, [this](int index) {
+    const TObject* item = iList[index];
+    return item ? int64_t{ToDataId(*item).GetId()} : INT64_MIN;
+  });
 }
 
-// Whether FIds are those of the list as it is. They are copied when so many look-ups have come together that
-// the copy pays.
+// Whether so many look-ups have come together since the last change that copying the ids pays.
+bool TVxDataIdList::IsWorthIds() const {
+  if (GetCount() < kLeastCopied || typeid(*this) != typeid(TVxDataIdList)) return false;
+  const uint64_t version = uint64_t{iList.Version()} << 32;
+  const uint64_t lookups = FLookups;
+  const uint64_t known = lookups >> 32 == iList.Version() ? lookups - version : 0;
+  // Of several threads' look-ups some may get lost.
+  FLookups = version + known + 1;
+  if (static_cast<int64_t>(known) < GetCount() / 8) return false;
+  FLookups = version;  // whatever becomes of it
+  return true;
+}
+
+// Whether FIds are those of the list as it is.
 bool TVxDataIdList::HasIds() const {
+  const int64_t version = iList.Version();
+  if (FIdsVersion.load(std::memory_order_acquire) == version) return true;
+  if (IsWorthIds()) CopyIds();
+  return FIdsVersion.load(std::memory_order_acquire) == version;
+}
+
+void TVxDataIdList::CopyIds() const {
+  static std::mutex mutex;
+  const std::lock_guard lock(mutex);
+  if (FIdsVersion.load(std::memory_order_relaxed) == int64_t{iList.Version()}) return;
   const int count = GetCount();
-  if (FIdsVersion != iList.Version()) {
-    FIdsVersion = iList.Version();
-    FLookups = 0;
-    FIds.clear();
-  }
-  if (!FIds.empty()) return true;
-  if (count < kLeastCopied || FLookups++ < count / 8 || typeid(*this) != typeid(TVxDataIdList)) return false;
-  FLookups = 0;  // whatever becomes of it
+  FIdsVersion.store(-1, std::memory_order_relaxed);
+  FIds.clear();
   FIds.reserve(static_cast<size_t>(count));
   for (int i = 0; i < count; ++i) {
     const TObject* item = iList[i];
-    if (!item) {
-      FIds.clear();
-      return false;
-    }
+    if (!item) return;
     FIds.push_back(ToDataId(*item).GetId());
   }
-  return true;
+  FIdsVersion.store(iList.Version(), std::memory_order_release);
 }
 
 // The place of the id if the copied ids know one that is right; -1 says nothing.
@@ -90,7 +115,7 @@ int TVxDataIdList::KnownPlace(int Id) const {
   const auto found = std::lower_bound(FIds.begin(), FIds.end(), Id);
   if (found == FIds.end() || *found != Id) return -1;
   const int place = static_cast<int>(found - FIds.begin());
-  return ToDataId(*std::as_const(iList)[place]).GetId() == Id ? place : -1;
+  return ToDataId(*iList[place]).GetId() == Id ? place : -1;
 }
 
 int TVxDataIdList::IndexOf(int Id) const {

@@ -57,7 +57,7 @@ int TVxTree::EndOfChildren(const TVxTreeNode* Node) const {
   if (iIsDepthFirst) {
     next = TListOrder::NextUpTo(Node, Node->iLevel);
   } else {
-    for (; Node && !next; Node = Node->iParent, ++iClimbed) next = TSiblingOrder::Next(Node);
+    for (; Node && !next; Node = Node->iParent, iClimbed = iClimbed + 1) next = TSiblingOrder::Next(Node);
   }
   return next ? TListOrder::Rank(next) : GetCount();
 }

@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "objects/uVxTree/TVxTreeNode.h"
+#include "platform/Relaxed.h"
 
 namespace vx {
 
@@ -124,8 +125,8 @@ class TVxTree : public TObject {
   TVxTreeNode* iItems = nullptr;  // root of the balanced tree of the list
   TVxTreeNode* iRoots = nullptr;  // root of the balanced tree of the root nodes
   // While set, the list is known to be in depth-first order.
-  mutable bool iIsDepthFirst = true;
-  mutable int64_t iClimbed = 0;  // steps up to the root since the order was looked at
+  mutable TRelaxed<bool> iIsDepthFirst = true;
+  mutable TRelaxed<int64_t> iClimbed = 0;  // steps up to the root since the order was looked at
 };
 
 }  // namespace vx
