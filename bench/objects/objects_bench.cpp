@@ -19,6 +19,7 @@
 #include "objects/uVxObjects.h"
 #include "platform/Collation.h"
 #include "platform/Numbers.h"
+#include "platform/Sorting.h"
 #include "tables/uFileCsv.h"
 
 namespace vx::bench {
@@ -241,6 +242,62 @@ void MeasureStringIndex(const char* What, bool IsCaseSensitive) {
   Compare(name + "_find_same", "lower_bound", kCount, findSame, findSameInVector, kLevel);
 }
 
+// Keys that come at random, while every third one goes again, by key and through the list; the list is asked for its
+// count in between.
+void MeasureIndexMixed(int Count) {
+  const std::vector<String> keys = Shuffled(Keys(Count), 7);
+  const auto ours = [&] {
+    TVxStringIndex index;
+    TVxStringList& csl = index.GetCsl();
+    int64_t sum = 0;
+    for (size_t i = 0; i < keys.size(); ++i) {
+      index.Add(keys[i]);
+      if (i % 6 == 2) index.Delete(keys[i / 2]);
+      if (i % 6 == 5) csl.Delete(static_cast<int>(i) % csl.GetCount());
+      sum += csl.GetCount();
+    }
+    return sum;
+  };
+  const auto inMap = [&] {
+    std::map<String, TObject*> map;
+    int64_t sum = 0;
+    for (size_t i = 0; i < keys.size(); ++i) {
+      map.emplace(keys[i], nullptr);
+      if (i % 6 == 2) map.erase(keys[i / 2]);
+      if (i % 6 == 5) map.erase(map.lower_bound(keys[i]));
+      sum += static_cast<int64_t>(map.size());
+    }
+    return sum;
+  };
+  int64_t counted = 0, inPeer = 0;
+  const auto times = Medians(
+      3, [&] { return Time([&] { counted = ours(); }); }, [&] { return Time([&] { inPeer = inMap(); }); });
+  // What goes by its place and by its key is not the same, so that a few more keys are met again here or there.
+  Expect(counted > inPeer / 2 && inPeer > counted / 2, "index_mixed");
+  Report("objects/index_mixed", times[0], "map", times[1], Count);
+}
+
+void MeasureSort(const char* What, const std::vector<double>& Values) {
+  const auto compare = [](double a, double b) { return a < b ? -1 : a > b ? 1 : 0; };
+  const FunctionRef<int(double, double)> byRef = compare;
+  const auto isBefore = [&](double a, double b) { return byRef(a, b) < 0; };
+  const auto ours = [&] { return static_cast<int64_t>(StableSort(Values, isBefore)[Values.size() / 3]); };
+  const auto peer = [&] {
+    std::vector<double> sorted = Values;
+    std::stable_sort(sorted.begin(), sorted.end(), isBefore);
+    return static_cast<int64_t>(sorted[Values.size() / 3]);
+  };
+  Compare(What, "stable_sort", kCount, ours, peer, TBar::AtLeast(1));
+}
+
+void MeasureSorts() {
+  std::vector<double> values(kCount);
+  std::iota(values.begin(), values.end(), 0.0);
+  MeasureSort("objects/sort_in_order", values);
+  MeasureSort("objects/sort_reverse", {values.rbegin(), values.rend()});
+  MeasureSort("objects/sort_random", Shuffled(values, 8));
+}
+
 void MeasureDoubles() {
   std::vector<double> values(kCount);
   for (int i = 0; i < kCount; ++i) values[static_cast<size_t>(i)] = i * 0.5;
@@ -344,6 +401,9 @@ int main() {
   MeasureDataIds();
   MeasureStringIndex("exact", true);
   MeasureStringIndex("folding", false);
+  MeasureIndexMixed(kCount / 10);
+  MeasureIndexMixed(kCount);
+  MeasureSorts();
   MeasureDoubles();
   MeasureChain();
   MeasureCopies();

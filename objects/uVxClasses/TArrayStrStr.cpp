@@ -39,7 +39,7 @@ void TArrayStrStr::Clear() {
   valueList.Clear();
 }
 
-void TArrayStrStr::SetCaseSensitive(bool Value) noexcept {
+void TArrayStrStr::SetCaseSensitive(bool Value) {
   TVxStringIndexOptions options = iKeyList.GetOptions();
   iKeyList.SetOptions(Value ? options.Exclude(vxioNotCaseSensitive) : options.Include(vxioNotCaseSensitive));
 }

@@ -37,7 +37,7 @@ class TArrayStrStr : public TVxClassed<TArrayStrStr, TVxData, u"TArrayStrStr"> {
 
   // To be set while the map is empty.
   bool GetCaseSensitive() const noexcept { return !iKeyList.GetOptions().Has(vxioNotCaseSensitive); }
-  void SetCaseSensitive(bool Value) noexcept;
+  void SetCaseSensitive(bool Value);
   // The keys, which stay the map's. What changes their number takes keys and values apart.
   TVxStringIndex& GetKeyList() noexcept { return iKeyList; }
   const TVxStringIndex& GetKeyList() const noexcept { return iKeyList; }

@@ -19,7 +19,9 @@ namespace vx {
 class TVxIdList : public TVxIntegerList {
  public:
   String ClassName() const override { return u"TVxIdList"; }
-  std::unique_ptr<TVxIntegerList> GetNewInstance() const override { return std::make_unique<TVxIdList>(); }
+  [[nodiscard]] std::unique_ptr<TVxIntegerList> GetNewInstance() const override {
+    return std::make_unique<TVxIdList>();
+  }
 
   using TVxIntegerList::Add;
   // Where Id stands now, or stood before.

@@ -34,7 +34,9 @@ class TVxIntegerList : public TObject {
   TVxIntegerList& operator=(const TVxIntegerList&) = delete;
   String ClassName() const override { return u"TVxIntegerList"; }
   // A new empty list: of the own class, where the class says so.
-  virtual std::unique_ptr<TVxIntegerList> GetNewInstance() const { return std::make_unique<TVxIntegerList>(); }
+  [[nodiscard]] virtual std::unique_ptr<TVxIntegerList> GetNewInstance() const {
+    return std::make_unique<TVxIntegerList>();
+  }
 
   int GetCount() const noexcept { return static_cast<int>(FItems.size()); }
   // More items than now are 0, fewer are cut at the end. EListError (SListCountError) below 0.
@@ -99,7 +101,7 @@ class TVxIntegerList : public TObject {
   // least. A list assigned to itself stays.
   void Assign(const TVxIntegerList& Source);
   // A new list of GetNewInstance's class with the same items.
-  std::unique_ptr<TVxIntegerList> Duplicate() const;
+  [[nodiscard]] std::unique_ptr<TVxIntegerList> Duplicate() const;
 
   // The items in decimal digits in a text form (see TextForms.h); empty for an empty list. Setting
   // replaces the items, each as Add(int) does; an entry that StrToInt would not take is 0.

@@ -49,7 +49,7 @@ class TVxPointList : public TObject {
   int Remove(const TPoint& Point);
   void Clear() noexcept { FItems.clear(); }
   // The points that are in exactly one of the two lists; with nullptr a copy of this one.
-  std::unique_ptr<TVxPointList> Changes(const TVxPointList* Points) const;
+  [[nodiscard]] std::unique_ptr<TVxPointList> Changes(const TVxPointList* Points) const;
 
   // Refused: a warning that names the class, and nothing changes.
   virtual void Exchange(int A, int B);

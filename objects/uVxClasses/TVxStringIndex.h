@@ -15,14 +15,16 @@
 //
 // Pitfalls:
 //   - Add of a key that is there replaces its object and frees the old one if the index owns.
-//   - Whatever changes the keys past Add (Assign, LoadFromFile, SetItems, the list of GetCsl) has to keep
-//     them in order; otherwise searches miss keys.
+//   - Whatever puts or changes keys past Add (Assign, LoadFromFile, SetItems, the list of GetCsl) has to keep
+//     them in order; otherwise searches miss keys, and a key costs a move of all behind it.
 //   - An object that the index owns must not stand under two keys.
-//   - Even reading notes LastIndex and tidies up: one thread at a time.
+//   - LastIndex is one for all threads that read an index at once.
 #pragma once
 
+#include <memory>
+
 #include "objects/uVxClasses/TVxStringList.h"
-#include "objects/uVxClasses/detail/NewKeys.h"
+#include "platform/Relaxed.h"
 
 namespace vx {
 
@@ -38,6 +40,9 @@ enum TVxStringIndexOption : uint8_t {
 };
 using TVxStringIndexOptions = Set<TVxStringIndexOption>;
 
+class TIndexKeys;
+struct TFoundKey;
+
 // Indexes count from 0; one outside the index raises EStringListError with SListIndexError, and nothing
 // has changed then. Objects are freed after the index has changed, so that their destructors may look at it.
 class TVxStringIndex : public TObject {
@@ -52,7 +57,7 @@ class TVxStringIndex : public TObject {
   virtual void Init();
 
   TVxStringIndexOptions GetOptions() const noexcept { return iOptions; }
-  void SetOptions(TVxStringIndexOptions Value) noexcept { iOptions = Value; }
+  void SetOptions(TVxStringIndexOptions Value);
   // To how many code units keys are brought before letters are folded; 0 and below: not at all. Keys
   // that are there already stay.
   int GetFixedLength() const noexcept { return iFixedLength; }
@@ -62,16 +67,18 @@ class TVxStringIndex : public TObject {
   // Where the last Find or search for an object ended, also without success; -1 after Clear.
   int GetLastIndex() const noexcept { return iLastIndex; }
 
-  int GetCount() const { return iCsl.GetCount() + FNew.Count(); }
+  int GetCount() const;
   // The key and the object, raw: setting neither folds nor orders nor frees.
   String GetItems(int Index) const;
-  void SetItems(int Index, const String& Value) { List().Put(Index, Value); }
+  void SetItems(int Index, const String& Value) { GetCsl().Put(Index, Value); }
   TObject* GetObjects(int Index) const;
   void SetObjects(int Index, TObject* Value);
-  // The keys with their objects, up to date until the index changes: later keys may be missing in it
-  // until it is asked for again. Frees no objects.
-  TVxStringList& GetCsl() { return List(); }
-  const TVxStringList& GetCsl() const { return List(); }
+  // The list of the keys with their objects: it stays the index's, follows each change of it, and may be kept as
+  // long as the index lives. What is deleted in it is gone from the index, too, but no object is freed. Items, the
+  // text forms and changes of the list cost a walk through all keys when the index has changed a lot; the count,
+  // Get, GetObject, PutObject and Delete don't.
+  TVxStringList& GetCsl() noexcept;
+  const TVxStringList& GetCsl() const noexcept;
 
   // The normal form of a key: cut or padded with blanks to FixedLength, then every ä, ö, ü and ß, from the
   // left, replaced by ae, oe, ue and ss, and each Ä, Ö and Ü by Ae, Oe and Ue at the end and before a
@@ -82,11 +89,11 @@ class TVxStringIndex : public TObject {
   // The place of a key in normal form, or where it would stand.
   int IndexSort(std::u16string_view Key) const;
 
-  // Puts a key in and returns its place. A key that is there keeps its text and gets Object; another
-  // object that it had is freed if the index owns.
+  // Puts a key in and returns its place, at the cost of about the root of the count. A key that is there keeps its text
+  // and gets Object; another object that it had is freed if the index owns.
   int Add(const String& Text, TObject* Object = nullptr);
   // Adds all keys with their objects, as Add does.
-  void AddStrings(const TVxStringIndex& Index) { AddStrings(Index.List()); }
+  void AddStrings(const TVxStringIndex& Index) { AddStrings(Index.GetCsl()); }
   void AddStrings(const TStrings& Strings);
 
   // Whether the key is there; Index is its place or where it would stand, and so is LastIndex. The key
@@ -108,10 +115,10 @@ class TVxStringIndex : public TObject {
   int Delete(std::u16string_view Text);
   int Delete(const TObject* Object);
   // Deletes an entry and gives its object, which may be nullptr, to the caller.
-  TObject* Extract(int Index);
-  TObject* Extract(int Index, String& Text);
+  [[nodiscard]] TObject* Extract(int Index);
+  [[nodiscard]] TObject* Extract(int Index, String& Text);
   // nullptr for a key that is not there.
-  TObject* Extract(std::u16string_view Text);
+  [[nodiscard]] TObject* Extract(std::u16string_view Text);
   // Frees all objects and keeps the keys; does nothing unless the index owns.
   void DeleteObjects();
   // Frees what the index owns, forgets all keys, LastIndex and DuplicateCount. Options stay.
@@ -119,61 +126,39 @@ class TVxStringIndex : public TObject {
 
   // Takes over keys and objects as they stand, with no sorting, and owns no objects from then on: those
   // that it owned before are left to the caller.
-  void Assign(const TVxStringIndex& Source) { Assign(Source.List()); }
+  void Assign(const TVxStringIndex& Source) { Assign(Source.GetCsl()); }
   void Assign(const TStrings& Source);
 
   // The keys with Seperator between them.
   String Implode(std::u16string_view Seperator) const;
-  String GetCommatext() const { return List().GetCommatext(); }
+  String GetCommatext() const { return GetCsl().GetCommatext(); }
   // Adds the cells as keys without objects to what is there.
   void SetCommatext(std::u16string_view Text);
-  String GetIntellitext() const { return List().GetIntellitext(); }
+  String GetIntellitext() const { return GetCsl().GetIntellitext(); }
   // Clears, then adds the cells as keys without objects.
   void SetIntellitext(std::u16string_view Text);
   // The keys as lines, with none behind the last one.
-  String GetText() const { return List().GetText(); }
+  String GetText() const { return GetCsl().GetText(); }
   // Replaces the keys by the lines of a file as they stand; false, with nothing changed, if there is no
   // such file. Faults of the file raise EStreamError.
-  bool LoadFromFile(std::u16string_view Name);
+  [[nodiscard]] bool LoadFromFile(std::u16string_view Name);
   // Writes the keys as lines; true if the file exists afterwards. Faults of the file raise EStreamError.
-  bool SaveToFile(std::u16string_view Name) const;
+  [[nodiscard]] bool SaveToFile(std::u16string_view Name) const;
 
  private:
-  struct TFound {
-    int Before;  // how many keys of the list stand before the key
-    int New;     // how many new ones
-    bool InList;
-    bool InNew;
-    int Place() const noexcept { return Before + New; }
-    bool Found() const noexcept { return InList || InNew; }
-  };
-  int Compare(std::u16string_view A, std::u16string_view B) const noexcept {
-    return VxCompareText(A, B, !iOptions.Has(vxioNotCaseSensitive));
-  }
+  // Of a text that is not in normal form yet.
+  TFoundKey SearchText(std::u16string_view Text) const;
   bool Same(std::u16string_view A, std::u16string_view B) const noexcept;
-  template <typename TOrder>
-  TFound Search(std::u16string_view Key, TOrder Order) const;
-  TFound Search(std::u16string_view Key) const;
-  // The same for a key that is not in normal form yet.
-  TFound SearchText(std::u16string_view Text) const;
-  struct TSlot {
-    int Index;  // in FNew or iCsl
-    bool IsNew;
-  };
-  TSlot Slot(int Index) const noexcept;
-  // The list with all keys in it.
-  TVxStringList& List() const;
   void AddAll(std::span<const String> Texts, std::span<TObject* const> Objects);
   bool AddSorted(std::span<const String> Texts, std::span<TObject* const> Objects);
   void Free(TObject* Object) const {
     if (iOptions.Has(vxioOwnsObjects)) delete Object;
   }
 
-  mutable TVxStringList iCsl;
-  mutable detail::TNewKeys FNew;  // keys that are not in iCsl yet
+  std::unique_ptr<TIndexKeys> FKeys;
   int iDuplicateCount = 0;
   int iFixedLength = 0;
-  mutable int iLastIndex = -1;
+  mutable TRelaxed<int> iLastIndex = -1;
   TVxStringIndexOptions iOptions;
 };
 

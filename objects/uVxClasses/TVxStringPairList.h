@@ -41,7 +41,7 @@ class TVxStringPairList : public TVxStringList {
   void Exchange(int A, int B) override;
   void Move(int From, int To) override;
   void InsertItem(int Index, const String& Text, TObject* Object) override;
-  std::unique_ptr<TVxStringList> Duplicate() const override;
+  [[nodiscard]] std::unique_ptr<TVxStringList> Duplicate() const override;
   // Also compares the pairs, and their objects.
   bool EqualsAll(const TTextList& Other) const override;
   bool EqualsObjects(const TTextList& Other) const override;

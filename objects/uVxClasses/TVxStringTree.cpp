@@ -200,7 +200,7 @@ void TVxStringTree::SetSerialize(std::u16string_view Text) {
     // Nobody else knows of a node that was made here and loses its place.
     if (replaced) replaced->OwnNodes();
     level->Add(key, node.get());
-    (void)node.release();
+    (void)node.release();  // the level has it
     if (!level->GetOptions().Has(vxioOwnsObjects)) delete replaced;
   }
 }

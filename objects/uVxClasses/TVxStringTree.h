@@ -24,7 +24,7 @@ class TVxStringTree : public TVxStringIndex {
   String ClassName() const override { return u"TVxStringTree"; }
 
   // A new node that owns its children and takes no notice of case.
-  static std::unique_ptr<TVxStringTree> newNode();
+  [[nodiscard]] static std::unique_ptr<TVxStringTree> newNode();
   // The node under Value in Level, which is added by newNode if it is not there or its object is no tree;
   // that object is freed if Level owns. The result is Level's. An absent Level becomes a new node.
   static TVxStringTree* ValidateNode(TVxStringTree& Level, const String& Value);

@@ -1,8 +1,12 @@
+#include <thread>
+
 #include "objects/uVxClasses/TArrayStrStr.h"
 #include "objects/uVxClasses/TPop.h"
 #include "objects/uVxClasses/TVxStringIndex.h"
 #include "objects/uVxClasses/TVxStringTree.h"
 #include "objects/uVxClasses/TvxDateRange.h"
+#include "objects/uVxGenerics.h"
+#include "objects/uVxObjects.h"
 #include "tests/support/Test.h"
 
 namespace {
@@ -83,6 +87,7 @@ TEST(StringIndex, DoesWhatAMapDoes) {
     std::mt19937 random(7);
     std::map<std::u16string, std::pair<std::u16string, TObject*>> map;
     TObject* any[] = {nullptr, &index, reinterpret_cast<TObject*>(&map)};
+    TVxStringList& csl = index.GetCsl();  // whole whenever it is looked at
     int duplicates = 0;
     for (int step = 0; step < 14000; ++step) {
       std::u16string key, low;
@@ -97,12 +102,66 @@ TEST(StringIndex, DoesWhatAMapDoes) {
         duplicates += exists;
         EXPECT_EQ(index.Add(key, map.try_emplace(low, key, nullptr).first->second.second = any[random() % 3]), place);
       } else if (step % 100 < 10) {
-        EXPECT_EQ(index.Delete(key), map.erase(low) ? place : -1);
+        const bool bySelf = !exists || step % 2;
+        if (!bySelf) csl.Delete(place);
+        EXPECT_EQ(bySelf ? index.Delete(key) : place, map.erase(low) ? place : -1);
+      }
+      ASSERT_EQ(csl.GetCount(), static_cast<int>(map.size()));
+      if (step % 1500 > 1) continue;
+      ASSERT_EQ(csl.Items().size(), map.size());
+      for (size_t at = 0; const auto& [each, entry] : map) {
+        ASSERT_EQ(csl.Items()[at], entry.first) << step;
+        ASSERT_EQ(csl.GetObject(static_cast<int>(at++)), entry.second) << step;
       }
     }
     ASSERT_TRUE(index.GetCount() == static_cast<int>(map.size()) && index.GetDuplicateCount() == duplicates);
-    for (int at = 0; const auto& [low, entry] : map) EXPECT_EQ(index.GetCsl().Get(at++), entry.first);
+    for (int at = 0; const auto& [low, entry] : map) EXPECT_EQ(csl.Get(at++), entry.first);
   }
+}
+
+TEST(StringIndex, GivesAListThatStaysItsOwn) {
+  TVxStringIndex index;
+  TVxStringList& csl = index.GetCsl();
+  for (int i = 5000; i > 0; --i) index.Add(u"k" + IntToStr(10000 + i));  // in front of many
+  index.Add(u"a");
+  EXPECT_EQ(csl.GetCount(), 5001);
+  const auto has = [&](const char16_t* key, int place) {
+    EXPECT_EQ(index.IndexOf(key), place) << String(key).ToUtf8();
+    EXPECT_EQ(csl.IndexOf(key), place) << String(key).ToUtf8();
+  };
+  csl.Delete(2), has(u"a", 0), has(u"k10001", 1), has(u"k10002", -1), has(u"k15000", 4999);
+  index.Add(u"b"), csl.Put(1, u"aa"), has(u"aa", 1), has(u"b", -1), csl.Insert(1, u"a2"), has(u"a2", 1);
+  TVxStringList copy;
+  copy.Assign(csl);
+  EXPECT_TRUE(copy.EqualsAll(csl) && csl.EqualsAll(copy));
+  EXPECT_THROW(csl.Get(5002), EStringListError);
+  EXPECT_THROW(csl.Delete(-1), EStringListError);
+  csl.Clear(), csl.Add(u"x"), has(u"x", 0);
+  EXPECT_EQ(index.GetCount(), 1);
+}
+
+// Reading may tidy up and note where it was: that must not be seen by others.
+TEST(ContainersThread, AreReadBySeveralAtOnce) {
+  TVxStringIndex index;
+  TVxDataIdList ids, others;
+  std::vector<String> keys;
+  for (int i = 3000; i > 0; --i) keys.push_back(u"key " + IntToStr(10000 + i));
+  for (const String& key : keys) index.Add(key);
+  for (int id = 0; id < 3000; ++id) {
+    for (TVxDataIdList* list : {&ids, &others}) {
+      auto* object = new TVxDataIdHelper;
+      object->SetId(id * 2), list->Add(object);
+    }
+  }
+  const auto read = [&, &index = std::as_const(index), &ids = std::as_const(ids)](bool asks) {
+    for (int i = 0; i < 3000; ++i) {
+      ASSERT_EQ(index.IndexOf(keys[static_cast<size_t>(i)]), 2999 - i);
+      ASSERT_EQ(ids.IndexOf(i), i % 2 ? -1 : i / 2);
+      ASSERT_EQ(others.IndexSort(TVxDataIdSingleton::Singleton(i * 2)), i);
+      ASSERT_EQ(asks && i % 1000 == 0 ? index.GetCsl().Items().size() : 3000, 3000);
+    }
+  };
+  std::jthread a([&] { read(true); }), b([&] { read(true); }), c([&] { read(false); });
 }
 
 TEST(StringIndex, TakesManyAsOneByOne) {
