@@ -1,6 +1,11 @@
 // TObjectList and the protocol of TStrings.
+#include "core/uVxFunctionsSerialize.h"
 #include "objects/uVxClasses.h"
+#include "objects/uVxGenerics.h"
+#include "objects/uVxObjects.h"
+#include "platform/Sorting.h"
 #include "platform/TObjectList.h"
+#include "tables/uFileCsv.h"
 #include "tests/support/Test.h"
 
 namespace {
@@ -69,8 +74,12 @@ struct TPlainList : TStrings {
   void Insert(int Index, const String& Text) override { FItems.insert(FItems.begin() + Index, Text); }
   void Delete(int Index) override { FItems.erase(FItems.begin() + Index); }
   void Clear() override { FItems.clear(); }
-  void SetUpdateState(bool Updating) override { Updates += Updating ? '(' : ')'; }
+  void SetUpdateState(bool Updating) override {
+    Updates += Updating ? '(' : ')';
+    if (!Updating && RaisesAtEnd) throw Exception(u"end");
+  }
   std::string Updates;
+  bool RaisesAtEnd = false;
   std::vector<String> FItems;
 };
 
@@ -103,6 +112,24 @@ TEST(TStrings, CommaTextQuotesAndReadsBack) {
   }
 }
 
+TEST(TStrings, WhatTheEndOfAnUpdateRaisesReachesTheCaller) {
+  TPlainList list, other;
+  list.SetCommaText(u"b ,a"), list.RaisesAtEnd = true;
+  void (*runs[])(TStrings&) = {[](auto& l) { l.SetCommaText(u"c, d"); }, [](auto& l) { l.Exchange(0, 1); },
+                               [](auto& l) { TrimStrings(l, true, true, true, true, false); },
+                               [](auto& l) { l.SetText(u"e"); }, [](auto& l) { l.Assign(TVxStringList()); }};
+  for (int i = 0; auto run : runs) {
+    EXPECT_EQ(test::RaisedBy<Exception>([&] { run(list); }), u"end") << i;
+    EXPECT_EQ(list.GetUpdateCount(), 0) << i++;
+  }
+  const auto nested = [&] {
+    const TUpdateScope scope(list), again(list);
+    throw Exception(u"first");
+  };
+  EXPECT_EQ(test::RaisedBy<Exception>(nested), u"first");
+  EXPECT_EQ(list.GetUpdateCount(), 0);
+}
+
 TEST(TStrings, MovesExchangesAssignsAndCompares) {
   TPlainList a, b;
   a.SetCommaText(u"0,1,2,3"), a.Move(0, 2), a.Exchange(0, 3);
@@ -112,6 +139,114 @@ TEST(TStrings, MovesExchangesAssignsAndCompares) {
   EXPECT_TRUE(a.Equals(b));
   b.SetText(u"Straße\nÄrger\n");
   EXPECT_TRUE(b.IndexOf(u"ärger") == 1 && b.IndexOf(u"Strasse") == -1);
+}
+
+TEST(Sorts, LoseNothingWhateverTheComparisonSays) {
+  std::mt19937 random(4);
+  int left = 0;
+  const std::function<int()> kinds[] = {[] { return -1; }, [] { return 1; },
+                                        [&] { return static_cast<int>(random() % 3) - 1; },
+                                        [&] { return --left < 0 ? throw Exception(u"") : static_cast<int>(random()); }};
+  for (int count : {0, 1, 2, 7, 8, 17, 100, 3000}) {
+    for (const auto& compare : kinds) {
+      std::vector<int> objects(static_cast<size_t>(count)), numbers(objects.size());
+      std::iota(numbers.begin(), numbers.end(), 0);
+      TObjectList plain(false);
+      TVxObjectList told(false);
+      TVxDoubleList doubles;
+      GList<std::string> texts;
+      GSortList<int> sorted([&](int, int) { return compare(); });
+      for (int& object : objects) {
+        auto* item = reinterpret_cast<TObject*>(&object);
+        plain.Add(item), told.Add(item), doubles.Add(object = static_cast<int>(&object - objects.data()));
+        texts.Add(std::to_string(object));
+      }
+      const auto attempt = [&](auto run) {
+        left = count;
+        try {
+          run();
+        } catch (const Exception&) {
+        }
+      };
+      attempt([&] { plain.Sort([&](auto, auto) { return compare(); }); });
+      attempt([&] { told.Sort([&](auto, auto) { return compare(); }); });
+      attempt([&] { doubles.Sort([&](auto, auto) { return compare(); }); });
+      attempt([&] { texts.Sort([&](auto&, auto&) { return compare(); }); });
+      attempt([&] { sorted.AddRange(numbers); });
+      std::vector<int> items[5];
+      for (int i = 0; i < count; ++i) {
+        items[0].push_back(*reinterpret_cast<int*>(plain.Get(i)));
+        items[1].push_back(*reinterpret_cast<int*>(told.GetItem(i)));
+        items[2].push_back(static_cast<int>(doubles.Get(i)));
+        items[3].push_back(std::stoi(texts.Get(i)));
+      }
+      items[4].assign(sorted.Items().begin(), sorted.Items().end());
+      if (items[4].empty()) items[4] = numbers;  // a comparison has raised
+      for (auto& each : items) {
+        std::ranges::sort(each);
+        EXPECT_EQ(each, numbers) << &each - items << " of " << count;
+      }
+    }
+  }
+}
+
+TEST(Sorts, MergeKeepsEqualOnesInTheirOrder) {
+  std::mt19937 random(5);
+  for (size_t count : {0, 1, 6, 7, 8, 50, 1000, 4097}) {
+    std::vector<std::pair<int, size_t>> expected;
+    for (size_t i = 0; i < count; ++i) expected.emplace_back(static_cast<int>(random() % (1 + count / 4)), i);
+    const auto keys = expected;
+    size_t compared = 0;
+    const auto order = StableOrder(count, [&](size_t a, size_t b) { return keys[a].first < keys[b].first; });
+    std::ranges::sort(expected);
+    ASSERT_EQ(order.size(), count);
+    for (size_t i = 0; i < count; ++i) ASSERT_EQ(order[i], expected[i].second) << count;
+    const auto stays = StableSort(order, [&](size_t a, size_t b) { return ++compared, keys[a].first < keys[b].first; });
+    EXPECT_EQ(stays, order);
+    EXPECT_EQ(compared, count > 0 ? count - 1 : 0);
+  }
+}
+
+// Numbers that stand so that each partition around the middle one parts only few from the rest: they get their values
+// while they are sorted.
+std::vector<int> HostileToPartitions(int Count) {
+  std::vector<int> items(static_cast<size_t>(Count)), values(items.size(), Count);
+  std::iota(items.begin(), items.end(), 0);
+  int next = 0, candidate = 0;
+  PartitionSort(
+      0, Count - 1,
+      [&](int a, int b) {
+        const int x = items[static_cast<size_t>(a)], y = items[static_cast<size_t>(b)];
+        int &valueX = values[static_cast<size_t>(x)], &valueY = values[static_cast<size_t>(y)];
+        if (x != y && valueX == Count && valueY == Count) (x == candidate ? valueX : valueY) = next++;
+        candidate = valueX == Count ? x : valueY == Count ? y : candidate;
+        return valueX - valueY;
+      },
+      [&](int a, int b) { std::swap(items[static_cast<size_t>(a)], items[static_cast<size_t>(b)]); });
+  return values;
+}
+
+TEST(Sorts, PartitionsEndWithinTheirMeasure) {
+  const int count = 4000;
+  std::vector<int> values = HostileToPartitions(count);
+  int64_t compared = 0;
+  const auto isDone = [&](std::vector<int> items, int64_t most) {
+    compared = 0;
+    return PartitionSortWithin(
+        most, 0, count - 1,
+        [&](int a, int b) { return ++compared, items[static_cast<size_t>(a)] - items[static_cast<size_t>(b)]; },
+        [&](int a, int b) { std::swap(items[static_cast<size_t>(a)], items[static_cast<size_t>(b)]); });
+  };
+  EXPECT_TRUE(isDone(values, INT64_MAX));
+  EXPECT_GT(compared, int64_t{count} * count / 8);
+  EXPECT_FALSE(isDone(values, 60 * count));
+  EXPECT_LT(compared, 70 * count);
+  TFileCsv table;
+  for (int value : values) table.AddRow(u"A" + IntToStr(10000 + value));
+  TVxStringList unique, expected;
+  for (int value : std::set<int>(values.begin(), values.end())) expected.Add(u"A" + IntToStr(10000 + value));
+  unique.SetCommatext(table.ColumnContentUnique(0));
+  EXPECT_TRUE(unique.Equals(expected));
 }
 
 }  // namespace

@@ -1,9 +1,7 @@
 // Walking down one column of many rows. Internal to uFileCsv.
 #pragma once
 
-#include <algorithm>
 #include <cstring>
-#include <iterator>
 #include <span>
 #include <typeinfo>
 
@@ -57,13 +55,6 @@ int FindInColumn(std::span<TObject* const> Rows, int First, int Col, TAsRow AsRo
 }
 
 // The commatext of the cells of one, sorted without regard to case, and neighbours that are exactly equal once.
-inline String SortedUnique(std::u16string_view Commatext) {
-  TVxStringList sorted;
-  sorted.SetCommatext(Commatext);
-  sorted.Sort();
-  TCells unique;
-  std::ranges::unique_copy(sorted.Items(), std::back_inserter(unique));
-  return WriteCommatext(unique);
-}
+String SortedUnique(std::u16string_view Commatext);
 
 }  // namespace vx::detail
