@@ -48,7 +48,7 @@ void TVxStringReplacer::Build(const String& Text, std::span<const uint64_t> Matc
   auto addConst = [&](int From, int Behind) {
     auto part = std::make_unique<TVxStringReplaceConst>(Copy(Text, From, Behind - From));
     iList.Add(part.get());
-    (void)part.release();
+    (void)part.release();  // the list has it
   };
   iVars.reserve(Matches.size());
   int end = 1;  // the position behind the last match

@@ -34,7 +34,7 @@ class TVxIdObjectList : public TObject {
   // The place where the id stood, -1 if it is unknown.
   int Delete(int Id);
   // Takes the id out and gives its object to the caller; nullptr for an unknown id.
-  TObject* Extract(int Id);
+  [[nodiscard]] TObject* Extract(int Id);
   // Deletes the first entry of that object; returns the place where it stood, -1 if there is none.
   int Remove(const TObject* Object);
 

@@ -22,7 +22,7 @@ void RegisterVxObject(const TVxClass& Class);
 const TVxClass* GetVxObjectClass(std::u16string_view Name);
 // A new object of the class of exactly that name; nullptr for one that is not registered and one that
 // has no object to give.
-std::unique_ptr<TVxObject> CreateVxObject(std::u16string_view Name);
+[[nodiscard]] std::unique_ptr<TVxObject> CreateVxObject(std::u16string_view Name);
 // All registered classes, for listing; lives until FreeBuffersForLeakPrevention.
 const TVxClassRegistry& VxObjectClasses();
 

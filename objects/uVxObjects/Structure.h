@@ -64,9 +64,9 @@ class TVxParserObject : public TVxClassed<TVxParserObject, TVxParserEntryObject,
   // All leaves with the way to them, such as u"Patient|Name", in their order. Before the name of a node on
   // the way stands u"-<>-" if it is a bridge, then u"|[] " if it is a list. Each has its leaf as object,
   // which stays this node's.
-  std::unique_ptr<TVxStringList> GetPropertyList() const;
+  [[nodiscard]] std::unique_ptr<TVxStringList> GetPropertyList() const;
   // The names of the children.
-  std::unique_ptr<TVxStringList> GetShortPropertyList() const;
+  [[nodiscard]] std::unique_ptr<TVxStringList> GetShortPropertyList() const;
 
   // A node gets a copy of all that stands below, instead of its own; a leaf what a leaf has.
   void Assignto(TVxParserEntryObject* Other) const override;

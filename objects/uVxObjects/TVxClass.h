@@ -57,7 +57,7 @@ class TVxClass {
   bool InheritsFrom(const TVxClass& Other) const noexcept;
 
   // A new object of the class; nullptr for an abstract class and one that needs arguments.
-  virtual std::unique_ptr<TVxObject> NewInstance() const = 0;
+  [[nodiscard]] virtual std::unique_ptr<TVxObject> NewInstance() const = 0;
   // The fields of the class as it describes them, made anew. See TVxObject::DataHeads.
   virtual TDataHeads DataHeads(bool Hierarchy) const = 0;
   virtual String ClassCaption(bool Plural, int Fall) const = 0;
@@ -68,7 +68,7 @@ class TVxClass {
                                                              const TVxClass* DeepestClass) const = 0;
   virtual bool Permission(TVXPermissionSet& SubPermission, String& Desc, String& Comment) const = 0;
   // Of TVxData and the classes below it; nullptr for all others.
-  virtual std::unique_ptr<TVxData> Factory(const String& Serialize) const = 0;
+  [[nodiscard]] virtual std::unique_ptr<TVxData> Factory(const String& Serialize) const = 0;
 
  protected:
   static std::unique_ptr<TVxData> NoData() noexcept;
@@ -86,7 +86,7 @@ class TVxClassOf final : public TVxClass {
  public:
   TVxClassOf(String Name, const TVxClass* Parent) : TVxClass(std::move(Name), Parent) {}
 
-  std::unique_ptr<TVxObject> NewInstance() const override {
+  [[nodiscard]] std::unique_ptr<TVxObject> NewInstance() const override {
     if constexpr (!std::is_abstract_v<T> && std::is_default_constructible_v<T>) {
       return std::make_unique<T>();
     } else {
@@ -103,7 +103,7 @@ class TVxClassOf final : public TVxClass {
   bool Permission(TVXPermissionSet& SubPermission, String& Desc, String& Comment) const override {
     return T::Permission(*this, SubPermission, Desc, Comment);
   }
-  std::unique_ptr<TVxData> Factory(const String& Serialize) const override {
+  [[nodiscard]] std::unique_ptr<TVxData> Factory(const String& Serialize) const override {
     if constexpr (std::is_base_of_v<TVxData, T>) {
       return T::Factory(*this, Serialize);
     } else {

@@ -8,7 +8,7 @@ namespace {
 
 std::unique_ptr<TVxData> AsData(std::unique_ptr<TVxObject> Object) {
   std::unique_ptr<TVxData> result(dynamic_cast<TVxData*>(Object.get()));
-  if (result) static_cast<void>(Object.release());
+  if (result) static_cast<void>(Object.release());  // the result has it
   return result;
 }
 

@@ -13,11 +13,11 @@ class TVxData : public TVxClassed<TVxData, TVxObject, u"TVxData"> {
   // Takes over Other's text; nullptr changes nothing.
   virtual void Assign(const TVxData* Other);
   // A new object of the same class with the same text; nullptr where the class has no object to give.
-  virtual std::unique_ptr<TVxData> Duplicate() const;
+  [[nodiscard]] virtual std::unique_ptr<TVxData> Duplicate() const;
   // Other is an object of exactly the same class with exactly the same text.
   virtual bool EqualsAll(const TVxData* Other) const;
   // A new object of the class Self with that text; nullptr where the class has no object to give.
-  static std::unique_ptr<TVxData> Factory(const TVxClass& Self, const String& Serialize);
+  [[nodiscard]] static std::unique_ptr<TVxData> Factory(const TVxClass& Self, const String& Serialize);
 };
 
 // One that is known by a number.

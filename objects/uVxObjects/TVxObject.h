@@ -46,7 +46,7 @@ class TVxObject : public TObject {
   // Below 0, 0 or above 0; here by the addresses, an order without meaning that does not change.
   virtual int Compare(const TVxObject& Other) const;
   // A new object of the same class; nullptr where the class has none to give.
-  virtual std::unique_ptr<TVxObject> GetNewInstance() const;
+  [[nodiscard]] virtual std::unique_ptr<TVxObject> GetNewInstance() const;
   // The tree of all that can be reached from a class. BlockList (best sorted) takes what was visited; what it
   // has already gives the empty node u"LeerOBJ" of type u"Leer". Name is the path to here with U+00FF between
   // its elements, OwnType the class as which this node is reached, DeepestClass the first ancestor that does

@@ -31,9 +31,9 @@ class TVxObjectList : public TVxObjects {
   String ClassName() const override { return kClassName.Units; }
 
   // An empty list of the same class.
-  virtual std::unique_ptr<TVxObjectList> GetNewInstance(bool OwnsObjects) const;
+  [[nodiscard]] virtual std::unique_ptr<TVxObjectList> GetNewInstance(bool OwnsObjects) const;
   // A list of the same class with the same objects: not both may own them, unless the class makes copies.
-  std::unique_ptr<TVxObjectList> Duplicate(bool OwnsObjects) const;
+  [[nodiscard]] std::unique_ptr<TVxObjectList> Duplicate(bool OwnsObjects) const;
 
   // By index: nullptr for a bad one, and SetItem deletes what stood there.
   using TVxObjects::GetItem;
@@ -51,14 +51,15 @@ class TVxObjectList : public TVxObjects {
   // Deletes the object that IndexOf finds; gives where it stood, -1 if there is none.
   virtual int Remove(const TObject* Item) { return doRemove(Item); }
   // Takes the object that IndexOf finds out of the list and gives it to the caller; nullptr for none.
-  TObject* Extract(const TObject* Item) { return doExtract(Item); }
+  [[nodiscard]] TObject* Extract(const TObject* Item) { return doExtract(Item); }
   // The first index of an object that the list holds the same; -1 if there is none.
   int IndexOf(const TObject* Item) const { return doIndexOf(Item); }
   // The first index from StartAt on of an object of exactly that class or, without Exact, of one that
   // inherits from it; -1 if there is none. Objects that are no TVxObject are passed over.
   int FindInstanceOf(const TVxClass& Class, bool Exact = true, int StartAt = 0) const;
 
-  // Orders the objects once; equal ones may change places. Compare must not change the list.
+  // Orders the objects once; equal ones may change places. Compare must not change the list. n objects cost
+  // n log n mostly, but n x n if they stand just so, since the steps are fixed.
   virtual void Sort(TListSortCompare Compare) { doSort(Compare); }
   // By the order of the class, here the meaningless one of the addresses.
   void Sort();
@@ -73,10 +74,10 @@ class TVxObjectList : public TVxObjects {
   // Adds to Target, in the order of this list, the objects that List holds too; gives Target. Without
   // Target to a new list of this class that does not own.
   TVxObjectList& ItemsAND(const TVxObjectList& List, TVxObjectList& Target) const;
-  std::unique_ptr<TVxObjectList> ItemsAND(const TVxObjectList& List) const;
+  [[nodiscard]] std::unique_ptr<TVxObjectList> ItemsAND(const TVxObjectList& List) const;
   // The same for those that only one of the lists holds: first those of List, then those of this one.
   TVxObjectList& ItemsXOR(const TVxObjectList& List, TVxObjectList& Target) const;
-  std::unique_ptr<TVxObjectList> ItemsXOR(const TVxObjectList& List) const;
+  [[nodiscard]] std::unique_ptr<TVxObjectList> ItemsXOR(const TVxObjectList& List) const;
   // Deletes here, for each object of List, the one that IndexOf finds.
   void ItemsSubtract(const TVxObjectList& List);
 
@@ -107,7 +108,7 @@ class TVxListClassed : public TBase {
   using TBase::TBase;
   TVxListClassed() = default;
   String ClassName() const override { return kName.Units; }
-  std::unique_ptr<TVxObjectList> GetNewInstance(bool OwnsObjects) const override {
+  [[nodiscard]] std::unique_ptr<TVxObjectList> GetNewInstance(bool OwnsObjects) const override {
     return std::make_unique<TSelf>(OwnsObjects);
   }
 

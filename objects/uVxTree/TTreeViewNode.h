@@ -23,7 +23,7 @@ class TTreeViewNode : public TVxTextNode {
   int GetStateIndex() const noexcept { return iStateIndex; }
   void SetStateIndex(int Value) noexcept { iStateIndex = Value; }
 
-  std::unique_ptr<TVxTextNode> GetNewInstance(TVxTextNode* Parent, String Text) const override;
+  [[nodiscard]] std::unique_ptr<TVxTextNode> GetNewInstance(TVxTextNode* Parent, String Text) const override;
   // Behind the text: u"ÿTTreeViewNode", then ImageIndex, OverlayIndex, SelectedIndex and StateIndex in decimal digits.
   // The mark is this class's also for objects of derived classes, which may add marks and fields of their own.
   void GetTextList(TStrings& Strings) const override;

@@ -35,7 +35,7 @@ class TVxTextNode : public TObjectList {
   // The order and the sameness of texts: AnsiCompareText.
   virtual int CompareText(std::u16string_view A, std::u16string_view B) const;
   // A new node of the same kind; a derived class makes one of its own.
-  virtual std::unique_ptr<TVxTextNode> GetNewInstance(TVxTextNode* Parent, String Text) const;
+  [[nodiscard]] virtual std::unique_ptr<TVxTextNode> GetNewInstance(TVxTextNode* Parent, String Text) const;
   // The fields as texts: clears Strings and adds the text.
   virtual void GetTextList(TStrings& Strings) const;
   // Takes the fields from the first Count of Strings, from all of them for a negative Count. Without any the text
@@ -94,14 +94,14 @@ class TVxTextNode : public TObjectList {
 
   // Takes this node out of its parent and gives it to the caller, as a root. nullptr for a node that is none of its
   // parent's children, or a root before: it stays whose it is.
-  std::unique_ptr<TVxTextNode> NodeToTree();
+  [[nodiscard]] std::unique_ptr<TVxTextNode> NodeToTree();
 
   // A new node of the same kind and fields, without children or with copies of all that is below. It is not added
   // to Parent.
-  std::unique_ptr<TVxTextNode> Duplicate(TVxTextNode* Parent) const;
-  std::unique_ptr<TVxTextNode> DuplicateDeep(TVxTextNode* Parent) const;
+  [[nodiscard]] std::unique_ptr<TVxTextNode> Duplicate(TVxTextNode* Parent) const;
+  [[nodiscard]] std::unique_ptr<TVxTextNode> DuplicateDeep(TVxTextNode* Parent) const;
   // A copy that holds the same children without owning them or being their parent.
-  std::unique_ptr<TVxTextNode> DuplicateVirtual() const;
+  [[nodiscard]] std::unique_ptr<TVxTextNode> DuplicateVirtual() const;
   // Takes over the fields of Node, and those of all below it in children of the same texts, which are added where
   // they are missing. Node may be a part of this tree.
   void AddMerge(const TVxTextNode& Node);

@@ -112,7 +112,7 @@ void TVxTextNode::AddMergeFree(std::unique_ptr<TVxTextNode>&& Node) {
       } else {
         child->iParent = step.Target;
         step.Target->Add(child.get());
-        (void)child.release();
+        (void)child.release();  // the target has it
       }
     }
   }
@@ -190,7 +190,7 @@ void TVxTextNode::SetSerialize(std::u16string_view Text) {
     steps.pop_back();
     if (steps.empty()) return;
     steps.back().Node->Add(done.get());
-    (void)done.release();
+    (void)done.release();  // its parent has it
   }
 }
 
