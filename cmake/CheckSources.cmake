@@ -1,5 +1,5 @@
 # Every source of the tree is part of the build, so that no test is forgotten:
-#   cmake -DBUILD=<build directory> -P cmake/CheckSources.cmake
+#   cmake -DBUILD=<build directory> [-DDRAWING=<whether vxlib::drawing is built>] -P cmake/CheckSources.cmake
 cmake_minimum_required(VERSION 3.25)
 get_filename_component(root ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
 file(READ ${BUILD}/compile_commands.json commands)
@@ -8,6 +8,9 @@ foreach(folder core objects tables services rendering controls platform tools ex
   file(GLOB_RECURSE sources RELATIVE ${root} ${root}/${folder}/*.cpp)
   # The strangers have a build of their own, and the oracles need libraries that not every machine has.
   list(FILTER sources EXCLUDE REGEX "^tests/(consumer|oracle)/")
+  if(NOT DRAWING)
+    list(FILTER sources EXCLUDE REGEX "^(platform|tests/platform)/cairo/|^examples/name_list")
+  endif()
   foreach(source IN LISTS sources)
     string(FIND "${commands}" "${root}/${source}\"" at)
     if(at EQUAL -1)

@@ -1,10 +1,11 @@
 #!/bin/sh
 # Shows the table tool on the sample tables, and compares what it saved with what it loaded.
 #
-#   demo.sh VXTAB EXAMPLES     the tool, and the directory of the built example programs
+#   demo.sh VXTAB EXAMPLES DRAWINGS     the tool, the directory of the built example programs, and where drawings stay
 set -eu
 vxtab=${1:?the path of vxtab is missing}
 programs=${2:-}
+drawings=${3:-}
 data=$(cd "$(dirname "$0")" && pwd)/data
 dir=$(mktemp -d "${TMPDIR:-/tmp}/vxdemoXXXXXX")
 trap 'rm -rf "$dir"' EXIT
@@ -186,6 +187,16 @@ if [ -x "$programs/stop_watches" ]; then
   "$programs/stop_watches" 20000 | tee "$dir/watches"
   grep -q '^Müller; "$HOME"$' "$dir/watches" || die "the argument did not reach the program unchanged"
   grep -q '^+Sortieren *1$' "$dir/watches" || die "a watch is missing"
+fi
+
+if [ -n "$drawings" ]; then
+  say "Names in ten scripts, drawn by one routine on a picture, for a printer and as SVG"
+  if [ -x "$programs/name_list" ]; then
+    mkdir -p "$drawings"
+    "$programs/name_list" "$drawings/names.png" "$drawings/names.pdf" "$drawings/names.svg"
+  else
+    echo "skipped: the component vxlib::drawing was not built, since what it needs is not installed"
+  fi
 fi
 
 say "All comparisons agree"

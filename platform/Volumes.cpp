@@ -20,7 +20,13 @@ bool FreeBytes(const String& Path, int64_t& Bytes) {
     const std::string above = std::filesystem::path(path).parent_path().string();
     // A drive that is not set leads below a device, where nothing is.
     if (above == "/dev/null") return false;
-    path = above.empty() ? "." : above == path ? "/" : above;
+    if (above.empty()) {
+      path = '.';
+    } else if (above == path) {
+      path = '/';
+    } else {
+      path = above;
+    }
   }
   const auto most = static_cast<uint64_t>(INT64_MAX);
   Bytes = static_cast<int64_t>(size != 0 && count > most / size ? most : size * count);

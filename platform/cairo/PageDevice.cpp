@@ -2,6 +2,7 @@
 
 #include <cmath>
 
+#include "platform/Drawing.h"
 #include "platform/cairo/Painter.h"
 
 namespace vx::drawing {
@@ -15,6 +16,11 @@ TPageDevice::TPageDevice(cairo_surface_t* Surface, TPoint Size, TPoint PixelsPer
 
 TRect TPageDevice::Bounds() const noexcept {
   return {0, 0, static_cast<int>(std::ceil(FSize.X / FScale)), static_cast<int>(std::ceil(FSize.Y / FScale))};
+}
+
+void TPageDevice::Check() {
+  if (FFinished) throw EInvalidGraphicOperation(u"The file is closed and can't be drawn on");
+  CheckStatus(cairo_status(FCairo.get()));
 }
 
 // The state before the clip is kept below, so that each clip begins from there.

@@ -10,7 +10,7 @@
 
 namespace vx::drawing {
 
-// Throws EInvalidGraphicOperation from each operation once the surface is finished.
+// Throws EInvalidGraphicOperation from each operation once it is finished.
 class TPageDevice final : public TCanvasDevice {
  public:
   // Pages of Size pixels, each a 72nd inch divided by the pixels per inch large.
@@ -32,14 +32,17 @@ class TPageDevice final : public TCanvasDevice {
   void Text(const TTextRun& Run) override;
 
   void NewPage();
+  // Nothing more can be drawn.
+  void Finish() noexcept { FFinished = true; }
 
  private:
-  void Check() { CheckStatus(cairo_status(FCairo.get())); }
+  void Check();
 
   TCairo FCairo;
   const TPoint FSize;
   const TPoint FPixelsPerInch;
   double FScale = 1;
+  bool FFinished = false;
   TFontStyles FStyle;
   std::shared_ptr<TFace> FFace;
 };

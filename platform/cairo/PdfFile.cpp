@@ -74,6 +74,7 @@ void TPdfFile::NewPage() {
 void TPdfFile::Close() {
   if (FImpl->Closed) return;
   FImpl->Closed = true;
+  FImpl->Device->Finish();
   // An empty last page counts as a page, too.
   cairo_surface_show_page(FImpl->Surface.get());
   cairo_surface_finish(FImpl->Surface.get());

@@ -14,6 +14,8 @@ namespace {
 // More pixels than this are taken for a fault of the file.
 constexpr int64_t kMostPixels = int64_t{1} << 27;
 
+constexpr size_t kMostBytes = size_t{1} << 30;
+
 using TPixbuf = THandle<GdkPixbuf, g_object_unref>;
 using TLoader = THandle<GdkPixbufLoader, g_object_unref>;
 
@@ -32,6 +34,12 @@ class TFault {
   throw EInvalidGraphic(Filename + u": " + Fault);
 }
 
+// PNG and JPEG files tell their end; of one without it the loader would give the upper part as if it were all.
+bool IsCutOff(std::string_view Bytes) noexcept {
+  if (Bytes.starts_with("\x89PNG")) return Bytes.find("IEND\xAE\x42\x60\x82") == Bytes.npos;
+  return Bytes.starts_with("\xFF\xD8") && Bytes.find("\xFF\xD9") == Bytes.npos;
+}
+
 void RefuseHuge(GdkPixbufLoader* Loader, int Width, int Height, void* Refused) {
   if (int64_t{Width} * Height <= kMostPixels) return;
   *static_cast<bool*>(Refused) = true;
@@ -40,16 +48,15 @@ void RefuseHuge(GdkPixbufLoader* Loader, int Width, int Height, void* Refused) {
 
 // The picture that a file holds, turned as it says that it is to be seen.
 TPixbuf ReadPixbuf(const String& Filename) {
-  TFileStream file(Filename, fmOpenRead | fmShareDenyWrite);
+  std::string bytes;
+  TFileStream(Filename, fmOpenRead | fmShareDenyWrite).ReadRest(bytes, kMostBytes);
+  if (IsCutOff(bytes)) RaiseNoPicture(Filename, u"it is cut off");
   const TLoader loader(gdk_pixbuf_loader_new());
   bool huge = false;
   g_signal_connect(loader.get(), "size-prepared", G_CALLBACK(RefuseHuge), &huge);
   TFault fault;
-  bool good = true;
-  std::string part(1 << 16, '\0');
-  while (const size_t count = good ? file.Read(part.data(), part.size()) : 0) {
-    good = gdk_pixbuf_loader_write(loader.get(), reinterpret_cast<const guchar*>(part.data()), count, fault.Place());
-  }
+  const auto* data = reinterpret_cast<const guchar*>(bytes.data());
+  bool good = gdk_pixbuf_loader_write(loader.get(), data, bytes.size(), fault.Place());
   // A loader is closed in any case; after a fault the first one counts.
   if (good) {
     good = gdk_pixbuf_loader_close(loader.get(), fault.Place());

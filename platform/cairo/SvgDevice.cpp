@@ -75,6 +75,8 @@ std::string EscapedXml(std::string_view Utf8) {
       result += "&amp;";
     } else if (byte == '<') {
       result += "&lt;";
+    } else if (byte == '>') {
+      result += "&gt;";
     } else if (byte == '"') {
       result += "&quot;";
     } else if (byte == '\'') {

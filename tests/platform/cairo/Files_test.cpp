@@ -1,0 +1,194 @@
+// Fonts, and the files that drawing reads and writes.
+#include <cstdio>
+
+#include "platform/cairo/CairoDrawing.h"
+#include "tests/platform/cairo/Devices.h"
+#include "tests/support/Test.h"
+
+namespace vx::test {
+namespace {
+
+// What a program writes; "" if it is not installed.
+std::string OutputOf(const std::string& Command) {
+  std::string result;
+  if (FILE* pipe = ::popen((Command + " 2>/dev/null").c_str(), "r")) {
+    for (int byte = std::fgetc(pipe); byte != EOF; byte = std::fgetc(pipe)) result += static_cast<char>(byte);
+    ::pclose(pipe);
+  }
+  return result;
+}
+
+class DrawingFiles : public testing::Test {
+ protected:
+  DrawingFiles() { InstallDrawing(); }
+  TTempDir Dir;
+};
+
+TEST_F(DrawingFiles, TahomaIsAboutAsWideWhereSomethingStandsInForIt) {
+  // The figures of the font itself at 100 pixels.
+  const struct {
+    const char16_t* Text;
+    TFontStyles Style;
+    int Width;
+  } cases[] = {
+      {u"Müller, Hans-Jürgen 12.03.1956 Große Morgenpflege Königswinter 1.234,56 Straße Wohnbereich Schmidt Anna",
+       {},
+       4921},
+      {u"Müller, Hans-Jürgen 12.03.1956 Große Morgenpflege Königswinter 1.234,56 Straße Wohnbereich Schmidt Anna",
+       {fsBold},
+       5625},
+  };
+  TBitmap bitmap(pf24bit, 1, 1);
+  TCanvas& canvas = bitmap.GetCanvas();
+  for (const auto& c : cases) {
+    for (const int size : {8, 9, 10, 75}) {
+      canvas.SetFont({u"Tahoma", clBlack, c.Style, size});
+      const double exact = c.Width / 100.0 * std::lround(size * 96 / 72.0);
+      EXPECT_NEAR(canvas.TextWidth(c.Text), exact, exact * (size < 75 ? 0.07 : 0.05)) << size;
+    }
+  }
+}
+
+TEST_F(DrawingFiles, AMissingLetterComesFromAnotherFont) {
+  TBitmap bitmap(pf24bit, 1, 1);
+  TCanvas& canvas = bitmap.GetCanvas();
+  canvas.SetFont({u"A family that nobody has", clBlack, {}, 75});
+  EXPECT_GT(canvas.TextWidth(u"Müller"), 200) << "the family itself";
+  // A square for a letter that no font has is of another width than a Chinese letter, which fills its square.
+  EXPECT_NEAR(canvas.TextWidth(u"王"), 100, 3);
+}
+
+TEST_F(DrawingFiles, LongTextsAreMeasuredAndDrawn) {
+  TBitmap bitmap(pf24bit, 200, 20);
+  TCanvas& canvas = bitmap.GetCanvas();
+  const std::u16string simple(1000000, u'H'), shaped(100000, u'ש');
+  EXPECT_EQ(canvas.TextWidth(simple), 1000000 * canvas.TextWidth(u"H"));
+  EXPECT_EQ(canvas.TextWidth(shaped), 100000 * canvas.TextWidth(u"ש"));
+  canvas.TextOut(-500000, 0, simple);
+  canvas.TextOut(-50000, 0, shaped);
+  EXPECT_EQ(InkOf(bitmap).Width(), 200);
+}
+
+TEST_F(DrawingFiles, PdfTextsComeBack) {
+  const TClockAt clock(46000);
+  const char16_t* lines[] = {u"Weiß-Müller, Jörg Ägidius",
+                             u"Ελένη Παπαδοπούλου",
+                             u"Иванова 1.234,56 €",
+                             u"„fi ffl“ <&>",
+                             u"שרה",
+                             u"محمد",
+                             u"王小明"};
+  const auto write = [&](const char* name) {
+    TPdfFile pdf(Dir.Path(name), PageA4());
+    for (int page = 0; page < 2; ++page) {
+      if (page > 0) pdf.NewPage();
+      pdf.GetCanvas().SetBrush({clWhite, bsClear});
+      int y = 600;
+      for (const char16_t* line : lines) pdf.GetCanvas().TextOut(600, y += 200, line);
+    }
+    EXPECT_EQ(pdf.GetPageCount(), 2);
+    pdf.Close();
+    pdf.Close();
+    pdf.GetCanvas().SetBrush({clRed});
+    EXPECT_EQ(RaisedBy<EInvalidGraphicOperation>([&] {
+                pdf.GetCanvas().FillRect({0, 0, 9, 9});
+              }),
+              u"The file is closed and can't be drawn on");
+    return GetText(Dir.Path(name));
+  };
+  EXPECT_EQ(write("a.pdf"), write("b.pdf")) << "the same drawing gives the same file";
+  const std::string text = OutputOf("pdftotext " + Dir.GetPath() + "/a.pdf -");
+  if (text.empty()) GTEST_SKIP() << "pdftotext is not installed";
+  // Readers guess blanks between letters from right to left by their distance.
+  const auto letters = [](std::string bytes) {
+    std::erase(bytes, ' ');
+    return bytes;
+  };
+  for (const char16_t* line : lines) {
+    const bool guessed = line[0] >= 0x590 && line[0] < 0x700;
+    const std::string wanted = String(line).ToUtf8();
+    EXPECT_NE((guessed ? letters(text) : text).find(wanted), std::string::npos) << wanted << " in\n" << text;
+  }
+  EXPECT_EQ(std::count(text.begin(), text.end(), '\f'), 2);
+  const std::string fonts =
+      OutputOf("pdffonts " + Dir.GetPath() + "/a.pdf | tail -n +3 | awk '{print $(NF-4)}' | sort -u");
+  EXPECT_EQ(fonts, "yes\n") << "all fonts are embedded";
+}
+
+TEST_F(DrawingFiles, SvgKeepsTextsAndBringsItsFonts) {
+  TSvgFile svg(Dir.Path("a.svg"), {100, 50});
+  svg.GetCanvas().TextOut(1, 2, u"Größe <&\"'>");
+  svg.Close();
+  const std::string text = GetText(Dir.Path("a.svg"));
+  EXPECT_NE(text.find(">Größe &lt;&amp;&quot;&#39;&gt;</text>"), std::string::npos) << text;
+  EXPECT_NE(text.find("@font-face{font-family:vx1;src:url(data:font/ttf;base64,"), std::string::npos);
+  EXPECT_LT(text.size(), 40000U) << "cut down to the letters used";
+}
+
+TEST_F(DrawingFiles, NothingIsWrittenBeforeClose) {
+  TPdfFile(Dir.Path("a.pdf"), {10, 10}).GetCanvas().FillRect({0, 0, 5, 5});
+  TSvgFile(Dir.Path("a.svg"), {10, 10}).GetCanvas().FillRect({0, 0, 5, 5});
+  EXPECT_TRUE(std::filesystem::is_empty(Dir.GetPath()));
+  TPdfFile lost(Dir.Path("none/a.pdf"), {10, 10});
+  EXPECT_NE(RaisedBy<EFCreateError>([&] { lost.Close(); }), u"");
+  EXPECT_NE(RaisedBy<EInvalidGraphicOperation>([&] { TPdfFile(Dir.Path("b.pdf"), {10, 0}); }), u"");
+}
+
+TEST_F(DrawingFiles, PngComesBackAsItWasWritten) {
+  TBitmap opaque(pf24bit, 3, 2), clear(pf32bit, 3, 2);
+  clear.SetAlphaFormat(afDefined);
+  for (int x = 0; x < 3; ++x) {
+    const uint32_t pixels[] = {0x00123456, 0x80FF8040, 0xFF0A0B0C};
+    std::memcpy(clear.GetScanline(1) + 4 * x, &pixels[x], 4);
+    opaque.GetScanline(1)[3 * x] = static_cast<uint8_t>(7 * x);
+  }
+  for (const TBitmap& bitmap : {opaque, clear}) {
+    SavePngFile(bitmap, Dir.Path("a.png"));
+    TBitmap again;
+    LoadPictureFile(Dir.Path("a.png"), again);
+    ASSERT_EQ(again.GetPixelFormat(), bitmap.GetPixelFormat());
+    EXPECT_EQ(again.GetAlphaFormat(), bitmap.GetAlphaFormat());
+    for (int y = 0; y < 2; ++y) {
+      std::vector<uint32_t> was(3), is(3);
+      bitmap.GetRow(y, was);
+      again.GetRow(y, is);
+      EXPECT_EQ(is, was) << y;
+    }
+  }
+}
+
+TEST_F(DrawingFiles, WhatIsNoPictureIsRefusedByName) {
+  TBitmap bitmap(pf24bit, 40, 30), loaded(pf8bit, 2, 2);
+  bitmap.GetCanvas().TextOut(1, 1, u"PNG");
+  const std::string png = EncodePng(bitmap);
+  std::vector<std::string> files = {
+      "", "EMF",
+      std::string("\x89PNG\r\n\x1A\n\0\0\0\rIHDR\x7F\xFF\xFF\xFF\x7F\xFF\xFF\xFF\x08\x06\0\0\0\0\0\0\0", 33)};
+  for (size_t length = 1; length < png.size(); length += 7) files.push_back(png.substr(0, length));
+  for (const std::string& bytes : files) {
+    PutText(Dir.Path("bad.png"), bytes);
+    const String message = RaisedBy<EInvalidGraphic>([&] { LoadPictureFile(Dir.Path("bad.png"), loaded); });
+    EXPECT_TRUE(message.view().starts_with(Dir.Path("bad.png") + u": ")) << message.ToUtf8() << bytes.size();
+    EXPECT_EQ(loaded.GetPixelFormat(), pf8bit);
+  }
+  EXPECT_NE(RaisedBy<EFOpenError>([&] { LoadPictureFile(Dir.Path("none.png"), loaded); }), u"");
+}
+
+TEST_F(DrawingFiles, ABitmapMayChangeUnderItsCanvas) {
+  TBitmap bitmap(pf24bit, 10, 10);
+  TCanvas& canvas = bitmap.GetCanvas();
+  canvas.SetBrush({clBlack});
+  canvas.FillRect({0, 0, 100, 100});
+  const TBitmap before = bitmap;
+  bitmap.SetSize(20, 5);
+  bitmap.SetPixelFormat(pf8bit);
+  canvas.FillRect({15, 0, 100, 2});
+  EXPECT_EQ(canvas.GetClip(), (TRect{0, 0, 20, 5}));
+  EXPECT_EQ(InkOf(bitmap), (TRect{0, 0, 20, 5}));
+  EXPECT_EQ(InkOf(before), (TRect{0, 0, 10, 10}));
+  canvas.Draw(0, 1, bitmap);
+  EXPECT_EQ(PixelAt(bitmap, 17, 3), 0xFFFFFFU) << "what the bitmap was before counts when it is drawn on itself";
+}
+
+}  // namespace
+}  // namespace vx::test
