@@ -9,6 +9,9 @@
 #include "platform/TRecordingCanvas.h"
 #ifdef VX_HAS_DRAWING
 #include "platform/cairo/CairoDrawing.h"
+
+// fontconfig keeps its patterns by distances, which look like lost memory.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
 #endif
 
 namespace vx::fuzz {

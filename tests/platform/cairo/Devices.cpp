@@ -6,6 +6,9 @@
 #include "platform/cairo/CairoDrawing.h"
 #include "tests/support/Test.h"
 
+// fontconfig keeps its patterns by distances, which look like lost memory.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
+
 namespace vx::test {
 
 namespace {
