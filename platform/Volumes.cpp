@@ -21,9 +21,9 @@ bool FreeBytes(const String& Path, int64_t& Bytes) {
     // A drive that is not set leads below a device, where nothing is.
     if (above == "/dev/null") return false;
     if (above.empty()) {
-      path = '.';
+      path = std::string(1, '.');
     } else if (above == path) {
-      path = '/';
+      path = std::string(1, '/');
     } else {
       path = above;
     }

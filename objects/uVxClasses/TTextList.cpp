@@ -82,7 +82,7 @@ void TTextList::Delete(int Index) {
 }
 
 void TTextList::Clear() {
-  TEntries gone;
+  detail::TEntries gone;
   Entries().swap(gone);
   for (TObject* object : gone.Objects()) FreeObject(object);
 }

@@ -52,7 +52,7 @@ void TVxStringList::Assign(const TStrings& Source) {
   const TVxStringList* other = dynamic_cast<const TVxStringList*>(&Source);
   if (other && TakesPlainly()) {
     TUpdateScope scope(*this);
-    TEntries copy;
+    detail::TEntries copy;
     copy.CopyFrom(other->Entries());
     if (FOwnsObject) Clear();
     Entries().swap(copy);
@@ -86,7 +86,7 @@ void TVxStringList::TakeCells(std::span<String> Cells) {
   }
 }
 
-void TVxStringList::TakeCells(TEntries& Cells) {
+void TVxStringList::TakeCells(detail::TEntries& Cells) {
   if (Entries().Count() > 0) Clear();
   if (TakesPlainly()) {
     Entries().TakeAll(Cells);

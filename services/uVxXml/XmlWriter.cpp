@@ -260,7 +260,7 @@ void TXmlObject::GetXmlText(int Indent, TStrings& Strings) const {
     filler.Advance();
   }).Run(*this);
   TUpdateScope scope(Strings);
-  filler.GiveTo([&](TEntries& Lines) {
+  filler.GiveTo([&](detail::TEntries& Lines) {
     if (auto* list = dynamic_cast<TVxStringList*>(&Strings)) return list->TakeCells(Lines);
     Strings.Clear();
     for (const String& line : Lines.Texts()) Strings.Add(line);

@@ -129,10 +129,10 @@ TObject* TIndexKeys::ExtractKey(int Index) {
 
 void TIndexKeys::InsertKeys(std::span<const TNewKey> Keys) {
   if (Keys.empty()) return;
-  const TEntries& keys = Entries();
+  const detail::TEntries& keys = Entries();
   const int added = static_cast<int>(std::min<size_t>(Keys.size(), INT32_MAX));
   if (added > INT32_MAX - keys.Count()) RaiseListError(SListCapacityError, INT32_MAX);
-  TEntries merged;
+  detail::TEntries merged;
   merged.SetCapacity(keys.Count() + added);
   int next = 0;
   for (const TNewKey& key : Keys) {

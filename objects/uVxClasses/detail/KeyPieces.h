@@ -39,8 +39,8 @@ class TKeyPieces {
   void Insert(int Index, String Text, TObject* Object);
   void Erase(int Index);
   // Become the keys of Whole, and the other way round.
-  void Fill(const TEntries& Whole);
-  void CopyTo(TEntries& Whole) const;
+  void Fill(const detail::TEntries& Whole);
+  void CopyTo(detail::TEntries& Whole) const;
   void Clear() noexcept;
 
  private:
@@ -61,7 +61,7 @@ class TKeyPieces {
   int MostInPiece() const noexcept;
   void Split(size_t Piece);
 
-  std::vector<std::unique_ptr<TEntries>> FPieces;  // none is empty
+  std::vector<std::unique_ptr<detail::TEntries>> FPieces;  // none is empty
   std::vector<int> FEnds;                          // where each piece ends in the row
 };
 

@@ -199,7 +199,7 @@ void TTableReader::SkipLineEnd() {
 
 std::unique_ptr<TVxStringList> TTableReader::MakeRow() {
   auto row = std::make_unique<TVxStringList>();
-  FSource.Cells.GiveTo([&](TEntries& cells) { row->TakeCells(cells); });
+  FSource.Cells.GiveTo([&](detail::TEntries& cells) { row->TakeCells(cells); });
   return row;
 }
 
