@@ -12,7 +12,7 @@ namespace vx {
 bool FreeBytes(const String& Path, int64_t& Bytes) {
   Bytes = 0;
   std::string path = ToNativePath(Path);
-  if (path.empty()) path = ".";
+  if (path.empty()) path.push_back('.');
   if (path.find('\0') != path.npos) return false;
   uint64_t size = 0, count = 0;
   while (const int error = os::SpaceOf(path, size, count)) {
