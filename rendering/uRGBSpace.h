@@ -73,7 +73,7 @@ class TRGBSubSpaceList : public TObjectList {
   // The average of the box that holds Color (6 bits): the one at ilastIndex, otherwise the first from the start, which
   // becomes ilastIndex. If none does, black with 255 in the fourth byte, and ilastIndex is the count.
   TRGB GetAveColor(TRGB Color64);
-  // For each box the line of GetSpaceCommatext, ended by CR and LF.
+  // For each box the line of GetSpaceCommatext, with CR and LF between them.
   String GetSpacesCommatext() const;
 
   int ilastIndex = 0;
