@@ -1,6 +1,6 @@
 // Many keys at once into an index.
-#include "objects/uVxClasses/detail/IndexKeys.h"
 #include "objects/uVxClasses/TVxStringIndex.h"
+#include "objects/uVxClasses/detail/IndexKeys.h"
 #include "platform/Sorting.h"
 
 namespace vx {

@@ -7,8 +7,8 @@
 
 #include <cstring>
 
-#include "platform/posix/FilesInternal.h"
 #include "platform/posix/FileLocks.h"
+#include "platform/posix/FilesInternal.h"
 
 namespace vx::files {
 

@@ -1,8 +1,8 @@
 // The keys of an index. Internal to it.
 #pragma once
 
-#include "objects/uVxClasses/detail/KeyPieces.h"
 #include "objects/uVxClasses/TVxStringList.h"
+#include "objects/uVxClasses/detail/KeyPieces.h"
 
 namespace vx {
 

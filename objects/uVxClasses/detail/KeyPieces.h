@@ -62,7 +62,7 @@ class TKeyPieces {
   void Split(size_t Piece);
 
   std::vector<std::unique_ptr<detail::TEntries>> FPieces;  // none is empty
-  std::vector<int> FEnds;                          // where each piece ends in the row
+  std::vector<int> FEnds;                                  // where each piece ends in the row
 };
 
 template <typename TOrder>
