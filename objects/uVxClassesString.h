@@ -19,6 +19,7 @@
 //   - Replacements are not searched again.
 #pragma once
 
+#include <initializer_list>
 #include <span>
 #include <vector>
 
@@ -103,5 +104,10 @@ class TVxStringReplacer : public TObject {
 
 // Text with all matches of Holders replaced, with regard to case: ReplaceString and ToString.
 String VxStringReplace(const String& Text, std::span<const String> Holders, std::span<const String> Replacers);
+inline String VxStringReplace(const String& Text, std::initializer_list<String> Holders,
+                              std::initializer_list<String> Replacers) {
+  return VxStringReplace(Text, std::span(Holders.begin(), Holders.size()),
+                         std::span(Replacers.begin(), Replacers.size()));
+}
 
 }  // namespace vx

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 
+#include "core/uVxFunctions/Rounding.h"
 #include "platform/Currency.h"
 #include "platform/String.h"
 #include "platform/Types.h"
@@ -13,6 +14,10 @@ namespace vx {
 // whole number is a year, so that a date must be a TDateTime; both give the same.
 String GetCurrencySign(int Year);
 String GetCurrencySign(TDateTime Date);
+template <TWholeNumber T>
+String GetCurrencySign(T) {
+  return GetCurrencySign(0);
+}
 // Text is u"DM".
 constexpr bool isCurrencyDM(std::u16string_view Text) noexcept { return Text == u"DM"; }
 

@@ -5,7 +5,7 @@
 //
 // Example:
 //   TVxStringList parts;
-//   vx::StrMatch(u"width=\"80\"", u"*=\"*\"", false, &parts);    // true; parts: u"width", u"80"
+//   vx::StrMatch(u"width=\"80\"", u"*=\"*\"", false, &parts);    // true; parts: u"width=", u"80"
 //
 // The time grows with the lengths of both texts together, whatever they hold.
 // Pitfall: where several characters stand between two "*", the capture in front of them ends with all

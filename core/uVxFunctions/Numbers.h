@@ -13,10 +13,14 @@
 
 namespace vx {
 
-// u"1" or u"0".
+// u"1" or u"0". No pointer is taken for a bool here, so that a text can't be.
 String BoolToStr(bool Value);
+template <typename T>
+String BoolToStr(T*) = delete;
 constexpr int BoolToInt(bool Value) noexcept { return Value ? 1 : 0; }
-constexpr bool IntToBool(int Value) noexcept { return Value != 0; }
+template <typename T>
+int BoolToInt(T*) = delete;
+constexpr bool IntToBool(int64_t Value) noexcept { return Value != 0; }
 // True for u"1" and, in any case, TRUE, WAHR, JA, YES, J and Y; everything else is false.
 bool StrToBool(std::u16string_view Text) noexcept;
 // Text is TrueText, in the same case. There is no other text for false.
@@ -25,6 +29,8 @@ constexpr bool StrToBoolDef(std::u16string_view Text, std::u16string_view TrueTe
 }
 // TrueText or FalseText.
 String BoolToStrDef(const String& TrueText, const String& FalseText, bool Value);
+template <typename T>
+String BoolToStrDef(const String&, const String&, T*) = delete;
 
 // The digits 0 to 9 of Text, read as one number; all else, signs too, is left out: u"-12" gives 12,
 // u"12-34" gives 1234. Default if there is none, and for a number outside 32 or 64 bits.

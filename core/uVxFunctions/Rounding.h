@@ -6,6 +6,7 @@
 
 #include <concepts>
 #include <cstdint>
+#include <utility>
 
 #include "platform/Currency.h"
 #include "platform/Types.h"
@@ -30,14 +31,28 @@ Extended RoundExtended(Extended Value, int Places, bool Trade);
 // leaves the range of amounts.
 Currency RoundCurrency(Currency Value, int Places);
 
-// 1 if A is above B, -1 if it is below, else 0.
+// The whole numbers: neither bool nor a character is one.
+template <typename T>
+concept TWholeNumber =
+    std::integral<T> && !std::same_as<T, bool> && !std::same_as<T, char> && !std::same_as<T, wchar_t> &&
+    !std::same_as<T, char8_t> && !std::same_as<T, char16_t> && !std::same_as<T, char32_t>;
+
+// 1 if A is above B, -1 if it is below, else 0; by the values, whatever the types.
 constexpr int CompareInteger(int A, int B) noexcept { return (A > B) - (A < B); }
+template <TWholeNumber TA, TWholeNumber TB>
+constexpr int CompareInteger(TA A, TB B) noexcept {
+  return std::cmp_greater(A, B) - std::cmp_less(A, B);
+}
 // The same; what is no number is neither above nor below anything.
 constexpr int CompareDouble(double A, double B) noexcept { return (A > B) - (A < B); }
 
-// Low <= Value < High: the upper bound is not part of the range.
+// Low <= Value < High: the upper bound is not part of the range. Whole numbers may be of several types.
 constexpr bool between(int Value, int Low, int High) noexcept { return Low <= Value && Value < High; }
 constexpr bool between(double Value, double Low, double High) noexcept { return Low <= Value && Value < High; }
+template <TWholeNumber T, TWholeNumber TLow, TWholeNumber THigh>
+constexpr bool between(T Value, TLow Low, THigh High) noexcept {
+  return std::cmp_less_equal(Low, Value) && std::cmp_less(Value, High);
+}
 
 // The types of number that Clamp takes.
 template <typename T>

@@ -1,7 +1,6 @@
 #include "core/uVxFunctions/Strings.h"
 
 #include <algorithm>
-#include <cstdlib>
 
 namespace vx {
 
@@ -46,11 +45,10 @@ String GarantyLength(const String& Text, int Length) {
   });
 }
 
-String GarantyLength(int Value, int Length) {
+String GarantyDigits(uint64_t Value, int Length) {
   const auto length = static_cast<size_t>(std::max(Length, 0));
   return String::Build(length, [&](char16_t* Units) {
-    int64_t rest = std::abs(int64_t{Value});
-    for (size_t i = length; i > 0; rest /= 10) Units[--i] = static_cast<char16_t>(u'0' + rest % 10);
+    for (size_t i = length; i > 0; Value /= 10) Units[--i] = static_cast<char16_t>(u'0' + Value % 10);
   });
 }
 

@@ -17,9 +17,12 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <span>
 #include <string>
+#include <utility>
 
+#include "core/uVxFunctions/Rounding.h"
 #include "platform/String.h"
 #include "platform/Types.h"
 
@@ -35,9 +38,14 @@ String quote(std::u16string_view Text);
 // Exactly Length code units: a longer text is cut at the right, a shorter one padded with blanks at
 // the right. A negative Length counts as 0.
 String GarantyLength(const String& Text, int Length);
+// The form for a number without sign.
+String GarantyDigits(uint64_t Value, int Length);
 // Exactly Length digits: zeros in front of a shorter number; of a longer one the rightmost digits. The
 // sign is lost: -5 to 3 digits is u"005", 12345 is u"345".
-String GarantyLength(int Value, int Length);
+String GarantyLength(TWholeNumber auto Value, int Length) {
+  const auto bits = static_cast<uint64_t>(Value);
+  return GarantyDigits(std::cmp_less(Value, 0) ? 0 - bits : bits, Length);
+}
 // The form for texts of one-byte characters.
 std::string GarantyLengthA(std::string_view Text, int Length);
 

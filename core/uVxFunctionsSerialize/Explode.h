@@ -18,10 +18,11 @@ using TExplodeOptions = Set<TExplodeOption>;
 // The pieces of Text between Separators; none for an empty Text. The last piece is taken as it stands,
 // neither trimmed nor left out, whatever the options say: u"a,," with eoSkipEmpty gives a and one
 // empty piece. This is wanted.
-std::unique_ptr<TVxStringList> explode(std::u16string_view Text, const TCharSet& Separators,
-                                       TExplodeOptions Options = {});
+[[nodiscard]] std::unique_ptr<TVxStringList> explode(std::u16string_view Text, const TCharSet& Separators,
+                                                     TExplodeOptions Options = {});
 // The same with one separator. One above 255 never separates.
-std::unique_ptr<TVxStringList> explode(std::u16string_view Text, char16_t Separator, TExplodeOptions Options = {});
+[[nodiscard]] std::unique_ptr<TVxStringList> explode(std::u16string_view Text, char16_t Separator,
+                                                     TExplodeOptions Options = {});
 
 // The pieces joined with Glue between them. With eoTrim they are trimmed; with eoSkipEmpty those that
 // are empty, after that trimming, are left out with their Glue.
@@ -29,6 +30,6 @@ String implode(const TStrings& Strings, std::u16string_view Glue, TExplodeOption
 String implode(std::span<const String> Items, std::u16string_view Glue, TExplodeOptions Options = {});
 
 // A list of the items A[i] + Glue + B[i]; what the longer list has more is left out.
-std::unique_ptr<TVxStringList> mergeSl(const TStrings& A, const TStrings& B, std::u16string_view Glue);
+[[nodiscard]] std::unique_ptr<TVxStringList> mergeSl(const TStrings& A, const TStrings& B, std::u16string_view Glue);
 
 }  // namespace vx

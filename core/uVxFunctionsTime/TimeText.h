@@ -28,7 +28,8 @@ String VxTimeToStr(TDateTime DateTime);
 String VxTimeToStr24(TDateTime DateTime, TDateTimeFormats Formats = {});
 // An hour amount in the same form, its hours going beyond a day and without a leading zero: u"36:00",
 // u"-6:00", with dfPlusSign u"+36:00". With dfTrimLeft hours that are 0 are left out, u":30", but for
-// the amount 0, which is u"0:00".
+// the amount 0, which is u"0:00". Pitfall: a value a hair below a whole day, as sums of hours give, has the hours of
+// the day before and the fields 00:00, so that 24 hours are missing: 1 - 1E-10 is u"0:00". DateTimeDefuzz mends it.
 String VxHourToStr(TDateTime Hour, TDateTimeFormats Formats = {});
 
 // Day, month and year between points, as StrToIntDef with 0 reads each; a year is taken as written,

@@ -34,6 +34,10 @@ TEST(Rounding, MidpointsGoToTheEvenOneOrAwayFromZero) {
   EXPECT_THROW(RoundCurrency(Currency::FromUnits(kMax), 3), EOverflow);
   EXPECT_TRUE(!between(5, 1, 5) && between(1, 1, 5) && !between(0.9, 1.0, 5.0) && between(4.9, 1.0, 5.0));
   EXPECT_TRUE(Clamp(7, 1, 5) == 5 && Clamp(-7, 1, 5) == 1 && Clamp(3, 1, 5) == 3 && Clamp(3, 9, 5) == 5);
+  EXPECT_TRUE(between(int64_t{1} << 40, 5, UINT64_MAX));
+  EXPECT_FALSE(between(-1, 0U, 5));
+  EXPECT_EQ(CompareInteger(int64_t{1} << 40, 5), 1);
+  EXPECT_EQ(IntToBool(int64_t{1} << 40), true);
   EXPECT_TRUE(Clamp(4000000000U, 0U, 9U) == 9U && Clamp(NAN, 1.0F, 2.0F) == 1 && CompareInteger(INT32_MIN, 1) == -1);
   struct {
     int64_t A, B, Quotient, Rest;

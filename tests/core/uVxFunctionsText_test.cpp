@@ -6,12 +6,33 @@ namespace {
 
 using namespace vx;
 
+// A text is no bool here, and a character no number.
+template <typename T>
+concept TBoolText = requires(T Value) {
+  BoolToStr(Value);
+  BoolToStrDef(u"j", u"n", Value);
+  BoolToInt(Value);
+};
+static_assert(TBoolText<bool>);
+static_assert(!TBoolText<const char16_t*>);
+template <typename T>
+concept TLengthened = requires(T Value) {
+  GarantyLength(Value, 3);
+};
+static_assert(TLengthened<int64_t>);
+static_assert(TLengthened<const char16_t*>);
+static_assert(!TLengthened<char16_t>);
+static_assert(!TLengthened<bool>);
+static_assert(!TLengthened<double>);
+
 TEST(Strings, ChangeOnlyWhatHasToAndShareTheRest) {
   for (const String result : {u"", u"ab", u"abc", u"abc  "}) {
     EXPECT_EQ(GarantyLength(u"abc", result.size()), result);
     EXPECT_EQ(GarantyLengthA("abc", result.size()), result.ToUtf8());
   }
   EXPECT_EQ(GarantyLength(7, 3) + GarantyLength(-5, 3) + GarantyLength(12345, 3) + GarantyLength(7, -3), u"007005345");
+  EXPECT_EQ(GarantyLength(INT64_MIN, 20) + GarantyLength(UINT64_MAX, 3), u"09223372036854775808615");
+  EXPECT_EQ(GetCurrencySign(int64_t{2015}) + GetCurrencySign(sizeof(int)) + GetCurrencySign(42000.5), u"€€€");
   EXPECT_EQ(GarantyLength(INT32_MIN, 12) + ValidateFilename(u"\"*/:<>\\|?.ä"), u"002147483648________?.ä");
   EXPECT_EQ(quote(u"a'b/c\\d\r\n\"") + quote(u""), u"'a\\'b\\/c\\\\d\\r\\n\"'''");
   for (const char16_t* same : {u"äb", u"{a", u"`a", u""}) EXPECT_EQ(UpperFirstChar(same), same);

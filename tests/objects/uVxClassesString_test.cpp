@@ -41,6 +41,7 @@ TEST(StringReplacer, Replaces) {
 }
 
 TEST(StringReplacer, FillsAgain) {
+  EXPECT_EQ(VxStringReplace(u"a-b", {u"a", u"b"}, {u"1", u"2"}) + VxStringReplace(u"a", {}, {}), u"1-2a");
   TVxStringReplacer letter;
   const TTexts holders = {u"hallo", u"NAME"}, first = {u"1", u"2", u"3"};
   EXPECT_FALSE(letter.GetDirty());
