@@ -16,21 +16,21 @@ bool ReadAmount(const vx::String& Text, vx::Currency& Sum) {
   vx::Currency amount;
   const bool isAmount = vx::TryStrToCurr(Text, amount);
   if (isAmount) Sum = Sum + amount;
-  return Msg().GetMsg()(vx::Error(vx::Concat({u"\"", Text, u"\" ist kein Betrag"}), u"ReadAmount"), isAmount);
+  return vx::TMsgReport()(vx::Error(vx::Concat({u"\"", Text, u"\" ist kein Betrag"}), u"ReadAmount"), isAmount);
 }
 
 bool ImportRow(const vx::THeadCsv& Table, int Row, vx::Currency& Sum) {
   const vx::String patient = Table.getElement(u"Patient", Row, vx::String(), vx::String());
-  if (patient.empty()) Msg().GetMsg()(vx::Warning(u"Ein Besuch hat keinen Patienten", u"ImportRow"), true);
-  return Msg().GetMsg()(vx::Error(vx::Concat({u"Der Besuch bei ", patient, u" wurde nicht übernommen"}), u"ImportRow"),
-                        ReadAmount(Table.getElement(u"Betrag", Row, vx::String(), vx::String()), Sum));
+  if (patient.empty()) vx::TMsgReport()(vx::Warning(u"Ein Besuch hat keinen Patienten", u"ImportRow"), true);
+  return vx::TMsgReport()(
+      vx::Error(vx::Concat({u"Der Besuch bei ", patient, u" wurde nicht übernommen"}), u"ImportRow"),
+      ReadAmount(Table.getElement(u"Betrag", Row, vx::String(), vx::String()), Sum));
 }
 
 bool ImportVisits(const vx::THeadCsv& Table, vx::Currency& Sum) {
-  Msg().BeginAction();
+  vx::TMsgAction action;
   for (int row = 1; row < Table.GetCount(); ++row) ImportRow(Table, row, Sum);
-  return Msg().EndAction(
-      vx::Error(u"Der Import ist nicht vollständig!", u"ImportVisits", u"Alle Besuche sind übernommen."));
+  return action.End(vx::Error(u"Der Import ist nicht vollständig!", u"ImportVisits", u"Alle Besuche sind übernommen."));
 }
 
 }  // namespace

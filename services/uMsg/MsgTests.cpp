@@ -1,4 +1,5 @@
-// Two small operations that show how reports nest.
+#include "services/uMsg/MsgTests.h"
+
 #include "platform/Dialogs.h"
 #include "services/uMsg/TMsgHandler.h"
 
@@ -7,44 +8,44 @@ namespace vx {
 namespace {
 
 bool IsValid(bool Success) {
-  Msg().GetMsg()(Error(u"isValid: Error", u"isValid"), Success);
+  TMsgReport()(Error(u"isValid: Error", u"isValid"), Success);
   return Success;
 }
 
 bool Store(bool Success) {
-  if (!Success) Msg().GetMsg()(Error(u"Store: Error", u"store"), false);
+  if (!Success) TMsgReport()(Error(u"Store: Error", u"store"), false);
   return Success;
 }
 
 void SetSubData(bool IsReporting) {
-  Msg().BeginAction();
+  TMsgAction action;
   if (IsReporting) {
-    Msg().GetMsg()(Warning(u"TSubClass: Anzahl der Felder nicht korrekt", u"TSubClass.SetData"), true);
+    TMsgReport()(Warning(u"TSubClass: Anzahl der Felder nicht korrekt", u"TSubClass.SetData"), true);
   }
-  Msg().EndAction();
+  action.End();
 }
 
 void SetData(bool IsReporting, bool IsSubReporting) {
-  Msg().BeginAction();
-  if (IsReporting) Msg().GetMsg()(Warning(u"TClass: Anzahl der Felder nicht korrekt", u"TClass.SetData"), false);
+  TMsgAction action;
+  if (IsReporting) TMsgReport()(Warning(u"TClass: Anzahl der Felder nicht korrekt", u"TClass.SetData"), false);
   SetSubData(IsSubReporting);
-  Msg().EndAction();
+  action.End();
 }
 
 }  // namespace
 
 void TestErrorHandling() {
-  if (Msg().GetMsg()(Error(u"Falsch", u"Testerrorhandling"), IsValid(true) && Store(false))) {
+  if (TMsgReport()(Error(u"Falsch", u"Testerrorhandling"), IsValid(true) && Store(false))) {
     ShowMessage(u"hat geklappt!");
   }
 }
 
 void TestBeginEndAction() {
-  Msg().BeginAction();
+  TMsgAction action;
   for (bool isReporting : {false, true}) {
     for (bool isSubReporting : {false, true}) SetData(isReporting, isSubReporting);
   }
-  Msg().EndAction(Warning(u"BeginEndAction hat nen Problem", u"TestBeginEndAction"));
+  action.End(Warning(u"BeginEndAction hat nen Problem", u"TestBeginEndAction"));
 }
 
 }  // namespace vx

@@ -104,8 +104,38 @@ TMsgFunction TMsgHandler::GetMsg() {
 }
 
 void TMsgHandler::BeginAction() {
+  msgCount.push_back(0);
   Inc();
-  msgCount.push_back(iMsgList.GetCount());
+  msgCount.back() = iMsgList.GetCount();
+}
+
+// Lowers the depth at its end, whatever happens until then.
+class TMsgHandler::TLowered {
+ public:
+  explicit TLowered(TMsgHandler& Handler) noexcept : FHandler(Handler) {}
+  ~TLowered() { FHandler.Dec(); }
+  TLowered(const TLowered&) = delete;
+  TLowered& operator=(const TLowered&) = delete;
+
+ private:
+  TMsgHandler& FHandler;
+};
+
+void TMsgHandler::Leave() noexcept {
+  Dec();
+  try {
+    if (counter < 1 && iMsgList.GetCount() > 0) HandleMsg(iMsgList.Last());
+  } catch (...) {
+    // A dialog that raises: the exception that passes already is the one to be told of.
+  }
+}
+
+void TMsgHandler::LeaveAction() noexcept {
+  try {
+    EndAction();
+  } catch (...) {
+    // As above.
+  }
 }
 
 bool TMsgHandler::MsgFunction(const TMsgInfo& MsgInfo, bool Success) {
@@ -139,27 +169,33 @@ int TMsgHandler::TakeStart() {
 }
 
 bool TMsgHandler::EndAction() {
-  const int start = TakeStart();
-  const bool result = return_;
-  Dec();
+  int start;
+  bool result;
+  {
+    const TLowered lowered(*this);
+    start = TakeStart();
+    result = return_;
+  }
   if (counter < 1 && iMsgList.GetCount() > start) HandleMsg(iMsgList.Last());
   return result;
 }
 
 bool TMsgHandler::EndAction(const TMsgInfo& MsgInfo) {
-  const int start = TakeStart();
-  if (iMsgList.GetCount() > start) {
-    if (!return_ && MsgInfo.msgType == msgWarning) {
-      TMsgInfo failed;
-      failed.SetSerialize(MsgInfo.GetSerialize());
-      failed.msgType = msgError;
-      GetMsg()(failed, false);
-    } else {
-      GetMsg()(MsgInfo, false);
+  int start;
+  bool result;
+  {
+    const TLowered lowered(*this);
+    start = TakeStart();
+    if (iMsgList.GetCount() > start) {
+      TMsgInfo closing = MsgInfo;
+      if (!return_ && MsgInfo.msgType == msgWarning) {
+        closing.SetSerialize(MsgInfo.GetSerialize());
+        closing.msgType = msgError;
+      }
+      GetMsg()(closing, false);
     }
+    result = return_;
   }
-  const bool result = return_;
-  Dec();
   if (counter >= 1) return result;
   if (iMsgList.GetCount() > start) {
     HandleMsg(iMsgList.Last());

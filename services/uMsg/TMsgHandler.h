@@ -47,8 +47,9 @@ class TMsgHandler : public TObject {
   String ClassName() const override { return u"TMsgHandler"; }
 
   // The function to report by; see the unit's header. It gives the success told or, at the outermost level,
-  // whether no error was reported since the operation began.
-  TMsgFunction GetMsg();
+  // whether no error was reported since the operation began. Who may be left by an exception before calling it uses
+  // TMsgReport.
+  [[nodiscard]] TMsgFunction GetMsg();
   const TLogInterrupt& GetLogInterrupt() const noexcept { return iLogInterrupt; }
   void SetLogInterrupt(TLogInterrupt Value) noexcept { iLogInterrupt = Value; }
   const TMsgInterrupt& GetMsgInterrupt() const noexcept { return iMsgInterrupt; }
@@ -59,7 +60,7 @@ class TMsgHandler : public TObject {
   // Warnings of this sender are neither listed nor shown from now on; the log has them as ignored. An empty
   // sender is not taken.
   void Ignore(const String& Sender);
-  // Opens an action: what is reported until its EndAction belongs together.
+  // Opens an action: what is reported until its EndAction belongs together. TMsgAction ends it in any case.
   void BeginAction();
   // Closes the action. Whether no error was reported since the outermost operation began. The form with a
   // message reports it, as an error if there was one, but only if anything was reported in the action; at the
@@ -70,6 +71,13 @@ class TMsgHandler : public TObject {
   bool IsAlert() const noexcept;
 
  private:
+  friend class TMsgReport;
+  friend class TMsgAction;
+  class TLowered;
+  // Ends a report that was not made, or an action, as an exception passes: the depth falls, and what was reported is
+  // shown if it was the outermost.
+  void Leave() noexcept;
+  void LeaveAction() noexcept;
   void Inc();
   void Dec() noexcept { --counter; }
   bool MsgFunction(const TMsgInfo& MsgInfo, bool Success);
@@ -99,9 +107,56 @@ class TMsgHandler : public TObject {
 // The one handler of the program, made at first use.
 TMsgHandler& Msg();
 
-// Two small operations that report in every way; both end in one dialog unless an interrupt is set.
-void TestErrorHandling();
-void TestBeginEndAction();
+// A report: raises the depth at once, and lowers it when it is called, or else when its scope ends, as by an exception
+// from what stands in the call. What was reported meanwhile is shown then, too.
+//
+//   return vx::TMsgReport()(vx::Error(u"Der Import ist fehlgeschlagen!", u"Import"), ReadAll() && StoreAll());
+class TMsgReport {
+ public:
+  explicit TMsgReport(TMsgHandler& Handler = Msg()) : FHandler(Handler) { FHandler.Inc(); }
+  ~TMsgReport() {
+    if (!FIsMade) FHandler.Leave();
+  }
+  TMsgReport(const TMsgReport&) = delete;
+  TMsgReport& operator=(const TMsgReport&) = delete;
+  // Once. Gives what the function of GetMsg gives.
+  bool operator()(const TMsgInfo& msgInfo, bool success) {
+    FIsMade = true;
+    return FHandler.MsgFunction(msgInfo, success);
+  }
+
+ private:
+  TMsgHandler& FHandler;
+  bool FIsMade = false;
+};
+
+// An action: begins at once, and ends by End or else when its scope ends, as by an exception.
+//
+//   vx::TMsgAction action;
+//   for (int row = 0; row < count; ++row) Import(row);
+//   return action.End(vx::Error(u"Der Import ist nicht vollständig!", u"Import"));
+class TMsgAction {
+ public:
+  explicit TMsgAction(TMsgHandler& Handler = Msg()) : FHandler(Handler) { FHandler.BeginAction(); }
+  ~TMsgAction() {
+    if (!FHasEnded) FHandler.LeaveAction();
+  }
+  TMsgAction(const TMsgAction&) = delete;
+  TMsgAction& operator=(const TMsgAction&) = delete;
+  // One of them, once: EndAction of the handler.
+  bool End() {
+    FHasEnded = true;
+    return FHandler.EndAction();
+  }
+  bool End(const TMsgInfo& MsgInfo) {
+    FHasEnded = true;
+    return FHandler.EndAction(MsgInfo);
+  }
+
+ private:
+  TMsgHandler& FHandler;
+  bool FHasEnded = false;
+};
 
 namespace uMsg {
 

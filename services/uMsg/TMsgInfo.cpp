@@ -43,7 +43,7 @@ void TMsgInfo::SetSerialize(std::u16string_view Text) {
   level = StrToIntDef(field(5), 0);
   msgType = type == msgLog || type == msgError ? static_cast<TMsgType>(type) : msgWarning;
   if (type >= msgLog && type <= msgError) return;
-  vx::Msg().GetMsg()(Warning(u"TMsgInfo: Anzahl der Felder nicht korrekt", u"TMsgInfo.setSerialize"), true);
+  TMsgReport()(Warning(u"TMsgInfo: Anzahl der Felder nicht korrekt", u"TMsgInfo.setSerialize"), true);
 }
 
 int CompareMsgInfo(const TMsgInfo& A, const TMsgInfo& B) noexcept {

@@ -28,8 +28,7 @@ constexpr std::u16string_view kStoreValues = u"TSharedIni.StoreValues";
 
 void Tell(TMsgType Type, std::u16string_view What, std::u16string_view Detail, std::u16string_view Sender,
           bool Success) {
-  Msg().GetMsg()(msgInfo(Type, Concat({u"Die Konfigurationsdatei konnte nicht ", What, u"! ", Detail}), Sender),
-                 Success);
+  TMsgReport()(msgInfo(Type, Concat({u"Die Konfigurationsdatei konnte nicht ", What, u"! ", Detail}), Sender), Success);
 }
 
 // Always false.

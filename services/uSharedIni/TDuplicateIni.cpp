@@ -118,7 +118,7 @@ bool TDuplicateIni::DoDownload(const String& Sourcename, TSharedIni& Target, TDa
 bool TDuplicateIni::Rebuild(const String& Sourcename, const TSharedIni& Target) {
   return MakeFrom(Target, Sourcename, [&] {
     const String files = Concat({Sourcename, u"->", Target.GetFileName()});
-    Msg().GetMsg()(Log(Concat({u"Die Konfigurationsdatei konnte nicht heruntergeladen werden! ", files}),
+    TMsgReport()(Log(Concat({u"Die Konfigurationsdatei konnte nicht heruntergeladen werden! ", files}),
                        u"TSharedIni.LoadValues"),
                    true);
   });

@@ -139,6 +139,33 @@ TEST_F(Messages, IgnoringAndInterrupts) {
   EXPECT_NE(EndLog().find("WARNING,ignored,Sender,0,w"), std::string::npos);
 }
 
+TEST_F(Messages, ScopesEndWhateverPasses) {
+  auto raise = []() -> bool { throw std::runtime_error("passes"); };
+  EXPECT_THROW(TMsgReport()(Error(u"Kopf"), Report(Error(u"innen"), false) || raise()), std::runtime_error);
+  EXPECT_EQ(Dialogs(), TTexts{"E innen"}) << "what was reported until then";
+  auto act = [&] {
+    TMsgAction outer;
+    const TMsgAction inner;
+    Report(Warning(u"w"), true);
+    raise();
+  };
+  EXPECT_THROW(act(), std::runtime_error);
+  EXPECT_EQ(Dialogs(), TTexts{"WI w"});
+  {
+    TMsgAction action;
+    EXPECT_FALSE(TMsgReport()(Error(u"e"), false));
+    EXPECT_FALSE(action.End(Error(u"Ende")));
+  }
+  EXPECT_EQ(Dialogs(), TTexts{"E Ende\r\n\r\nFehler: e"});
+  // The screen fails just as the last message is shown.
+  const TDialogSink sink = SetDialogSink([](const TDialog&) -> TModalResult { throw std::runtime_error("screen"); });
+  EXPECT_THROW(Report(Error(u"e"), false), std::runtime_error);
+  EXPECT_THROW(act(), std::runtime_error);
+  SetDialogSink(sink);
+  EXPECT_FALSE(Report(Error(u"danach"), false));
+  EXPECT_EQ(Dialogs(), TTexts{"E danach"});
+}
+
 TEST_F(Messages, LogFormsAndAttitudes) {
   SetLog(laInstant, u"%%1%7|%1|%6|%4|%");
   TMsgInfo info = Log(u"M%1\"\r\n", u"%5");

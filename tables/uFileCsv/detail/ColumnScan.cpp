@@ -27,7 +27,7 @@ std::vector<size_t> OrderOf(const TCells& Cells) {
 
 }  // namespace
 
-String SortedUnique(std::u16string_view Commatext) {
+String detail::SortedUnique(std::u16string_view Commatext) {
   const TCells cells = ReadCommatext(Commatext);
   TCells unique;
   for (size_t index : OrderOf(cells)) {
