@@ -27,6 +27,7 @@
 //   - A write that fails on the way, on a full disk, is told as a warning, and Store is true and the journal gone all
 //     the same: that is required. The file keeps its old content, and this object holds the changes until it reloads.
 //   - On a network drive a change by another machine may be seen a second late by Reload; Store sees it at once.
+//   - The fresh read of a store is tried for 1000 milliseconds, whatever the object's TimeOut.
 //   - One thread an object.
 #pragma once
 

@@ -20,6 +20,10 @@ namespace {
 
 int CompareEntries(const TSharedIniModification& A, const TSharedIniModification& B) { return A.Compare(B); }
 
+bool HasLineBreak(const String& Text) noexcept {
+  return Text.view().find_first_of(u"\r\n") != std::u16string_view::npos;
+}
+
 String Line(const String& Ident, const String& Value) { return Concat({Ident, u"=", Value}); }
 
 }  // namespace
@@ -61,7 +65,7 @@ TSharedIni::~TSharedIni() {
     if (GetTransaction()) {
       const String text =
           Concat({u"Eine Transaktion auf einer Konfigurationsdatei wurde nicht beendet!", GetFileName()});
-      Msg().GetMsg()(Log(text, u"TSharedIni.Destroy"), true);
+      TMsgReport()(Log(text, u"TSharedIni.Destroy"), true);
     }
   } catch (...) {
     // A handler that raises, or want of memory: there is nobody left to tell.
@@ -181,6 +185,14 @@ String TSharedIni::ReadString(std::u16string_view Section, std::u16string_view I
 
 void TSharedIni::WriteString(const String& Section, const String& Ident, const String& Value) {
   if (GetDefaults()) return Memorize(Section, Ident, Value);
+  if (HasLineBreak(Section) || HasLineBreak(Ident) || HasLineBreak(Value)) {
+    TMsgReport()(
+        Warning(Concat({u"Ein Wert mit Zeilenumbruch kann nicht in die Konfigurationsdatei geschrieben werden! ",
+                        GetFileName(), u": [", Section, u"] ", Ident}),
+                u"TSharedIni.WriteString"),
+        false);
+    return;
+  }
   Modification(Section, Ident, Value, atModify);
   THashedStringList* lines = Lines(Section);
   if (!lines) lines = &AddSection(Section);

@@ -91,6 +91,10 @@ class TSharedIni : public TCustomIniFile {
 
   // --- values ---
   String ReadString(std::u16string_view Section, std::u16string_view Ident, const String& Default) override;
+  // A carriage return or line feed in any of the three is refused: a warning names the key, and nothing changes
+  // (WriteData takes such texts). Blanks at the ends are kept in memory, but the file has no place for them: by the
+  // next load, a store's included, the section, the key and the value stand trimmed. A key with "=" in it is parted
+  // there then, and one that begins with ";" is a comment.
   void WriteString(const String& Section, const String& Ident, const String& Value) override;
   void ReadSection(std::u16string_view Section, TStrings& Strings) override;
   void ReadSections(TStrings& Strings) override;

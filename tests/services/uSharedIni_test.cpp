@@ -264,6 +264,21 @@ TEST_F(SharedIni, DataFormKeepsAnyText) {
   }
 }
 
+TEST_F(SharedIni, RefusesLineBreaksAndTrimsBlanks) {
+  TSharedIni ini(Dir.Path("a.ini"));
+  const String texts[][3] = {{u"A\n", u"k", u"v"}, {u"A", u"k\r", u"v"}, {u"A", u"k", u"v\r\n[B]"}};
+  for (const auto& [section, key, value] : texts) {
+    ini.WriteString(section, key, value);
+    EXPECT_EQ(Told(), TTexts{"W TSharedIni.WriteString: Ein Wert mit Zeilenumbruch kann nicht in die "
+                             "Konfigurationsdatei geschrieben werden! " +
+                             Concat({ini.GetFileName(), u": [", section, u"] ", key}).ToUtf8()});
+    EXPECT_FALSE(ini.Modified() || ini.SectionExists(section, true)) << value.ToUtf8();
+  }
+  ini.WriteString(u" S ", u" k ", u" v ");
+  EXPECT_TRUE(ini.Store());
+  EXPECT_EQ(TSharedIni(ini.GetFileName()).ReadString(u"S", u"k", {}), u"v");
+}
+
 TEST_F(SharedIni, MirrorsACentralFile) {
   const String local = Put("l", "[S]\nx=1\nold=2\n[E]\n"), central = Put("c", "[S]\nX=1\ny=3\n[T]\nz=4\n");
   TDuplicateIni plain(local, central, {dioSectionStamp, dioInstantWrite});
