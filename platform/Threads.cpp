@@ -1,8 +1,9 @@
 #include "platform/Threads.h"
 
 #include <algorithm>
-#include <cassert>
 #include <chrono>
+#include <cstdio>
+#include <cstdlib>
 #include <system_error>
 #include <utility>
 
@@ -123,8 +124,7 @@ TThread::TThread(bool CreateSuspended) : FState(std::make_shared<TState>()), FCr
 }
 
 TThread::~TThread() {
-  assert(!IsRunning() && "each class derived from TThread has to call Finish in its destructor");
-  Finish();
+  ExpectFinished();
   if (!FThread.joinable()) return;
   if (FThread.get_id() == std::this_thread::get_id()) {
     FThread.detach();
@@ -166,6 +166,15 @@ void TThread::WaitFor() noexcept {
   if (IsMainThread()) return main_thread::DrainUntil(isFinished);
   std::unique_lock lock(state->Mutex);
   state->Ended.wait(lock, isFinished);
+}
+
+void TThread::ExpectFinished() const noexcept {
+  if (Current == this || !IsRunning()) return;
+  std::fputs(
+      "A thread still runs while its object is destroyed: each class derived from TThread has to call Finish in "
+      "its destructor.\n",
+      stderr);
+  std::abort();
 }
 
 void TThread::Finish() noexcept {

@@ -24,7 +24,7 @@
 //   - The thread must not run before the object is whole: create it suspended and let the creator call Start, or call
 //     AfterConstruction as the last thing in the constructor of the last class.
 //   - The thread must not run any more when the object is taken apart: each class calls Finish as the first thing in
-//     its destructor.
+//     its destructor. A destructor that finds the thread running ends the program with a message.
 //
 // Pitfalls:
 //   - All waits are in real time: a clock set by SetClock (platform/Clock.h) does not move them.
@@ -93,7 +93,7 @@ class TCriticalSection {
   TCriticalSection& operator=(const TCriticalSection&) = delete;
   void Enter() noexcept;
   // False, at once, if another thread holds it.
-  bool TryEnter() noexcept;
+  [[nodiscard]] bool TryEnter() noexcept;
   // Only by the thread that holds it.
   void Leave() noexcept;
 
@@ -173,6 +173,9 @@ class TThread : public TObject {
   // Ends the thread and waits for it; it does not free itself any more. Nothing in the thread itself, nor for one
   // that was not started. May be called by each class of a hierarchy.
   void Finish() noexcept;
+  // For the destructor of a class that is derived from: ends the program if the thread still runs, as the object that
+  // it works on is taken apart already.
+  void ExpectFinished() const noexcept;
 
   struct TState;
   // The object lives at least as long as this, even if its thread ends meanwhile and frees it.

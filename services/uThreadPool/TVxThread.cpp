@@ -1,7 +1,6 @@
 #include "services/uThreadPool/TVxThread.h"
 
 #include <atomic>
-#include <cassert>
 
 #include "platform/Clock.h"
 #include "platform/FreeBuffers.h"
@@ -48,8 +47,7 @@ TVxThread::TVxThread(bool suspended, TThreadPriority priority, uint32_t minTicks
 }
 
 TVxThread::~TVxThread() {
-  assert(!IsRunning() && "each class derived from TVxThread has to call Finish in its destructor");
-  Finish();
+  ExpectFinished();
   --ThreadCount;
 }
 

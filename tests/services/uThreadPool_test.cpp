@@ -176,6 +176,15 @@ TEST_F(Threads, RunMethodsInTheMainThread) {
   SetWakeMainThread({});
 }
 
+TEST_F(Threads, ADestructorThatForgetsFinishIsLoud) {
+  struct TForgetful : TThread {
+    TForgetful() : TThread(true) {}
+    void Execute() override { SystemClock().Sleep(kLong); }
+  };
+  GTEST_FLAG_SET(death_test_style, "threadsafe");
+  EXPECT_DEATH(TForgetful().Start(), "has to call Finish");
+}
+
 TEST(ThreadTicks, AreTheAverageOfTheLast) {
   TThreadTicks ring(3), none(0);
   EXPECT_EQ(ring.Average(), 10u);
