@@ -30,6 +30,7 @@ void TObjectList::Notify(TObject* Object, TListNotification Action) {
 void TObjectList::SetCapacity(int Value) {
   if (Value < FCount) throw EListError(FormatListError(SListCapacityError, Value));
   if (Value == FCapacity) return;
+  Changing();  // the entries get another place
   if (Value == 0) {
     std::free(FItems);
     FItems = nullptr;
@@ -49,6 +50,7 @@ void TObjectList::Grow() {
 
 void TObjectList::SetCount(int Value) {
   if (Value < 0) throw EListError(FormatListError(SListCountError, Value));
+  Changing();
   if (Value < FCount) {
     // Not as long as there are more: entries that are added on the occasion would make it endless.
     for (int i = FCount; i-- > Value;) {
@@ -64,12 +66,14 @@ void TObjectList::SetCount(int Value) {
 void TObjectList::Put(int Index, TObject* Object) {
   TObject* old = Get(Index);
   if (old == Object) return;
+  Changing();
   FItems[Index] = Object;
   if (old) Notify(old, lnDeleted);
   if (Object) Notify(Object, lnAdded);
 }
 
 int TObjectList::Add(TObject* Object) {
+  Changing();
   if (FCount == FCapacity) Grow();
   FItems[FCount++] = Object;
   int index = FCount - 1;
@@ -79,6 +83,7 @@ int TObjectList::Add(TObject* Object) {
 
 void TObjectList::Insert(int Index, TObject* Object) {
   if (static_cast<unsigned>(Index) > static_cast<unsigned>(FCount)) RaiseIndex(Index);
+  Changing();
   if (FCount == FCapacity) Grow();
   std::memmove(FItems + Index + 1, FItems + Index, static_cast<size_t>(FCount - Index) * sizeof(TObject*));
   FItems[Index] = Object;
@@ -88,12 +93,14 @@ void TObjectList::Insert(int Index, TObject* Object) {
 
 void TObjectList::Delete(int Index) {
   TObject* old = Get(Index);
+  Changing();
   --FCount;
   std::memmove(FItems + Index, FItems + Index + 1, static_cast<size_t>(FCount - Index) * sizeof(TObject*));
   if (old) Notify(old, lnDeleted);
 }
 
 void TObjectList::Clear() {
+  Changing();
   while (FCount > 0) {
     TObject* old = FItems[--FCount];
     if (old) Notify(old, lnDeleted);
@@ -104,12 +111,14 @@ void TObjectList::Clear() {
 void TObjectList::Exchange(int A, int B) {
   Get(A);
   Get(B);
+  Changing();
   std::swap(FItems[A], FItems[B]);
 }
 
 void TObjectList::Move(int From, int To) {
   Get(From);
   Get(To);
+  Changing();
   if (From < To) {
     std::rotate(FItems + From, FItems + From + 1, FItems + To + 1);
   } else {
@@ -126,6 +135,7 @@ int TObjectList::Remove(TObject* Object) {
 TObject* TObjectList::Extract(TObject* Object) {
   int index = IndexOf(Object);
   if (index < 0) return nullptr;
+  Changing();
   --FCount;
   std::memmove(FItems + index, FItems + index + 1, static_cast<size_t>(FCount - index) * sizeof(TObject*));
   Notify(Object, lnExtracted);
@@ -142,6 +152,7 @@ int TObjectList::IndexOf(const TObject* Object) const noexcept {
 void TObjectList::Sort(FunctionRef<int(TObject*, TObject*)> Compare) {
   const std::vector<TObject*> sorted = StableSort(std::vector<TObject*>(FItems, FItems + FCount),
                                                   [&](TObject* a, TObject* b) { return Compare(a, b) < 0; });
+  Changing();
   std::copy_n(sorted.begin(), std::min(static_cast<int>(sorted.size()), FCount), FItems);
 }
 
@@ -157,6 +168,7 @@ void TObjectList::Arrange(std::span<const int> Order) {
   if (arranged.size() != isTaken.size() || arranged.size() != Order.size()) {
     throw EArgumentException(u"Arrange: the order does not name each entry once");
   }
+  Changing();
   std::copy(arranged.begin(), arranged.end(), FItems);
 }
 

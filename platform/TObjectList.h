@@ -83,6 +83,8 @@ class TObjectList : public TObject {
   void Arrange(std::span<const int> Order);
 
  protected:
+  // Called before the entries change, also where it then turns out that nothing does.
+  virtual void Changing() {}
   // Called after the list has changed. lnDeleted frees the object if the list owns: an override has
   // to hand on to this one.
   virtual void Notify(TObject* Object, TListNotification Action);

@@ -13,7 +13,7 @@ std::unique_ptr<TNotifyHandlerEnumerator> TNotifyHandlerList::GetEnumerator() {
   return std::make_unique<TNotifyHandlerEnumerator>(*this);
 }
 
-void TNotifyHandlerList::Freeze() {
+void TNotifyHandlerList::Changing() {
   for (TNotifyHandlerEnumerator* walk = FWalks; walk != nullptr; walk = walk->FEarlier) walk->Freeze();
 }
 
@@ -23,66 +23,6 @@ void TNotifyHandlerList::Notify(TObject* Object, TListNotification Action) {
   for (TNotifyHandlerEnumerator* walk = FWalks; walk != nullptr; walk = walk->FEarlier) {
     walk->Notification(Object, Action);
   }
-}
-
-int TNotifyHandlerList::Add(TObject* Object) {
-  Freeze();
-  return TObjectList::Add(Object);
-}
-
-void TNotifyHandlerList::Insert(int Index, TObject* Object) {
-  Freeze();
-  TObjectList::Insert(Index, Object);
-}
-
-void TNotifyHandlerList::Delete(int Index) {
-  Freeze();
-  TObjectList::Delete(Index);
-}
-
-void TNotifyHandlerList::Clear() {
-  Freeze();
-  TObjectList::Clear();
-}
-
-void TNotifyHandlerList::Exchange(int A, int B) {
-  Freeze();
-  TObjectList::Exchange(A, B);
-}
-
-void TNotifyHandlerList::Move(int From, int To) {
-  Freeze();
-  TObjectList::Move(From, To);
-}
-
-TObject* TNotifyHandlerList::Extract(TObject* Object) {
-  Freeze();
-  return TObjectList::Extract(Object);
-}
-
-void TNotifyHandlerList::Put(int Index, TObject* Object) {
-  Freeze();
-  TObjectList::Put(Index, Object);
-}
-
-void TNotifyHandlerList::SetCount(int Value) {
-  Freeze();
-  TObjectList::SetCount(Value);
-}
-
-void TNotifyHandlerList::SetCapacity(int Value) {
-  Freeze();
-  TObjectList::SetCapacity(Value);
-}
-
-void TNotifyHandlerList::Sort(FunctionRef<int(TObject*, TObject*)> Compare) {
-  Freeze();
-  TObjectList::Sort(Compare);
-}
-
-void TNotifyHandlerList::Arrange(std::span<const int> Order) {
-  Freeze();
-  TObjectList::Arrange(Order);
 }
 
 void TNotifyHandlerEnumerator::Freeze() {

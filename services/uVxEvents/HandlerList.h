@@ -15,8 +15,7 @@ class TNotifyHandlerEnumerator;
 // Told of each addition, extraction and deletion, after it was made.
 using TNotifyHandlerListEvent = Method<void(TObject* Ptr, TListNotification Action)>;
 
-// A list of handlers, which it owns unless told otherwise. It must be changed by its own operations, not by
-// those of TObjectList that it hides: walks under way hear of changes through them.
+// A list of handlers, which it owns unless told otherwise. Walks under way hear of every change.
 class TNotifyHandlerList : public TObjectList {
  public:
   explicit TNotifyHandlerList(bool OwnsObjects = true) noexcept : TObjectList(OwnsObjects) {}
@@ -27,30 +26,16 @@ class TNotifyHandlerList : public TObjectList {
   const TNotifyHandlerListEvent& GetOnNotify() const noexcept { return iOnNotify; }
   void SetOnNotify(TNotifyHandlerListEvent Value) noexcept { iOnNotify = Value; }
   // A new walk, which is the caller's and must end before the list and before walks that began earlier.
-  std::unique_ptr<TNotifyHandlerEnumerator> GetEnumerator();
-
-  int Add(TObject* Object) override;
-  void Insert(int Index, TObject* Object) override;
-  void Delete(int Index) override;
-  void Clear() override;
-  void Exchange(int A, int B) override;
-  void Move(int From, int To) override;
-  TObject* Extract(TObject* Object) override;
-  void Put(int Index, TObject* Object);
-  void SetCount(int Value);
-  void SetCapacity(int Value);
-  void Sort(FunctionRef<int(TObject*, TObject*)> Compare);
-  void Arrange(std::span<const int> Order);
+  [[nodiscard]] std::unique_ptr<TNotifyHandlerEnumerator> GetEnumerator();
 
  protected:
+  // Each walk takes its copy of the list as it stands.
+  void Changing() override;
   // The inherited notification, then OnNotify, then the walks.
   void Notify(TObject* Object, TListNotification Action) override;
 
  private:
   friend class TNotifyHandlerEnumerator;
-  // Before a change: each walk takes its copy of the list as it stands.
-  void Freeze();
-
   TNotifyHandlerListEvent iOnNotify;
   TNotifyHandlerEnumerator* FWalks = nullptr;  // the latest one
 };
