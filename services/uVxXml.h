@@ -23,6 +23,8 @@
 //   - Names are written in upper case and are compared with regard to case.
 //   - An element ends at its closing tag alone: one without, <a/> and <a x="1" /> too, takes what follows it
 //     for its children.
+//   - In front of the root, and behind a child, a comment ends at its first "<": what stands there is read as an
+//     element, <!-- <b>x</b> --> as b. Behind an opening tag, in a value and between attributes comments are whole.
 //   - A value that is read keeps the line break and the blanks before the closing tag.
 //   - Values of attributes are encoded when written but not decoded when read.
 //   - Elements without attributes, value and children vanish when written.

@@ -48,9 +48,8 @@ TXmlObject* TXmlObject::TakeLastChild() {
   const bool owns = XmlObjects.GetOwnsObjects();
   const int last = XmlObjects.GetCount() - 1;
   TXmlObject* child = GetXml(last);
-  XmlObjects.SetOwnsObjects(false);
+  const TReleaseScope released(XmlObjects);
   XmlObjects.Delete(last);
-  XmlObjects.SetOwnsObjects(owns);
   return owns ? child : nullptr;
 }
 
@@ -61,7 +60,9 @@ TXmlObject* TXmlObject::Add(String Name, String Value) {
   return AddTo(XmlObjects, std::move(child));
 }
 
-TXmlObject* TXmlObject::Add(TXmlObject* Object) { return AddTo(XmlObjects, std::unique_ptr<TXmlObject>(Object)); }
+TXmlObject* TXmlObject::Add(TXmlObject* Object) {
+  return Object == nullptr ? nullptr : AddTo(XmlObjects, std::unique_ptr<TXmlObject>(Object));
+}
 
 TXmlAttribute* TXmlObject::AddAttribute(String Name, String Value) {
   return AddTo(Attributes, std::make_unique<TXmlAttribute>(std::move(Name), std::move(Value)));

@@ -53,6 +53,7 @@ class TXmlObject : public TObject {
   void SetIsRoot(bool Value) noexcept { iIsRoot = Value; }
 
   // Appends a new child, or Object, which must not be in a list yet and is this element's from now on; returns it.
+  // nullptr is ignored and returned.
   TXmlObject* Add(String Name, String Value);
   TXmlObject* Add(TXmlObject* Object);
   // Appends an attribute, also where there is one of that name; returns it.
@@ -77,7 +78,8 @@ class TXmlObject : public TObject {
 
   // Reads the first element of Text and returns the rest of Text, which begins behind the name of the closing tag, at
   // the slash of a closing tag if that comes before any element, or at the end, which a code unit 0 is, too.
-  // Prologues are passed over, and so are comments and character data, <!...--> and <!...]]>. What is read is added
+  // Prologues are passed over, and so are comments and character data, <!...--> and <!...]]>, these two whole only
+  // behind an opening tag; elsewhere the unit's pitfalls tell how far. What is read is added
   // to what this element has: give a fresh one. Any text is taken; see the unit's pitfalls. The time grows with what
   // is read, whatever it is.
   std::u16string_view Read(std::u16string_view Text);

@@ -118,6 +118,12 @@ TEST(XmlObject, FindsByNameAndWritesLines) {
   for (int i = 0; i < root.GetCount(); ++i) mine.emplace_back(root.GetXml(i));
 }
 
+TEST(XmlObject, IgnoresAnAbsentChild) {
+  TXmlObject object;
+  EXPECT_EQ(object.Add(nullptr), nullptr);
+  EXPECT_EQ(object.GetCount(), 0);
+}
+
 TEST(XmlObject, ReadsByTheRules) {
   struct {
     u16string_view Text, Result, Rest;
