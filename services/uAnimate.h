@@ -118,13 +118,13 @@ class TSWList : public TVxStringIndex {
   // name has a "+" for each level in front, Zeit has the form "h:nn:ss:zzz", the other times "n:ss:zzz". A watch
   // without an ended span has the count 0, the times 0 and as minimum -1, which shows as "0:00:000".
   void Statistic(TFileCsv& table) const;
-  std::unique_ptr<TFileCsv> Statistic() const;
+  [[nodiscard]] std::unique_ptr<TFileCsv> Statistic() const;
   // Shows the rows of the statistic in a dialog.
   void ShowStatistic() const;
   // Puts the first row of the statistic, its head included, whose first cell is exactly name, with its "+" signs,
   // in the place of what strings has; or gives it as a new list. Empty if there is none.
   void getStatisticElement(std::u16string_view name, TVxStringList& strings) const;
-  std::unique_ptr<TVxStringList> getStatisticElement(std::u16string_view name) const;
+  [[nodiscard]] std::unique_ptr<TVxStringList> getStatisticElement(std::u16string_view name) const;
 
  private:
   // The watch at Index; nullptr if something else stands there.

@@ -18,7 +18,7 @@ bool VxDriveAvailable(std::u16string_view path, bool showError);
 void VxDriveAvailableError(std::u16string_view drive);
 
 // The roots of all drives, such as u"C:\\", by their letters.
-std::unique_ptr<TVxStringList> VxDriveList();
+[[nodiscard]] std::unique_ptr<TVxStringList> VxDriveList();
 // The system's number for the sort of a drive, told by any path on it or its letter: 0 unknown, 1 not there,
 // 2 removable, 3 fixed, 4 in the network, 5 a CD, 6 in memory.
 int VxDriveType(const String& drive);

@@ -40,11 +40,11 @@ bool GarantyWindowsPath(String& path);
 
 // The pieces of name between backslashes, without a final empty one, appended to list or in a new one.
 void VxProcessFilename(const String& name, TVxStringList& list);
-std::unique_ptr<TVxStringList> VxProcessFilename(const String& name);
+[[nodiscard]] std::unique_ptr<TVxStringList> VxProcessFilename(const String& name);
 // The drive of path, empty without one, and the pieces behind the first backslash that follows it:
 // "C:", "a", "" of u"C:\\a\\". A path without a drive thus loses its first piece, and where no
 // backslash follows there is one empty piece; both are wanted.
-std::unique_ptr<TVxStringList> PathToList(const String& path);
+[[nodiscard]] std::unique_ptr<TVxStringList> PathToList(const String& path);
 
 // path up to its last backslash that is not its end, with that backslash; without one path itself. A
 // blank path gives an empty text: u"C:\\a\\" of u"C:\\a\\b\\".

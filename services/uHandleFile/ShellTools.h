@@ -38,6 +38,6 @@ bool VxProcessMailTo(const String& address, const String& subject, const String&
 
 // The pieces of url, each up to and with its "/", where two "/" stay together: u"x://", u"a/", u"b" of
 // u"x://a/b". Of more than two in a row each two from the right are one piece. No piece is empty.
-std::unique_ptr<TVxStringList> VxParseURL(const String& url);
+[[nodiscard]] std::unique_ptr<TVxStringList> VxParseURL(const String& url);
 
 }  // namespace vx
