@@ -98,6 +98,8 @@ bool GetFileInfo(const String& Path, TFileInfo& Info);
 // Letters of names match regardless of case, as users of such masks expect.
 std::vector<TFileInfo> FindFiles(const String& Mask);
 bool DirectoryExists(const String& Path);
+// Whether both paths lead to one file, by whatever spelling or link.
+bool IsSameFile(const String& A, const String& B);
 
 // All report failure by false and raise nothing; a failure leaves the file system as it was.
 bool FileDelete(const String& Path) noexcept;  // fails on a read-only file

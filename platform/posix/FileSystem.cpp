@@ -47,8 +47,11 @@ TDateTime StampToLocal(const timespec& Stamp) {
 
 bool LocalToStamp(TDateTime Local, timespec& Stamp) {
   if (!(Local >= kFirstDay && Local < kBehindLastDay)) return false;
-  const Extended seconds =
+  Extended seconds =
       (static_cast<Extended>(Local) - kUnixEpoch) * 86400 - GetTimeZone().OffsetAtLocal(Local) * Extended{60};
+  // A date-time comes a fraction of a microsecond beside the millisecond that it means.
+  const Extended milliseconds = std::round(seconds * 1000);
+  if (std::abs(seconds * 1000 - milliseconds) < Extended{0.001}) seconds = milliseconds / 1000;
   const Extended whole = std::floor(seconds);
   Stamp.tv_sec = static_cast<time_t>(whole);
   Stamp.tv_nsec = std::min<long>(std::lround((seconds - whole) * kNanoseconds), kNanoseconds - 1);
@@ -154,6 +157,13 @@ std::vector<TFileInfo> FindFiles(const String& Mask) {
   std::vector<TFileInfo> result(1);
   if (name.empty() || !GetFileInfo(Mask, result[0])) result.clear();
   return result;
+}
+
+bool IsSameFile(const String& A, const String& B) {
+  std::string a, b;
+  struct stat infoA, infoB;
+  return NativePath(A, a) && NativePath(B, b) && Check(::stat(a.c_str(), &infoA) == 0) &&
+         Check(::stat(b.c_str(), &infoB) == 0) && infoA.st_dev == infoB.st_dev && infoA.st_ino == infoB.st_ino;
 }
 
 bool DirectoryExists(const String& Path) {

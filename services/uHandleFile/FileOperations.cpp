@@ -38,7 +38,7 @@ bool CopyUnlocking(std::u16string_view source, std::u16string_view target) {
 bool MoveReplacing(std::u16string_view source, std::u16string_view target) {
   if (FileMove(source, target)) return true;
   VxUnlockFile(source);
-  if (VxFileExists(target)) VxDeleteFileReadOnly(target, true);
+  if (VxFileExists(target) && !IsSameFile(source, target)) VxDeleteFileReadOnly(target, true);
   return FileMove(source, target);
 }
 

@@ -19,7 +19,8 @@ bool VxDeleteFileReadOnly(std::u16string_view name, bool showError);
 bool VxCopyFile(std::u16string_view source, std::u16string_view target, bool showError);
 // Renames a file, replacing target, into a directory that is made if it is missing; false without a
 // dialog if source is missing or that directory can't be made. If the first try fails, source is
-// unlocked, an existing target is deleted (with a dialog if that fails), and it is tried again.
+// unlocked, an existing target is deleted (with a dialog if that fails), and it is tried again. A target that
+// is the same file, by whatever spelling or link, is never deleted.
 bool VxRenameFile(std::u16string_view source, std::u16string_view target, bool showError);
 // VxRenameFile on one drive, else VxCopyFile and then VxDeleteFileReadOnly of source: true only if
 // both succeeded, so that after a false the copy may exist. False without a dialog if source is missing.

@@ -2,10 +2,12 @@
 
 #include <algorithm>
 #include <bit>
+#include <cmath>
 #include <cstring>
 #include <memory>
 #include <string>
 
+#include "platform/Calendar.h"
 #include "platform/Clock.h"
 #include "platform/Files.h"
 #include "platform/FormatSettings.h"
@@ -115,7 +117,7 @@ bool VxSetFileLastWrite(std::u16string_view name, TDateTime dateTime, int& error
   }
   try {
     TFileStream file(name, fmOpenReadWrite | fmShareDenyNone);
-    errorCode = file.SetLastWrite(dateTime) ? 0 : 5;
+    errorCode = file.SetLastWrite(std::round(dateTime * MSecsPerDay) / MSecsPerDay) ? 0 : 5;
   } catch (const EStreamError&) {
     errorCode = 4;
   }

@@ -13,9 +13,9 @@ int64_t VxFileSize(std::u16string_view name, bool signal);
 // The last-write time in local time. A missing file gives -1 with signal, 0 without.
 TDateTime VxFileLastWrite(std::u16string_view name, bool signal);
 
-// Sets the last-write time from local time. errorCode is 0 for success, else 1 for what is no date of
-// the years 1 to 9999, 2 for a date before 1601, 3 if its universal time lies there, 4 if the file
-// could not be opened for reading and writing, 5 if the time could not be set.
+// Sets the last-write time from local time, rounded to the millisecond. errorCode is 0 for success, else 1 for what is
+// no date of the years 1 to 9999, 2 for a date before 1601, 3 if its universal time lies there, 4 if the file could not
+// be opened for reading and writing, 5 if the time could not be set.
 bool VxSetFileLastWrite(std::u16string_view name, TDateTime dateTime, int& errorCode);
 // The German text of such a code, with the number of the system's last error in this thread behind all
 // but that of 0: u"[4] \"FileOpen\" ist fehlgeschlagen! Win32Error=2".

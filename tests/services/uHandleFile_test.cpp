@@ -1,5 +1,9 @@
 #include "services/uHandleFile.h"
 
+#include <sys/stat.h>
+
+#include <filesystem>
+
 #include "tests/support/Test.h"
 
 namespace {
@@ -97,6 +101,19 @@ TEST_F(HandleFile, DeletesCopiesAndMovesPastReadOnlyFiles) {
   EXPECT_EQ(Told(), u"");
   EXPECT_FALSE(VxRenameFile(b, a, true)) << "a drive alone is no directory that can be forced";
   EXPECT_EQ(Told(), u"Netzwerkproblem: Das Laufwerk (V:) ist nicht erreichbar.");
+}
+
+TEST_F(HandleFile, RenamingNeverDeletesTheFileItself) {
+  const String a = Make(u"V:\\w\\a", "1");
+  std::filesystem::create_symlink(Dir.GetPath() + "/w/a", Dir.GetPath() + "/w/link");
+  for (const String& other : {a, String(u"v:\\.\\w\\a"), String(u"W:\\a"), Dir.Path("w/a"), String(u"W:\\link")}) {
+    for (const auto& [from, to] : {std::pair(a, other), std::pair(other, a)}) {
+      TFileFaults faults;
+      faults.Fail(foRename, EACCES, 1);
+      VxRenameFile(from, to, false);  // a drive alone is no directory that can be forced
+      ASSERT_EQ(GetText(a), "1") << from.ToUtf8() << " to " << to.ToUtf8();
+    }
+  }
 }
 
 TEST_F(HandleFile, ForcesDirectories) {
@@ -202,6 +219,13 @@ TEST_F(HandleFile, SizeStampAndHash) {
   test::TZoneAt zone(60);
   int code = 9;
   EXPECT_TRUE(VxSetFileLastWrite(a, 46000.75, code) && code == 0 && VxFileLastWrite(a, true) == 46000.75);
+  for (int second = 0; second < 86400; second += 17) {
+    VxSetFileLastWrite(a, 46000 + second / 86400.0, code);
+    struct stat info;
+    ASSERT_EQ(stat((Dir.GetPath() + "/a").c_str(), &info), 0);
+    // 46000 is 9.12.2025, an hour behind in universal time.
+    ASSERT_EQ(info.st_mtim.tv_sec * 1000000000 + info.st_mtim.tv_nsec, (1765238400L - 3600 + second) * 1000000000);
+  }
   TFileFaults faults;
   faults.Fail(foSetTime, EPERM);
   struct {
