@@ -16,27 +16,70 @@ void SetColor(cairo_t* Cairo, TColor Color) {
   cairo_set_source_rgb(Cairo, (rgb & 255) / 255.0, (rgb >> 8 & 255) / 255.0, (rgb >> 16 & 255) / 255.0);
 }
 
-void SetPen(cairo_t* Cairo, const TPen& Pen) {
+// The dashes begin so many pixels before the line.
+void SetPen(cairo_t* Cairo, const TPen& Pen, double Before = 0) {
+  const double width = std::min(Pen.Width, 1 << 20);
   SetColor(Cairo, Pen.Color);
-  cairo_set_line_width(Cairo, Pen.Width);
+  cairo_set_line_width(Cairo, width);
   cairo_set_line_cap(Cairo, CAIRO_LINE_CAP_BUTT);
   cairo_set_line_join(Cairo, CAIRO_LINE_JOIN_MITER);
-  const double on = (Pen.Style == psDash ? 18.0 : 3.0) * Pen.Width;
-  const double dashes[] = {on, (Pen.Style == psDash ? 6.0 : 3.0) * Pen.Width};
-  cairo_set_dash(Cairo, dashes, Pen.Style == psSolid ? 0 : 2, 0);
+  const double dashes[] = {(Pen.Style == psDash ? 18 : 3) * width, (Pen.Style == psDash ? 6 : 3) * width};
+  cairo_set_dash(Cairo, dashes, Pen.Style == psSolid ? 0 : 2, std::fmod(Before, dashes[0] + dashes[1]));
 }
 
+// What Cairo's figures can be trusted with, in pixels.
+constexpr int kFar = 1 << 20;
+
+struct TBox {
+  double Left, Top, Right, Bottom;
+};
+// The part that can be seen, Around larger on each side.
+TBox VisibleBox(cairo_t* Cairo, double Around) {
+  TBox box{};
+  cairo_clip_extents(Cairo, &box.Left, &box.Top, &box.Right, &box.Bottom);
+  return {box.Left - Around, box.Top - Around, box.Right + Around, box.Bottom + Around};
+}
+
+// What can be seen of Rect; lines around the clip are not met.
 void AddRect(cairo_t* Cairo, const TRect& Rect) {
-  cairo_rectangle(Cairo, Rect.Left, Rect.Top, Rect.Width(), Rect.Height());
+  const TBox box = VisibleBox(Cairo, 2);
+  const double left = std::max<double>(Rect.Left, box.Left), top = std::max<double>(Rect.Top, box.Top);
+  const double right = std::min<double>(Rect.Right, box.Right), bottom = std::min<double>(Rect.Bottom, box.Bottom);
+  if (left < right && top < bottom) cairo_rectangle(Cairo, left, top, right - left, bottom - top);
 }
 
-// The ellipse that touches the sides of Rect, drawn in by Inset.
+// Strokes what can be seen of a line; its dashes stay where those of the whole line are.
+void StrokeLine(cairo_t* Cairo, double X1, double Y1, double X2, double Y2, const TPen& Pen) {
+  const TBox box = VisibleBox(Cairo, std::min(Pen.Width, kFar) + 2.0);
+  const double across = X2 - X1, down = Y2 - Y1;
+  double first = 0, last = 1;
+  const auto cut = [&](double from, double by, double low, double high) {
+    if (by == 0) {
+      if (from < low || from > high) last = -1;
+      return;
+    }
+    const double one = (low - from) / by, other = (high - from) / by;
+    first = std::max(first, std::min(one, other));
+    last = std::min(last, std::max(one, other));
+  };
+  cut(X1, across, box.Left, box.Right);
+  cut(Y1, down, box.Top, box.Bottom);
+  if (first >= last) return;
+  SetPen(Cairo, Pen, first * std::hypot(across, down));
+  cairo_move_to(Cairo, X1 + first * across, Y1 + first * down);
+  cairo_line_to(Cairo, X1 + last * across, Y1 + last * down);
+  cairo_stroke(Cairo);
+}
+
+// The ellipse that touches the sides of Rect, drawn in by Inset. Sides far off come nearer.
 void AddEllipse(cairo_t* Cairo, const TRect& Rect, double Inset) {
-  const double across = std::max(Rect.Width() / 2.0 - Inset, 0.01);
-  const double down = std::max(Rect.Height() / 2.0 - Inset, 0.01);
+  const auto held = [](int side) { return std::clamp(side, -kFar, kFar); };
+  const TRect near{held(Rect.Left), held(Rect.Top), held(Rect.Right), held(Rect.Bottom)};
+  const double across = std::max(near.Width() / 2.0 - Inset, 0.01);
+  const double down = std::max(near.Height() / 2.0 - Inset, 0.01);
   cairo_matrix_t before;
   cairo_get_matrix(Cairo, &before);
-  cairo_translate(Cairo, Rect.Left + Rect.Width() / 2.0, Rect.Top + Rect.Height() / 2.0);
+  cairo_translate(Cairo, near.Left + near.Width() / 2.0, near.Top + near.Height() / 2.0);
   cairo_scale(Cairo, across, down);
   cairo_new_sub_path(Cairo);
   cairo_arc(Cairo, 0, 0, 1, 0, 2 * std::numbers::pi);
@@ -125,10 +168,19 @@ void PaintFrame(cairo_t* Cairo, const TRect& Rect, const TPen& Pen) {
     PaintFill(Cairo, Rect, Pen.Color);
     return;
   }
-  SetPen(Cairo, Pen);
-  const double half = Pen.Width / 2.0;
-  cairo_rectangle(Cairo, Rect.Left + half, Rect.Top + half, Rect.Width() - Pen.Width, Rect.Height() - Pen.Width);
-  cairo_stroke(Cairo);
+  if (Pen.Style == psSolid) {
+    const int width = Pen.Width;
+    PaintFill(Cairo, {Rect.Left, Rect.Top, Rect.Right, Rect.Top + width}, Pen.Color);
+    PaintFill(Cairo, {Rect.Left, Rect.Bottom - width, Rect.Right, Rect.Bottom}, Pen.Color);
+    PaintFill(Cairo, {Rect.Left, Rect.Top + width, Rect.Left + width, Rect.Bottom - width}, Pen.Color);
+    PaintFill(Cairo, {Rect.Right - width, Rect.Top + width, Rect.Right, Rect.Bottom - width}, Pen.Color);
+    return;
+  }
+  const double half = Pen.Width / 2.0, left = Rect.Left, top = Rect.Top, right = Rect.Right, bottom = Rect.Bottom;
+  StrokeLine(Cairo, left, top + half, right, top + half, Pen);
+  StrokeLine(Cairo, right - half, top, right - half, bottom, Pen);
+  StrokeLine(Cairo, right, bottom - half, left, bottom - half, Pen);
+  StrokeLine(Cairo, left + half, bottom, left + half, top, Pen);
 }
 
 TRect StraightLine(TPoint From, TPoint To, const TPen& Pen) noexcept {
@@ -148,14 +200,11 @@ void PaintLine(cairo_t* Cairo, TPoint From, TPoint To, const TPen& Pen) {
     PaintFill(Cairo, straight, Pen.Color);
     return;
   }
-  SetPen(Cairo, Pen);
   // Through the middles of the pixels; along an axis from the edge of the first to that of the last.
   const auto edge = [](int from, int to) { return from == to ? 0.5 : from < to ? 0.0 : 1.0; };
   const bool along = From.X == To.X || From.Y == To.Y;
   const double x = along ? edge(From.X, To.X) : 0.5, y = along ? edge(From.Y, To.Y) : 0.5;
-  cairo_move_to(Cairo, From.X + x, From.Y + y);
-  cairo_line_to(Cairo, To.X + x, To.Y + y);
-  cairo_stroke(Cairo);
+  StrokeLine(Cairo, From.X + x, From.Y + y, To.X + x, To.Y + y, Pen);
 }
 
 void PaintEllipse(cairo_t* Cairo, const TRect& Rect, const TColor* Brush, const TPen* Pen) {
@@ -165,7 +214,9 @@ void PaintEllipse(cairo_t* Cairo, const TRect& Rect, const TColor* Brush, const 
     cairo_fill(Cairo);
   }
   if (Pen) {
-    SetPen(Cairo, *Pen);
+    // Nobody counts the dashes of a line that long.
+    const bool endless = Rect.Width() > kFar / 16 || Rect.Height() > kFar / 16;
+    SetPen(Cairo, {Pen->Color, Pen->Width, endless ? psSolid : Pen->Style});
     AddEllipse(Cairo, Rect, Pen->Width / 2.0);
     cairo_stroke(Cairo);
   }
