@@ -108,8 +108,6 @@ pid_t Fork(const std::function<void()>& Work) {
   const pid_t pid = ::fork();
   if (pid != 0) return pid;
   ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-  Msg().SetLogInterrupt(TLogInterrupt::Of<&TakeLog>());
-  Msg().SetMsgInterrupt(TMsgInterrupt::Of<&TakeMsg>());
   Work();
   ::_exit(0);
 }
@@ -190,6 +188,8 @@ int Main(int Arguments, char** Argument) {
   void* shared = ::mmap(nullptr, sizeof(TShared), PROT_READ | PROT_WRITE, MAP_SHARED | MAP_ANONYMOUS, -1, 0);
   if (shared == MAP_FAILED) return std::perror("torture-net"), 2;
   Shared = new (shared) TShared{};
+  Msg().SetLogInterrupt(TLogInterrupt::Of<&TakeLog>());
+  Msg().SetMsgInterrupt(TMsgInterrupt::Of<&TakeMsg>());
   std::vector<pid_t> pids;
   for (int w = 0; w < kWriters; ++w)
     pids.push_back(Fork([=] { Store(mounts[w % kMounts], w, static_cast<unsigned>(w)); }));
@@ -212,6 +212,7 @@ int Main(int Arguments, char** Argument) {
     TSharedIni last(Wide(mounts[0] + "/Station.ini"));
     last.WriteString(u"Ende", u"k", u"1");
     if (last.Store()) break;
+    if (!hasKills && tries == 0) Fault(Litter, "a right that nobody has any more is in the way");
     ::sleep(1);
   }
   ::sleep(2);
