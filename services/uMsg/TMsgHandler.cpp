@@ -112,7 +112,7 @@ void TMsgHandler::BeginAction() {
 // Lowers the depth at its end, whatever happens until then.
 class TMsgHandler::TLowered {
  public:
-  explicit TLowered(TMsgHandler& Handler) noexcept : FHandler(Handler) {}
+  explicit TLowered(TMsgHandler& Owner) noexcept : FHandler(Owner) {}
   ~TLowered() { FHandler.Dec(); }
   TLowered(const TLowered&) = delete;
   TLowered& operator=(const TLowered&) = delete;

@@ -1,6 +1,7 @@
 # Installs a build into a fresh prefix and looks whether the installed headers find each other there and are public: a
 # header in a folder named detail has nothing outside the namespace of that name and is needed by another one.
 #   cmake -DBUILD=<build directory> -DPREFIX=<directory> -P Install.cmake
+cmake_minimum_required(VERSION 3.25)
 file(REMOVE_RECURSE ${PREFIX})
 execute_process(COMMAND ${CMAKE_COMMAND} --install ${BUILD} --prefix ${PREFIX} COMMAND_ERROR_IS_FATAL ANY)
 
