@@ -119,8 +119,8 @@ bool TDuplicateIni::Rebuild(const String& Sourcename, const TSharedIni& Target) 
   return MakeFrom(Target, Sourcename, [&] {
     const String files = Concat({Sourcename, u"->", Target.GetFileName()});
     TMsgReport()(Log(Concat({u"Die Konfigurationsdatei konnte nicht heruntergeladen werden! ", files}),
-                       u"TSharedIni.LoadValues"),
-                   true);
+                     u"TSharedIni.LoadValues"),
+                 true);
   });
 }
 
