@@ -29,7 +29,8 @@ class TTextBuffer {
   TTextBuffer& operator=(const TTextBuffer&) = delete;
 
   void Add(char16_t Unit) {
-    if (FCount == FCapacity) Grow(1);
+    if (FCount == FCapacity) [[unlikely]]
+      Grow(1);
     FUnits[FCount++] = Unit;
   }
   void Add(std::u16string_view Text) { std::copy(Text.begin(), Text.end(), Room(Text.size())); }
@@ -45,7 +46,8 @@ class TTextBuffer {
   }
   // The place of so many more units, which the caller fills before the next call.
   char16_t* Room(size_t Count) {
-    if (FCapacity - FCount < Count) Grow(Count);
+    if (FCapacity - FCount < Count) [[unlikely]]
+      Grow(Count);
     char16_t* room = FUnits + FCount;
     FCount += Count;
     return room;
@@ -59,14 +61,7 @@ class TTextBuffer {
 
  private:
   static constexpr size_t kShort = 64;
-  void Grow(size_t More) {
-    const size_t capacity = std::max(FCount + More, 2 * FCapacity);
-    std::unique_ptr<char16_t[]> units(new char16_t[capacity]);
-    std::copy_n(FUnits, FCount, units.get());
-    FLong = std::move(units);
-    FUnits = FLong.get();
-    FCapacity = capacity;
-  }
+  void Grow(size_t More);  // apart, so that adding stays short enough to be inlined
 
   char16_t* FUnits;
   size_t FCount = 0;

@@ -66,6 +66,8 @@ expect("another target" "core/U/Up.h:2: core/ must not include tables/" ${used} 
 expect("circle through a row" "core/U/Up.h:2: in a circle" core/U/Up.h "#include \"tables/T.h\""
   tables/T.h "#include \"core/U/Up.h\"")
 expect("a row that nothing needs" "nothing needs the row: core/U/Up:" core/A.h "// nothing")
+set(edges "${folders}core: platform tables\n")
+expect("a second row for a folder" "a second row for core:" core/A.h "// nothing")
 set(edges "${folders}core/U/Up: tables/T.h\n")
 expect("a row without a reason is none" "core/U/Up.cpp:2: core/ must not include tables/" core/U/Up.cpp
   "#include \"tables/T.h\"")
