@@ -7,8 +7,8 @@
 #include <random>
 
 #include "platform/Exceptions.h"
-#include "platform/HolesInternal.h"
 #include "platform/detail/CaseTables.h"
+#include "platform/detail/Holes.h"
 
 namespace vx {
 
@@ -82,7 +82,7 @@ struct THashedStringList::THashes {
   std::vector<int>
       Next;  // of each item, the next one of its key, of the last one the first; empty: no key stands twice
 
-  THashes(bool Names, const std::vector<TItem>& Items, const THoles* Holes) : ByName(Names) {
+  THashes(bool Names, const std::vector<TItem>& Items, const detail::THoles* Holes) : ByName(Names) {
     Slots.assign(std::max(std::bit_ceil(2 * Items.size()), kLeastSlots), TSlot{0, -1, 0});
     for (size_t i = 0; i < Items.size(); ++i) {
       if (!Holes || Holes->IsTaken(i)) Add(Items, i);
@@ -283,7 +283,7 @@ void THashedStringList::Delete(int Index) {
     Shrink(place);
     FItems.pop_back();
   } else {
-    if (!FHoles) FHoles = std::make_unique<THoles>(FItems.size());
+    if (!FHoles) FHoles = std::make_unique<detail::THoles>(FItems.size());
     Shrink(place);
     FItems[place] = TItem();
     FHoles->Free(place);

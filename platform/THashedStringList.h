@@ -19,7 +19,9 @@
 
 namespace vx {
 
+namespace detail {
 class THoles;
+}
 
 // Objects are never freed. Reading makes hashes: one thread at a time.
 class THashedStringList : public TStrings {
@@ -81,7 +83,7 @@ class THashedStringList : public TStrings {
 
   std::vector<TItem> FItems;
   size_t FFree = 0;                         // of FItems, those that are holes
-  std::unique_ptr<THoles> FHoles;           // null while there are none
+  std::unique_ptr<detail::THoles> FHoles;   // null while there are none
   mutable std::unique_ptr<THashes> FTexts;  // of whole items; null: to be made
   mutable std::unique_ptr<THashes> FNames;  // of what stands before "="
 };

@@ -33,7 +33,7 @@ uint8_t MixByte(uint8_t Dst, uint32_t Src, uint32_t Part) noexcept {
 
 }  // namespace
 
-TBitmapDevice::TBitmapDevice(TBitmap& Bitmap) : FBitmap(Bitmap), FPixelsPerInch(GetScreenPixelsPerInch()) {}
+TBitmapDevice::TBitmapDevice(TBitmap& Bitmap) : TFaceDevice(GetScreenPixelsPerInch()), FBitmap(Bitmap) {}
 
 // --- the place of things
 
@@ -230,13 +230,6 @@ void TBitmapDevice::StretchPixels(const TRect& Pixels, const TBitmap& Bitmap, co
 }
 
 // --- texts
-
-void TBitmapDevice::SetFont(const TFont& Font) {
-  FStyle = Font.Style;
-  FFace = TFace::Of(Font);
-}
-
-int TBitmapDevice::TextWidth(std::u16string_view Text) { return FaceTextWidth(*FFace, Text); }
 
 void TBitmapDevice::Text(const TTextRun& Run) {
   const bool letters = FScale == 1 && !Run.Upward && FFace->Em() <= TFace::LargestMaskEm && FFace->IsSimple(Run.Text);

@@ -4,19 +4,17 @@
 #include <memory>
 
 #include "platform/TBitmap.h"
-#include "platform/TCanvasDevice.h"
-#include "platform/cairo/Face.h"
+#include "platform/cairo/FaceDevice.h"
 
 namespace vx::drawing {
 
 // Fills, straight lines, pictures in their size and letters with masks go straight into the rows; everything
 // else is painted beside the bitmap and laid over it.
-class TBitmapDevice final : public TCanvasDevice {
+class TBitmapDevice final : public TFaceDevice {
  public:
   explicit TBitmapDevice(TBitmap& Bitmap);
 
   TDeviceKind Kind() const noexcept override { return dkScreen; }
-  TPoint PixelsPerInch() const noexcept override { return FPixelsPerInch; }
   TRect Bounds() const noexcept override;
   void SetClip(const TRect* Clip, double Scale) noexcept override;
   void Fill(const TRect& Rect, TColor Color) override;
@@ -25,9 +23,6 @@ class TBitmapDevice final : public TCanvasDevice {
   void Ellipse(const TRect& Rect, const TColor* Brush, const TPen* Pen) override;
   void Gradient(const TRect& Rect, const TGradient& Gradient, bool InEllipse) override;
   void Picture(const TRect& Rect, const TBitmap& Bitmap, const TRect& Source, const TColor* Transparent) override;
-  void SetFont(const TFont& Font) override;
-  TFontMetrics Metrics() override { return FFace->Metrics(); }
-  int TextWidth(std::u16string_view Text) override;
   void Text(const TTextRun& Run) override;
 
  private:
@@ -49,12 +44,9 @@ class TBitmapDevice final : public TCanvasDevice {
   void DrawMaskSlowly(const TGlyph& Glyph, const TRect& Part, int X, int Y, uint32_t Rgb);
 
   TBitmap& FBitmap;
-  const TPoint FPixelsPerInch;
   bool FClipped = false;
   TRect FClip;  // in pixels of the bitmap
   double FScale = 1;
-  TFontStyles FStyle;
-  std::shared_ptr<TFace> FFace;
 };
 
 }  // namespace vx::drawing

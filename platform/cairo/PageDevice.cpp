@@ -8,7 +8,7 @@
 namespace vx::drawing {
 
 TPageDevice::TPageDevice(cairo_surface_t* Surface, TPoint Size, TPoint PixelsPerInch)
-    : FCairo(cairo_create(Surface)), FSize(Size), FPixelsPerInch(PixelsPerInch) {
+    : TFaceDevice(PixelsPerInch), FCairo(cairo_create(Surface)), FSize(Size) {
   cairo_scale(FCairo.get(), 72.0 / PixelsPerInch.X, 72.0 / PixelsPerInch.Y);
   cairo_save(FCairo.get());
   Check();
@@ -63,13 +63,6 @@ void TPageDevice::Picture(const TRect& Rect, const TBitmap& Bitmap, const TRect&
   PaintPicture(FCairo.get(), Rect, Bitmap, Source, Transparent);
   Check();
 }
-
-void TPageDevice::SetFont(const TFont& Font) {
-  FStyle = Font.Style;
-  FFace = TFace::Of(Font);
-}
-
-int TPageDevice::TextWidth(std::u16string_view Text) { return FaceTextWidth(*FFace, Text); }
 
 void TPageDevice::Text(const TTextRun& Run) {
   PaintText(FCairo.get(), *FFace, FStyle, Run, true);

@@ -5,19 +5,17 @@
 
 #include <memory>
 
-#include "platform/TCanvasDevice.h"
-#include "platform/cairo/Face.h"
+#include "platform/cairo/FaceDevice.h"
 
 namespace vx::drawing {
 
 // Throws EInvalidGraphicOperation from each operation once it is finished.
-class TPageDevice final : public TCanvasDevice {
+class TPageDevice final : public TFaceDevice {
  public:
   // Pages of Size pixels, each a 72nd inch divided by the pixels per inch large.
   TPageDevice(cairo_surface_t* Surface, TPoint Size, TPoint PixelsPerInch);
 
   TDeviceKind Kind() const noexcept override { return dkPrinter; }
-  TPoint PixelsPerInch() const noexcept override { return FPixelsPerInch; }
   TRect Bounds() const noexcept override;
   void SetClip(const TRect* Clip, double Scale) noexcept override;
   void Fill(const TRect& Rect, TColor Color) override;
@@ -26,9 +24,6 @@ class TPageDevice final : public TCanvasDevice {
   void Ellipse(const TRect& Rect, const TColor* Brush, const TPen* Pen) override;
   void Gradient(const TRect& Rect, const TGradient& Gradient, bool InEllipse) override;
   void Picture(const TRect& Rect, const TBitmap& Bitmap, const TRect& Source, const TColor* Transparent) override;
-  void SetFont(const TFont& Font) override;
-  TFontMetrics Metrics() override { return FFace->Metrics(); }
-  int TextWidth(std::u16string_view Text) override;
   void Text(const TTextRun& Run) override;
 
   void NewPage();
@@ -40,11 +35,8 @@ class TPageDevice final : public TCanvasDevice {
 
   TCairo FCairo;
   const TPoint FSize;
-  const TPoint FPixelsPerInch;
   double FScale = 1;
   bool FFinished = false;
-  TFontStyles FStyle;
-  std::shared_ptr<TFace> FFace;
 };
 
 }  // namespace vx::drawing

@@ -207,13 +207,6 @@ void TSvgDevice::Picture(const TRect& Rect, const TBitmap& Bitmap, const TRect& 
 
 // --- texts
 
-void TSvgDevice::SetFont(const TFont& Font) {
-  FFont = Font;
-  FFace = TFace::Of(Font);
-}
-
-int TSvgDevice::TextWidth(std::u16string_view Text) { return FaceTextWidth(*FFace, Text); }
-
 void TSvgDevice::Text(const TTextRun& Run) {
   const bool simple = FFace->IsSimple(Run.Text);
   const int width = TextWidth(Run.Text);
@@ -239,11 +232,11 @@ void TSvgDevice::Text(const TTextRun& Run) {
   }
   line += Attribute("y", Run.Origin.Y) + " fill=\"" + Hex(Run.Color) + "\" font-family=\"" +
           FFonts.Use(*FFace, Run.Text) + "\"" + Attribute("font-size", FFace->Em());
-  if (FFont.Style.Has(fsBold)) line += " font-weight=\"bold\"";
-  if (FFont.Style.Has(fsItalic)) line += " font-style=\"italic\"";
+  if (FStyle.Has(fsBold)) line += " font-weight=\"bold\"";
+  if (FStyle.Has(fsItalic)) line += " font-style=\"italic\"";
   if (Run.Upward) line += " transform=\"rotate(-90 " + Number(Run.Origin.X) + " " + Number(Run.Origin.Y) + ")\"";
   Add(line + ">" + EscapedXml(shown.ToUtf8()) + "</text>");
-  for (const TRect& below : TextLines(*FFace, FFont.Style, Run, width)) Fill(below, Run.Color);
+  for (const TRect& below : TextLines(*FFace, FStyle, Run, width)) Fill(below, Run.Color);
 }
 
 }  // namespace vx::drawing

@@ -5,20 +5,19 @@
 #include <memory>
 #include <string>
 
-#include "platform/TCanvasDevice.h"
+#include "platform/cairo/FaceDevice.h"
 #include "platform/cairo/SvgFonts.h"
 
 namespace vx::drawing {
 
-class TSvgDevice final : public TCanvasDevice {
+class TSvgDevice final : public TFaceDevice {
  public:
-  TSvgDevice(TPoint Size, TPoint PixelsPerInch) : FSize(Size), FPixelsPerInch(PixelsPerInch) {}
+  TSvgDevice(TPoint Size, TPoint PixelsPerInch) : TFaceDevice(PixelsPerInch), FSize(Size) {}
 
   // The whole file.
   std::string File() const;
 
   TDeviceKind Kind() const noexcept override { return dkMetafile; }
-  TPoint PixelsPerInch() const noexcept override { return FPixelsPerInch; }
   TRect Bounds() const noexcept override;
   void SetClip(const TRect* Clip, double Scale) noexcept override;
   void Fill(const TRect& Rect, TColor Color) override;
@@ -27,9 +26,6 @@ class TSvgDevice final : public TCanvasDevice {
   void Ellipse(const TRect& Rect, const TColor* Brush, const TPen* Pen) override;
   void Gradient(const TRect& Rect, const TGradient& Gradient, bool InEllipse) override;
   void Picture(const TRect& Rect, const TBitmap& Bitmap, const TRect& Source, const TColor* Transparent) override;
-  void SetFont(const TFont& Font) override;
-  TFontMetrics Metrics() override { return FFace->Metrics(); }
-  int TextWidth(std::u16string_view Text) override;
   void Text(const TTextRun& Run) override;
 
  private:
@@ -40,7 +36,6 @@ class TSvgDevice final : public TCanvasDevice {
   int Define(const std::string& Start, const std::string& Rest);
 
   const TPoint FSize;
-  const TPoint FPixelsPerInch;
   bool FClipped = false;
   TRect FClip;
   double FScale = 1;
@@ -49,8 +44,6 @@ class TSvgDevice final : public TCanvasDevice {
   std::string FDefinitions;
   std::string FBody;
   TSvgFonts FFonts;
-  TFont FFont;
-  std::shared_ptr<TFace> FFace;
 };
 
 }  // namespace vx::drawing

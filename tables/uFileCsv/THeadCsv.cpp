@@ -54,31 +54,40 @@ String THeadCsv::SumY(std::u16string_view Name, TVxFieldType FieldType, int From
   return SumY(FieldIndex(Name), FieldType, From, To, Target);
 }
 
-TVxStringList* THeadCsv::TestLastItem(std::u16string_view Name, std::u16string_view Value, int& FieldIndex) const {
+int THeadCsv::TestLastRow(std::u16string_view Name, std::u16string_view Value, int& FieldIndex) const {
   FieldIndex = this->FieldIndex(Name);
-  if (FieldIndex < 0 || iLastItem < 0 || iLastItem >= GetCount()) return nullptr;
-  TVxStringList* row = GetLines(iLastItem);
-  std::span<const String> cells = row->Items();
+  const int last = iLastItem;
+  if (FieldIndex < 0 || last < 0 || last >= GetCount()) return -1;
+  std::span<const String> cells = GetLines(last)->Items();
   const auto col = static_cast<size_t>(FieldIndex);
-  return col < cells.size() && cells[col] == Value ? row : nullptr;
+  return col < cells.size() && cells[col] == Value ? last : -1;
+}
+
+TVxStringList* THeadCsv::TestLastItem(std::u16string_view Name, std::u16string_view Value, int& FieldIndex) const {
+  const int row = TestLastRow(Name, Value, FieldIndex);
+  return row < 0 ? nullptr : GetLines(row);
+}
+
+int THeadCsv::RowForField(std::u16string_view Name, std::u16string_view Value) const {
+  if (GetCount() < 2) return -1;
+  int col;
+  if (const int last = TestLastRow(Name, Value, col); last >= 0) return last;
+  if (col < 0) return -1;
+  const String key = Value;
+  const int row = FindInColumn(Items(), 1, col, AsRow, SameUnitsAs(key));
+  if (row >= 0) iLastItem = row;
+  return row;
 }
 
 TVxStringList* THeadCsv::ItemForField(std::u16string_view Name, std::u16string_view Value) const {
-  if (GetCount() < 2) return nullptr;
-  int col;
-  if (TVxStringList* last = TestLastItem(Name, Value, col)) return last;
-  if (col < 0) return nullptr;
-  const String key = Value;
-  const int row = FindInColumn(Items(), 1, col, AsRow, SameUnitsAs(key));
-  if (row < 0) return nullptr;
-  iLastItem = row;
-  return GetLines(row);
+  const int row = RowForField(Name, Value);
+  return row < 0 ? nullptr : GetLines(row);
 }
 
 String THeadCsv::ElementForField(std::u16string_view KeyName, std::u16string_view KeyValue,
                                  std::u16string_view ResultName) const {
-  if (!ItemForField(KeyName, KeyValue)) return {};
-  return getElement(ResultName, iLastItem, String(), String());
+  const int row = RowForField(KeyName, KeyValue);
+  return row < 0 ? String() : getElement(ResultName, row, String(), String());
 }
 
 String THeadCsv::getElement(std::u16string_view Name, int Row, const String& NoColValue,
@@ -89,8 +98,9 @@ String THeadCsv::getElement(std::u16string_view Name, int Row, const String& NoC
 String THeadCsv::getElement(std::u16string_view Name, std::u16string_view KeyName, std::u16string_view KeyValue,
                             const String& NoColValue, const String& NoRowValue) const {
   int col;
-  if (!TestLastItem(KeyName, KeyValue, col)) iLastItem = IndexForColKey(col, KeyValue);
-  return getElement(Name, iLastItem, NoColValue, NoRowValue);
+  int row = TestLastRow(KeyName, KeyValue, col);
+  if (row < 0) iLastItem = row = IndexForColKey(col, KeyValue);
+  return getElement(Name, row, NoColValue, NoRowValue);
 }
 
 std::unique_ptr<THeadCsv> THeadCsv::DuplicateUnique(std::u16string_view Name, std::u16string_view Value) const {

@@ -5,6 +5,7 @@
 #include <span>
 #include <string_view>
 
+#include "platform/Relaxed.h"
 #include "tables/uFileCsv/TFileCsv.h"
 
 namespace vx {
@@ -92,9 +93,12 @@ class THeadCsv : public TFileCsv {
   // Name is exactly Value; else nullptr. FieldIndex becomes the column, or -1.
   TVxStringList* TestLastItem(std::u16string_view Name, std::u16string_view Value, int& FieldIndex) const;
 
-  mutable int iLastItem = -1;
+  mutable TRelaxed<int> iLastItem = -1;
 
  private:
+  // The same as rows; -1 for none.
+  int TestLastRow(std::u16string_view Name, std::u16string_view Value, int& FieldIndex) const;
+  int RowForField(std::u16string_view Name, std::u16string_view Value) const;
   // The first row from First on with Value in the column, without regard to case; -1 if there is none.
   int NextWith(int First, int Col, std::u16string_view Value) const;
   // Row 0 gets the names that it lacks, and all body rows are padded to its width.

@@ -1,3 +1,5 @@
+#include <thread>
+
 #include "platform/Collation.h"
 #include "tables/uFileCsv.h"
 #include "tests/support/PlainTable.h"
@@ -46,6 +48,16 @@ TEST(THeadCsv, NamesColumnsAndLookUps) {
     EXPECT_EQ(empty->ItemForField(u"Nr", u"Nr"), nullptr);
     EXPECT_EQ(empty->DuplicateUnique(u"Nr", u"Nr")->GetCount(), empty->GetCount());
   }
+}
+
+TEST(THeadCsvThread, IsReadBySeveralAtOnce) {
+  const auto table = Make(u"K,V/a,1/b,2/c,3");
+  const auto read = [&, &heads = std::as_const(*table)](int step) {
+    for (int i = 0; i < 3000; i += step) {
+      ASSERT_EQ(heads.ElementForField(u"K", String(1, static_cast<char16_t>(u'a' + i % 3)), u"V"), IntToStr(i % 3 + 1));
+    }
+  };
+  std::jthread one([&] { read(1); }), other([&] { read(2); });
 }
 
 TEST(THeadCsv, TheLastHitIsTriedFirst) {

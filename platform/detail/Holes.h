@@ -6,7 +6,7 @@
 #include <cstdint>
 #include <vector>
 
-namespace vx {
+namespace vx::detail {
 
 // The taken places, in their order, are the items 0, 1, 2 and so on. One way and back cost the logarithm of the number
 // of places; the item behind the one that was asked for last costs nothing.
@@ -93,4 +93,4 @@ class THoles {
   mutable size_t FLastPlace = 0;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

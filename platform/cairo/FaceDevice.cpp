@@ -1,0 +1,14 @@
+#include "platform/cairo/FaceDevice.h"
+
+#include "platform/cairo/Painter.h"
+
+namespace vx::drawing {
+
+void TFaceDevice::SetFont(const TFont& Font) {
+  FStyle = Font.Style;
+  FFace = TFace::Of(Font);
+}
+
+int TFaceDevice::TextWidth(std::u16string_view Text) { return FaceTextWidth(*FFace, Text); }
+
+}  // namespace vx::drawing
