@@ -146,7 +146,7 @@ bool TRGBSubSpace::DivideSpace() {
   for (auto* half : {&lower, &upper}) {
     (*half)->CompressSpace();
     iSpaces.Add(half->get());
-    half->release();
+    static_cast<void>(half->release());  // the list's
   }
   return true;
 }
@@ -275,7 +275,8 @@ void TRGBSpace::Paint(TBitmapXWrite& Target, const TBitmapX& Picture) {
       for (int red = space.iminRGB.Red; red <= space.imaxRGB.Red && red < kSide; ++red) {
         const int end = std::min<int>(space.imaxRGB.Green, kSide - 1);
         for (int green = space.iminRGB.Green; green <= end; ++green) {
-          averages[static_cast<size_t>((blue * kSide + red) * kSide + green)] = space.iaveColor;
+          averages[(static_cast<size_t>(blue) * kSide + static_cast<size_t>(red)) * kSide +
+                   static_cast<size_t>(green)] = space.iaveColor;
         }
       }
     }

@@ -9,8 +9,6 @@
 
 namespace vx {
 
-using detail::TEntries;
-
 void TTextList::CheckIndex(int Index) const {
   if (static_cast<unsigned>(Index) >= static_cast<unsigned>(Entries().Count())) RaiseListError(SListIndexError, Index);
 }

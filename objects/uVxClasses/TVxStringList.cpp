@@ -8,8 +8,6 @@
 
 namespace vx {
 
-using detail::TEntries;
-
 TVxStringList::TVxStringList(bool OwnsObjects, bool Sorted, TDuplicates Duplicates, bool CaseSensitive)
     : FCaseSensitive(CaseSensitive), FOwnsObject(OwnsObjects) {
   FSorted = Sorted;

@@ -195,7 +195,7 @@ void TBitmapDevice::Overlay(const TRect& Area, F Paint) {
 
 void TBitmapDevice::Picture(const TRect& Rect, const TBitmap& Bitmap, const TRect& Source, const TColor* Transparent) {
   if (&Bitmap == &FBitmap) {
-    const TBitmap before = Bitmap;
+    const TBitmap before = Bitmap;  // NOLINT(performance-unnecessary-copy-initialization): its pixels change
     Picture(Rect, before, Source, Transparent);
     return;
   }

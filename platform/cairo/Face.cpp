@@ -286,8 +286,8 @@ void TFace::MakeMask(TGlyph& Glyph) {
   Glyph.Height = bottom - top;
   Glyph.Mask = std::make_unique<uint8_t[]>(static_cast<size_t>(Glyph.Width) * static_cast<size_t>(Glyph.Height));
   for (int y = 0; y < Glyph.Height; ++y) {
-    std::memcpy(&Glyph.Mask[static_cast<size_t>(y * Glyph.Width)], rows + (top + y) * stride + left,
-                static_cast<size_t>(Glyph.Width));
+    std::memcpy(&Glyph.Mask[static_cast<size_t>(y) * static_cast<size_t>(Glyph.Width)],
+                rows + (top + y) * stride + left, static_cast<size_t>(Glyph.Width));
   }
 }
 

@@ -141,7 +141,7 @@ std::unique_ptr<TBitmapXWrite> MakeTarget(TBitmap* Bitmap, int Width, int Height
   } else {
     target = std::make_unique<TBitmap24>(&bitmap, owns);
   }
-  own.release();
+  static_cast<void>(own.release());  // the target's
   return target;
 }
 
@@ -188,7 +188,8 @@ TRGB MixedAt(const TPicture& From, double X, double Y, TRGB Around) noexcept {
   const double left = std::floor(X), top = std::floor(Y);
   double sums[4] = {};
   for (int i = 0; i < 4; ++i) {
-    const double x = left + i % 2, y = top + i / 2, part = (1 - std::abs(X - x)) * (1 - std::abs(Y - y));
+    const int toRight = i % 2, down = i / 2;
+    const double x = left + toRight, y = top + down, part = (1 - std::abs(X - x)) * (1 - std::abs(Y - y));
     const bool isInside = x >= 0 && y >= 0 && x < From.Width && y < From.Height;
     const TRGB pixel = isInside ? From.At(static_cast<int>(x), static_cast<int>(y)) : Around;
     const uint8_t channels[] = {pixel.Red, pixel.Green, pixel.Blue, pixel.Fourth};

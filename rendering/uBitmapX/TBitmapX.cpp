@@ -109,7 +109,7 @@ std::unique_ptr<TBitmapX> TBitmapX::CreateLoadBitmapX(const String& Filename, TB
   bitmap->LoadFromFile(Filename);
   OwnsOptions.Include(booOwnsBitmap);
   std::unique_ptr<TBitmapX> result = CreateBitmapX(bitmap.get(), OwnsOptions, Source, Filename);
-  if (result) bitmap.release();
+  if (result) static_cast<void>(bitmap.release());  // the result's
   return result;
 }
 

@@ -16,7 +16,6 @@
 
 namespace vx {
 
-using detail::TEntries;
 using detail::TEntryFiller;
 
 namespace {

@@ -17,7 +17,8 @@ std::vector<size_t> OrderOf(const TCells& Cells) {
   std::vector<size_t> order(Cells.size());
   std::iota(order.begin(), order.end(), size_t{0});
   const auto count = static_cast<int64_t>(Cells.size());
-  const int64_t most = 4 * count * (4 + std::bit_width(Cells.size()));  // thrice what shuffled cells take
+  const int64_t most =
+      4 * count * (4 + static_cast<int64_t>(std::bit_width(Cells.size())));  // thrice what shuffled cells take
   const bool isDone = PartitionSortWithin(
       most, 0, static_cast<int>(count) - 1,
       [&](int a, int b) { return compare(order[static_cast<size_t>(a)], order[static_cast<size_t>(b)]); },
