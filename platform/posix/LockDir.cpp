@@ -23,6 +23,7 @@ namespace {
 constexpr int64_t kWatched = 10000;  // milliseconds
 constexpr time_t kOld = 60;          // seconds
 constexpr int kTries = 10;
+constexpr int kReleaseTries = 50;
 
 // A name that no one else makes.
 std::string UniqueName() {
@@ -139,7 +140,11 @@ void TLockDir::Release() noexcept {
   FIsTaken = false;
   ::unlink(FContent.c_str());
   for (; FNames > 0; --FNames) ::unlink((FContent + "." + std::to_string(FNames - 1)).c_str());
-  ::rmdir(FPath.c_str());
+  // A file that was closed just now may stay for a moment under a hidden name.
+  for (int tries = 0; ::rmdir(FPath.c_str()) != 0 && errno != ENOENT && tries < kReleaseTries; ++tries) {
+    constexpr timespec kPause{0, 2000000};
+    ::nanosleep(&kPause, nullptr);
+  }
 }
 
 }  // namespace vx::files
