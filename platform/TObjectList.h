@@ -2,6 +2,7 @@
 //
 //   TListNotification   what happened to an entry
 //   TObjectList         the list
+//   TObjectListOf<T>    the list of objects of one class
 //   TReleaseScope       takes its ownership away for a while
 //
 // Example:
@@ -96,6 +97,22 @@ class TObjectList : public TObject {
   int FCount = 0;
   int FCapacity = 0;
   bool FOwnsObjects;
+};
+
+// Gives and takes objects of class T. What comes in by a reference to TObjectList has to be of that class, too.
+template <typename T>
+class TObjectListOf : public TObjectList {
+ public:
+  using TObjectList::TObjectList;
+
+  T* Get(int Index) const { return static_cast<T*>(TObjectList::Get(Index)); }
+  void Put(int Index, T* Object) { TObjectList::Put(Index, Object); }
+  int Add(T* Object) { return TObjectList::Add(Object); }
+  void Insert(int Index, T* Object) { TObjectList::Insert(Index, Object); }
+
+ private:
+  int Add(TObject* Object) final { return TObjectList::Add(Object); }
+  void Insert(int Index, TObject* Object) final { TObjectList::Insert(Index, Object); }
 };
 
 // Entries that leave the list while this lives are not freed; the list's ownership is what it was afterwards.

@@ -14,8 +14,7 @@
 #include "platform/posix/FilesInternal.h"
 #include "platform/posix/HeldTurn.h"
 
-namespace vx {
-namespace files {
+namespace vx::files {
 namespace {
 
 constexpr int kOpenTries = 10;
@@ -92,7 +91,7 @@ int OpenFile(const std::string& Native, uint32_t Mode, bool& Seekable) {
   }
 }
 
-ssize_t ReadBytes(int Handle, const std::string& Native, void* Buffer, size_t Count, int64_t Position) {
+int64_t ReadBytes(int Handle, const std::string& Native, void* Buffer, size_t Count, int64_t Position) {
   if (!Permitted(foRead, Native)) return -1;
   Count = TakeReads(std::min(Count, kMaxRead));
   size_t done = 0;
@@ -105,7 +104,7 @@ ssize_t ReadBytes(int Handle, const std::string& Native, void* Buffer, size_t Co
     if (got == 0) break;
     done += static_cast<size_t>(got);
   }
-  return static_cast<ssize_t>(done);
+  return static_cast<int64_t>(done);
 }
 
 bool WriteBytes(int Handle, const std::string& Native, const void* Buffer, size_t Count, int64_t Position,
@@ -125,96 +124,20 @@ bool WriteBytes(int Handle, const std::string& Native, const void* Buffer, size_
   return room == Count || Fail(ENOSPC);
 }
 
-}  // namespace files
+bool CloseFile(int Handle) noexcept { return THandle(Handle).Close(); }
 
-using files::kCannotCreate;
-using files::kCannotOpen;
-using files::kCannotRead;
-using files::kCannotWrite;
-using files::Raise;
-
-TFileStream::TFileStream(const String& Path, uint32_t Mode) : FPath(Path) {
-  if (files::NativePath(Path, FNative)) FHandle = files::OpenFile(FNative, Mode, FSeekable);
-  if (FHandle >= 0) return;
-  if ((Mode & fmCreate) != 0) Raise<EFCreateError>(kCannotCreate, Path);
-  Raise<EFOpenError>(kCannotOpen, Path);
-}
-
-TFileStream::~TFileStream() { files::THandle(FHandle).Close(); }
-
-size_t TFileStream::Read(void* Buffer, size_t Count) {
-  if (FSeekable && FPosition < 0) {
-    files::Fail(EINVAL);
-    Raise<EReadError>(kCannotRead, FPath);
-  }
-  size_t done = 0;
-  while (done < Count) {
-    char* to = static_cast<char*>(Buffer) + done;
-    const size_t wanted = std::min(Count - done, files::kMaxRead);
-    ssize_t got = files::ReadBytes(FHandle, FNative, to, wanted, FSeekable ? FPosition : -1);
-    if (got < 0) Raise<EReadError>(kCannotRead, FPath);
-    FPosition += got;
-    done += static_cast<size_t>(got);
-    if (static_cast<size_t>(got) < wanted) break;
-  }
-  return done;
-}
-
-void TFileStream::ReadRest(std::string& Bytes, size_t Most) {
-  constexpr size_t kLeastRoom = 64 * 1024;
-  size_t done = 0;
-  // One byte more than is known of shows that the file has ended.
-  auto room = static_cast<size_t>(std::max<int64_t>(GetSize() - FPosition, 0)) + 1;
-  for (;; room = std::max(done, kLeastRoom)) {
-    room = std::min(room, files::kMaxRead);
-    const size_t before = Bytes.size();
-    Bytes.resize(before + room);
-    size_t got = 0;
-    try {
-      got = Read(Bytes.data() + before, room);
-    } catch (...) {
-      Bytes.resize(before);
-      throw;
-    }
-    Bytes.resize(before + got);
-    done += got;
-    if (done > Most) throw EReadError(Format(kCannotRead, {FPath.view(), u"The file is too large."}));
-    if (got < room) return;
-  }
-}
-
-void TFileStream::ReadBuffer(void* Buffer, size_t Count) {
-  if (Read(Buffer, Count) == Count) return;
-  throw EReadError(Format(kCannotRead, {FPath.view(), u"The file ends before."}));
-}
-
-void TFileStream::WriteBuffer(const void* Buffer, size_t Count) {
-  size_t done = 0;
-  bool ok = FSeekable && FPosition < 0
-                ? files::Fail(EINVAL)
-                : files::WriteBytes(FHandle, FNative, Buffer, Count, FSeekable ? FPosition : -1, done);
-  FPosition += static_cast<int64_t>(done);
-  if (!ok) Raise<EWriteError>(kCannotWrite, FPath);
-}
-
-int64_t TFileStream::GetSize() const {
+int64_t SizeOf(int Handle) noexcept {
   struct stat info;
-  return ::fstat(FHandle, &info) == 0 && S_ISREG(info.st_mode) ? info.st_size : 0;
+  return ::fstat(Handle, &info) == 0 && S_ISREG(info.st_mode) ? info.st_size : 0;
 }
 
-void TFileStream::SetSize(int64_t Value) {
-  if (files::Permitted(foSetSize, FNative) && files::Check(::ftruncate(FHandle, Value) == 0)) return;
-  Raise<EWriteError>(kCannotWrite, FPath);
+bool SetSizeOf(int Handle, int64_t Size) noexcept { return Check(::ftruncate(Handle, Size) == 0); }
+
+bool FlushFile(int Handle) noexcept { return Check(::fsync(Handle) == 0); }
+
+bool SetLastWriteOf(int Handle, os::TMoment Stamp) noexcept {
+  const timespec times[2] = {{0, UTIME_OMIT}, {static_cast<time_t>(Stamp.Seconds), Stamp.Nanoseconds}};
+  return Check(::futimens(Handle, times) == 0);
 }
 
-bool TFileStream::Flush() noexcept { return files::Permitted(foFlush, FNative) && files::Check(::fsync(FHandle) == 0); }
-
-bool TFileStream::SetLastWrite(TDateTime Local) noexcept {
-  return files::Guarded([&] {
-    timespec times[2] = {{0, UTIME_OMIT}, {0, 0}};
-    if (!files::LocalToStamp(Local, times[1])) return files::Fail(EINVAL);
-    return files::Permitted(foSetTime, FNative) && files::Check(::futimens(FHandle, times) == 0);
-  });
-}
-
-}  // namespace vx
+}  // namespace vx::files

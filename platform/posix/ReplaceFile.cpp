@@ -186,7 +186,7 @@ class TReplacement {
     if (same) {
       ::posix_fadvise(file.Get(), 0, 0, POSIX_FADV_DONTNEED);
       std::string bytes(FBytes.size() + 1, '\0');
-      same = ReadBytes(file.Get(), FNative, bytes.data(), bytes.size(), 0) == static_cast<ssize_t>(FBytes.size()) &&
+      same = ReadBytes(file.Get(), FNative, bytes.data(), bytes.size(), 0) == static_cast<int64_t>(FBytes.size()) &&
              std::string_view(bytes).substr(0, FBytes.size()) == FBytes;
     }
     if (!same) FTaken = false;
@@ -227,7 +227,7 @@ TDateTime Replace(const String& Path, std::string_view Bytes, THeldTurn* Turn) {
     if (replacement.IsTaken()) Raise<EWriteError>(kCannotWrite, Path);
     Raise<EFCreateError>(kCannotCreate, Path);
   }
-  return ToldStamp(native, StampToLocal(replacement.GetStamp()));
+  return ToldStamp(native, StampToLocal(MomentOf(replacement.GetStamp())));
 }
 
 }  // namespace

@@ -1,16 +1,14 @@
-#include <fcntl.h>
-
+// What stands in directories, and the operations on it.
 #include <algorithm>
-#include <cerrno>
 #include <cmath>
-#include <cstring>
 
 #include "platform/Clock.h"
 #include "platform/Numbers.h"
 #include "platform/Paths.h"
 #include "platform/System.h"
 #include "platform/Text.h"
-#include "platform/posix/FilesInternal.h"
+#include "platform/detail/FileErrors.h"
+#include "platform/os/Files.h"
 
 namespace vx {
 namespace files {
@@ -30,22 +28,15 @@ bool Fail(int Error) noexcept {
   return false;
 }
 
-bool Check(bool Ok) noexcept { return Ok || Fail(errno); }
-
-bool NativePath(const String& Path, std::string& Native) {
-  Native = ToNativePath(Path);
-  if (Native.empty()) return Fail(ENOENT);
-  return Native.find('\0') == Native.npos || Fail(EINVAL);
-}
-
-TDateTime StampToLocal(const timespec& Stamp) {
-  const Extended seconds = static_cast<Extended>(Stamp.tv_sec) + static_cast<Extended>(Stamp.tv_nsec) / kNanoseconds;
+TDateTime StampToLocal(os::TMoment Stamp) {
+  const Extended seconds =
+      static_cast<Extended>(Stamp.Seconds) + static_cast<Extended>(Stamp.Nanoseconds) / kNanoseconds;
   const Extended days = seconds / 86400;
   const int offset = GetTimeZone().OffsetAtUtc(static_cast<TDateTime>(days + kUnixEpoch));
   return static_cast<TDateTime>(days + kUnixEpoch + static_cast<Extended>(offset) / 1440);
 }
 
-bool LocalToStamp(TDateTime Local, timespec& Stamp) {
+bool LocalToStamp(TDateTime Local, os::TMoment& Stamp) {
   if (!(Local >= kFirstDay && Local < kBehindLastDay)) return false;
   Extended seconds =
       (static_cast<Extended>(Local) - kUnixEpoch) * 86400 - GetTimeZone().OffsetAtLocal(Local) * Extended{60};
@@ -53,21 +44,22 @@ bool LocalToStamp(TDateTime Local, timespec& Stamp) {
   const Extended milliseconds = std::round(seconds * 1000);
   if (std::abs(seconds * 1000 - milliseconds) < Extended{0.001}) seconds = milliseconds / 1000;
   const Extended whole = std::floor(seconds);
-  Stamp.tv_sec = static_cast<time_t>(whole);
-  Stamp.tv_nsec = std::min<long>(std::lround((seconds - whole) * kNanoseconds), kNanoseconds - 1);
+  Stamp.Seconds = static_cast<int64_t>(whole);
+  Stamp.Nanoseconds =
+      static_cast<int32_t>(std::min<int64_t>(std::llround((seconds - whole) * kNanoseconds), kNanoseconds - 1));
   return true;
 }
 
 namespace {
 
-TFileInfo InfoOf(const std::string& Native, String Name, const struct stat& Info) {
+TFileInfo InfoOf(const std::string& Native, String Name, const TEntry& Entry) {
   TFileInfo result;
-  result.IsDirectory = S_ISDIR(Info.st_mode);
-  result.Size = S_ISREG(Info.st_mode) ? Info.st_size : 0;
-  result.IsReadOnly = (Info.st_mode & S_IWUSR) == 0;
-  result.IsHidden = !Name.empty() && Name[0] == u'.';
-  result.Id = Info.st_ino;
-  result.LastWrite = ToldStamp(Native, StampToLocal(Info.st_mtim));
+  result.IsDirectory = Entry.IsDirectory;
+  result.Size = Entry.Size;
+  result.IsReadOnly = Entry.IsReadOnly;
+  result.IsHidden = Entry.IsHidden;
+  result.Id = Entry.Id;
+  result.LastWrite = ToldStamp(Native, StampToLocal(Entry.LastWrite));
   result.Name = std::move(Name);
   return result;
 }
@@ -101,20 +93,18 @@ bool IsFoundBy(const String& Name, const String& Mask) {
 
 std::vector<TFileInfo> SearchDirectory(const std::string& Native, const String& Mask) {
   std::vector<TFileInfo> result;
-  const TDirectory directory(::opendir(Native.c_str()));
-  if (!Check(directory != nullptr)) return result;
+  std::vector<std::string> names;
+  if (!ListNames(Native, names)) return result;
   const String mask = LowerCase(Mask);
-  while (const dirent* entry = ::readdir(directory.get())) {
-    const char* bytes = entry->d_name;
-    if (std::strcmp(bytes, ".") == 0 || std::strcmp(bytes, "..") == 0) continue;
+  for (const std::string& bytes : names) {
     String name = String::FromUtf8(bytes);
     if (!IsFoundBy(name, mask)) continue;
-    std::string path = Native + (Native.back() == '/' ? "" : "/") + bytes;
-    struct stat info;
+    const std::string path = Native + (Native.back() == '/' ? "" : "/") + bytes;
+    TEntry entry;
     if (!Permitted(foStamp, path)) continue;
     // A link that leads nowhere is an entry all the same.
-    if (::stat(path.c_str(), &info) != 0 && ::lstat(path.c_str(), &info) != 0) continue;
-    result.push_back(InfoOf(path, std::move(name), info));
+    if (LookUp(path, TLinks::Follow, entry) != 0 && LookUp(path, TLinks::Show, entry) != 0) continue;
+    result.push_back(InfoOf(path, std::move(name), entry));
   }
   std::sort(result.begin(), result.end(), [](const TFileInfo& a, const TFileInfo& b) { return a.Name < b.Name; });
   return result;
@@ -123,10 +113,13 @@ std::vector<TFileInfo> SearchDirectory(const std::string& Native, const String& 
 }  // namespace
 }  // namespace files
 
-using files::Check;
 using files::Guarded;
+using files::LookUp;
 using files::NativePath;
 using files::Permitted;
+using files::TEntry;
+using files::TLinks;
+using files::Worked;
 
 int GetLastError() noexcept { return files::LastError; }
 
@@ -139,10 +132,10 @@ String SysErrorMessage(int Error) {
 
 bool GetFileInfo(const String& Path, TFileInfo& Info) {
   std::string native;
-  struct stat info;
+  TEntry entry;
   if (!NativePath(Path, native) || !Permitted(foStamp, native)) return false;
-  if (!Check(::stat(native.c_str(), &info) == 0)) return false;
-  Info = files::InfoOf(native, ExtractFileName(ExcludeTrailingPathDelimiter(Path)), info);
+  if (!Worked(LookUp(native, TLinks::Follow, entry))) return false;
+  Info = files::InfoOf(native, ExtractFileName(ExcludeTrailingPathDelimiter(Path)), entry);
   return true;
 }
 
@@ -161,52 +154,47 @@ std::vector<TFileInfo> FindFiles(const String& Mask) {
 
 bool IsSameFile(const String& A, const String& B) {
   std::string a, b;
-  struct stat infoA, infoB;
-  return NativePath(A, a) && NativePath(B, b) && Check(::stat(a.c_str(), &infoA) == 0) &&
-         Check(::stat(b.c_str(), &infoB) == 0) && infoA.st_dev == infoB.st_dev && infoA.st_ino == infoB.st_ino;
+  TEntry entryA, entryB;
+  return NativePath(A, a) && NativePath(B, b) && Worked(LookUp(a, TLinks::Follow, entryA)) &&
+         Worked(LookUp(b, TLinks::Follow, entryB)) && entryA.Drive == entryB.Drive && entryA.Id == entryB.Id;
 }
 
 bool DirectoryExists(const String& Path) {
   std::string native;
-  struct stat info;
-  return NativePath(Path, native) && Check(::stat(native.c_str(), &info) == 0) &&
-         (S_ISDIR(info.st_mode) || files::Fail(ENOTDIR));
+  TEntry entry;
+  return NativePath(Path, native) && Worked(LookUp(native, TLinks::Follow, entry)) &&
+         (entry.IsDirectory || files::Fail(ENOTDIR));
 }
 
 bool FileDelete(const String& Path) noexcept {
   return Guarded([&] {
     std::string native;
-    struct stat info;
+    TEntry entry;
     if (!NativePath(Path, native) || !Permitted(foDelete, native)) return false;
-    if (!Check(::lstat(native.c_str(), &info) == 0)) return false;
-    if (S_ISREG(info.st_mode) && (info.st_mode & S_IWUSR) == 0) return files::Fail(EACCES);
-    return Check(::unlink(native.c_str()) == 0);
+    if (!Worked(LookUp(native, TLinks::Show, entry))) return false;
+    if (entry.IsFile && entry.IsReadOnly) return files::Fail(EACCES);
+    return files::RemoveFile(native);
   });
 }
 
 bool DirectoryCreate(const String& Path) noexcept {
   return Guarded([&] {
     std::string native;
-    return NativePath(Path, native) && Permitted(foMakeDir, native) && Check(::mkdir(native.c_str(), 0777) == 0);
+    return NativePath(Path, native) && Permitted(foMakeDir, native) && files::MakeDirectory(native);
   });
 }
 
 bool DirectoryRemove(const String& Path) noexcept {
   return Guarded([&] {
     std::string native;
-    return NativePath(Path, native) && Permitted(foDelete, native) && Check(::rmdir(native.c_str()) == 0);
+    return NativePath(Path, native) && Permitted(foDelete, native) && files::RemoveDirectory(native);
   });
 }
 
 bool SetReadOnly(const String& Path, bool ReadOnly) noexcept {
   return Guarded([&] {
     std::string native;
-    struct stat info;
-    if (!NativePath(Path, native) || !Permitted(foAttributes, native)) return false;
-    if (!Check(::stat(native.c_str(), &info) == 0)) return false;
-    mode_t all = info.st_mode & 07777;
-    mode_t mode = ReadOnly ? all & ~mode_t{0222} : all | S_IWUSR;
-    return mode == all || Check(::chmod(native.c_str(), mode) == 0);
+    return NativePath(Path, native) && Permitted(foAttributes, native) && files::SetReadOnlyAt(native, ReadOnly);
   });
 }
 
