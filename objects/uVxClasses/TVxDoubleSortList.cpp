@@ -2,8 +2,8 @@
 #include <cmath>
 #include <typeinfo>
 
+#include "objects/detail/Refusal.h"
 #include "objects/uVxClasses/TVxDoubleList.h"
-#include "platform/Dialogs.h"
 
 namespace vx {
 
@@ -77,9 +77,7 @@ class TPieces {
   std::vector<int> FEnds;  // where each piece ends in the row
 };
 
-void Refuse(std::u16string_view Function) {
-  ShowWarning(Concat({u"Die Funktion \"TVxDoubleList.", Function, u"\" wird nicht unterstützt!"}));
-}
+constexpr detail::TRefusal Refuse{u"Die Funktion \"TVxDoubleList.", u"\" wird nicht unterstützt!"};
 
 }  // namespace
 

@@ -3,15 +3,13 @@
 #include <algorithm>
 #include <typeinfo>
 
-#include "platform/Dialogs.h"
+#include "objects/detail/Refusal.h"
 
 namespace vx {
 
 namespace {
 
-void Refuse(std::u16string_view Function) {
-  ShowWarning(Concat({u"[TVxIdList] : Die Funktion ", Function, u" ist nicht unterstützt."}));
-}
+constexpr detail::TRefusal Refuse{u"[TVxIdList] : Die Funktion ", u" ist nicht unterstützt."};
 
 }  // namespace
 

@@ -11,10 +11,10 @@
 namespace vx {
 
 int VxCompareText(std::u16string_view S1, std::u16string_view S2, bool CaseSensitive) noexcept {
-  return CaseSensitive ? CompareUnits(S1, S2) : AnsiCompareText(S1, S2);
+  return CaseSensitive ? detail::CompareUnits(S1, S2) : AnsiCompareText(S1, S2);
 }
 
-TVxStringIndex::TVxStringIndex(TVxStringIndexOptions Options) : FKeys(std::make_unique<TIndexKeys>()) {
+TVxStringIndex::TVxStringIndex(TVxStringIndexOptions Options) : FKeys(std::make_unique<detail::TIndexKeys>()) {
   TVxStringIndex::Init();
   TVxStringIndex::SetOptions(Options);
 }
@@ -39,10 +39,10 @@ TVxStringList& TVxStringIndex::GetCsl() noexcept { return *FKeys; }
 const TVxStringList& TVxStringIndex::GetCsl() const noexcept { return *FKeys; }
 
 String TVxStringIndex::ModifyString(const String& Text) const {
-  return iFixedLength <= 0 ? Text : FoldKey(GarantyLength(Text, iFixedLength));
+  return iFixedLength <= 0 ? Text : detail::FoldKey(GarantyLength(Text, iFixedLength));
 }
 
-TFoundKey TVxStringIndex::SearchText(std::u16string_view Text) const {
+detail::TFoundKey TVxStringIndex::SearchText(std::u16string_view Text) const {
   return iFixedLength > 0 ? FKeys->Search(ModifyString(Text)) : FKeys->Search(Text);
 }
 
@@ -61,7 +61,7 @@ bool TVxStringIndex::Find(std::u16string_view Text, int& Index) const {
     Index = last;
     return true;
   }
-  const TFoundKey found = FKeys->Search(Text);
+  const detail::TFoundKey found = FKeys->Search(Text);
   Index = iLastIndex = found.Place;
   return found.IsThere;
 }

@@ -40,8 +40,10 @@ enum TVxStringIndexOption : uint8_t {
 };
 using TVxStringIndexOptions = Set<TVxStringIndexOption>;
 
+namespace detail {
 class TIndexKeys;
 struct TFoundKey;
+}  // namespace detail
 
 // Indexes count from 0; one outside the index raises EStringListError with SListIndexError, and nothing
 // has changed then. Objects are freed after the index has changed, so that their destructors may look at it.
@@ -147,7 +149,7 @@ class TVxStringIndex : public TObject {
 
  private:
   // Of a text that is not in normal form yet.
-  TFoundKey SearchText(std::u16string_view Text) const;
+  detail::TFoundKey SearchText(std::u16string_view Text) const;
   bool Same(std::u16string_view A, std::u16string_view B) const noexcept;
   void AddAll(std::span<const String> Texts, std::span<TObject* const> Objects);
   bool AddSorted(std::span<const String> Texts, std::span<TObject* const> Objects);
@@ -155,7 +157,7 @@ class TVxStringIndex : public TObject {
     if (iOptions.Has(vxioOwnsObjects)) delete Object;
   }
 
-  std::unique_ptr<TIndexKeys> FKeys;
+  std::unique_ptr<detail::TIndexKeys> FKeys;
   int iDuplicateCount = 0;
   int iFixedLength = 0;
   mutable TRelaxed<int> iLastIndex = -1;

@@ -23,7 +23,7 @@ bool TVxStringIndex::AddSorted(std::span<const String> Texts, std::span<TObject*
   const std::vector<size_t> order =
       StableOrder(keys.size(), [&](size_t a, size_t b) { return FKeys->Compare(keys[a], keys[b]) < 0; });
 
-  std::vector<TIndexKeys::TNewKey> fresh;
+  std::vector<detail::TIndexKeys::TNewKey> fresh;
   std::vector<std::pair<int, TObject*>> changed;
   std::vector<TObject*> gone;
   int duplicates = 0;

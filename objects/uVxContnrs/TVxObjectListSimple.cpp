@@ -1,14 +1,12 @@
 #include "objects/uVxContnrs/TVxObjectListSimple.h"
 
-#include "platform/Dialogs.h"
+#include "objects/detail/Refusal.h"
 
 namespace vx {
 namespace {
 
-void Refuse(std::u16string_view Function) {
-  ShowWarning(Concat(
-      {u"Die Funktion \"", Function, u"\" \r\nwird vom Objekt \"TVxObjectListSimpleSort\" \r\nnicht unterstützt."}));
-}
+constexpr detail::TRefusal Refuse{u"Die Funktion \"",
+                                  u"\" \r\nwird vom Objekt \"TVxObjectListSimpleSort\" \r\nnicht unterstützt."};
 
 }  // namespace
 

@@ -3,17 +3,15 @@
 #include <algorithm>
 #include <vector>
 
+#include "objects/detail/Refusal.h"
 #include "platform/Collation.h"
-#include "platform/Dialogs.h"
 #include "platform/Exceptions.h"
 
 namespace vx {
 
 namespace {
 
-void Refuse(std::u16string_view Function) {
-  ShowWarning(Concat({u"Die Funktion \"TVxTextNode.", Function, u"\" wir nicht unterstützt."}));
-}
+constexpr detail::TRefusal Refuse{u"Die Funktion \"TVxTextNode.", u"\" wir nicht unterstützt."};
 
 }  // namespace
 

@@ -7,16 +7,15 @@ namespace vx {
 namespace {
 
 template <typename T>
-int IndexOfName(const TObjectList& List, std::u16string_view Name) noexcept {
-  const auto items = List.Items();
-  for (size_t i = 0; i < items.size(); ++i) {
-    if (static_cast<const T*>(items[i])->GetName() == Name) return static_cast<int>(i);
+int IndexOfName(const TObjectListOf<T>& List, std::u16string_view Name) noexcept {
+  for (int i = 0; i < List.GetCount(); ++i) {
+    if (List.Get(i)->GetName() == Name) return i;
   }
   return -1;
 }
 
 template <typename T>
-T* AddTo(TObjectList& List, std::unique_ptr<T> Object) {
+T* AddTo(TObjectListOf<T>& List, std::unique_ptr<T> Object) {
   List.Add(Object.get());
   return Object.release();
 }
@@ -68,11 +67,9 @@ TXmlAttribute* TXmlObject::AddAttribute(String Name, String Value) {
   return AddTo(Attributes, std::make_unique<TXmlAttribute>(std::move(Name), std::move(Value)));
 }
 
-int TXmlObject::IndexOf(std::u16string_view Name) const noexcept { return IndexOfName<TXmlObject>(XmlObjects, Name); }
+int TXmlObject::IndexOf(std::u16string_view Name) const noexcept { return IndexOfName(XmlObjects, Name); }
 
-int TXmlObject::IndexOfAttribute(std::u16string_view Name) const noexcept {
-  return IndexOfName<TXmlAttribute>(Attributes, Name);
-}
+int TXmlObject::IndexOfAttribute(std::u16string_view Name) const noexcept { return IndexOfName(Attributes, Name); }
 
 bool TXmlObject::GetValue(std::u16string_view Name, String& Value) const {
   if (const int index = IndexOf(Name); index >= 0) {

@@ -33,15 +33,15 @@ class TXmlObject : public TObject {
   TXmlObject& operator=(const TXmlObject&) = delete;
   String ClassName() const override { return u"TXmlObject"; }
 
-  // The attributes, each a TXmlAttribute, and the children, each a TXmlObject; both lists own what they hold.
-  TObjectList Attributes;
-  TObjectList XmlObjects;
+  // The attributes and the children; both lists own what they hold.
+  TObjectListOf<TXmlAttribute> Attributes;
+  TObjectListOf<TXmlObject> XmlObjects;
 
   int GetAttributeCount() const noexcept { return Attributes.GetCount(); }
-  TXmlAttribute* GetAttribute(int Index) const { return static_cast<TXmlAttribute*>(Attributes.Get(Index)); }
+  TXmlAttribute* GetAttribute(int Index) const { return Attributes.Get(Index); }
   // Number of children.
   int GetCount() const noexcept { return XmlObjects.GetCount(); }
-  TXmlObject* GetXml(int Index) const { return static_cast<TXmlObject*>(XmlObjects.Get(Index)); }
+  TXmlObject* GetXml(int Index) const { return XmlObjects.Get(Index); }
 
   const String& GetName() const noexcept { return iName; }
   void SetName(String Value) noexcept { iName = std::move(Value); }

@@ -149,17 +149,17 @@ class TXmlWalk {
   void AddOpening(size_t Level) {
     const TXmlObject& object = *FPath[Level].Object;
     FLine.AddTag(IndentAt(Level), u"<", object.GetName());
-    for (const TObject* item : object.Attributes.Items()) {
-      const auto& attribute = *static_cast<const TXmlAttribute*>(item);
+    for (int i = 0; i < object.GetAttributeCount(); ++i) {
+      const TXmlAttribute& attribute = *object.GetAttribute(i);
       if (!attribute.GetValue().empty()) FLine.AddAttribute(attribute.GetName(), attribute.GetValue());
     }
   }
 
   static bool HasAttributes(const TXmlObject& Object) {
-    const auto items = Object.Attributes.Items();
-    return std::any_of(items.begin(), items.end(), [](const TObject* Item) {
-      return !static_cast<const TXmlAttribute*>(Item)->GetValue().empty();
-    });
+    for (int i = 0; i < Object.GetAttributeCount(); ++i) {
+      if (!Object.GetAttribute(i)->GetValue().empty()) return true;
+    }
+    return false;
   }
 
   // The lines of a value, cut as lists of texts cut theirs.

@@ -6,7 +6,7 @@
 #include "platform/Collation.h"
 #include "platform/Exceptions.h"
 
-namespace vx {
+namespace vx::detail {
 
 namespace {
 
@@ -129,10 +129,10 @@ TObject* TIndexKeys::ExtractKey(int Index) {
 
 void TIndexKeys::InsertKeys(std::span<const TNewKey> Keys) {
   if (Keys.empty()) return;
-  const detail::TEntries& keys = Entries();
+  const TEntries& keys = Entries();
   const int added = static_cast<int>(std::min<size_t>(Keys.size(), INT32_MAX));
   if (added > INT32_MAX - keys.Count()) RaiseListError(SListCapacityError, INT32_MAX);
-  detail::TEntries merged;
+  TEntries merged;
   merged.SetCapacity(keys.Count() + added);
   int next = 0;
   for (const TNewKey& key : Keys) {
@@ -158,4 +158,4 @@ void TIndexKeys::TakeBack() {
   FMoved = 0;
 }
 
-}  // namespace vx
+}  // namespace vx::detail

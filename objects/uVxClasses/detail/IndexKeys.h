@@ -4,7 +4,7 @@
 #include "objects/uVxClasses/TVxStringList.h"
 #include "objects/uVxClasses/detail/KeyPieces.h"
 
-namespace vx {
+namespace vx::detail {
 
 // The list of texts that an index shows, which is whole whenever it is looked at. Putting a key into the middle of a
 // long list moves half of it, so that the keys go over into pieces when enough has been moved; whoever asks for them
@@ -57,4 +57,4 @@ class TIndexKeys final : public TVxStringList {
   bool FIsExact = true;
 };
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -1,9 +1,10 @@
 #include "objects/uVxClasses/detail/KeyFolding.h"
 
 #include <algorithm>
-#include <string>
 
-namespace vx {
+#include "platform/TextBuffer.h"
+
+namespace vx::detail {
 
 namespace {
 
@@ -35,19 +36,21 @@ std::u16string_view FoldedForm(char16_t Unit, bool SmallFollows) noexcept {
 
 String FoldKey(const String& Text) {
   if (std::none_of(Text.begin(), Text.end(), IsFolded)) return Text;
-  std::u16string rest(Text.view());  // what follows the position, with the markers behind it
-  std::u16string result;
-  result.reserve(rest.size() + 16);
-  for (size_t i = 0; i < rest.size(); ++i) {  // a marker may be such a letter, too, and is folded in its turn
-    if (!IsFolded(rest[i])) {
-      result += rest[i];
+  TTextBuffer source;  // the text and the markers behind it
+  source.Add(Text);
+  TTextBuffer result;
+  for (size_t i = 0; i < source.View().size(); ++i) {  // a marker may be such a letter, too, and is folded in its turn
+    const std::u16string_view rest = source.View().substr(i);
+    if (!IsFolded(rest[0])) {
+      result.Add(rest[0]);
       continue;
     }
-    bool smallFollows = i + 1 == rest.size() || rest[i + 1] >= u'a' || rest[i + 1] == u' ';
-    rest += static_cast<char16_t>(result.size() + 1 + 32);
-    result += FoldedForm(rest[i], smallFollows);
+    const bool smallFollows = rest.size() == 1 || rest[1] >= u'a' || rest[1] == u' ';
+    const auto marker = static_cast<char16_t>(result.View().size() + 1 + 32);
+    result.Add(FoldedForm(rest[0], smallFollows));
+    source.Add(marker);
   }
-  return result;
+  return result.ToString();
 }
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -3,9 +3,9 @@
 
 #include "platform/String.h"
 
-namespace vx {
+namespace vx::detail {
 
 // Text with its German letters folded and a marker for each at the end, as TVxStringIndex::ModifyString tells.
 String FoldKey(const String& Text);
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -7,7 +7,7 @@
 #include <cstring>
 #include <string_view>
 
-namespace vx {
+namespace vx::detail {
 
 // The place of the first unit that differs in the first Size ones; Size if there is none.
 inline size_t FirstOther(const char16_t* A, const char16_t* B, size_t Size) noexcept {
@@ -33,4 +33,4 @@ inline int CompareUnits(std::u16string_view A, std::u16string_view B) noexcept {
   return size > 0 ? 2 * sign : sign;
 }
 
-}  // namespace vx
+}  // namespace vx::detail

@@ -2,18 +2,18 @@
 
 #include <cmath>
 
-namespace vx {
+namespace vx::detail {
 
 int TKeyPieces::MostInPiece() const noexcept { return std::max(256, static_cast<int>(std::sqrt(Count()))); }
 
 void TKeyPieces::Insert(int Index, String Text, TObject* Object) {
   if (FPieces.empty()) {
     FEnds.reserve(1);
-    FPieces.push_back(std::make_unique<detail::TEntries>());
+    FPieces.push_back(std::make_unique<TEntries>());
     FEnds.push_back(0);
   }
   const size_t piece = Index == Count() ? FPieces.size() - 1 : PieceOf(Index);
-  detail::TEntries& keys = *FPieces[piece];
+  TEntries& keys = *FPieces[piece];
   if (keys.Count() >= MostInPiece()) {
     Split(piece);
     return Insert(Index, std::move(Text), Object);
@@ -25,9 +25,9 @@ void TKeyPieces::Insert(int Index, String Text, TObject* Object) {
 void TKeyPieces::Split(size_t Piece) {
   FPieces.reserve(FPieces.size() + 1);
   FEnds.reserve(FEnds.size() + 1);
-  detail::TEntries& front = *FPieces[Piece];
+  TEntries& front = *FPieces[Piece];
   const int half = front.Count() / 2;
-  auto back = std::make_unique<detail::TEntries>();
+  auto back = std::make_unique<TEntries>();
   back->SetCapacity(front.Count());
   for (int i = half; i < front.Count(); ++i) back->Insert(back->Count(), front.Text(i), front.Object(i));
   while (front.Count() > half) front.Erase(front.Count() - 1);
@@ -45,16 +45,16 @@ void TKeyPieces::Erase(int Index) {
   FEnds.erase(FEnds.begin() + static_cast<std::ptrdiff_t>(piece));
 }
 
-void TKeyPieces::Fill(const detail::TEntries& Whole) {
+void TKeyPieces::Fill(const TEntries& Whole) {
   TKeyPieces filled;
   const int most = std::max(256, static_cast<int>(std::sqrt(Whole.Count())));
   for (int i = 0; i < Whole.Count(); ++i) {
     if (i % (most / 2) == 0) {
       filled.FEnds.push_back(i);
-      filled.FPieces.push_back(std::make_unique<detail::TEntries>());
+      filled.FPieces.push_back(std::make_unique<TEntries>());
       filled.FPieces.back()->SetCapacity(most);
     }
-    detail::TEntries& keys = *filled.FPieces.back();
+    TEntries& keys = *filled.FPieces.back();
     keys.Insert(keys.Count(), Whole.Text(i), Whole.Object(i));
     filled.FEnds.back() = i + 1;
   }
@@ -62,8 +62,8 @@ void TKeyPieces::Fill(const detail::TEntries& Whole) {
   FEnds.swap(filled.FEnds);
 }
 
-void TKeyPieces::CopyTo(detail::TEntries& Whole) const {
-  detail::TEntries copy;
+void TKeyPieces::CopyTo(TEntries& Whole) const {
+  TEntries copy;
   copy.SetCapacity(Count());
   for (const auto& piece : FPieces) {
     for (int i = 0; i < piece->Count(); ++i) copy.Insert(copy.Count(), piece->Text(i), piece->Object(i));
@@ -76,4 +76,4 @@ void TKeyPieces::Clear() noexcept {
   FEnds.clear();
 }
 
-}  // namespace vx
+}  // namespace vx::detail

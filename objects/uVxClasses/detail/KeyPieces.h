@@ -7,7 +7,7 @@
 
 #include "objects/uVxClasses/detail/Entries.h"
 
-namespace vx {
+namespace vx::detail {
 
 // What a search for a key has found: where it stands, or where it would have to.
 struct TFoundKey {
@@ -39,8 +39,8 @@ class TKeyPieces {
   void Insert(int Index, String Text, TObject* Object);
   void Erase(int Index);
   // Become the keys of Whole, and the other way round.
-  void Fill(const detail::TEntries& Whole);
-  void CopyTo(detail::TEntries& Whole) const;
+  void Fill(const TEntries& Whole);
+  void CopyTo(TEntries& Whole) const;
   void Clear() noexcept;
 
  private:
@@ -61,8 +61,8 @@ class TKeyPieces {
   int MostInPiece() const noexcept;
   void Split(size_t Piece);
 
-  std::vector<std::unique_ptr<detail::TEntries>> FPieces;  // none is empty
-  std::vector<int> FEnds;                                  // where each piece ends in the row
+  std::vector<std::unique_ptr<TEntries>> FPieces;  // none is empty
+  std::vector<int> FEnds;                          // where each piece ends in the row
 };
 
 template <typename TOrder>
@@ -95,4 +95,4 @@ TFoundKey TKeyPieces::Search(std::u16string_view Key, TOrder Order) const {
   return {Begin(low - 1) + static_cast<int>(first), false};
 }
 
-}  // namespace vx
+}  // namespace vx::detail
