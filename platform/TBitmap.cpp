@@ -59,7 +59,7 @@ int BitsOfPixelFormat(TPixelFormat Format) noexcept {
 
 TBitmap::TBitmap() noexcept = default;
 
-TBitmap::TBitmap(TPixelFormat Format, int Width, int Height) {
+TBitmap::TBitmap(TPixelFormat Format, int Width, int Height) : TBitmap() {
   SetPixelFormat(Format);
   SetSize(Width, Height);
 }
@@ -154,24 +154,29 @@ void TBitmap::SetPixelFormat(TPixelFormat Value) {
   if (Value == FFormat) return;
   const int bits = BitsOfPixelFormat(Value);
   if (bits == 0) throw EInvalidGraphicOperation(u"Pixels of this format have no layout");
-  const TBitmap before = *this;
-  Allocate(Value, FWidth, FHeight);
+  TBitmap after = *this;
+  after.Allocate(Value, FWidth, FHeight);
   if (bits <= 8) {
-    std::vector<TPaletteEntry>& palette = FImage->Palette;
+    std::vector<TPaletteEntry>& palette = after.FImage->Palette;
     const std::span<const TPaletteEntry> defaults = pixels::DefaultPalette(Value);
     if (palette.empty()) palette.assign(defaults.begin(), defaults.end());
     if (palette.size() > defaults.size()) palette.resize(defaults.size());
   }
-  if (bits == 32 && BitsOfPixelFormat(before.FFormat) == 32) {
-    std::copy_n(before.FBits, static_cast<size_t>(FStride) * static_cast<size_t>(FHeight), FBits);
-    return;
+  const bool isSameLayout = bits == 32 && BitsOfPixelFormat(FFormat) == 32;
+  if (isSameLayout) {
+    std::copy_n(FBits, static_cast<size_t>(FStride) * static_cast<size_t>(FHeight), after.FBits);
+  } else {
+    after.FAlphaFormat = afIgnored;
+    if (!GetEmpty()) after.PackRowsOf(*this);
   }
-  FAlphaFormat = afIgnored;
-  if (GetEmpty()) return;
+  *this = std::move(after);
+}
+
+void TBitmap::PackRowsOf(const TBitmap& Other) {
   std::vector<uint32_t> row(static_cast<size_t>(FWidth));
-  pixels::TRowPacker packer(Value, FAlphaFormat, GetPalette());
+  pixels::TRowPacker packer(FFormat, FAlphaFormat, GetPalette());
   for (int y = 0; y < FHeight; ++y) {
-    before.GetRow(y, row);
+    Other.GetRow(y, row);
     uint8_t* bytes = GetScanline(y);
     Whiten(bytes, FStride, FFormat, FAlphaFormat, 0);  // what pads the row is set, too
     packer.Pack(row, bytes);

@@ -157,6 +157,7 @@ class TBitmap : public TObject {
   [[noreturn]] static void RaiseRow();
   void Detach();
   void Allocate(TPixelFormat Format, int Width, int Height);
+  void PackRowsOf(const TBitmap& Other);
   void Release() noexcept;
   TImage& OwnImage();
   void ShareFrom(const TBitmap& Other) noexcept;
