@@ -57,7 +57,12 @@ TSharedIni::TSharedIni(String FileName, TSharedIniOptions Options, const TEncodi
       iSections(std::make_unique<THashedStringList>()) {
   if (!Options.Has(sioReadOnly)) iModifications = std::make_unique<TSharedIniModifications>();
   if (Options.Has(sioMemorizeDefaults)) iDefaultList = std::make_unique<TSharedIniModifications>();
-  iLoaded = TSharedIni::LoadValues();
+  try {
+    iLoaded = TSharedIni::LoadValues();
+  } catch (...) {
+    Clear();
+    throw;
+  }
 }
 
 TSharedIni::~TSharedIni() {

@@ -41,6 +41,7 @@ TThreadPool::TThreadPool(TThreadData& data, bool suspended) : TVxThread(suspende
   for (int i = 0; i < iData.GetThreadCount(); ++i) {
     iThreads.push_back(std::make_unique<TThreadWorker>(iData, TThreadPoolExchange::Of<&TThreadPool::Exchange>(*this)));
   }
+  FEnding.reserve(iThreads.size());  // the end needs no memory
   AfterConstruction();
 }
 
