@@ -17,7 +17,9 @@ TEST(FieldTypes, TextsAndNumbers) {
     const int known = i > 0 && i <= vftButton ? i : 0;
     const String word = VxFieldTypeToText(type, false), name = FieldTypeToStr(type);
     EXPECT_EQ(name, known == vftGrafic ? String(u"vftGrafic") : u"vft" + word) << i;
-    EXPECT_TRUE(IntToVxFieldType(i) == known && StrToFieldType(name) == known && GetVxFieldType(name) == known) << i;
+    EXPECT_EQ((std::array<int, 3>{IntToVxFieldType(i), StrToFieldType(name), GetVxFieldType(name)}),
+              (std::array{known, known, known}))
+        << i;
     if (i >= 0 && i <= vftButton + 1) german += VxFieldTypeToText(type, true) + u" ", internal += word + u" ";
   }
   EXPECT_EQ(german,
@@ -26,40 +28,30 @@ TEST(FieldTypes, TextsAndNumbers) {
   EXPECT_EQ(internal,
             u"Unknown ShortString String Boolean Integer Float Date Time Commatext DateTime Status Image "
             u"Hour Currency Fraction TinyHTML Toggle Grafik Button Unknown ");
-  struct {
-    String Text;
-    int Loose;
-    TVxFieldType Exact;
-  } cases[] = {{u"0", 0, vftUnknown},
-               {u"4", 4, vftUnknown},
-               {u"18", 18, vftUnknown},
-               {u"19", 0, vftUnknown},
-               {u"-1", 0, vftUnknown},
-               {u"VFTDATE", 6, vftUnknown},
-               {u" $C", 12, vftUnknown},
-               {u"vftDate", 6, vftDate},
-               {u"vftunknown", 0, vftUnknown},
-               {u"Datum", -1, vftUnknown},
-               {u"vftDate ", -1, vftUnknown},
-               {u"vftDatė", -1, vftUnknown},
-               {u"99999999999", -1, vftUnknown},
-               {u"", -1, vftUnknown}};
-  for (const auto& c : cases) {
-    EXPECT_TRUE(GetVxFieldType(c.Text) == c.Loose && StrToFieldType(c.Text) == c.Exact) << c.Text.ToUtf8();
-    EXPECT_EQ(IsVxFieldType(c.Text), c.Loose >= 0) << c.Text.ToUtf8();
+  const TCases<String, int, TVxFieldType> cases = {
+      {u"0", 0, vftUnknown},  {u"18", 18, vftUnknown},  {u"VFTDATE", 6, vftUnknown},  {u"vftunknown", 0, vftUnknown},
+      {u"4", 4, vftUnknown},  {u"-1", 0, vftUnknown},   {u"Datum", -1, vftUnknown},   {u"vftDate ", -1, vftUnknown},
+      {u"19", 0, vftUnknown}, {u" $C", 12, vftUnknown}, {u"vftDatė", -1, vftUnknown}, {u"99999999999", -1, vftUnknown},
+      {u"", -1, vftUnknown},  {u"vftDate", 6, vftDate}};
+  for (const auto& [text, loose, exact] : cases) {
+    EXPECT_EQ(std::tuple(GetVxFieldType(text), IsVxFieldType(text), StrToFieldType(text)),
+              std::tuple(loose, loose >= 0, exact))
+        << text;
     uConst::FreeBuffersForLeakPrevention();
   }
 }
 
 TEST(ValueHelpers, Texts) {
-  EXPECT_TRUE(StrToBoolExt(u"") == bNone && StrToBoolExt(u"1") == bTrue && StrToBoolExt(u"0") == bFalse);
-  EXPECT_TRUE(StrToBoolExt(u" ") == bFalse && StrToBoolExt(u"1 ") == bFalse);
+  const std::map<String, TBoolExt> bools = {
+      {u"", bNone}, {u"1", bTrue}, {u"0", bFalse}, {u" ", bFalse}, {u"1 ", bFalse}};
+  for (const auto& [text, value] : bools) EXPECT_EQ(StrToBoolExt(text), value) << text;
   EXPECT_EQ(BoolExtToStr(bFalse) + BoolExtToStr(bNone) + BoolExtToStr(bTrue) + BoolExtToStr(TBoolExt(3)), u"01");
   const TDateTime day = EncodeDate(2015, 2, 1), moment = day + EncodeTime(6, 5, 0, 999);
   EXPECT_EQ(TVxDateHelper(moment).ToString() + TVxDateTimeHelper(day).ToString(), u"01.02.201501.02.2015 00:00:00");
   EXPECT_EQ(TVxTimeHelper(moment).ToString() + TVxTimeHelper(day - 0.5 - 0.5 / 1440).ToString(), u"06:0511:59:30");
-  EXPECT_TRUE(TVxStringHelper(u"20150201").ToDate(1) == day && TVxStringHelper(u"29.02.2015").ToDate(1) == 1);
-  EXPECT_TRUE(TVxStringHelper(u"-12").ToInt(7) == -12 && TVxStringHelper(u"1,2").ToInt(7) == 7);
+  EXPECT_EQ(TVxStringHelper(u"20150201").ToDate(1), day);
+  EXPECT_EQ(TVxStringHelper(u"29.02.2015").ToDate(1), 1);
+  EXPECT_EQ((TFacts{TVxStringHelper(u"-12").ToInt(7), TVxStringHelper(u"1,2").ToInt(7)}), "-12 7");
   EXPECT_EQ(TVxIntegerHelper(INT32_MIN).ToString(), u"-2147483648");
 }
 
@@ -88,54 +80,41 @@ TEST(Subtypes, Lists) {
             u"BESCHSTATUS 4 BOOLEXT 3 FAMSTATUS 8 FEDERALSTATE 53 LASTSCHRIFT 3 MEDITYP 4 MITTERMINGRUPPEN 6 "
             u"NATIONALITY 24 PATRELATION 23 PATTERMINGRUPPEN 6 PFLEGESTUFE 9 RELIGION 24 SEX 2 "
             u"SGBXILEISTUNGSART 4 SGBXIRESTAN 6 UNTERBRINGUNG 4 VERSORGUNG 6 WOCHENTAGE 8 ");
-  struct {
-    const char16_t* Key;
-    int Index;
-    const char16_t* Entry;
-  } entries[] = {{u"NATIONALITY", 14, u"040 österreichisch"},
-                 {u"NATIONALITY", 23, u"000 unbekannt"},
-                 {u"RELIGION", 0, u" "},
-                 {u"FEDERALSTATE", 40, u"40 Appenzell Ausserrhoden"},
-                 {u"RELIGION", 4, u"ef freie ev. Gemeinde"},
-                 {u"RELIGION", 22, u"-- keine Kirche"},
-                 {u"RELIGION", 23, u"?? unbekannt"},
-                 {u"PFLEGESTUFE", 0, u"-1 keine"},
-                 {u"SGBXIRESTAN", 5, u"PS Privat + Sozialamt"},
-                 {u"BESCHART", 7, u"48 Praktikant/in, Schüler/in, Azubi"},
-                 {u"BERUF", 4, u"4 Fachkrankenschwester/-pfleger"},
-                 {u"BESCHART", 4, u"39 über 50% Vollzeit"},
-                 {u"BERUFSABSCHLUSS", 10, u"78 Sozialpädagog(e)/in / Sozialarbeiter/in"},
-                 {u"PATRELATION", 8, u"9 Großmutter"},
-                 {u"ABWESENHEITSPEZIALISIERUNG", 3, u"D Dienstbesprechnung"},
-                 {u"PATRELATION", 22, u" "}};
-  for (const auto& c : entries)
-    EXPECT_EQ(getSubTypeSymbol(c.Key, c.Index) + u" " + getSubTypeText(c.Key, c.Index), c.Entry);
+  const TCases<String, int, String> entries = {{u"RELIGION", 0, u" "},
+                                               {u"BERUF", 4, u"4 Fachkrankenschwester/-pfleger"},
+                                               {u"RELIGION", 23, u"?? unbekannt"},
+                                               {u"RELIGION", 4, u"ef freie ev. Gemeinde"},
+                                               {u"RELIGION", 22, u"-- keine Kirche"},
+                                               {u"FEDERALSTATE", 40, u"40 Appenzell Ausserrhoden"},
+                                               {u"PATRELATION", 22, u" "},
+                                               {u"BESCHART", 7, u"48 Praktikant/in, Schüler/in, Azubi"},
+                                               {u"PFLEGESTUFE", 0, u"-1 keine"},
+                                               {u"SGBXIRESTAN", 5, u"PS Privat + Sozialamt"},
+                                               {u"PATRELATION", 8, u"9 Großmutter"},
+                                               {u"BERUFSABSCHLUSS", 10, u"78 Sozialpädagog(e)/in / Sozialarbeiter/in"},
+                                               {u"BESCHART", 4, u"39 über 50% Vollzeit"},
+                                               {u"ABWESENHEITSPEZIALISIERUNG", 3, u"D Dienstbesprechnung"},
+                                               {u"NATIONALITY", 23, u"000 unbekannt"},
+                                               {u"NATIONALITY", 14, u"040 österreichisch"}};
+  for (const auto& [key, index, entry] : entries)
+    EXPECT_EQ(getSubTypeSymbol(key, index) + u" " + getSubTypeText(key, index), entry);
   EXPECT_EQ(SubtypeIdContent(u"boolext"), u"\"0,Nein\",\"1,Ja\",\"2,\"\"keine Angabe\"\"\"");
 }
 
 TEST(Subtypes, LookingUp) {
-  struct {
-    const char16_t *Key, *Value;
-    int Index;
-    const char16_t *Symbol, *Text;
-  } cases[] = {{u"federalstate", u"0", 0, u"0", u""},
-               {u"FEDERALSTATE", u"UNBEKANNT", 52, u"0", u"unbekannt"},
-               {u"FEDERALSTATE", u"zürich", 26, u"26", u"Zürich"},
-               {u"FEDERALSTATE", u"", 0, u"0", u""},
-               {u"NATIONALITY", u"000", 0, u"000", u""},
-               {u"Religion", u"LT", 2, u"lt", u"lutherisch"},
-               {u"PFLEGESTUFE", u"0", 1, u"0", u"0"},
-               {u"PFLEGESTUFE", u"0+", 6, u"5", u"0+"},
-               {u"PATRELATION", u"", 22, u"", u""},
-               {u"SEX", u"männlich ", -1, u"", u""},
-               {u"SEX", u"", -1, u"", u""},
-               {u"", u"0", -1, u"", u""},
-               {u"SEXE", u"0", -1, u"", u""},
-               {u"zz", u"", -1, u"", u""}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(getSubTypeIndex(c.Key, c.Value), c.Index) << String(c.Value).ToUtf8();
-    EXPECT_EQ(SubtypeTextToSymbol(c.Key, c.Value), c.Symbol);
-    EXPECT_EQ(SubtypeSymbolToText(c.Key, c.Value), c.Text);
+  const TCases<String, String, int, String, String> cases = {
+      {u"federalstate", u"0", 0, u"0", u""},   {u"FEDERALSTATE", u"UNBEKANNT", 52, u"0", u"unbekannt"},
+      {u"FEDERALSTATE", u"", 0, u"0", u""},    {u"FEDERALSTATE", u"zürich", 26, u"26", u"Zürich"},
+      {u"PFLEGESTUFE", u"0", 1, u"0", u"0"},   {u"NATIONALITY", u"000", 0, u"000", u""},
+      {u"PFLEGESTUFE", u"0+", 6, u"5", u"0+"}, {u"Religion", u"LT", 2, u"lt", u"lutherisch"},
+      {u"PATRELATION", u"", 22, u"", u""},     {u"SEX", u"", -1, u"", u""},
+      {u"SEX", u"männlich ", -1, u"", u""},    {u"", u"0", -1, u"", u""},
+      {u"SEXE", u"0", -1, u"", u""},           {u"zz", u"", -1, u"", u""}};
+  for (const auto& row : cases) {
+    const auto& [key, value, index, symbol, text] = row;
+    EXPECT_EQ(std::tuple(key, value, getSubTypeIndex(key, value), SubtypeTextToSymbol(key, value),
+                         SubtypeSymbolToText(key, value)),
+              row);
   }
   EXPECT_EQ(Bundesland(26) + Bundesland(0) + Bundesland(52) + Bundesland(1), u"ZürichBaden-Württemberg");
   EXPECT_EQ(getSubTypeText(u"none", 0) + getSubTypeSymbol(u"none", 0) + SubtypeContent(u"none"), u"");
@@ -144,28 +123,25 @@ TEST(Subtypes, LookingUp) {
 
 TEST(Subtypes, Countries) {
   const auto number = [](TObject* object) { return static_cast<int>(reinterpret_cast<intptr_t>(object)); };
-  struct {
-    const char16_t* Selection;
-    int Current, Result;
-    const char16_t* Items;
-  } cases[] = {{u"2,26", 26, 2, u"0 2Bayern 26Zürich 0unbekannt "},
-               {u" ", 7, 1, u"0 7Niedersachsen 0unbekannt "},
-               {u"3 ,\"1\",99,x", 25, 3, u"0 1Baden-Württemberg 3Berlin 25Wien 0unbekannt "},
-               {u"0", -5, 0, u"0 0unbekannt "}};
+  const TCases<String, int, int, String> cases = {
+      {u"2,26", 26, 2, u"0 2Bayern 26Zürich 0unbekannt "},
+      {u" ", 7, 1, u"0 7Niedersachsen 0unbekannt "},
+      {u"3 ,\"1\",99,x", 25, 3, u"0 1Baden-Württemberg 3Berlin 25Wien 0unbekannt "},
+      {u"0", -5, 0, u"0 0unbekannt "}};
   TVxStringList list;
-  for (const auto& c : cases) {
-    EXPECT_EQ(GetCountries(list, c.Selection, c.Current), c.Result) << c.Current;
+  for (const auto& [selection, current, result, expected] : cases) {
+    EXPECT_EQ(GetCountries(list, selection, current), result) << current;
     String items;
     for (int i = 0; i < list.GetCount(); ++i) items += IntToStr(number(list.GetObject(i))) + list.Get(i) + u" ";
-    EXPECT_EQ(items, c.Items);
+    EXPECT_EQ(items, expected);
   }
-  EXPECT_TRUE(GetCountries(list, u"", 0) == 0 && GetCountries(list, u"", 51) == 51 && GetCountries(list, u"", 52) == 0);
+  for (int current : {0, 51, 52}) EXPECT_EQ(GetCountries(list, u"", current), current % 52) << current;
   EXPECT_EQ(list.GetCommatext(), SubtypeContent(u"FEDERALSTATE"));
   for (int i = 0; i < 53; ++i) EXPECT_EQ(number(list.GetObject(i)), i % 52);
   // The same texts: nothing is touched, the objects neither.
   list.PutObject(7, nullptr);
-  EXPECT_TRUE(GetCountries(list, u"", 7) == 0 && list.GetObject(7) == nullptr);
-  EXPECT_TRUE(GetCountries(list, u"7", 7) == 1 && number(list.GetObject(1)) == 7);
+  EXPECT_EQ((TFacts{GetCountries(list, u"", 7), number(list.GetObject(7))}), "0 0");
+  EXPECT_EQ((TFacts{GetCountries(list, u"7", 7), number(list.GetObject(1))}), "1 7");
 }
 
 }  // namespace

@@ -9,7 +9,7 @@ using namespace vx;
 
 // Lists are written as their lighttexts here.
 struct TLines : TVxStringList {
-  explicit TLines(const char16_t* Lighttext) { SetLighttext(Lighttext); }
+  explicit TLines(std::u16string_view Lighttext) { SetLighttext(Lighttext); }
 };
 String Text(const TTextList& List) { return List.GetLighttext(); }
 
@@ -24,56 +24,36 @@ TEST(Commatexts, Conversions) {
 }
 
 TEST(Explode, TakesTheLastPieceAsItStands) {
-  struct {
-    const char16_t* Text;
-    TExplodeOptions Options;
-    const char16_t* Pieces;
-  } cases[] = {{u" a ; b ;", {}, u" a | b |"},
-               {u" a ;; b ", {eoTrim}, u"a|| b "},
-               {u" ;a; ;", {eoSkipEmpty}, u" |a| |"},
-               {u" ; a ; ", {eoTrim, eoSkipEmpty}, u"a| "},
-               {u";", {eoSkipEmpty}, u"°°"}};
-  for (const auto& c : cases) EXPECT_EQ(Text(*explode(c.Text, u';', c.Options)), c.Pieces) << String(c.Text).ToUtf8();
+  const TCases<String, TExplodeOptions, String> cases = {{u" a ; b ;", {}, u" a | b |"},
+                                                         {u" a ;; b ", {eoTrim}, u"a|| b "},
+                                                         {u" ;a; ;", {eoSkipEmpty}, u" |a| |"},
+                                                         {u" ; a ; ", {eoTrim, eoSkipEmpty}, u"a| "},
+                                                         {u";", {eoSkipEmpty}, u"°°"}};
+  for (const auto& [text, options, pieces] : cases) EXPECT_EQ(Text(*explode(text, u';', options)), pieces) << text;
   EXPECT_EQ(Text(*explode(u"a;b,c→d", TCharSet(u";,"))), u"a|b|c→d");
 }
 
 TEST(Implode, LeavesOutWhatIsEmpty) {
-  struct {
-    const char16_t* Pieces;
-    TExplodeOptions Options;
-    const char16_t* Text;
-  } cases[] = {{u"", {}, u""},
-               {u"|a| ||b |", {}, u"+a+ ++b +"},
-               {u"| a||b |", {eoTrim}, u"+a++b+"},
-               {u"|a| ||b |", {eoSkipEmpty}, u"a+ +b "},
-               {u" || a| ||b | ", {eoTrim, eoSkipEmpty}, u"a+b"},
-               {u"| | ", {eoTrim, eoSkipEmpty}, u""}};
-  for (const auto& c : cases) EXPECT_EQ(implode(TLines(c.Pieces), u"+", c.Options), c.Text);
+  const TCases<String, TExplodeOptions, String> cases = {
+      {u"|a| ||b |", {}, u"+a+ ++b +"},      {u"", {}, u""},
+      {u"| a||b |", {eoTrim}, u"+a++b+"},    {u"|a| ||b |", {eoSkipEmpty}, u"a+ +b "},
+      {u"| | ", {eoTrim, eoSkipEmpty}, u""}, {u" || a| ||b | ", {eoTrim, eoSkipEmpty}, u"a+b"}};
+  for (const auto& [pieces, options, text] : cases) EXPECT_EQ(implode(TLines(pieces), u"+", options), text);
   EXPECT_EQ(implode(TCells{u"a ", u"", u"b "}, u"+", {eoTrim, eoSkipEmpty}), u"a+b");
   EXPECT_EQ(Text(*mergeSl(TLines(u"x|y|z"), TLines(u"1|2"), u"=")), u"x=1|y=2");
 }
 
 TEST(GetMyCommatext, FindsTheSection) {
-  struct {
-    const char16_t *Lines, *Name;
-    bool Found;
-    int First, Last;
-  } cases[] = {{u"ÿTA|a|b|ÿTB|c", u"TA", true, 1, 2},
-               {u"ÿTA|a|b|ÿTB|c", u"TB", true, 4, 4},
-               {u"ÿTA|a|b|ÿTB|c", u"TC", false, 0, -1},
-               {u"a|ÿx|ÿ|b|ÿTB|c", u"", true, 3, 3},
-               {u"a|ÿx|b", u"", true, 0, 2},
-               {u"ÿTB|c", u"", false, 0, -1},
-               {u"ÿTA|ÿTB|c", u"TA", false, 1, 0},
-               {u"a|ÿTA", u"TA", false, 0, -1},
-               {u"ÿTA|ÿnote|ÿt|tÿT", u"TA", true, 1, 3},
-               {u"ÿTA|a|ÿTA|b", u"TA", true, 3, 3},
-               {u"ÿta|a", u"TA", false, 0, -1},
-               {u"", u"", false, 0, -1}};
-  for (const auto& c : cases) {
-    int first = 7, last = 7;
-    bool found = GetMyCommatext(c.Name, TLines(c.Lines), first, last);
-    EXPECT_TRUE(found == c.Found && first == c.First && last == c.Last) << String(c.Lines).ToUtf8() << first << last;
+  const TCases<String, String, bool, int, int> cases = {
+      {u"a|ÿx|b", u"", true, 0, 2},    {u"ÿTA|a|b|ÿTB|c", u"TA", true, 1, 2}, {u"ÿTA|a|b|ÿTB|c", u"TB", true, 4, 4},
+      {u"ÿTB|c", u"", false, 0, -1},   {u"a|ÿx|ÿ|b|ÿTB|c", u"", true, 3, 3},  {u"ÿTA|a|b|ÿTB|c", u"TC", false, 0, -1},
+      {u"a|ÿTA", u"TA", false, 0, -1}, {u"ÿTA|ÿTB|c", u"TA", false, 1, 0},    {u"ÿTA|ÿnote|ÿt|tÿT", u"TA", true, 1, 3},
+      {u"ÿta|a", u"TA", false, 0, -1}, {u"ÿTA|a|ÿTA|b", u"TA", true, 3, 3},   {u"", u"", false, 0, -1}};
+  for (const auto& row : cases) {
+    const auto& [lines, name, found, first, last] = row;
+    int from = 7, to = 7;
+    const bool isThere = GetMyCommatext(name, TLines(lines), from, to);
+    EXPECT_EQ(std::tuple(lines, name, isThere, from, to), row);
   }
 }
 
@@ -83,37 +63,34 @@ bool RunTrim(TStrings& List, int Flags) {
 }
 
 TEST(TrimStrings, RemovesWhatTheFlagsSay) {
-  struct {
-    const char16_t* Lines;
-    int Flags;
-    const char16_t* Left;
-  } cases[] = {{u" | a || b |", 0, u" | a || b |"},
-               {u" | a || b |", tLeft, u"|a ||b |"},
-               {u" | a || b |", tRight, u"| a|| b|"},
-               {u" | a || b |", rLeading, u" a || b |"},
-               {u" | a || b | |", rTrailing, u" | a || b "},
-               {u" | a || b |", rInner, u" | a | b |"},
-               {u" | a || b ||", rAll + tLeft + tRight, u"a|b"},
-               {u"a|||b||c", rAll, u"a|b|c"},
-               {u"||", rInner, u"||"},
-               {u"||", rLeading, u""},
-               {u"||", rTrailing, u""},
-               {u"||a||||", rLeading + rInner, u"a|||"},  // one of the blanks behind the last line goes too
-               {u"", rAll, u""}};
-  for (const auto& c : cases) {
-    TLines list(c.Lines);
-    EXPECT_EQ(RunTrim(list, c.Flags), *c.Left != 0) << String(c.Lines).ToUtf8();
-    EXPECT_EQ(Text(list), c.Left) << String(c.Lines).ToUtf8() << " " << c.Flags;
+  const TCases<String, int, String> cases = {
+      {u" | a || b |", 0, u" | a || b |"},
+      {u" | a || b |", tLeft, u"|a ||b |"},
+      {u" | a || b |", tRight, u"| a|| b|"},
+      {u" | a || b |", rLeading, u" a || b |"},
+      {u" | a || b | |", rTrailing, u" | a || b "},
+      {u" | a || b |", rInner, u" | a | b |"},
+      {u" | a || b ||", rAll + tLeft + tRight, u"a|b"},
+      {u"a|||b||c", rAll, u"a|b|c"},
+      {u"||", rInner, u"||"},
+      {u"||", rLeading, u""},
+      {u"||", rTrailing, u""},
+      {u"||a||||", rLeading + rInner, u"a|||"},  // one of the blanks behind the last line goes too
+      {u"", rAll, u""}};
+  for (const auto& [lines, flags, left] : cases) {
+    TLines list(lines);
+    const bool isLeft = RunTrim(list, flags);
+    EXPECT_EQ(std::pair(isLeft, Text(list)), std::pair(!left.empty(), left)) << lines << " " << flags;
   }
-  const TLines lines(u"| | a b ||c||");
-  EXPECT_EQ(TrimStringLeft(lines) + u" " + TrimStringRight(lines), u"\" a b \",,c,, ,\" \",\" a b \",,c");
-  EXPECT_EQ(TrimString(lines) + u" " + TrimUltimate(lines), u"\" a b \",,c \"a b\",c");
+  const TLines all(u"| | a b ||c||");
+  EXPECT_EQ(TrimStringLeft(all) + u" " + TrimStringRight(all), u"\" a b \",,c,, ,\" \",\" a b \",,c");
+  EXPECT_EQ(TrimString(all) + u" " + TrimUltimate(all), u"\" a b \",,c \"a b\",c");
 }
 
 TEST(TrimStrings, RaisesBehindTwoLeadingLinesAndKeepsObjects) {
   TLines list(u"||a||b"), objects(u"|a|||b||c|");
   EXPECT_THROW(RunTrim(list, rAll), EStringListError);
-  EXPECT_TRUE(Text(list) == u"a||b" && list.GetUpdateCount() == 0);
+  EXPECT_EQ((TFacts{Text(list), list.GetUpdateCount()}), "a||b 0");
   for (int i = 0; i < objects.GetCount(); ++i) objects.PutObject(i, &list + (i % 2 ? 0 : 1));
   RunTrim(objects, rAll);
   EXPECT_EQ(Text(objects), u"a|b|c");
@@ -121,27 +98,15 @@ TEST(TrimStrings, RaisesBehindTwoLeadingLinesAndKeepsObjects) {
 }
 
 TEST(WordWrap, BreaksCellsAtSpaces) {
-  struct {
-    const char16_t* Text;
-    int Width;
-    const char16_t* Wrapped;
-  } cases[] = {{u"", 5, u""},
-               {u"a b,c", 0, u"a,b,c"},
-               {u"\"Max Meier\",Bonn", 5, u"Max,Meier,Bonn"},
-               {u"\"Max Meier\"", 3, u"Max,\" \",Mei,er"},
-               {u"abcdefg", 3, u"abc,def,g"},
-               {u"\"ab\tcd\"", 4, u"\"ab\tc\",d"},
-               {u"\"     \"", 2, u"\" \",\" \",\" \""},
-               {u"\"  abc\",\"a  b\"", 3, u"\" \",abc,a,b"}};
-  for (const auto& c : cases) EXPECT_EQ(WordWrapCommatext(c.Text, c.Width), c.Wrapped) << String(c.Text).ToUtf8();
+  const TCases<String, int, String> cases = {
+      {u"abcdefg", 3, u"abc,def,g"},           {u"\"Max Meier\",Bonn", 5, u"Max,Meier,Bonn"}, {u"", 5, u""},
+      {u"\"ab\tcd\"", 4, u"\"ab\tc\",d"},      {u"\"Max Meier\"", 3, u"Max,\" \",Mei,er"},    {u"a b,c", 0, u"a,b,c"},
+      {u"\"     \"", 2, u"\" \",\" \",\" \""}, {u"\"  abc\",\"a  b\"", 3, u"\" \",abc,a,b"}};
+  for (const auto& [text, width, wrapped] : cases) EXPECT_EQ(WordWrapCommatext(text, width), wrapped) << text;
 }
 
 TEST(WordWrap, CountsVisibleUnitsOfTinyCells) {
-  struct {
-    const char16_t* Cell;
-    int Width;
-    const char16_t* Wrapped;
-  } cases[] = {
+  const TCases<String, int, String> cases = {
       {u"<b>abc</b>", 3, u"<b>abc</b>"},
       {u"<b>abc</b>  ", 5, u"<b>abc</b>"},
       {u"<b>Max</b> <i>Meier</i>", 8, u"<b>Max</b>|<i>Meier</i>"},
@@ -153,34 +118,30 @@ TEST(WordWrap, CountsVisibleUnitsOfTinyCells) {
       {u"a<bcd ef", 4, u"a<bc|d ef"},  // never closed: visible, and nothing pairs up
       {u"a>b cd ef", 4, u"a|>b c|d ef"},
       {u"<b>abcdefgh</b>", 3, u"<b>|abc|def|gh</b>"}};
-  for (const auto& c : cases) {
-    String wrapped = WordWrapTINYCommatext(ToCommatext(TCells{c.Cell}), c.Width);
-    EXPECT_EQ(WriteLighttext(ReadCommatext(wrapped)), c.Wrapped) << String(c.Cell).ToUtf8();
+  for (const auto& [cell, width, wrapped] : cases) {
+    const String cells = WordWrapTINYCommatext(ToCommatext(TCells{cell}), width);
+    EXPECT_EQ(WriteLighttext(ReadCommatext(cells)), wrapped) << cell;
   }
 }
 
 TEST(WordWrap, BreaksLinesBehindWhatIsNoWord) {
-  struct {
-    const char16_t* Lines;
-    int Width, Indent;
-    bool Result;
-    const char16_t* Wrapped;
-  } cases[] = {{u"", 5, 0, false, u""},
-               {u"abcdef", 0, 0, false, u"abcdef"},
-               {u"a,bcd", 3, 0, true, u"a,|bcd"},
-               {u"Max Meier|x|Anna Maria", 5, 0, true, u"Max |Meier|x|Anna |Maria"},
-               {u",1234", 3, 0, true, u",|123|4"},
-               {u"1.000,50 Euro", 7, 0, true, u"1.000,5|0 Euro"},
-               {u"ab 1.000,50", 8, 0, true, u"ab |1.000,50"},
-               {u"Äßü-öä", 4, 0, true, u"Äßü-|öä"},
-               {u"abé123", 5, 0, true, u"abé|123"},  // é belongs to no word
-               {u"aa bb cc", 4, 2, true, u"aa |  bb|   |  cc"},
-               {u"abcdefgh", 4, 2, true, u"abcd|  ef|  gh"},
-               {u"abcdef", 3, 9, true, u"abc|  d|  e|  f"}};
-  for (const auto& c : cases) {
-    TLines list(c.Lines);
-    EXPECT_EQ(WordWrapStrings(list, c.Width, c.Indent), c.Result) << String(c.Lines).ToUtf8();
-    EXPECT_EQ(Text(list), c.Wrapped) << String(c.Lines).ToUtf8();
+  const TCases<String, int, int, bool, String> cases = {
+      {u"", 5, 0, false, u""},
+      {u"abcdef", 0, 0, false, u"abcdef"},
+      {u"a,bcd", 3, 0, true, u"a,|bcd"},
+      {u"Max Meier|x|Anna Maria", 5, 0, true, u"Max |Meier|x|Anna |Maria"},
+      {u",1234", 3, 0, true, u",|123|4"},
+      {u"1.000,50 Euro", 7, 0, true, u"1.000,5|0 Euro"},
+      {u"ab 1.000,50", 8, 0, true, u"ab |1.000,50"},
+      {u"Äßü-öä", 4, 0, true, u"Äßü-|öä"},
+      {u"abé123", 5, 0, true, u"abé|123"},  // é belongs to no word
+      {u"aa bb cc", 4, 2, true, u"aa |  bb|   |  cc"},
+      {u"abcdefgh", 4, 2, true, u"abcd|  ef|  gh"},
+      {u"abcdef", 3, 9, true, u"abc|  d|  e|  f"}};
+  for (const auto& [lines, width, indent, result, wrapped] : cases) {
+    TLines list(lines);
+    const bool isDone = WordWrapStrings(list, width, indent);
+    EXPECT_EQ(std::pair(isDone, Text(list)), std::pair(result, wrapped)) << lines;
   }
 }
 
@@ -216,8 +177,7 @@ TEST(FontText, WritesAndReads) {
       {u",nocolour,,", {u"Tahoma", clWindowText, {}, 10}}};
   for (const auto& [text, expected] : cases) {
     TFont font = arial;
-    StringToFont(text, font);
-    EXPECT_TRUE(font == expected) << text.ToUtf8();
+    EXPECT_EQ((StringToFont(text, font), font), expected) << text;
   }
 }
 

@@ -8,17 +8,11 @@ namespace {
 using namespace vx;
 
 TEST(Quoting, QuotesWhatHoldsASpaceQuoteOrComma) {
-  struct {
-    String Plain, Quoted;
-  } cases[] = {{u"", u""},
-               {u"abc", u"abc"},
-               {u"Max Meier", u"\"Max Meier\""},
-               {u"a,b", u"\"a,b\""},
-               {u"\"", u"\"\"\"\""},
-               {u"a\"\"b\"", u"\"a\"\"\"\"b\"\"\""},
-               {u"a\tb\r\n", u"a\tb\r\n"}};
-  for (const auto& c : cases)
-    EXPECT_TRUE(VxStrToQuoted(c.Plain) == c.Quoted && VxQuotedToStr(c.Quoted) == c.Plain) << c.Quoted.ToUtf8();
+  const TCases<String, String> cases = {
+      {u"abc", u"abc"},           {u"Max Meier", u"\"Max Meier\""},     {u"", u""},          {u"a,b", u"\"a,b\""},
+      {u"a\tb\r\n", u"a\tb\r\n"}, {u"a\"\"b\"", u"\"a\"\"\"\"b\"\"\""}, {u"\"", u"\"\"\"\""}};
+  for (const auto& [plain, quoted] : cases)
+    EXPECT_EQ(std::pair(VxStrToQuoted(plain), VxQuotedToStr(quoted)), std::pair(quoted, plain));
   EXPECT_EQ(VxQuotedToStr(u"\"ab") + VxQuotedToStr(u"\""), u"a") << "the last unit goes without a look";
 }
 
@@ -29,7 +23,7 @@ TEST(HexTables, HoldTheDigits) {
     EXPECT_EQ(digit < 10 ? HexToIntConstLow[place][digit] : HexToIntConstHigh[place][digit - 10], digit << 4 * place);
     EXPECT_EQ(IntToHexConst[i + 128], String(1, kDigits[place + 8]) + String(1, kDigits[digit])) << i;
   }
-  EXPECT_TRUE(IntToHexConst[0] == u"0" && IntToHexConst[10] == u"A" && IntToHexConst[31] == u"1F");
+  EXPECT_EQ((TFacts{IntToHexConst[0], IntToHexConst[10], IntToHexConst[31]}), "0 A 1F");
 }
 
 }  // namespace

@@ -1,4 +1,4 @@
-// Lets failed expectations show texts as UTF-8.
+// Lets failed expectations and what is told beside them show texts as UTF-8.
 #pragma once
 
 #include <ostream>
@@ -8,5 +8,7 @@
 namespace vx {
 
 inline void PrintTo(const String& Text, std::ostream* Stream) { *Stream << '"' << Text.ToUtf8() << '"'; }
+
+inline std::ostream& operator<<(std::ostream& Stream, const String& Text) { return Stream << Text.ToUtf8(); }
 
 }  // namespace vx

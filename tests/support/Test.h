@@ -7,6 +7,7 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <array>
 #include <cerrno>
 #include <cfloat>
 #include <climits>
@@ -34,6 +35,7 @@
 #include "platform/Numbers.h"
 #include "platform/TObject.h"
 #include "platform/Text.h"
+#include "tests/support/Cases.h"
 #include "tests/support/FileText.h"
 #include "tests/support/Print.h"
 #include "tests/support/Raised.h"
