@@ -1,14 +1,11 @@
 #include "services/uAnimate.h"
 
-#include <gtest/gtest.h>
-
-#include "platform/Clock.h"
-#include "platform/Dialogs.h"
 #include "tables/uFileCsv.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 class AnimateTest : public testing::Test {
  protected:
@@ -24,54 +21,47 @@ class AnimateTest : public testing::Test {
     }
     return text;
   }
-  TManualClock Clock{46000.25};
-  TClockScope Scope{Clock};
-  TFixedTimeZone Zone{60};
-  TTimeZoneScope ZoneScope{Zone};
+  test::TClockAt Clock{46000.25};
+  test::TZoneAt Zone{60};
   TObject A, B;
   TSWList List;
 };
 
 TEST_F(AnimateTest, SpansEndFromTheLatestAndAreToldByTheirTag) {
   TStopWatch watch;
-  EXPECT_TRUE(watch.GetOwnsObjects() && !TStopWatch(false).GetOwnsObjects());
+  EXPECT_EQ((TFacts{watch.GetOwnsObjects(), TStopWatch(false).GetOwnsObjects()}), "yes no");
   for (TObject* tag : {&A, &B, &A, static_cast<TObject*>(nullptr)}) watch.Start(tag, u"in");
   watch.Add(new TObject);
-  struct {
-    TObject* Tag;
-    int Ended;
-  } cases[] = {{&A, 2}, {&A, 0}, {&A, -1}, {nullptr, 3}, {nullptr, -1}, {&B, 1}};
-  for (int count = 0; const auto& c : cases) {
+  const TCases<TObject*, int> cases = {{&A, 2}, {&A, 0}, {&A, -1}, {nullptr, 3}, {nullptr, -1}, {&B, 1}};
+  for (int count = 0; const auto& [tag, ended] : cases) {
     Clock.Advance(1000);
-    EXPECT_EQ(watch.Finish(c.Tag, u"out"), c.Ended >= 0);
-    EXPECT_EQ(watch.FinishCount(), count += c.Ended >= 0);
-    if (c.Ended < 0) continue;
-    auto* period = static_cast<TSWPeriod*>(watch.Get(c.Ended));
-    EXPECT_TRUE(period->GetFinish() == Now() && period->GetFText() == u"out" && period->GetSText() == u"in");
+    EXPECT_EQ(watch.Finish(tag, u"out"), ended >= 0);
+    EXPECT_EQ(watch.FinishCount(), count += ended >= 0);
+    if (ended < 0) continue;
+    auto* period = static_cast<TSWPeriod*>(watch.Get(ended));
+    EXPECT_EQ(period->GetFinish(), Now());
+    EXPECT_EQ(period->GetSText() + u"|" + period->GetFText(), u"in|out");
     EXPECT_NEAR(period->Period() * 86400, static_cast<double>(Clock.Ticks()) / 1000, 1e-4);
     period->Init();
-    EXPECT_TRUE((period->GetFText() + period->GetSText()).empty() && period->Period() == 0 && !period->GetTag());
+    EXPECT_EQ((TFacts{period->GetSText(), period->GetFText(), period->Period()}), "  0");
+    EXPECT_EQ(period->GetTag(), nullptr);
     period->SetFinish(1);
   }
   watch.SetName(u"x"), watch.SetLevel(3), watch.SetNr(4);
   watch.Init();
-  EXPECT_TRUE(watch.GetName().empty() && watch.GetLevel() == 0 && watch.GetNr() == 0 && watch.GetCount() == 5);
+  EXPECT_EQ((TFacts{watch.GetName(), watch.GetLevel(), watch.GetNr(), watch.GetCount()}), " 0 0 5");
 }
 
 TEST_F(AnimateTest, StatisticTellsTimesAndNesting) {
-  struct {
-    String Start, Stop;
-    TObject* Tag;
-    int Wait;
-  } steps[] = {{u"b", u"", &A, 0},
-               {u"a", u"a", &A, 1250},
-               {u"a", u"a", &B, 61'500},
-               {u"B", u"b", &A, 3'600'022},
-               {u"A b,\"", u"", nullptr, 0}};
-  for (const auto& step : steps) {
-    List.Start(step.Start, step.Tag);
-    Clock.Advance(step.Wait);
-    EXPECT_EQ(List.Stop(step.Stop, step.Tag), step.Stop != u"");
+  const TCases<String, String, TObject*, int> steps = {{u"b", u"", &A, 0},
+                                                       {u"a", u"a", &A, 1250},
+                                                       {u"a", u"a", &B, 61'500},
+                                                       {u"B", u"b", &A, 3'600'022},
+                                                       {u"A b,\"", u"", nullptr, 0}};
+  for (const auto& [start, stop, tag, wait] : steps) {
+    List.Start(start, tag);
+    Clock.Advance(wait);
+    EXPECT_EQ(List.Stop(stop, tag), !stop.empty());
   }
   const String open = u"|0:00:00:000|0|0:00:000|0:00:000|0:00:000|";
   EXPECT_EQ(Show(List), u"+A b,\"" + open + u"3|1/+B" + open +
@@ -98,12 +88,12 @@ TEST_F(AnimateTest, LevelsFallWithEveryStopOfAKnownName) {
     List.Start(name, &A);
     return static_cast<TStopWatch*>(List.GetObjects(List.IndexOf(name)))->GetLevel();
   };
-  EXPECT_TRUE(levelAfter(u"a") == 0 && levelAfter(u"b") == 1);
-  EXPECT_FALSE(List.Stop(u"b", &B) || List.Stop(u"c", &A)) << "no such tag, no such name";
+  EXPECT_EQ((TFacts{levelAfter(u"a"), levelAfter(u"b")}), "0 1");
+  EXPECT_EQ((TFacts{List.Stop(u"b", &B), List.Stop(u"c", &A)}), "no no") << "no such tag, no such name";
   EXPECT_EQ(levelAfter(u"c"), 1);
   List.SetActive(false);
   List.Start(u"d", &A);
-  EXPECT_FALSE(List.Stop(u"a", &A) || List.GetCount() != 3);
+  EXPECT_EQ((TFacts{List.Stop(u"a", &A), List.GetCount()}), "no 3");
   List.SetActive(true);
   for (int i = 0; i < 3; ++i) List.Stop(u"a", &A);
   EXPECT_EQ(levelAfter(u"a"), -1) << "more ends than starts";
@@ -112,7 +102,7 @@ TEST_F(AnimateTest, LevelsFallWithEveryStopOfAKnownName) {
   EXPECT_EQ(levelAfter(u"e"), -1);
   List.SetActive(false);
   List.Init();
-  EXPECT_TRUE(List.GetCount() == 0 && List.GetActive() && levelAfter(u"x") == 0);
+  EXPECT_EQ((TFacts{List.GetCount(), List.GetActive(), levelAfter(u"x")}), "0 yes 0");
   EXPECT_EQ(List.GetOptions(), (TVxStringIndexOptions{vxioOwnsObjects, vxioModifyAnsiChars}));
   Animate()->Start(u"a", &A);
   EXPECT_EQ(Animate()->GetCount(), 1) << "one list until it is freed";
@@ -121,4 +111,3 @@ TEST_F(AnimateTest, LevelsFallWithEveryStopOfAKnownName) {
 }
 
 }  // namespace
-}  // namespace vx

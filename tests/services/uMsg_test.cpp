@@ -40,20 +40,17 @@ using TTexts = std::vector<std::string>;
 bool Report(TMsgInfo info, bool success) { return Msg().GetMsg()(info, success); }
 
 TEST_F(Messages, SingleReports) {
-  struct {
-    TMsgInfo Info;
-    bool Success, Result;
-    TTexts Shown;
-  } cases[] = {{Error(u"e"), true, true, {}},
-               {Error(u"e", u"s", u"gut"), true, true, {"I gut"}},
-               {Error(u"e", u"s", u"gut"), false, false, {"E e"}},
-               {Warning(u"w", u"s"), true, true, {"WI w"}},
-               {Warning(u"w"), false, true, {"WI w"}},
-               {{msgWarning, u"w", u"", u"gut"}, true, true, {"WI gut\r\nWarnung: w"}},
-               {Log(u"l", u"s"), false, true, {}}};
-  for (auto& c : cases) {
-    EXPECT_EQ(Report(c.Info, c.Success), c.Result);
-    EXPECT_EQ(Dialogs(), c.Shown) << c.Info.msg.ToUtf8();
+  const TCases<TMsgInfo, bool, bool, TTexts> cases = {
+      {Error(u"e"), true, true, {}},
+      {Error(u"e", u"s", u"gut"), true, true, {"I gut"}},
+      {Error(u"e", u"s", u"gut"), false, false, {"E e"}},
+      {Warning(u"w", u"s"), true, true, {"WI w"}},
+      {Warning(u"w"), false, true, {"WI w"}},
+      {{msgWarning, u"w", u"", u"gut"}, true, true, {"WI gut\r\nWarnung: w"}},
+      {Log(u"l", u"s"), false, true, {}}};
+  for (const auto& [info, success, result, shown] : cases) {
+    EXPECT_EQ(Report(info, success), result);
+    EXPECT_EQ(Dialogs(), shown) << info.msg;
   }
   SetTerminating(true);
   Report(Error(u"e"), false);
@@ -90,8 +87,8 @@ TEST_F(Messages, Actions) {
   EXPECT_FALSE(Msg().EndAction(Warning(u"Ende", u"s"))) << "a failed action closes with an error";
   EXPECT_EQ(Dialogs(), (TTexts{"E Ende\r\n\r\nFehler: tief"}));
   for (int i = 0; i < 3; ++i) Report(Warning(u"x", u"s"), true);
-  Msg().BeginAction(), Report(Warning(u"a", u"s"), true), Report(Warning(u"b", u"s"), true),
-      Report(Warning(u"a", u"s"), true);
+  Msg().BeginAction();
+  for (const char16_t* text : {u"a", u"b", u"a"}) Report(Warning(text, u"s"), true);
   Dialogs();
   Msg().EndAction({msgWarning, u"c", u"s", u"gut"});
   EXPECT_EQ(Dialogs(), (TTexts{"WI gut\r\nEs sind 3 Warnungen aufgetreten\r\n\r\nWarnung: a\r\nWarnung: b"}));
@@ -133,8 +130,7 @@ TEST_F(Messages, IgnoringAndInterrupts) {
   Msg().SetMsgInterrupt(TMsgInterrupt::Of<&TRecorder::Shown>(recorder));
   Msg().SetLogInterrupt(TLogInterrupt::Of<&TRecorder::Logged>(recorder));
   Msg().GetMsg()(Error(u"außen"), Report(Warning(u"innen", u"Sender"), true) && Report(Error(u"innen"), false));
-  EXPECT_TRUE(recorder.Tops == std::vector<String>{u"außen"} && recorder.Count == 2 && !recorder.Result);
-  EXPECT_EQ(recorder.Levels, (std::vector<int>{-1, 1, 0}));
+  EXPECT_EQ((TFacts{recorder.Tops, recorder.Count, recorder.Result, recorder.Levels}), "außen 2 no -1,1,0");
   Msg().SetLogInterrupt({});
   EXPECT_NE(EndLog().find("WARNING,ignored,Sender,0,w"), std::string::npos);
 }
@@ -184,7 +180,8 @@ TEST_F(Messages, LogFormsAndAttitudes) {
     Report(Log(u"früh", u""), true);
   }
   std::string log = EndLog();
-  EXPECT_TRUE(log.find("früh") != log.npos && log.find("früh") < log.find("spät")) << log;
+  EXPECT_NE(log.find("früh"), log.npos) << log;
+  EXPECT_LT(log.find("früh"), log.find("spät")) << log;
   SetLog(laMsg, u"%6");
   Msg().BeginAction();
   Report(Log(u"eins", u""), true);

@@ -1,32 +1,22 @@
 #include <fcntl.h>
-#include <gtest/gtest.h>
 #include <signal.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
-#include <cerrno>
-#include <cstdlib>
-#include <filesystem>
-#include <fstream>
-
 #include "platform/CommandLine.h"
 #include "platform/Desktop.h"
-#include "platform/Dialogs.h"
 #include "platform/Processes.h"
 #include "platform/Shell.h"
 #include "platform/ShellExecute.h"
 #include "platform/System.h"
-#include "platform/Text.h"
 #include "services/uHandleFile.h"
 #include "services/uWindowsVersion.h"
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
-#include "tests/support/TempDir.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 const String kNul(1, u'\0');
 
@@ -35,6 +25,7 @@ class ProcessTest : public testing::Test {
   ~ProcessTest() override {
     EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a process is left behind";
     ::setenv("PATH", FPath.c_str(), 1);
+    SetSystemRoots({});
     SetOpenDocument({});
     SetShellExecute({});
     SetFindWindow({});
@@ -48,6 +39,12 @@ class ProcessTest : public testing::Test {
   }
   String Script(const std::string& text) { return Put("it's \"a\" $(x); größe", "#!/bin/sh\n" + text); }
   std::string Read(const std::string& name) { return test::GetText(FDir.Path(name)); }
+  // The exit code, or -1 if the program was not started.
+  int64_t Run(const String& file, const String& parameters = {}, int64_t input = 0) {
+    int code = 9;
+    const int64_t process = VxExecAndWait(file, parameters, code, true, false, input);
+    return process > 0 ? code : process;
+  }
 
   test::TTempDir FDir;
   std::string FDirectory = FDir.GetPath(), FPath = std::getenv("PATH");
@@ -55,20 +52,17 @@ class ProcessTest : public testing::Test {
 };
 
 TEST(CommandLineTest, ArgumentsAreCutByTheRules) {
-  struct {
-    String Text;
-    std::vector<String> Arguments;
-  } cases[] = {{u" \t ", {}},
-               {u"a  b\tc ", {u"a", u"b", u"c"}},
-               {u"\"a b\" c\"d e\"f", {u"a b", u"cd ef"}},
-               {u"\"\" \"", {u"", u""}},
-               {u"\"a\"\"b\"", {u"a\"b"}},
-               {u"a\\\\b c\\", {u"a\\\\b", u"c\\"}},
-               {u"\\\" \\\\\"a b\" \\\\\\\"", {u"\"", u"\\a b", u"\\\""}},
-               {u"a\r\nb;$x'y z'", {u"a\r\nb;$x'y", u"z'"}},
-               {u"\"a b", {u"a b"}},
-               {u"\"C:\\a b\\\\\" c", {u"C:\\a b\\", u"c"}}};
-  for (const auto& c : cases) EXPECT_EQ(SplitArguments(c.Text), c.Arguments) << c.Text.ToUtf8();
+  const TCases<String, TCells> cases = {{u" \t ", {}},
+                                        {u"a  b\tc ", {u"a", u"b", u"c"}},
+                                        {u"\"a b\" c\"d e\"f", {u"a b", u"cd ef"}},
+                                        {u"\"\" \"", {u"", u""}},
+                                        {u"\"a\"\"b\"", {u"a\"b"}},
+                                        {u"a\\\\b c\\", {u"a\\\\b", u"c\\"}},
+                                        {u"\\\" \\\\\"a b\" \\\\\\\"", {u"\"", u"\\a b", u"\\\""}},
+                                        {u"a\r\nb;$x'y z'", {u"a\r\nb;$x'y", u"z'"}},
+                                        {u"\"a b", {u"a b"}},
+                                        {u"\"C:\\a b\\\\\" c", {u"C:\\a b\\", u"c"}}};
+  for (const auto& [text, arguments] : cases) EXPECT_EQ(SplitArguments(text), arguments) << text;
   for (int number = 0; number < 6 * 6 * 6 * 6 * 6; ++number) {
     String text;
     for (int rest = number; rest > 0; rest /= 6) text += u"\"\\ a\n"[rest % 6];
@@ -86,31 +80,28 @@ TEST_F(ProcessTest, EveryArgumentReachesTheChildUnchanged) {
     parameters += u" " + VxQuoteArgument(argument);
     wanted += "[" + argument.ToUtf8() + "]";
   }
-  int code = 9;
-  EXPECT_GT(VxExecAndWait(Script("printf '[%s]' \"$@\" > out; pwd >> out"), parameters, code, true, false, 0), 0);
-  EXPECT_EQ(code, 0);
+  EXPECT_EQ(Run(Script("printf '[%s]' \"$@\" > out; pwd >> out"), parameters), 0);
   EXPECT_EQ(Read("out"), wanted + FDirectory + "\n");
-  code = 9;
-  EXPECT_EQ(VxExecAndWait(Script("exit 0"), u"a" + kNul, code, true, false, 0), -1);
-  EXPECT_EQ(code, 0);
+  int code = 9;
+  EXPECT_EQ((TFacts{VxExecAndWait(Script("exit 0"), u"a" + kNul, code, true, false, 0), code}), "-1 0");
 }
 
 TEST_F(ProcessTest, EndsAreWaitedForAndHandlesKept) {
   int ends[2], code = 0;
-  for (auto [script, wanted] : {std::pair{"exit 7", 7}, {"kill -9 $$", 137}, {"exit 255", 255}}) {
-    EXPECT_TRUE(VxExecAndWait(Script(script), u"", code, true, true, 0) > 0 && code == wanted) << script;
+  for (auto [script, ended] : {std::pair{"exit 7", "yes 7"}, {"kill -9 $$", "yes 137"}, {"exit 255", "yes 255"}}) {
+    EXPECT_EQ((TFacts{VxExecAndWait(Script(script), u"", code, true, true, 0) > 0, code}), ended) << script;
     const int64_t kept = VxExecAndWait(Script(script), u"", false, true);
-    EXPECT_TRUE(WaitForProcess(kept, code) && code == wanted) << script;
-    EXPECT_FALSE(WaitForProcess(kept, code) || code != 0) << "closed by then";
+    EXPECT_EQ((TFacts{WaitForProcess(kept, code), code}), ended) << script;
+    EXPECT_EQ((TFacts{WaitForProcess(kept, code), code}), "no 0") << "closed by then";
   }
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC) + ::mkfifo((FDirectory + "/fifo").c_str(), 0600), 0);
   ASSERT_EQ(::write(ends[1], "hello\n", 6), 6);
-  EXPECT_GT(VxExecAndWait(Script("read line; echo \"<$line>\" > out"), u"", code, true, false, ends[0]), 0);
+  EXPECT_EQ(Run(Script("read line; echo \"<$line>\" > out"), u"", ends[0]), 0);
   EXPECT_EQ(Read("out"), "<hello>\n");
   const int64_t reading = VxExecAndWait(u"/bin/cat", u"", code, false, true, ends[0]);
-  EXPECT_TRUE(VxProcessExists(reading, u"CAT") && !VxProcessExists(reading, u"dog"));
+  EXPECT_EQ((TFacts{VxProcessExists(reading, u"CAT"), VxProcessExists(reading, u"dog")}), "yes no");
   ::close(ends[1]);
-  EXPECT_TRUE(WaitForProcess(reading, code) && code == 0 && !VxProcessExists(reading, u""));
+  EXPECT_EQ((TFacts{WaitForProcess(reading, code), code, VxProcessExists(reading, u"")}), "yes 0 no");
   const int64_t left = VxExecAndWait(Script("echo $$ > fifo"), u"", false, false);
   EXPECT_EQ(Read("fifo"), std::to_string(left) + "\n");
   CloseProcess(VxExecAndWait(Script("read line < fifo"), u"", false, true));
@@ -125,27 +116,21 @@ TEST_F(ProcessTest, WhatCannotBeStartedGivesMinusOne) {
   ::setenv("PATH", FDirectory.c_str(), 1);
   const String found = Put("found", "#!/bin/sh\nexit 3\n");
   const String files[] = {u"",
+                          u"none",
+                          found + u"/",
+                          kNul,
                           FDir.Path("missing"),
                           FDir.Path(),
                           Put("plain", "x", 0644),
                           Put("text", "x\n"),
                           Put("bad", "#!/no/such\n"),
-                          Put("elf",
-                              "\x7F"
-                              "ELF junk"),
-                          Put("empty", ""),
-                          u"none",
-                          found + u"/",
-                          kNul};
-  int code;
+                          Put("elf", "\177ELF junk"),
+                          Put("empty", "")};
   for (const String& file : files) {
-    EXPECT_EQ(VxExecAndWait(file, u"", code, true, false, 0), -1) << file.ToUtf8();
-    EXPECT_EQ(VxExecAndWait(file, u"", false, false), -1) << file.ToUtf8();
+    EXPECT_EQ((TFacts{Run(file), VxExecAndWait(file, u"", false, false)}), "-1 -1") << file;
   }
-  for (int64_t input : {int64_t{-1}, int64_t{999}, INT64_MAX}) {
-    EXPECT_EQ(VxExecAndWait(found, u"", code, true, false, input), -1) << input;
-  }
-  EXPECT_TRUE(VxExecAndWait(u"found", u"", code, true, false, 0) > 0 && code == 3);
+  for (int64_t input : {int64_t{-1}, int64_t{999}, INT64_MAX}) EXPECT_EQ(Run(found, u"", input), -1) << input;
+  EXPECT_EQ(Run(u"found"), 3);
   EXPECT_FALSE(VxNetExe(u"use"));
   Put("net", "#!/bin/sh\necho \"$0 $*\" > " + FDirectory + "/out; exit 1\n");
   EXPECT_TRUE(VxNetExe(u"  use X: \"a b\" "));
@@ -156,24 +141,24 @@ TEST_F(ProcessTest, CommandlinesAreReadByTheInterpreterAndTheirOutputDecoded) {
   String output = u"before ";
   EXPECT_TRUE(VxExecCommandline(u"printf '\\344\\200'; echo x >&2; cat; pwd; exit 3", output, FDir.Path()));
   EXPECT_EQ(output, u"before ä€x\n" + FDir.Path() + u"\n");
-  const std::pair<String, String> cases[] = {{u"", u""},
-                                             {u"kill -9 $$", u""},
-                                             {u"echo a; kill -9 $$", u"a\n"},
-                                             {u"exec >&- 2>&-; exit 1", u""},
-                                             {u"(sleep 0.05; echo late) & echo first", u"first\nlate\n"},
-                                             {u"printf 'a\\0b'", u"a" + kNul + u"b"},
-                                             {u"head -c 1000001 /dev/zero | tr '\\0' 'z'", String(1000001, u'z')}};
+  const TCases<String, String> cases = {{u"", u""},
+                                        {u"kill -9 $$", u""},
+                                        {u"-x 2>/dev/null", u""},  // no option
+                                        {u"echo a; kill -9 $$", u"a\n"},
+                                        {u"exec >&- 2>&-; exit 1", u""},
+                                        {u"(sleep 0.05; echo late) & echo first", u"first\nlate\n"},
+                                        {u"printf 'a\\0b'", u"a" + kNul + u"b"},
+                                        {u"head -c 1000001 /dev/zero | tr '\\0' 'z'", String(1000001, u'z')}};
   for (const auto& [command, wanted] : cases) {
-    output.clear();
-    EXPECT_TRUE(VxExecCommandline(command, output)) << command.ToUtf8();
-    EXPECT_EQ(output, wanted) << command.ToUtf8();
+    EXPECT_TRUE(VxExecCommandline(command, output = {})) << command;
+    EXPECT_EQ(output, wanted) << command;
   }
-  EXPECT_FALSE(VxExecCommandline(u"echo a", output, FDir.Path("missing")) || VxExecCommandline(kNul, output));
-  EXPECT_TRUE(VxExecCommandline(u"-x 2>/dev/null", output = {}) && output.empty()) << "no option";
+  EXPECT_FALSE(VxExecCommandline(u"echo a", output, FDir.Path("missing")));
+  EXPECT_FALSE(VxExecCommandline(kNul, output));
   int code = 9, pieces = 0;
   const auto take = [&](std::string_view bytes) { return bytes.size() <= 255 && ++pieces < 3; };
   const TProcessStart endlessly{"/bin/sh", {"-c", "echo $$ > pid; while :; do echo x; done"}, FDirectory};
-  EXPECT_TRUE(RunForOutput(endlessly, code, take) == 0 && code == 0 && pieces == 3);
+  EXPECT_EQ((TFacts{RunForOutput(endlessly, code, take), code, pieces}), "0 0 3");
   const pid_t endless = std::atoi(Read("pid").c_str());
   for (int i = 0; i < 5000 && VxProcessExists(endless, u""); ++i) ::usleep(1000);
   EXPECT_FALSE(VxProcessExists(endless, u"")) << "ended by its closed output";
@@ -186,9 +171,9 @@ TEST_F(ProcessTest, ExecuteTellsWhyAFileIsNotOpened) {
   int result = 33;
   SetShellExecute([&](const TShellCall& given) { return call = given, result; });
   String error = u"old";
-  EXPECT_TRUE(VxExecute(file, u"-p \"x\"", &error) && error.empty());
-  EXPECT_EQ(call.Verb + u"|" + call.File + u"|" + call.Parameters + u"|" + call.Directory,
-            u"open|" + file + u"|-p \"x\"|" + FDir.Path());
+  EXPECT_TRUE(VxExecute(file, u"-p \"x\"", &error));
+  EXPECT_EQ(Concat({error, u"|", call.Verb, u"|", call.File, u"|", call.Parameters, u"|", call.Directory}),
+            u"|open|" + file + u"|-p \"x\"|" + FDir.Path());
   const std::pair<int, String> reasons[] = {
       {0, u"Windows stehen nicht genug Ressourcen zur Verfügung."},
       {2, u"Sie existiert nicht."},
@@ -206,7 +191,7 @@ TEST_F(ProcessTest, ExecuteTellsWhyAFileIsNotOpened) {
       {1, u"Windows meldet die Fehlernummer [1]."}};
   for (const auto& [number, reason] : reasons) {
     result = number;
-    EXPECT_FALSE(VxExecute(file, u"", &error) || VxExecute(file, u"", nullptr));
+    EXPECT_EQ((TFacts{VxExecute(file, u"", &error), VxExecute(file, u"", nullptr)}), "no no") << number;
     EXPECT_EQ(error, u"Die Datei kann nicht ausgeführt werden!" + reason + path);
   }
   result = 33;
@@ -221,83 +206,60 @@ TEST_F(ProcessTest, ExecuteTellsWhyAFileIsNotOpened) {
 
 TEST_F(ProcessTest, TheShellStartsProgramsAndOpensDocuments) {
   ::setenv("PATH", (FDirectory + "/bin").c_str(), 1);
-  const TSystemRoots before = SetSystemRoots({FDirectory, "/home"});
+  SetSystemRoots({FDirectory, "/home"});
   ASSERT_EQ(::mkfifo((FDirectory + "/fifo").c_str(), 0600), 0);
   const std::string tell = "#!/bin/sh\nprintf '[%s]' \"${0##*/}\" \"$@\" > " + FDirectory + "/fifo\n";
   Put("bin/xdg-open", tell), Put("bin/xcalc", tell), Put("bin/lp", tell);
   String opened;
   SetOpenDocument([&](const String& file, const String&) { return opened = file, file.view().ends_with(u".csv"); });
   const String program = Put("run", tell), document = Put("a.csv", "x", 0644);
-  struct {
-    TShellCall Call;
-    int Result;
-    std::string Told;
-  } cases[] = {{{u"open", program, u"a \"b c\"", FDir.Path()}, 33, "[run][a][b c]"},
-               {{u"open", document}, 33, ""},
-               {{u"open", u"CALC.exe", u"1"}, 33, "[xcalc][1]"},
-               {{u"print", document}, 33, "[lp][" + document.ToUtf8() + "]"},
-               {{u"open", u"mailto:a@b?subject=$(x) \"y\""}, 33, "[xdg-open][mailto:a@b?subject=$(x) \"y\"]"},
-               {{u"open", u"cmd.exe"}, 2, ""},
-               {{u"edit", document}, 31, ""},
-               {{u"open", document + kNul}, 2, ""},
-               {{u"print", FDir.Path("none")}, 2, ""},
-               {{u"open", document + u"/x"}, 3, ""},
-               {{u"open", Put("b.txt", "x", 0644)}, 31, ""},
-               {{u"open", Put("locked", "#!/bin/sh", 0644)}, 5, ""},
-               {{u"open", Put("junk", "junk")}, 11, ""},
-               {{u"open", Put("nointerpreter", "#!/none\n")}, 2, ""},
-               {{u"open", program, u"", FDir.Path("none")}, 2, ""}};
-  for (const auto& c : cases) {
-    EXPECT_EQ(ShellExecute(c.Call), c.Result) << c.Call.File.ToUtf8();
-    if (!c.Told.empty()) {
-      EXPECT_EQ(Read("fifo"), c.Told);
-    }
+  const TCases<TShellCall, int, std::string> cases = {
+      {{u"open", program, u"a \"b c\"", FDir.Path()}, 33, "[run][a][b c]"},
+      {{u"open", document}, 33, ""},
+      {{u"open", u"CALC.exe", u"1"}, 33, "[xcalc][1]"},
+      {{u"print", document}, 33, "[lp][" + document.ToUtf8() + "]"},
+      {{u"open", u"mailto:a@b?subject=$(x) \"y\""}, 33, "[xdg-open][mailto:a@b?subject=$(x) \"y\"]"},
+      {{u"open", u"cmd.exe"}, 2, ""},
+      {{u"edit", document}, 31, ""},
+      {{u"open", document + kNul}, 2, ""},
+      {{u"print", FDir.Path("none")}, 2, ""},
+      {{u"open", document + u"/x"}, 3, ""},
+      {{u"open", Put("b.txt", "x", 0644)}, 31, ""},
+      {{u"open", Put("locked", "#!/bin/sh", 0644)}, 5, ""},
+      {{u"open", Put("junk", "junk")}, 11, ""},
+      {{u"open", Put("nointerpreter", "#!/none\n")}, 2, ""},
+      {{u"open", program, u"", FDir.Path("none")}, 2, ""}};
+  for (const auto& [call, result, written] : cases) {
+    EXPECT_EQ(ShellExecute(call), result) << call.File;
+    EXPECT_EQ(written.empty() ? "" : Read("fifo"), written);
   }
   EXPECT_EQ(opened, FDir.Path("b.txt"));
-  SetSystemRoots(before);
 }
 
 TEST_F(ProcessTest, ToolsMailsAndAddressesGoThroughTheShell) {
   String told;
   int result = 33;
   SetShellExecute(
-      [&](const TShellCall& call) { return told = call.Verb + u"|" + call.File + u"|" + call.Parameters, result; });
-  const String calls[] = {u"wab.exe|p",
-                          u"calc.exe|p",
-                          u"cmd.exe|p",
-                          u"mspaint.exe|p",
-                          u"wordpad.exe|p",
-                          u"notepad.exe|p",
-                          u"wmplayer.exe|p",
-                          u"charmap.exe|p",
-                          u"dfrg.msc|p",
-                          u"msinfo32.exe|p",
-                          u"sndvol32.exe|p",
-                          u"wscui.cpl|p",
-                          u"iexplore.exe|p",
-                          u"p|",
-                          u"%SystemRoot%\\Fonts|p",
-                          u"p|",
-                          u"p|",
-                          u"|p"};
+      [&](const TShellCall& call) { return told = call.Verb + u" " + call.File + u" " + call.Parameters, result; });
+  const TCells calls = ReadLighttext(
+      u"open wab.exe p|open calc.exe p|open cmd.exe p|open mspaint.exe p|open wordpad.exe p|open notepad.exe p|"
+      u"open wmplayer.exe p|open charmap.exe p|open dfrg.msc p|open msinfo32.exe p|open sndvol32.exe p|"
+      u"open wscui.cpl p|open iexplore.exe p|open p |open %SystemRoot%\\Fonts p|explore p |print p |open  p");
   for (int tool = 0; tool <= wtPrint + 1; ++tool) {
     EXPECT_TRUE(VxWindowsTool(static_cast<TWindowsTool>(tool), u"p"));
-    EXPECT_EQ(told, (tool == wtExplore ? u"explore|" : tool == wtPrint ? u"print|" : u"open|") + calls[tool]);
+    EXPECT_EQ(told, calls.at(static_cast<size_t>(tool)));
   }
   const String file = Put("a b", "x");
   EXPECT_TRUE(VxProcessMailTo(u"a@b", u"s t", u"x\"y", file));
-  EXPECT_EQ(told, u"open|mailto:a@b?subject=s t&body=x\"y&file=\"" + file + u"\"|");
-  EXPECT_TRUE(VxProcessMailTo(u"a", u"", u"", file + u"x") && told == u"open|mailto:a?subject=&body=|");
+  EXPECT_EQ(told, u"open mailto:a@b?subject=s t&body=x\"y&file=\"" + file + u"\" ");
+  EXPECT_TRUE(VxProcessMailTo(u"a", u"", u"", file + u"x"));
+  EXPECT_EQ(told, u"open mailto:a?subject=&body= ");
   result = 32;
-  EXPECT_FALSE(VxWindowsTool(wtCommand) || VxProcessMailTo(u"a", u"b", u"c", u""));
-  for (auto [url, wanted] : {std::pair{u"", u""},
-                             {u"a", u"a "},
-                             {u"x://a/b", u"x:// a/ b "},
-                             {u"/", u"/ "},
-                             {u"/a/", u"/ a/ "},
-                             {u"a//", u"a// "},
-                             {u"a///b", u"a/ // b "},
-                             {u"//h/p", u"// h/ p "}}) {
+  EXPECT_EQ((TFacts{VxWindowsTool(wtCommand), VxProcessMailTo(u"a", u"b", u"c", u"")}), "no no");
+  const TCases<String, String> urls = {
+      {u"", u""},        {u"a", u"a "},           {u"/", u"/ "},           {u"/a/", u"/ a/ "},
+      {u"a//", u"a// "}, {u"a///b", u"a/ // b "}, {u"//h/p", u"// h/ p "}, {u"x://a/b", u"x:// a/ b "}};
+  for (const auto& [url, wanted] : urls) {
     String pieces;
     const auto list = VxParseURL(url);
     for (const String& piece : list->Items()) pieces += piece + u" ";
@@ -306,26 +268,20 @@ TEST_F(ProcessTest, ToolsMailsAndAddressesGoThroughTheShell) {
 }
 
 TEST_F(ProcessTest, WindowsAndProcessesAreFoundByTheirPrograms) {
-  const TSystemRoots before = SetSystemRoots({FDirectory, "/home/anna"});
+  EXPECT_EQ((TFacts{VxProcessExists(::getpid(), u""), VxProcessExists(INT32_MAX, u"")}), "yes no");
+  SetSystemRoots({FDirectory, "/home/anna"});
   EXPECT_FALSE(VxProcessExists(0, u"")) << "no processes";
-  for (auto [file, text] : {std::pair{"7", "7 (kind) of) Z 1"},
-                            {"8", "8 (a) b) S 1"},
-                            {"9x", "9 (c) S 1"},
-                            {"12", "12 ("},
-                            {"13", "13 )("},
-                            {"14", "14 (d)"}}) {
-    Put("proc/" + std::string(file) + "/stat", text);
-  }
+  const TCases<std::string, std::string> stats = {{"7", "7 (kind) of) Z 1"}, {"8", "8 (a) b) S 1"},
+                                                  {"9x", "9 (c) S 1"},       {"12", "12 ("},
+                                                  {"13", "13 )("},           {"14", "14 (d)"}};
+  for (const auto& [file, text] : stats) Put("proc/" + file + "/stat", text);
   std::filesystem::create_symlink("/opt/Größe (deleted)", FDirectory + "/proc/8/exe");
-  struct {
-    int64_t Id;
-    std::u16string_view Name;
-    bool Exists;
-  } processes[] = {{0, u"", true},      {8, u"", true},  {8, u"A) B", true}, {7, u"", false},  {0, u"GRÖSSE", false},
-                   {0, u"GRÖßE", true}, {9, u"", false}, {0, u"c", false},   {12, u"", false}, {-1, u"", false}};
-  for (const auto& c : processes) EXPECT_EQ(VxProcessExists(c.Id, c.Name), c.Exists) << c.Id;
+  const TCases<int64_t, String, bool> processes = {
+      {0, u"", true},      {8, u"", true},  {8, u"A) B", true}, {7, u"", false},  {0, u"GRÖSSE", false},
+      {0, u"GRÖßE", true}, {9, u"", false}, {0, u"c", false},   {12, u"", false}, {-1, u"", false}};
+  for (const auto& [id, name, exists] : processes) EXPECT_EQ(VxProcessExists(id, name), exists) << id << name;
   const String found = u"Es wurde ein Fenster gefunden,\r\naber ", title = u"\r\n\r\nFenstername: T";
-  const std::pair<TWindow, String> cases[] = {
+  const TCases<TWindow, String> cases = {
       {TWindow{5, 1, u"c:\\GRößE"}, u""},
       {TWindow{5, 8, u""}, u""},
       {TWindow{}, u"Es wurde kein Fenster gefunden!" + title},
@@ -342,14 +298,16 @@ TEST_F(ProcessTest, WindowsAndProcessesAreFoundByTheirPrograms) {
       EXPECT_EQ(VxFindWindow(u"C", u"T", u"C:\\Größe", show), told.empty() ? 5 : 0);
     }
     EXPECT_EQ(FDialogs.Shown.empty() ? u"" : FDialogs.Shown[0].Text, told);
-    EXPECT_TRUE(FDialogs.Shown.empty() || FDialogs.Shown[0].Kind == mtWarning);
+    EXPECT_EQ(FDialogs.Shown.empty() ? mtWarning : FDialogs.Shown[0].Kind, mtWarning);
   }
-  SetSystemRoots(before);
-  EXPECT_TRUE(VxProcessExists(::getpid(), u"") && !VxProcessExists(INT32_MAX, u""));
 }
 
 TEST_F(ProcessTest, DrivesAreThoseOfTheTableOfMounts) {
-  const TSystemRoots before = SetSystemRoots({FDirectory, "/"});
+  int64_t bytes = -1;
+  EXPECT_EQ((TFacts{VxDiskSpace(FDir.Path("none/none"), bytes), bytes > 0}), "yes yes");
+  EXPECT_EQ((TFacts{VxDiskSpace(u"X:\\a", bytes), bytes}), "no 0");
+  EXPECT_EQ((TFacts{VxDiskSpace(kNul, bytes), VxDiskSpace(u"", bytes)}), "no yes");
+  SetSystemRoots({FDirectory, "/"});
   EXPECT_EQ(VxDriveType(u"C"), 0) << "no table";
   Put("proc/self/mounts",
       "/dev/sda1 / ext4 rw 0 0\n//srv/daten /mnt/a\\040b cifs rw 0 0\nu@nas:/vol/x/ /mnt/nfs nfs4\n"
@@ -358,58 +316,50 @@ TEST_F(ProcessTest, DrivesAreThoseOfTheTableOfMounts) {
   Put("sys/block/sda/removable", "0\n"), Put("sys/block/sdb/removable", "1\n"), Put("dev/sdb1", "");
   Put("dev/disk/by-label/y", "");
   std::filesystem::create_symlink("../../sdb1", FDirectory + "/dev/disk/by-label/MEIN\\x20STICK");
-  struct {
-    char16_t Letter;
-    const char* Directory;
-    int Type;
-    std::u16string_view Network;
-  } cases[] = {{u'D', "/mnt/a b/sub", 4, u"\\\\srv\\daten\\sub"},
-               {u'E', "/mnt/nfs", 4, u"\\\\nas\\vol\\x"},
-               {u'F', "/mnt/ram", 6, u""},
-               {u'G', "/mnt/cd", 5, u""},
-               {u'H', "/mnt/stick", 2, u""},
-               {u'I', "/none", 1, u""},
-               {u'J', "/dev", 3, u""},
-               {u'K', "/mnt/old", 4, u"\\\\[::1]\\v"},
-               {u'L', "/mnt", 3, u""}};
-  for (const auto& c : cases) {
-    if (c.Type != 1) std::filesystem::create_directories(FDirectory + c.Directory);
-    GetPathMap().SetDrive(c.Letter, c.Directory);
+  // kind, network path and label
+  const TCases<char16_t, std::string, std::string> cases = {{u'D', "/mnt/a b/sub", R"(4 \\srv\daten\sub )"},
+                                                            {u'E', "/mnt/nfs", R"(4 \\nas\vol\x )"},
+                                                            {u'F', "/mnt/ram", "6  "},
+                                                            {u'G', "/mnt/cd", "5  "},
+                                                            {u'H', "/mnt/stick", "2  MEIN STICK"},
+                                                            {u'I', "/none", "1  "},
+                                                            {u'J', "/dev", "3  "},
+                                                            {u'K', "/mnt/old", R"(4 \\[::1]\v )"},
+                                                            {u'L', "/mnt", "3  "}};
+  for (const auto& [letter, directory, told] : cases) {
+    if (directory != "/none") std::filesystem::create_directories(FDirectory + directory);
+    GetPathMap().SetDrive(letter, directory);
   }
   EXPECT_EQ(VxDriveList()->GetCommaText(), u"C:\\,D:\\,E:\\,F:\\,G:\\,H:\\,I:\\,J:\\,K:\\,L:\\");
-  for (const auto& c : cases) {
-    const String letter(1, c.Letter);
-    for (const String& drive : {letter, letter + u":", letter + u":\\none\\a"}) {
-      EXPECT_TRUE(VxDriveType(drive) == c.Type && VxDriveToUNC(drive) == c.Network) << drive.ToUtf8();
+  for (const auto& [letter, directory, told] : cases) {
+    for (const char16_t* path : {u"", u":", u":\\none\\a"}) {
+      const String drive = String(1, letter) + path;
+      EXPECT_EQ((TFacts{VxDriveType(drive), VxDriveToUNC(drive), GetVolumeName(letter)}), told) << drive;
     }
-    EXPECT_EQ(GetVolumeName(c.Letter), c.Letter == u'H' ? u"MEIN STICK" : u"");
-    GetPathMap().SetDrive(c.Letter, "");
+    GetPathMap().SetDrive(letter, "");
   }
-  EXPECT_TRUE(VxDriveType(u"X:\\") == 1 && VxDriveType(u"") == 1 && VxDriveToUNC(u"\\\\a\\b").empty());
-  SetSystemRoots(before);
-  int64_t bytes = -1;
-  EXPECT_TRUE(VxDiskSpace(FDir.Path("none/none"), bytes) && bytes > 0);
-  EXPECT_TRUE(!VxDiskSpace(u"X:\\a", bytes) && bytes == 0 && !VxDiskSpace(kNul, bytes) && VxDiskSpace(u"", bytes));
+  EXPECT_EQ((TFacts{VxDriveType(u"X:\\"), VxDriveType(u""), VxDriveToUNC(u"\\\\a\\b")}), "1 1 ");
 }
 
 TEST_F(ProcessTest, DirectoriesAreThoseOfTheSystemAndTheUser) {
-  const TSystemRoots before = SetSystemRoots({FDirectory, "/home/anna"});
+  EXPECT_EQ(VxUserName(), LoginName());
+  SetSystemRoots({FDirectory, "/home/anna"});
   Put("usr/x", ""), Put("tmp/x", ""), Put("home/anna/Mein Tisch/x", ""), Put("home/anna/Music/x", "");
-  EXPECT_EQ(VxWindowsDirectory() + u"|" + VxWindowsTempDirectory() + u"|" + VxWindowsFontsDirectory() + u"|" +
-                VxWindowsDesktopDirectory(),
-            u"C:\\usr|C:\\tmp\\|C:\\usr\\Fonts\\|");
+  EXPECT_EQ((TFacts{VxWindowsDirectory(), VxWindowsTempDirectory(), VxWindowsFontsDirectory()}),
+            R"(C:\usr C:\tmp\ C:\usr\Fonts\)");
+  EXPECT_EQ(VxWindowsDesktopDirectory(), u"");
   Put("home/anna/.config/user-dirs.dirs",
       "# x\nXDG_DESKTOP_DIR=no\nXDG_DESKTOP_DIR=\"$HOME/Mein\\ Tisch/\"\n"
       "XDG_MUSIC_DIR=\"relative\"\nXDG_VIDEOS_DIR=\"/none");
   EXPECT_EQ(VxWindowsDesktopDirectory(), u"C:\\home\\anna\\Mein Tisch");
   for (int folder : {-1, 6, 15, INT32_MAX}) EXPECT_EQ(GetProgramPath(folder), u"") << folder;
   EXPECT_EQ(GetProgramPath(4), u"C:\\home\\anna\\Music");
-  SetSystemRoots(before);
-  EXPECT_EQ(VxUserName(), LoginName());
   String directory = u"a";
   EXPECT_FALSE(VxSelectDirectory(u"c", u"r", directory));
   SetSelectDirectory([](const TDirectoryQuestion& q, String& chosen) { return chosen = q.Caption + q.Root, true; });
-  EXPECT_TRUE(VxSelectDirectory(u"c", u"r", directory) && directory == u"cr" && SetSelectDirectory({}));
+  EXPECT_TRUE(VxSelectDirectory(u"c", u"r", directory));
+  EXPECT_EQ(directory, u"cr");
+  EXPECT_TRUE(SetSelectDirectory({}));
 }
 
 TEST_F(ProcessTest, VersionsOfProgramsComeFromTheirResources) {
@@ -436,44 +386,34 @@ TEST_F(ProcessTest, VersionsOfProgramsComeFromTheirResources) {
 TEST(WindowsVersionTest, NamesFollowTheRecord) {
   const TOSVersionInfoEx before = OSVersionEx();
   EXPECT_EQ(GetWinVersion(), u"Unbekannte Windows-Version " + SystemName());
-  struct {
-    uint32_t Platform, Major, Minor;
-    uint8_t Product;
-    uint16_t Suite;
-    bool R2;
-    String Name;
-  } cases[] = {{0, 9, 9, 0, 0, false, u"Win32s"},
-               {1, 4, 0, 0, 512, false, u"Windows 95"},
-               {1, 4, 10, 0, 0, false, u"Windows 98"},
-               {1, 4, 90, 0, 0, false, u"Windows Millennium Edition"},
-               {1, 5, 0, 0, 0, false, u"?"},
-               {3, 5, 1, 0, 0, false, u"?"},
-               {2, 4, 0, 0, 0, false, u"Windows NT+"},
-               {2, 5, 0, 0, 512, false, u"Windows 2000 Home Edition"},
-               {2, 5, 1, 0, 0xFDFF, false, u"Windows XP+"},
-               {2, 5, 2, 1, 0, true, u"Windows Server 2003 \"R2\"+"},
-               {2, 5, 2, 1, 0, false, u"Windows XP x64+"},
-               {2, 5, 2, 3, 32768, false, u"Windows Home Server+"},
-               {2, 5, 2, 3, 0, false, u"Windows Server 2003+"},
-               {2, 6, 0, 1, 0, false, u"Windows Vista+"},
-               {2, 6, 0, 2, 0, false, u"Windows Server 2008+"},
-               {2, 6, 1, 1, 512, false, u"Windows 7 Home Edition"},
-               {2, 6, 1, 3, 0, false, u"Windows Server 2008 R2+"},
-               {2, 10, 0, 1, 0, false, u"?+"},
-               {2, 0x60000, 0x10006, 1, 512, false, u"? Home Edition"}};
-  for (const auto& c : cases) {
-    OSVersionEx() = {.MajorVersion = c.Major,
-                     .MinorVersion = c.Minor,
-                     .PlatformId = c.Platform,
-                     .SuiteMask = c.Suite,
-                     .ProductType = c.Product,
-                     .IsServerR2 = c.R2};
-    const String name = ReplaceAll(ReplaceAll(c.Name, u"?", u"Unbekannte Windows-Version"), u"+", u" Professional");
+  const TCases<uint32_t, uint32_t, uint32_t, uint8_t, uint16_t, bool, String> cases = {
+      {0, 9, 9, 0, 0, false, u"Win32s"},
+      {1, 4, 0, 0, 512, false, u"Windows 95"},
+      {1, 4, 10, 0, 0, false, u"Windows 98"},
+      {1, 4, 90, 0, 0, false, u"Windows Millennium Edition"},
+      {1, 5, 0, 0, 0, false, u"?"},
+      {3, 5, 1, 0, 0, false, u"?"},
+      {2, 4, 0, 0, 0, false, u"Windows NT+"},
+      {2, 5, 0, 0, 512, false, u"Windows 2000 Home Edition"},
+      {2, 5, 1, 0, 0xFDFF, false, u"Windows XP+"},
+      {2, 5, 2, 1, 0, true, u"Windows Server 2003 \"R2\"+"},
+      {2, 5, 2, 1, 0, false, u"Windows XP x64+"},
+      {2, 5, 2, 3, 32768, false, u"Windows Home Server+"},
+      {2, 5, 2, 3, 0, false, u"Windows Server 2003+"},
+      {2, 6, 0, 1, 0, false, u"Windows Vista+"},
+      {2, 6, 0, 2, 0, false, u"Windows Server 2008+"},
+      {2, 6, 1, 1, 512, false, u"Windows 7 Home Edition"},
+      {2, 6, 1, 3, 0, false, u"Windows Server 2008 R2+"},
+      {2, 10, 0, 1, 0, false, u"?+"},
+      {2, 0x60000, 0x10006, 1, 512, false, u"? Home Edition"}};
+  for (const auto& [platform, major, minor, product, suite, isR2, told] : cases) {
+    OSVersionEx() = {major, minor, 0, platform, {}, 0, 0, suite, product, isR2};
+    const String name = ReplaceAll(ReplaceAll(told, u"?", u"Unbekannte Windows-Version"), u"+", u" Professional");
     EXPECT_EQ(GetWinVersion(), name);
     OSVersionEx().CSDVersion = u"Service Pack 2 ";
     EXPECT_EQ(GetWinVersion(), name + u" Service Pack 2");
-    EXPECT_EQ(IsWin7(), c.Major == 6 && c.Minor == 1);
-    EXPECT_EQ(IsWin7AndBigger(), c.Major > 6 || IsWin7());
+    EXPECT_EQ(IsWin7(), major == 6 && minor == 1);
+    EXPECT_EQ(IsWin7AndBigger(), major > 6 || IsWin7());
   }
   OSVersionEx() = before;
   EXPECT_FALSE(Is64bit());
@@ -485,4 +425,3 @@ TEST(WindowsVersionTest, NamesFollowTheRecord) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,27 +1,17 @@
 #include "services/uSharedIni.h"
 
-#include <gtest/gtest.h>
-
-#include <cerrno>
-#include <map>
 #include <optional>
-#include <random>
 #include <sstream>
 
-#include "platform/Clock.h"
-#include "platform/Files.h"
 #include "platform/IniLine.h"
 #include "platform/SafeFiles.h"
-#include "platform/Text.h"
 #include "services/uHandleFile.h"
 #include "services/uMsg.h"
-#include "tests/support/FileText.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
-#include "tests/support/TempDir.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 using TTexts = std::vector<std::string>;
 using TContent = std::map<String, std::map<String, String>>;
@@ -65,36 +55,16 @@ std::string Do(std::span<TSharedIni* const> inis, const std::string& steps) {
     };
     const String section = part(2, dot), key = dot == step.npos ? String() : part(dot + 1, is),
                  value = part(is + 1, step.npos);
-    switch (step[1]) {
-      case '+':
-        ini.WriteString(section, key, value);
-        break;
-      case '-':
-        ini.DeleteKey(section, key);
-        break;
-      case '!':
-        ini.EraseSection(section);
-        break;
-      case '/':
-        FileDelete(ini.GetFileName());
-        break;
-      case '(':
-      case ')':
-        ini.SetTransaction(step[1] == '(');
-        break;
-      case '[':
-      case ']':
-        ini.SetDefaults(step[1] == '[');
-        break;
-      case '>':
-        told += ini.ReadString(section, key, value).ToUtf8() + ",";
-        break;
-      case '.':
-        told += ini.Store() ? "1," : "0,";
-        break;
-      default:
-        told += ini.Reload(step[1] == '~', step[1] == '~') ? "1," : "0,";
-    }
+    const char what = step[1];
+    if (what == '+') ini.WriteString(section, key, value);
+    if (what == '-') ini.DeleteKey(section, key);
+    if (what == '!') ini.EraseSection(section);
+    if (what == '/') FileDelete(ini.GetFileName());
+    if (what == '(' || what == ')') ini.SetTransaction(what == '(');
+    if (what == '[' || what == ']') ini.SetDefaults(what == '[');
+    if (what == '>') told += ini.ReadString(section, key, value).ToUtf8() + ",";
+    if (what == '.') told += ini.Store() ? "1," : "0,";
+    if (what == '?' || what == '~') told += ini.Reload(what == '~', what == '~') ? "1," : "0,";
   }
   return told;
 }
@@ -117,10 +87,8 @@ struct SharedIni : testing::Test {
   }
   std::string Get(const std::string& name) { return Replaced(test::GetText(Dir.Path(name)), "\r\n", "\n"); }
   test::TTempDir Dir;
-  TManualClock Clock{46000.25};
-  TFixedTimeZone Zone{60};
-  TClockScope ClockScope{Clock};
-  TTimeZoneScope ZoneScope{Zone};
+  test::TClockAt Clock{46000.25};
+  test::TZoneAt Zone{60};
   TDateTime Stamp = 45000;
   TTexts Notes;
 };
@@ -140,8 +108,9 @@ TEST_F(SharedIni, ReadsLinesAndAnyEncoding) {
             u"KEY,key|KEY=1,key=2,plain");
   EXPECT_EQ(ini.ReadString(u"ä", u"Key", u"-") + ini.ReadString(u"Ä", u"z", u"-") + ini.ReadString(u"e", u"", u"!"),
             u"1-!");
-  EXPECT_TRUE(ini.ReadInteger(u"e", u"h", 3) == 255 && ini.ReadInteger(u"e", u"o", 3) == 3);
-  EXPECT_TRUE(ini.SectionExists(u"N", true) && !ini.SectionExists(u"N", false) && !ini.SectionExists(u"q", true));
+  EXPECT_EQ((TFacts{ini.ReadInteger(u"e", u"h", 3), ini.ReadInteger(u"e", u"o", 3)}), "255 3");
+  EXPECT_EQ((TFacts{ini.SectionExists(u"N", true), ini.SectionExists(u"N", false), ini.SectionExists(u"q", true)}),
+            "yes no no");
   list.SetCommaText(u"a=1,=2,b,c=d=e,A=3");
   ini.WriteSectionValues(u"e", list);
   EXPECT_EQ(Content(ini)[u"E"], (TContent::mapped_type{{u"A", u"3"}, {u"C", u"d=e"}}));
@@ -155,18 +124,16 @@ TEST_F(SharedIni, ReadsLinesAndAnyEncoding) {
     TSharedIni coded(Dir.Path("f"), {}, told);
     EXPECT_EQ(coded.ReadString(u"S", u"n", u"ü"), u"ü");
     coded.WriteString(u"S", u"n", u"ä€");
-    EXPECT_TRUE(coded.Store() && test::GetText(Dir.Path("f")) == bytes(kept, u"[S]\r\nn=ä€\r\n\r\n"));
+    EXPECT_TRUE(coded.Store());
+    EXPECT_EQ(test::GetText(Dir.Path("f")), bytes(kept, u"[S]\r\nn=ä€\r\n\r\n"));
   }
 }
 
 TEST_F(SharedIni, StepsOfTwo) {
   const std::string x = "[S]\nx=1\n";
-  const TSharedIniOptions none, stamp{sioSectionStamp}, write{sioInstantWrite},
+  const TSharedIniOptions none, stamp{sioSectionStamp}, write{sioInstantWrite}, both{sioSectionStamp, sioInstantWrite},
       memorize{sioMemorizeDefaults, sioInstantWrite};
-  struct {
-    TSharedIniOptions A;
-    std::string Start, Steps, Told, End;
-  } cases[] = {
+  const TCases<TSharedIniOptions, std::string, std::string, std::string, std::string> cases = {
       {none, x, "a+S.x=2 b+S.y=3 a. b. a>S.y a. a>S.y", "1,1,,1,3,", "[S]\nx=2\ny=3\n\n"},
       {none, x + "plain\n[T]\n", "a!S a. b+T.k= b.", "1,1,", "[T]\nk=\n\n"},
       {none, "[M]\n", "a+A.b=1 a+A.a=2 a+Z.k=3 a+M.n=4 a.", "1,", "[M]\nn=4\n\n[Z]\nk=3\n\n[A]\nb=1\na=2\n\n"},
@@ -184,18 +151,15 @@ TEST_F(SharedIni, StepsOfTwo) {
       {memorize, x, "a>S.x=d a[ a[ a] a+T.w=5 a+T.w=6 a>s.X=e a>T.w=e a>U.n=1 a>U.n=2 a] a>S.x=e", "1,d,5,1,1,1,", x},
       {write, x, "a>S.x=d a[ a+T.w=5 a>s.X=e a>T.w=e a>U.n=1 a>U.n=2 a]", "1,e,e,1,2,", x},
       {stamp, "[A]\n[B]\nb=1\n[C]\nc=1\n", "a+A.a=2 a+B.b=1 a!C a-D.x a.", "1,", "[A]\na=2\n" + kUser + "[B]\nb=1\n\n"},
-      {{sioSectionStamp, sioInstantWrite},
-       x + "[T]\n",
-       "a/ a+N.n=1 a.",
-       "1,",
-       x + kUser + "[T]\n" + kUser + "[N]\nn=1\n" + kUser}};
+      {both, x + "[T]\n", "a/ a+N.n=1 a.", "1,", x + kUser + "[T]\n" + kUser + "[N]\nn=1\n" + kUser}};
   for (const auto& [options, start, steps, told, end] : cases) {
     TSharedIni a(Put("f", start), options), b(Dir.Path("f"));
     a.SetUsername(u" meier ");
     TSharedIni* inis[] = {&a, &b};
     EXPECT_EQ(Do(inis, steps), told) << steps;
     EXPECT_EQ(Get("f"), end) << steps;
-    EXPECT_TRUE(a.Store() && !a.Modified() && a.GetLoaded() == VxFileLastWrite(a.GetFileName(), false)) << steps;
+    EXPECT_EQ((TFacts{a.Store(), a.Modified()}), "yes no") << steps;
+    EXPECT_EQ(a.GetLoaded(), VxFileLastWrite(a.GetFileName(), false)) << steps;
     EXPECT_EQ(Lines(a), Lines(TSharedIni(a.GetFileName()))) << steps;
     EXPECT_EQ(a.DefaultSectionExists(u"u"), options == memorize);
   }
@@ -211,7 +175,9 @@ TEST_F(SharedIni, RetriesAndTells) {
   TSharedIni a(path), none{String()}, below(Dir.Path("d/e/f")), directory(Dir.Path("d"));
   TSharedIni* inis[] = {&a, &none, &below, &directory};
   EXPECT_EQ(Do(inis, "b+S.k=v b. c. c+S.k=v c. d+S.k=v a+S.y=2"), "0,1,1,");
-  EXPECT_TRUE(none.Modified() && Get("d/e/f") == "[S]\nk=v\n\n" && Told().empty());
+  EXPECT_TRUE(none.Modified());
+  EXPECT_EQ(Get("d/e/f"), "[S]\nk=v\n\n");
+  EXPECT_EQ(Told(), TTexts());
   a.SetTimeOut(50);
   const auto failed = [&](size_t times, const std::string& sender, const std::string& word, const String& why) {
     TTexts result(times, "L " + sender + kNot + word + " werden! " + why.ToUtf8());
@@ -221,26 +187,27 @@ TEST_F(SharedIni, RetriesAndTells) {
     const TFileStream held(path, fmOpenReadWrite | fmShareExclusive);
     const String why = test::RaisedBy<EFOpenError>([&] { TFileStream(path, fmOpenRead | fmShareDenyWrite); });
     const TSharedIni shut(path);
-    EXPECT_TRUE(shut.GetLoaded() == 0 && Lines(shut).empty() && Clock.GetSleeps() == 101 && Clock.Ticks() == 1010);
+    EXPECT_EQ((TFacts{shut.GetLoaded(), Lines(shut), Clock.GetSleeps(), Clock.Ticks()}), "0  101 1010");
     EXPECT_EQ(Told(), failed(101, kLoad, "geöffnet", why));
-    EXPECT_TRUE(Do(inis, "a.") == "0," && Told().size() == 102);  // the fresh copy has a patience of its own
-    EXPECT_TRUE(!a.Reload(true, false) && a.GetLoaded() == 0 && a.Modified() && Lines(a) == "[S]\nx=1\ny=2\n\n");
+    EXPECT_EQ((TFacts{Do(inis, "a."), Told().size()}), "0, 102") << "the fresh copy has a patience of its own";
+    EXPECT_EQ((TFacts{a.Reload(true, false), a.GetLoaded(), a.Modified(), Lines(a)}), "no 0 yes [S]\nx=1\ny=2\n\n");
     EXPECT_EQ(Told(), failed(6, kLoad, "geöffnet", why));
   }
   {
     const TFileStream held(path, fmOpenRead | fmShareDenyNone);
-    EXPECT_TRUE(Do(inis, "a.") == "0," && a.Modified() && a.GetLoaded() == 0);
+    EXPECT_EQ((TFacts{Do(inis, "a."), a.Modified(), a.GetLoaded()}), "0, yes 0");
     const String whyNot = test::RaisedBy<EFCreateError>([&] { TFileStream(path, fmCreate | fmShareExclusive); });
     EXPECT_EQ(Told(), failed(6, "TSharedIni.StoreValues: ", "erstellt", whyNot));
   }
-  EXPECT_TRUE(Do(inis, "d.") == "0," && directory.Modified() && DirectoryExists(Dir.Path("d")) && Told().size() == 102);
+  EXPECT_EQ((TFacts{Do(inis, "d."), directory.Modified(), DirectoryExists(Dir.Path("d")), Told().size()}),
+            "0, yes yes 102");
   TFileFaults faults;
   faults.Fail(foCreate, EACCES, 3, 0, "/f");
-  EXPECT_TRUE(Do(inis, "a.") == "1," && !a.Modified() && Told().size() == 3 && Get("f") == "[S]\nx=1\ny=2\n\n");
+  EXPECT_EQ((TFacts{Do(inis, "a."), a.Modified(), Told().size(), Get("f")}), "1, no 3 [S]\nx=1\ny=2\n\n");
   faults.LimitSpace(5);
-  EXPECT_TRUE(Do(inis, "a+S.y=3 a.") == "1," && !a.Modified() && Get("f") == "[S]\nx=1\ny=2\n\n");
+  EXPECT_EQ((TFacts{Do(inis, "a+S.y=3 a."), a.Modified(), Get("f")}), "1, no [S]\nx=1\ny=2\n\n");
   faults.Fail(foRead, EIO);
-  EXPECT_TRUE(Do(inis, "a+S.x=2 a~ a>S.x=-") == "1,-," && !a.Modified());
+  EXPECT_EQ((TFacts{Do(inis, "a+S.x=2 a~ a>S.x=-"), a.Modified()}), "1,-, no");
   EXPECT_EQ(Told(),
             (TTexts{"W " + kLoad + kNot + "geschrieben werden! " + p, "W " + kLoad + kNot + "gelesen werden! " + p}));
   TSharedIni(path).SetTransaction(true);
@@ -249,18 +216,18 @@ TEST_F(SharedIni, RetriesAndTells) {
 }
 
 TEST_F(SharedIni, DataFormKeepsAnyText) {
-  const std::pair<String, String> cases[] = {
+  const TCases<String, String> cases = {
       {u"a\r\nb", u"\"a\"0D0A\"b\""}, {u"\n", u"\"\"0A"},           {u"", u""},
       {u"\"", u"\"\"\"\""},           {u"a\"\x1F", u"\"a\"\"\"1F"}, {u"ä€ ", u"\"ä€ \""}};
   for (const auto& [text, data] : cases)
-    EXPECT_TRUE(IniStrToData(text) == data && IniDataToStr(data) == text) << data.ToUtf8();
+    EXPECT_EQ(std::pair(IniStrToData(text), IniDataToStr(data)), std::pair(data, text));
   EXPECT_EQ(IniDataToStr(u"0d\"x\"4G\"\"41 \"\"\"b") + IniDataToStr(u"\""), String(1, u'\0') + u"x@A\"b");
   std::mt19937 random(1);
   for (TSharedIni ini{String()}; random() % 300 != 0;) {
-    std::u16string text;
+    String text;
     while (random() % 12 != 0) text += u"a\"\n\r\0\x1F =ä"[random() % 9];
     ini.WriteData(u"S", u"k", text);
-    ASSERT_TRUE(ini.ReadData(u"S", u"k", u"?") == text && ini.ReadData(u"S", u"none", text) == text);
+    ASSERT_EQ(std::pair(ini.ReadData(u"S", u"k", u"?"), ini.ReadData(u"S", u"none", text)), std::pair(text, text));
   }
 }
 
@@ -272,7 +239,7 @@ TEST_F(SharedIni, RefusesLineBreaksAndTrimsBlanks) {
     EXPECT_EQ(Told(), TTexts{"W TSharedIni.WriteString: Ein Wert mit Zeilenumbruch kann nicht in die "
                              "Konfigurationsdatei geschrieben werden! " +
                              Concat({ini.GetFileName(), u": [", section, u"] ", key}).ToUtf8()});
-    EXPECT_FALSE(ini.Modified() || ini.SectionExists(section, true)) << value.ToUtf8();
+    EXPECT_EQ((TFacts{ini.Modified(), ini.SectionExists(section, true)}), "no no") << value;
   }
   ini.WriteString(u" S ", u" k ", u" v ");
   EXPECT_TRUE(ini.Store());
@@ -282,9 +249,9 @@ TEST_F(SharedIni, RefusesLineBreaksAndTrimsBlanks) {
 TEST_F(SharedIni, MirrorsACentralFile) {
   const String local = Put("l", "[S]\nx=1\nold=2\n[E]\n"), central = Put("c", "[S]\nX=1\ny=3\n[T]\nz=4\n");
   TDuplicateIni plain(local, central, {dioSectionStamp, dioInstantWrite});
-  EXPECT_TRUE(plain.GetSourceLoaded() == 0 && plain.Download() &&
-              plain.GetSourceLoaded() == VxFileLastWrite(central, false));
-  EXPECT_TRUE(plain.GetSectionStamp() && !plain.GetTransaction());
+  EXPECT_EQ((TFacts{plain.GetSourceLoaded(), plain.Download()}), "0 yes");
+  EXPECT_EQ(plain.GetSourceLoaded(), VxFileLastWrite(central, false));
+  EXPECT_EQ((TFacts{plain.GetSectionStamp(), plain.GetTransaction()}), "yes no");
   EXPECT_EQ(Get("l"), "[S]\nx=1\ny=3\n\n[E]\n\n[T]\nz=4\n\n");
   TDuplicateIni ini(local, central, {dioInstantSourceRead, dioInstantSourceWrite, dioSectionStamp});
   TSharedIni other(central);
@@ -295,13 +262,16 @@ TEST_F(SharedIni, MirrorsACentralFile) {
   for (bool empty : {false, true}) {  // the central file is made anew
     empty ? (void)Put("c", "") : (void)FileDelete(central);
     EXPECT_FALSE(ini.Reload(false, false));
-    EXPECT_TRUE(Get("c") == Get("l") && ini.GetSourceLoaded() == VxFileLastWrite(central, false));
+    EXPECT_EQ(Get("c"), Get("l"));
+    EXPECT_EQ(ini.GetSourceLoaded(), VxFileLastWrite(central, false));
     const std::string paths = central.ToUtf8() + "->" + local.ToUtf8();
     EXPECT_EQ(Told(), TTexts{"L " + kLoad + kNot + "heruntergeladen werden! " + paths});
   }
   TDuplicateIni deep(local, Dir.Path("n/c"), {dioInstantSourceRead}), none(Dir.Path("no"), Dir.Path("nc"));
-  EXPECT_TRUE(Get("n/c") == Get("l") && !none.Download() && !none.Upload());
-  EXPECT_TRUE(TDuplicateIni(Put("l", "[S]\nQ=8\n"), central).Upload() && Get("c") == "[S]\nQ=8\n\n[E]\n\n[T]\n\n");
+  EXPECT_EQ(Get("n/c"), Get("l"));
+  EXPECT_EQ((TFacts{none.Download(), none.Upload()}), "no no");
+  EXPECT_TRUE(TDuplicateIni(Put("l", "[S]\nQ=8\n"), central).Upload());
+  EXPECT_EQ(Get("c"), "[S]\nQ=8\n\n[E]\n\n[T]\n\n");
 }
 
 TEST_F(SharedIni, WhoDoesNotGetItsTurnKeepsItsJournal) {
@@ -427,4 +397,3 @@ TEST_F(SharedIni, RandomStepsGoAsOnMaps) {
 }
 
 }  // namespace
-}  // namespace vx

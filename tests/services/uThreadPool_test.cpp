@@ -1,19 +1,12 @@
 #include "services/uThreadPool.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <set>
-#include <stdexcept>
-
-#include "platform/Clock.h"
-#include "platform/Dialogs.h"
 #include "platform/MainThread.h"
 #include "services/uMsg.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
+
+using namespace vx;
 
 using TSizes = std::vector<int>;
 constexpr uint32_t kLong = 60000;  // ms that no test waits to their end
@@ -87,26 +80,21 @@ using Threads = ThreadPool;
 
 TEST_F(Threads, EventsAndSections) {
   TEvent event;
-  struct {
-    std::function<void()> Do;
-    TWaitResult Result;
-  } steps[] = {{[] {}, wrTimeout},
-               {[&] { SetEvent(event); }, wrSignaled},
-               {[] {}, wrSignaled},
-               {[&] { ResetEvent(event); }, wrTimeout},
-               {[&] { event.Abandon(); }, wrAbandoned},
-               {[&] { SetEvent(event); }, wrSignaled},
-               {[&] { ResetEvent(event); }, wrAbandoned}};
-  for (auto& step : steps) {
-    step.Do();
-    EXPECT_EQ(event.WaitFor(1), step.Result) << &step - steps;
-  }
+  const std::pair<std::function<void()>, TWaitResult> steps[] = {{[] {}, wrTimeout},
+                                                                 {[&] { SetEvent(event); }, wrSignaled},
+                                                                 {[] {}, wrSignaled},
+                                                                 {[&] { ResetEvent(event); }, wrTimeout},
+                                                                 {[&] { event.Abandon(); }, wrAbandoned},
+                                                                 {[&] { SetEvent(event); }, wrSignaled},
+                                                                 {[&] { ResetEvent(event); }, wrAbandoned}};
+  for (const auto& step : steps) EXPECT_EQ((step.first(), event.WaitFor(1)), step.second) << &step - steps;
   TCriticalSection section;
-  EXPECT_TRUE(section.TryEnter() && section.TryEnter());
+  const auto other = [&](bool wanted) { std::thread([&] { EXPECT_EQ(section.TryEnter(), wanted); }).join(); };
+  for (int i = 0; i < 2; ++i) EXPECT_TRUE(section.TryEnter());
   section.Leave();
-  std::thread([&] { EXPECT_FALSE(section.TryEnter()); }).join();
+  other(false);
   section.Leave();
-  std::thread([&] { EXPECT_TRUE(section.TryEnter()); }).join();
+  other(true);
 }
 
 TEST_F(Threads, StartStopSleepAndEnd) {
@@ -114,11 +102,13 @@ TEST_F(Threads, StartStopSleepAndEnd) {
   std::atomic<bool> slept{false};
   auto turn = [&](TWorker& self) { ++rounds, slept = self.Sleep(15); };
   TWorker thread(true, turn);
-  EXPECT_FALSE(thread.Active() || thread.Sleep(kLong) || thread.WaitForEvent());
+  EXPECT_EQ((TFacts{thread.Active(), thread.Sleep(kLong), thread.WaitForEvent()}), "no no no");
   thread.Start(), thread.Start();
-  EXPECT_TRUE(thread.Active() && Comes([&] { return rounds > 2 && slept; }));
+  EXPECT_TRUE(thread.Active());
+  EXPECT_TRUE(Comes([&] { return rounds > 2; }));
+  EXPECT_TRUE(Comes([&] { return slept.load(); }));
   thread.Stop();
-  EXPECT_FALSE(thread.Active() || thread.Sleep(kLong));
+  EXPECT_EQ((TFacts{thread.Active(), thread.Sleep(kLong)}), "no no");
   SystemClock().Sleep(100);
   const int before = rounds;
   SystemClock().Sleep(30);
@@ -152,7 +142,7 @@ TEST_F(Threads, RunMethodsInTheMainThread) {
     TThread::Queue([&] { order.push_back(1); });
     EXPECT_TRUE(TThread::Synchronize([&] { order.push_back(IsMainThread() ? 2 : -2); }));
     EXPECT_THROW((void)TThread::Synchronize([] { throw EConvertError(u"x"); }), EConvertError);
-    EXPECT_FALSE(CheckSynchronize() || IsMainThread());
+    EXPECT_EQ((TFacts{CheckSynchronize(), IsMainThread()}), "no no");
     self.Terminate();
   });
   thread.SetFreeOnTerminate(false);
@@ -162,7 +152,7 @@ TEST_F(Threads, RunMethodsInTheMainThread) {
   TThread::Queue([&] { TThread::Queue([&] { order.push_back(4); }), throw EConvertError(u"q"); });
   TThread::Queue([&] { order.push_back(3); });
   EXPECT_THROW(CheckSynchronize(), EConvertError);
-  EXPECT_TRUE(CheckSynchronize() && !CheckSynchronize(1));
+  EXPECT_EQ((TFacts{CheckSynchronize(), CheckSynchronize(1)}), "yes no");
   EXPECT_EQ(order, (TSizes{1, 2, 3, 4}));
 
   std::atomic<int> woken{0};
@@ -172,7 +162,7 @@ TEST_F(Threads, RunMethodsInTheMainThread) {
   while (woken == 0) SystemClock().Sleep(1);
   alone.Terminate();
   while (!alone.GetFinished()) SystemClock().Sleep(1);
-  EXPECT_TRUE(!ran && woken == 1) << "a terminated thread gives up where the main thread does not come";
+  EXPECT_EQ((TFacts{ran.load(), woken.load()}), "no 1") << "a terminated thread gives up where none comes";
   SetWakeMainThread({});
 }
 
@@ -188,29 +178,24 @@ TEST_F(Threads, ADestructorThatForgetsFinishIsLoud) {
 TEST(ThreadTicks, AreTheAverageOfTheLast) {
   TThreadTicks ring(3), none(0);
   EXPECT_EQ(ring.Average(), 10u);
-  struct {
-    uint32_t Ticks;
-    bool HasWrapped;
-    uint32_t Average;
-    int Count;
-  } cases[] = {{0, true, 1, 1},   {6, false, 3, 2},    {10, false, 5, 3},
-               {30, true, 15, 3}, {~0u, false, 13, 3}, {4, false, 11, 3}};
-  for (auto& c : cases) {
-    EXPECT_EQ(ring.Add(c.Ticks), c.HasWrapped);
-    EXPECT_EQ(std::make_pair(ring.Average(), ring.GetCount()), std::make_pair(c.Average, c.Count)) << c.Ticks;
+  const TCases<uint32_t, std::string> cases = {
+      // added: whether the ring came round, the average, how many
+      {0, "yes 1 1"}, {6, "no 3 2"}, {10, "no 5 3"}, {30, "yes 15 3"}, {~0u, "no 13 3"}, {4, "no 11 3"}};
+  for (const auto& [ticks, told] : cases) {
+    EXPECT_EQ((TFacts{ring.Add(ticks), ring.Average(), ring.GetCount()}), told) << ticks;
   }
-  EXPECT_TRUE(!none.Add(7) && none.Average() == 10);
+  EXPECT_EQ((TFacts{none.Add(7), none.Average()}), "no 10");
 }
 
 TEST(ThreadData, CountsWorkersAndMeasuresSingleJobs) {
-  for (auto [processors, diff, workers] : {std::tuple(4, 0, 4), {4, -1, 3}, {4, -2, 2}, {1, 0, 2}, {8, 3, 11}}) {
+  for (auto [processors, diff, told] :
+       {std::tuple(4, 0, "4 0"), {4, -1, "3 -1"}, {4, -2, "2 -2"}, {1, 0, "2 0"}, {8, 3, "11 3"}}) {
     SetLogicalCpuCount(processors);
     TData data(diff);
-    EXPECT_EQ(std::make_pair(data.GetThreadCount(), data.GetThreadDiff()), std::make_pair(workers, diff)) << processors;
+    EXPECT_EQ((TFacts{data.GetThreadCount(), data.GetThreadDiff()}), told) << processors;
   }
   SetLogicalCpuCount(0);
-  TManualClock clock(46000);
-  TClockScope scope(clock);
+  test::TClockAt clock(46000);
   clock.Advance(0xFFFFFFFB);
   TData data;
   TThreadQueue queue;
@@ -225,54 +210,52 @@ TEST(ThreadData, CountsWorkersAndMeasuresSingleJobs) {
   for (int ticks : {1, 20, 10, 0}) jobs->Add(new TJob(advance(ticks)));
   jobs->Add(nullptr), jobs->Add(new TJob([] { throw EConvertError(u"x"); })), jobs->Add(new TJob(advance(5)));
   jobs->Execute(data);
-  EXPECT_TRUE(jobs->GetCount() == 6 && jobs->GetTicks() == 36 && jobs->GetItem(1)->GetTicks() == 20);
-  EXPECT_TRUE(jobs->GetItem(4)->GetError() && !jobs->GetItem(5)->GetError());
+  EXPECT_EQ((TFacts{jobs->GetCount(), jobs->GetTicks(), jobs->GetItem(1)->GetTicks()}), "6 36 20");
+  for (int i : {4, 5}) EXPECT_EQ(jobs->GetItem(i)->GetError() != nullptr, i == 4) << i;
   data.Done(jobs, queue, 0);
   EXPECT_EQ(data.GetTicks().Average(), (12u + 36u / 6) / 2);
   EXPECT_THROW(TJob([] { throw EConvertError(u"x"); }).Execute(data), EConvertError);
   for (int i = 0; i < 200; delete (i++ % 3 == 0 ? queue.Pop() : nullptr)) queue.Push(new TJob);
   EXPECT_EQ(queue.GetCount(), 133);
   queue.Clear();
-  EXPECT_TRUE(queue.Pop() == nullptr && Jobs == 0);
+  EXPECT_EQ(queue.Pop(), nullptr);
+  EXPECT_EQ(Jobs, 0);
 }
 
 // One worker and a clock that stands still: every hand-over is known.
 TEST_F(ThreadPool, HandsOutAsMuchAsTakesTheTime) {
-  TManualClock clock(46000);
-  TClockScope scope(clock);
-  struct {
-    uint32_t Average, Work;
-    int Count;
-    TSizes Sizes;
-  } cases[] = {{0, 30, 40, {4, 31, 5}}, {1, 30, 70, {31, 31, 8}}, {14, 30, 9, {3, 5, 1}},     {30, 30, 5, {2, 3}},
-               {31, 30, 3, {0, 2}},     {1, 0, 2, {0, 0}},        {1, 0xFFFFFFFF, 500, {500}}};
-  for (auto& c : cases) {
+  test::TClockAt clock(46000);
+  const TCases<uint32_t, uint32_t, int, TSizes> cases = {
+      {0, 30, 40, {4, 31, 5}}, {1, 30, 70, {31, 31, 8}}, {14, 30, 9, {3, 5, 1}},     {30, 30, 5, {2, 3}},
+      {31, 30, 3, {0, 2}},     {1, 0, 2, {0, 0}},        {1, 0xFFFFFFFF, 500, {500}}};
+  for (const auto& [average, work, count, sizes] : cases) {
     TData data;
-    data.SetTicksWork(c.Work);
-    if (c.Average != 0) data.GetTicks().Add(c.Average);
+    data.SetTicksWork(work);
+    if (average != 0) data.GetTicks().Add(average);
     data.First = 1;
     TThreadPool pool(data, true);
-    for (int i = 1; i < c.Count; ++i) pool.Add(new TJob);
+    for (int i = 1; i < count; ++i) pool.Add(new TJob);
     pool.Add(nullptr), pool.Start();
-    EXPECT_TRUE(Comes([&] { return data.Ended == c.Count; }));
+    EXPECT_TRUE(Comes([&, all = count] { return data.Ended == all; }));
     pool.ThreadsDestroy(false);
-    EXPECT_EQ(data.Sizes, c.Sizes) << c.Average << " " << c.Work;
-    EXPECT_EQ(data.AddedCount, c.Count - 1);
+    EXPECT_EQ(data.Sizes, sizes) << average << " " << work;
+    EXPECT_EQ(data.AddedCount, count - 1);
   }
 }
 
 TEST_F(ThreadPool, RestsWhenIdleAndWorksAgain) {
-  TManualClock clock(46000);
-  TClockScope scope(clock);
+  test::TClockAt clock(46000);
   TData data;
   data.First = 3;
   TThreadPool pool(data, false);
   auto settle = [&, last = 0]() mutable { return last = data.Rounds, Comes([&] { return data.Rounds > last + 1; }); };
-  EXPECT_TRUE(Comes([&] { return data.Ended == 3 && pool.GetThreadsOn(); }));
+  EXPECT_TRUE(Comes([&] { return data.Ended == 3; }));
+  EXPECT_TRUE(Comes([&] { return pool.GetThreadsOn(); }));
   clock.Advance(1000), settle(), clock.Advance(2999), settle();
-  EXPECT_TRUE(pool.GetThreadsOn() && data.SyncsPool == 0);
+  EXPECT_EQ((TFacts{pool.GetThreadsOn(), data.SyncsPool.load()}), "yes 0");
   clock.Advance(1);
-  EXPECT_TRUE(Comes([&] { return data.SyncsPool == 1 && !pool.GetThreadsOn(); }));
+  EXPECT_TRUE(Comes([&] { return data.SyncsPool == 1; }));
+  EXPECT_TRUE(Comes([&] { return !pool.GetThreadsOn(); }));
   EXPECT_EQ(data.GetTicksBegin(), 4000u) << "the time for which they ran";
   clock.Advance(500);
   data.WantsSync = true;
@@ -306,7 +289,8 @@ TEST_F(ThreadPool, GoesOnWhenJobsAndHooksRaise) {
       pool.Add(new TJob([i] { i == 7 ? throw EConvertError(u"seven") : i == 9 ? throw 9 : 0; }));
     }
     pool.Start();
-    EXPECT_TRUE(Comes([&] { return data.Ended == 50 && screen.Shown.size() == 3; }));
+    EXPECT_TRUE(Comes([&] { return data.Ended == 50; }));
+    EXPECT_TRUE(Comes([&] { return screen.Shown.size() == 3; }));
     EXPECT_EQ(data.Failures, 2);
     std::set<String> texts;
     for (auto& dialog : screen.Shown) texts.insert(dialog.Text);
@@ -344,8 +328,10 @@ TEST_F(ThreadPool, EndsInBoundedTime) {
       std::thread([&] { delete pool; }).join();
     });
     EXPECT_LT(taken, 10000) << how;
-    EXPECT_TRUE(Comes([] { return Jobs == 0 && TVxThread::GetThreadCount() == 0; })) << how;
-    EXPECT_TRUE(how == "job" || ran == (how != "another thread" && how != "unstarted")) << how;
+    EXPECT_TRUE(Comes([] { return Jobs == 0; })) << how;
+    EXPECT_TRUE(Comes([] { return TVxThread::GetThreadCount() == 0; })) << how;
+    const int met = how == "another thread" || how == "unstarted" ? 0 : 1;
+    EXPECT_EQ(how == "job" ? met : ran.load(), met) << how;
     EXPECT_LT(data.Ended, 500);
   }
   EXPECT_LT(MillisecondsOf([] { uThreadPool::FreeBuffersForLeakPrevention(), uThreadPool::WaitForThreads(); }), 900);
@@ -396,4 +382,3 @@ TEST_F(ThreadPool, RunsEveryJobOnceUnderLoad) {
 }
 
 }  // namespace
-}  // namespace vx

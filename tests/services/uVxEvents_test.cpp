@@ -37,8 +37,8 @@ struct Signals : testing::Test {
 
 TEST_F(Signals, CallEachMethodOnceOldestFirst) {
   TListener &a = Make(1), &b = Make(2);
-  EXPECT_TRUE(Signal->Add(a.Event()) == 0 && Signal->Add(b.Event()) == 0 && Signal->Add(a.Event()) == 1);
-  EXPECT_TRUE(Signal->Count() == 2 && Signal->IndexOf(a.Event()) == 1);
+  EXPECT_EQ((TFacts{Signal->Add(a.Event()), Signal->Add(b.Event()), Signal->Add(a.Event())}), "0 0 1");
+  EXPECT_EQ((TFacts{Signal->Count(), Signal->IndexOf(a.Event())}), "2 1");
   EXPECT_EQ(Emit(), (TCalls{1, 2}));
   for (int i = 0; i < 2; ++i) Signal->Remove(a.Event());
   EXPECT_EQ(Emit(), (TCalls{2}));
@@ -152,8 +152,8 @@ TEST(SignalFamilies, KeepTheirOwnRules) {
   EXPECT_EQ(simple.IndexOf(halves), 0);
   simple.SetEventHandler(0, new TNotifyEventHandler(TNotifyEvent::Of<&TFamilies::Notify>(one)));
   simple.Emit(nullptr, nullptr);
-  EXPECT_TRUE(!simple.GetEventHandler(0) && simple.IndexOf(halves) == -1);
-  EXPECT_TRUE(freed == 2 && one.Heard == 2) << "a handler of another family is skipped";
+  EXPECT_EQ((TFacts{simple.GetEventHandler(0) != nullptr, simple.IndexOf(halves)}), "no -1");
+  EXPECT_EQ((TFacts{freed, one.Heard}), "2 2") << "a handler of another family is skipped";
 
   TProgressSignal progress;
   progress.Add(TProgressEvent::Of<&TFamilies::Progress>(one));
@@ -161,7 +161,7 @@ TEST(SignalFamilies, KeepTheirOwnRules) {
   bool stop = false;
   TProgressString text(u"Import");
   progress.Emit(&one, 3, 7, stop, &text);
-  EXPECT_TRUE(stop && two.Heard == 21) << "doStop does not end the emission";
+  EXPECT_EQ((TFacts{stop, two.Heard}), "yes 21") << "doStop does not end the emission";
 
   TNotifyHandlerList list;
   list.SetOnNotify(TNotifyHandlerListEvent::Of<&Note>()), list.SetOwnsObjects(false);
@@ -170,13 +170,16 @@ TEST(SignalFamilies, KeepTheirOwnRules) {
   EXPECT_EQ(walk->GetCurrent(), nullptr);
   EXPECT_TRUE(walk->MoveNext());
   list.Exchange(0, 1);
-  EXPECT_TRUE(walk->GetCurrent() == &one && walk->MoveNext() && walk->GetCurrent() == &two && !walk->MoveNext())
-      << "the walk goes on over the list as it was";
+  for (TObject* current : {&one, &two}) {
+    EXPECT_EQ(walk->GetCurrent(), current) << "the walk goes on over the list as it was";
+    EXPECT_EQ(walk->MoveNext(), current == &one);
+  }
   EXPECT_EQ(two.Heard, 22);
   auto second = list.GetEnumerator();
   TFamilies late;
   for (int i = 0; i < 50; ++i) list.Add(&late);
-  EXPECT_TRUE(second->MoveNext() && second->GetCurrent() == &two) << "not what was added since, at no old address";
+  EXPECT_TRUE(second->MoveNext());
+  EXPECT_EQ(second->GetCurrent(), &two) << "not what was added since, at no old address";
   second.reset(), list.Clear();
 }
 

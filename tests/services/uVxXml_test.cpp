@@ -1,18 +1,11 @@
 #include "services/uVxXml.h"
 
-#include <gtest/gtest.h>
-
-#include <random>
-#include <stdexcept>
-
 #include "fuzz/support/PlainXml.h"
-#include "platform/CodePage.h"
-#include "platform/Exceptions.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
-namespace vx {
 namespace {
 
+using namespace vx;
 using namespace std::string_view_literals;
 using std::u16string_view;
 
@@ -23,10 +16,7 @@ String Repeat(int count, u16string_view text) {
 }
 
 TEST(XmlText, EncodesAndDecodes) {
-  struct {
-    String (*Do)(u16string_view);
-    u16string_view Text, Result;
-  } const kCases[] = {
+  const TCases<String (*)(u16string_view), u16string_view, u16string_view> cases = {
       {XMLEncode, u"", u""},
       {XMLEncode, u"a&b\"c'd<e>f ä\0g"sv, u"a&amp;b&quot;c&#039;d&lt;e&gt;f ä\0g"sv},
       {XMLEncode, u"12345678'", u"12345678&#039;"},
@@ -43,41 +33,40 @@ TEST(XmlText, EncodesAndDecodes) {
       {StripHTMLTags, u"a > b < c > d <!-- x < y", u"a  b d"},
       {StripHTMLTags, u"&quot;&apos;&gt;&lt;&amp;lt; &amp;amp; &QUOT;&amp", u"\"'><&lt; &amp; &QUOT;&amp"},
   };
-  for (const auto& c : kCases) EXPECT_EQ(c.Do(c.Text), String(c.Result)) << String(c.Text).ToUtf8();
+  for (const auto& [code, text, result] : cases) EXPECT_EQ(code(text), String(result)) << String(text);
 }
 
 TEST(XmlText, NamesCodePages) {
-  const std::pair<int, u16string_view> kNames[] = {{-1, u""},
-                                                   {0, u""},
-                                                   {37, u"IBM037"},
-                                                   {437, u"IBM437"},
-                                                   {850, u"ibm850"},
-                                                   {1149, u"IBM01149"},
-                                                   {1200, u"utf-16"},
-                                                   {1201, u"unicodeFFFE"},
-                                                   {1202, u""},
-                                                   {1258, u"windows-1258"},
-                                                   {10029, u"x-mac-ce"},
-                                                   {20127, u"us-ascii"},
-                                                   {20932, u"EUC-JP"},
-                                                   {28605, u"iso-8859-15"},
-                                                   {50222, u""},
-                                                   {51932, u"euc-jp"},
-                                                   {57011, u"x-iscii-pa"},
-                                                   {65000, u"utf-7"},
-                                                   {65001, u"utf-8"},
-                                                   {65002, u""}};
-  for (const auto& [page, name] : kNames) EXPECT_EQ(CodepageToEncoding(page), String(name)) << page;
+  const TCases<int, String> names = {{-1, u""},
+                                     {0, u""},
+                                     {1202, u""},
+                                     {50222, u""},
+                                     {65002, u""},
+                                     {37, u"IBM037"},
+                                     {437, u"IBM437"},
+                                     {850, u"ibm850"},
+                                     {1149, u"IBM01149"},
+                                     {1200, u"utf-16"},
+                                     {65000, u"utf-7"},
+                                     {65001, u"utf-8"},
+                                     {20932, u"EUC-JP"},
+                                     {51932, u"euc-jp"},
+                                     {20127, u"us-ascii"},
+                                     {10029, u"x-mac-ce"},
+                                     {57011, u"x-iscii-pa"},
+                                     {28605, u"iso-8859-15"},
+                                     {1201, u"unicodeFFFE"},
+                                     {1258, u"windows-1258"}};
+  for (const auto& [page, name] : names) EXPECT_EQ(CodepageToEncoding(page), name) << page;
   int rows = 0;
   for (int page = 0; page < 66000; ++page) rows += CodepageToEncoding(page).empty() ? 0 : 1;
   EXPECT_EQ(rows, 139);
   SetSystemCodePage(850);
   EXPECT_EQ(TMyEncodingHelper(TEncoding::Default()).Webname(), u"ibm850");
   SetSystemCodePage(1252);
-  EXPECT_EQ(TMyEncodingHelper(TEncoding::Utf8()).Webname(), u"utf-8");
-  EXPECT_EQ(TMyEncodingHelper(TEncoding::Utf16()).Webname(), u"utf-16");
-  EXPECT_EQ(TMyEncodingHelper(TEncoding::Utf16BigEndian()).Webname(), u"unicodeFFFE");
-  EXPECT_EQ(TMyEncodingHelper(1252).Webname(), u"windows-1252");
+  EXPECT_EQ((TFacts{TMyEncodingHelper(TEncoding::Utf8()).Webname(), TMyEncodingHelper(TEncoding::Utf16()).Webname(),
+                    TMyEncodingHelper(TEncoding::Utf16BigEndian()).Webname(), TMyEncodingHelper(1252).Webname()}),
+            "utf-8 utf-16 unicodeFFFE windows-1252");
 }
 
 TEST(XmlObject, FindsByNameAndWritesLines) {
@@ -101,16 +90,12 @@ TEST(XmlObject, FindsByNameAndWritesLines) {
   EXPECT_EQ(lines.GetTextStr(),
             u"<GRÖßE b=\"1 &amp; &quot;2&quot;\">\r\n  <B>\r\n    <INNER x=\"y\" />\r\n"
             u"&lt;one&gt;\r\n\r\ntwo, three\r\n  </B>\r\n  <B>\r\nsecond\r\n  </B>\r\n</GRÖßE>");
-  EXPECT_EQ(root.GetXmlCommatext(0), lines.GetCommatext());
-  EXPECT_EQ(root.GetXmlCommatext(-3), lines.GetCommatext());
-  EXPECT_EQ(root.IndexOf(u"b"), 1);
-  EXPECT_EQ(root.IndexOf(u"B"), -1);
-  EXPECT_EQ(root.IndexOfAttribute(u"b"), 1);
+  for (int indent : {0, -3}) EXPECT_EQ(root.GetXmlCommatext(indent), lines.GetCommatext());
+  EXPECT_EQ((TFacts{root.IndexOf(u"b"), root.IndexOf(u"B"), root.IndexOfAttribute(u"b")}), "1 -1 1");
   String value = u"kept";
   EXPECT_FALSE(root.GetValue(u"c", value));
   EXPECT_EQ(value, u"kept");
-  EXPECT_TRUE(root.GetValue(u"a", value));
-  EXPECT_EQ(value, u"");
+  EXPECT_EQ((TFacts{root.GetValue(u"a", value), value}), "yes ");
   EXPECT_EQ(root.GetValue(u"b"), child->GetValue());
   EXPECT_THROW(root.GetXml(3), EListError);
   root.XmlObjects.SetOwnsObjects(false);
@@ -125,9 +110,7 @@ TEST(XmlObject, IgnoresAnAbsentChild) {
 }
 
 TEST(XmlObject, ReadsByTheRules) {
-  struct {
-    u16string_view Text, Result, Rest;
-  } const kCases[] = {
+  const TCases<u16string_view, u16string_view, u16string_view> cases = {
       {u"", u"", u""},
       {u"no tag", u"", u""},
       {u"<?xml?><!DOCTYPE x><a>1</a>!", u"<A>,1,</A>", u">!"},
@@ -139,11 +122,10 @@ TEST(XmlObject, ReadsByTheRules) {
       {u"<a></x><b>1</y></b><>2</></a>", u"<A>,\"  <B>\",1,\"  </B>\",</A>", u">"},
       {u"<a><b>1</b ><!-- never", u"<A>,\"  <B>\",1,\"  </B>\",</A>", u""},
       {u"<a b=\"never", u"\"<A b=\"\"never\"\" />\"", u""}};
-  for (const auto& c : kCases) {
+  for (const auto& [text, result, rest] : cases) {
     TXmlObject object;
-    EXPECT_EQ(String(object.Read(c.Text)), String(c.Rest)) << String(c.Text).ToUtf8();
-    String written = object.GetXmlCommatext(0);
-    EXPECT_EQ(written.view().substr(0, c.Result.size()), c.Result) << String(c.Text).ToUtf8();
+    EXPECT_EQ(String(object.Read(text)), String(rest)) << String(text);
+    EXPECT_EQ(object.GetXmlCommatext(0).Slice(0, static_cast<int>(result.size())), String(result)) << String(text);
   }
 }
 
@@ -173,11 +155,7 @@ TEST(XmlObject, ReadsAndWritesAsTheModel) {
 TEST(XmlObject, BearsHugeAndHostileTexts) {
   constexpr int kMany = 1000000;
   const String deep = Repeat(kMany, u"<a>");
-  struct {
-    const char* What;
-    String Text;
-    int Depth;
-  } const kCases[] = {
+  const TCases<const char*, String, int> cases = {
       {"never closed", deep, kMany},
       {"deep and closed", deep + Repeat(kMany, u"</a>"), kMany},
       {"without end tags", Repeat(kMany, u"<a/>"), kMany},
@@ -191,26 +169,25 @@ TEST(XmlObject, BearsHugeAndHostileTexts) {
       {"an attribute", Concat({u"<a b='", Repeat(50 * kMany / 10, u"0123456789"), u"'></a>"}), 1},
       {"attributes", u"<a " + Repeat(kMany, u"b= "), 1},
       {"attributes without value", u"<a " + Repeat(kMany, u"b "), 1}};
-  for (const auto& c : kCases) {
+  for (const auto& [what, text, wanted] : cases) {
     auto object = std::make_unique<TXmlObject>();
-    object->Read(c.Text);
+    object->Read(text);
     int depth = 1;
     for (TXmlObject* at = object.get(); at->GetCount() > 0; at = at->GetXml(at->GetCount() - 1)) ++depth;
-    EXPECT_TRUE(c.Depth == 0 || depth == c.Depth) << c.What << depth;
+    EXPECT_EQ(wanted == 0 ? 0 : depth, wanted) << what;
     if (depth > 10000) {
-      EXPECT_EQ(object->GetXmlCommatext(0), u"") << c.What;
+      EXPECT_EQ(object->GetXmlCommatext(0), u"") << what;
       object->SetIsRoot(true);
-      EXPECT_NE(object->GetXmlCommatext(0), u"") << c.What;
+      EXPECT_NE(object->GetXmlCommatext(0), u"") << what;
       TXmlObject* leaf = object.get();
       while (leaf->GetCount() > 0) leaf = leaf->GetXml(0);
       leaf->SetValue(u"1");
-      EXPECT_THROW(object->GetXmlCommatext(0), std::length_error) << c.What;
+      EXPECT_THROW(object->GetXmlCommatext(0), std::length_error) << what;
     } else {
       object->SetIsRoot(true);
-      EXPECT_LE(object->GetXmlCommatext(0).size(), 60 * kMany) << c.What;
+      EXPECT_LE(object->GetXmlCommatext(0).size(), 60 * kMany) << what;
     }
   }
 }
 
 }  // namespace
-}  // namespace vx
