@@ -1,10 +1,12 @@
 #include "tables/uFileCsv/TSortCsv.h"
 
+#include "tests/support/PlainTable.h"
 #include "tests/support/Test.h"
 
 namespace {
 
 using namespace vx;
+using test::Rows;
 
 // A row that is counted, and that can refuse to take over another one's content.
 class TCountedRow : public TVxStringList {
@@ -33,7 +35,8 @@ String Show(const TFileCsv& Table) { return Table.ExportToString(u"/"); }
 
 TEST(TSortCsv, TheLastRowOfAKeyWinsAndCaseCounts) {
   TSortCsv table;
-  EXPECT_TRUE(table.IndexForKey(u"a") == 0 && !table.ItemForKey(u"a"));
+  EXPECT_EQ(table.IndexForKey(u"a"), 0);
+  EXPECT_EQ(table.ItemForKey(u"a"), nullptr);
   for (auto [row, index] : {std::pair{u"b,1", 0}, {u"a,2", 0}, {u"A,3", 0}, {u"ä,4", 3}, {u"b,5,6", 2}, {u"ab,7", 2}})
     EXPECT_EQ(table.AddRow(row), index);
   EXPECT_EQ(Show(table), u"A,3/a,2/ab,7/b,5,6/ä,4/");
@@ -75,7 +78,7 @@ TEST(TSortCsv, ARowWithoutTheCellRaises) {
   EXPECT_THROW(table.Add(&foreign), EInvalidCast);
   for (const char16_t* row : {u"a,1", u"a,3,x", u"b,2,x"}) table.AddRow(row);
   for (int column : {2, 3, -1}) EXPECT_THROW(table.SetSortColumn(column), EStringListError);
-  EXPECT_TRUE(Show(table) == u"a,1/b,2,x/a,3,x/" && table.GetSortColumn() == 1);
+  EXPECT_EQ((TFacts{Show(table), table.GetSortColumn()}), "a,1/b,2,x/a,3,x/ 1");
   table.TObjectList::Insert(1, new TCountedRow(u"short"));
   EXPECT_EQ(table.IndexSort(u"0"), 0);  // the short row is not looked at
   EXPECT_THROW(table.IndexSort(u"1"), EStringListError);
@@ -83,7 +86,7 @@ TEST(TSortCsv, ARowWithoutTheCellRaises) {
   for (int i = 300; i > 0; --i) many += i == 100 ? String(u"x/") : Text(i, i + 500) + u"/";
   table.Clear();
   EXPECT_THROW(table.ImportFromString(many, u"/"), EStringListError);
-  EXPECT_TRUE(table.GetCount() == 200 && table.GetCell(0, 0) == u"101");
+  EXPECT_EQ((TFacts{table.GetCount(), table.GetCell(0, 0)}), "200 101");
 }
 
 // Rows by all ways, against a model of one after the other: the row object of each key, and its commatext.
@@ -91,15 +94,10 @@ TEST(TSortCsv, ManyRowsComeAsIfOneByOne) {
   test::TTempDir dir;
   const String path = dir.Path("a.csv");
   using TSource = std::unique_ptr<TFileCsv>;
-  struct {
-    bool Clears;
-    std::function<void(TSortCsv&, TSource)> Put;
-  } ways[] = {
+  const std::pair<bool, std::function<void(TSortCsv&, TSource)>> ways[] = {
+      // and whether the table is cleared
       {false, [](auto& t, TSource rows) { t.AddAndFree(std::move(rows)); }},
-      {false,
-       [](auto& t, TSource r) {
-         for (int i = 0; i < r->GetCount(); ++i) t.AddRow(r->GetLines(i)->Items());
-       }},
+      {false, [](auto& t, TSource r) { std::ranges::for_each(Rows(*r), [&](auto& row) { t.AddRow(row); }); }},
       {false, [](auto& t, TSource rows) { t.AddFileCsv(*rows); }},
       {false, [](auto& t, TSource rows) { t.ImportFromString(Show(*rows), u"/"); }},
       {true, [&](auto& t, TSource rows) { test::PutText(path, rows->GetText().ToUtf8()), t.LoadFromFile(path); }},
@@ -124,20 +122,21 @@ TEST(TSortCsv, ManyRowsComeAsIfOneByOne) {
       add(table, 1 - column, true);
       table.SetSortColumn(1 - column);
     } else {
-      if (!ways[way].Clears) add(table, column, true);
+      const auto& [clears, put] = ways[way];
+      if (!clears) add(table, column, true);
       auto rows = std::make_unique<TFileCsv>();
       const int count = round == 4 ? 100000 : static_cast<int>(random() % 300), keys = round % 2 ? 100 : 1000000;
       auto key = [&] { return static_cast<int>(random() % 2000000) % keys; };
       for (int i = 0; i < count; ++i) rows->Add(new TCountedRow(Text(key(), key())));
       add(*rows, column, way == 0);
       if (way == 0) before.insert(before.end(), rows->Items().begin(), rows->Items().end());
-      ways[way].Put(table, std::move(rows));
+      put(table, std::move(rows));
     }
     ASSERT_EQ(table.GetCount(), static_cast<int>(model.size())) << round;
     int index = 0;
     for (const auto& [cell, kept] : model) {
       ASSERT_EQ(table.GetLines(index)->GetCommatext(), kept.second) << round;
-      ASSERT_TRUE(!kept.first || kept.first == table.Get(index)) << round;
+      ASSERT_EQ(kept.first ? table.Get(index) : nullptr, kept.first) << round;
       ASSERT_EQ(table.IndexForKey(cell), index++);
     }
     for (TObject* row : before)
@@ -167,7 +166,7 @@ TEST(TSortCsv, DerivedTablesAndThoseOutOfOrderTakeRowsOneByOne) {
   bulk.ImportFromString(many, u"/");
   EXPECT_EQ(Show(bulk), Show(single));
   derived.ImportFromString(many, u"/"), derived.SetSortColumn(1);
-  EXPECT_TRUE(derived.Added == 300 + 100 && derived.Deleted == 100);
+  EXPECT_EQ((TFacts{derived.Added, derived.Deleted}), "400 100");
   derived.RaisesAt = 410;
   EXPECT_THROW(derived.SetSortColumn(0), std::bad_alloc);  // and no row is lost
   EXPECT_EQ(derived.GetCount(), 70);
@@ -188,7 +187,8 @@ TEST(TSortCsv, AFailureLosesNoRow) {
     const String before = Show(table);
     TCountedRow::Refuses = true;
     EXPECT_THROW(table.SetSortColumn(1), std::bad_alloc);
-    EXPECT_TRUE(Show(table) == before && table.GetSortColumn() == 0);
+    EXPECT_EQ(Show(table), before);
+    EXPECT_EQ(table.GetSortColumn(), 0);
     table.Clear();
     EXPECT_EQ(TCountedRow::Alive, 0);
   }

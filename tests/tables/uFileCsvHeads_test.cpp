@@ -62,16 +62,19 @@ TEST(THeadCsvThread, IsReadBySeveralAtOnce) {
 
 TEST(THeadCsv, TheLastHitIsTriedFirst) {
   auto table = Make(u"K,V/a,1/A,2/a,3/b/Schluesselnummer1,5/Schluesselnummer2,6");
-  EXPECT_TRUE(!table->ItemForField(u"k", u"K") && table->GetLastItem() == -1);
-  for (auto [key, row] : {std::pair{u"A", 2}, {u"b", 4}, {u"Schluesselnummer2", 6}, {u"a", 1}})
-    EXPECT_TRUE(table->ItemForField(u"k", key) == table->GetLines(row) && table->GetLastItem() == row) << row;
+  EXPECT_EQ(table->ItemForField(u"k", u"K"), nullptr);
+  EXPECT_EQ(table->GetLastItem(), -1);
+  for (auto [key, row] : {std::pair{u"A", 2}, {u"b", 4}, {u"Schluesselnummer2", 6}, {u"a", 1}}) {
+    EXPECT_EQ(table->ItemForField(u"k", key), table->GetLines(row)) << row;
+    EXPECT_EQ(table->GetLastItem(), row);
+  }
   EXPECT_EQ(table->ElementForField(u"V", u"3", u"k"), u"a");
   EXPECT_EQ(table->ItemForField(u"K", u"a"), table->GetLines(3));  // the last hit, though not the first row
   table->SetCell(0, 3, u"c");
   EXPECT_EQ(table->ElementForField(u"K", u"a", u"V"), u"1");  // it has another key now
   EXPECT_EQ(table->ElementForField(u"K", u"b", u"V") + table->ElementForField(u"K", u"b", u"x"), u"");
   int col = 7;
-  EXPECT_TRUE(!table->TestLastItem(u"x", u"b", col) && col == -1);
+  EXPECT_EQ((TFacts{table->TestLastItem(u"x", u"b", col) != nullptr, col}), "no -1");
 
   EXPECT_EQ(table->getElement(u"V", u"K", u"B", u"col", u"row"), u"col");
   EXPECT_EQ(table->GetLastItem(), 4);
@@ -126,13 +129,14 @@ TEST(THeadCsv, SortByFieldKeepsTheLastOfEqualRows) {
   auto failing = Make(u"k/c/b/a");
   failing->FailAt = failing->Calls + 5;
   EXPECT_THROW(failing->SortByField(u"k", true), EListError);
-  EXPECT_TRUE(failing->GetOwnsObjects() && failing->GetCount() == 4);
+  EXPECT_EQ((TFacts{failing->GetOwnsObjects(), failing->GetCount()}), "yes 4");
 
   std::vector<std::unique_ptr<TVxStringList>> many(200001);
   THeadCsv table(false);
   for (auto& row : many) table.Add((row = std::make_unique<TVxStringList>()).get()), row->Add(u"k");
   table.SortByField(u"k", true);
-  EXPECT_TRUE(table.GetCount() == 2 && table.Get(1) == many.back().get());
+  EXPECT_EQ(table.GetCount(), 2);
+  EXPECT_EQ(table.Get(1), many.back().get());
 }
 
 // What AddContent does, one look-up after the other.
@@ -170,18 +174,15 @@ TEST(THeadCsv, AddContentMergesByTheFirstRowWithTheKey) {
   auto table = Make(u"K,V/1,x"), source = Make(u"v,k,W/,1,w/x,1,");
   table->Calls = 0;
   table->AddContent(*source, u"k", true);
-  EXPECT_TRUE(Show(*table) == u"K,V,W/1,x,w/" && table->Calls == 1);  // only the cell that differs is written
+  EXPECT_EQ((TFacts{Show(*table), table->Calls}), "K,V,W/1,x,w/ 1") << "only the cell that differs is written";
 }
 
 TEST(THeadCsv, LoadFromIni) {
   test::TTempDir dir;
   TScriptedDialogs dialogs;
   String path = dir.Path("a.ini");
-  struct {
-    const char* Bytes;
-    const char16_t* Replaced;
-    const char16_t* Added;
-  } cases[] = {
+  const TCases<const char*, String, String> cases = {
+      // the table, and what is added to another one
       {"", u"[Sections]/", u"b,x,[Sections]/1,,/"},
       {"z=1\r\n;c\r\n", u"[Sections]/", u"b,x,[Sections]/1,,/"},
       {"[S]\r\nb=2\r\nB=3\r\n[T 1]\r\na = 4 \r\n\r\n", u"[Sections],A,B/[S],,2/\"[T 1]\",4,/",
@@ -190,29 +191,31 @@ TEST(THeadCsv, LoadFromIni) {
       {"[S]\nX=1\n[s]\nX=2\nY=3", u"[Sections],X/[S],1/[s],1/", u"b,x,[Sections]/1,,/,1,[S]/,1,[s]/"},
   };
   for (bool replace : {true, false}) {
-    for (const auto& c : cases) {
-      test::PutText(path, c.Bytes);
+    for (const auto& [bytes, replaced, added] : cases) {
+      test::PutText(path, bytes);
       auto table = Make(u"b,x/1");
-      EXPECT_TRUE(table->LoadFromIni(path, replace) && Show(*table) == (replace ? c.Replaced : c.Added)) << c.Bytes;
+      EXPECT_TRUE(table->LoadFromIni(path, replace));
+      EXPECT_EQ(Show(*table), replace ? replaced : added) << bytes;
       TLoudHead empty;
-      EXPECT_TRUE(empty.LoadFromIni(path, replace) && Show(empty) == c.Replaced);
-      EXPECT_TRUE(empty.LoadFromIni(path, false) && empty.GetCount() == 2 * table->GetCount() - (replace ? 1 : 3));
+      EXPECT_TRUE(empty.LoadFromIni(path, replace));
+      EXPECT_EQ(Show(empty), replaced) << bytes;
+      EXPECT_TRUE(empty.LoadFromIni(path, false));
+      EXPECT_EQ(empty.GetCount(), 2 * table->GetCount() - (replace ? 1 : 3)) << bytes;
     }
     auto table = Make(u"a/1");
     TFileStream locked(path, fmOpenReadWrite | fmShareExclusive);
     EXPECT_THROW(table->LoadFromIni(path, true), EStreamError);
     EXPECT_EQ(Show(*table), u"a/1/");
-    EXPECT_TRUE(!table->LoadFromIni(dir.Path("none.ini"), replace) && Show(*table) == (replace ? u"" : u"a/1/"));
+    EXPECT_FALSE(table->LoadFromIni(dir.Path("none.ini"), replace));
+    EXPECT_EQ(Show(*table), replace ? u"" : u"a/1/");
   }
   EXPECT_TRUE(dialogs.Shown.empty());
 }
 
 TEST(TFileCsvList, TablesByName) {
   THeadCsvList lists;
-  const String text =
-      u" FARBE,\"0,rot\",\"1,blau\"\x1B\x1Bleer\x1B"
-      u"farbe,\"9,alt\"\x1B\"\",x";
-  EXPECT_TRUE(lists.ImportFromString(u"vorher") && lists.ImportFromString(text));
+  const String text = u" FARBE,\"0,rot\",\"1,blau\"\033\033leer\033farbe,\"9,alt\"\033\"\",x";
+  for (const String& all : {String(u"vorher"), text}) EXPECT_TRUE(lists.ImportFromString(all));
   EXPECT_EQ(lists.GetCsl().GetCommatext(), u",FARBE,leer");
   EXPECT_EQ(Show(*lists.GetFileCsv(1)) + Show(*lists.GetHeadCsv(2)), u"9,alt/");
   EXPECT_EQ(lists.GetHeadCsv(0)->FieldIndex(u"X"), 0);
@@ -222,10 +225,11 @@ TEST(TFileCsvList, TablesByName) {
   EXPECT_EQ(Show(*lists.GetHeadCsv(0)), u"9,alt/");
   lists.SetOptions({vxioOwnsObjects});
   lists.Init();
-  EXPECT_TRUE(lists.GetCount() == 0 && lists.GetOptions().Has(vxioNotCaseSensitive));
+  EXPECT_EQ((TFacts{lists.GetCount(), lists.GetOptions().Has(vxioNotCaseSensitive)}), "0 yes");
 
   TFileCsvList raw{TVxStringIndexOptions()};
-  EXPECT_TRUE(raw.ImportFromString(text + u"\x1Bleer,2") && raw.GetCount() == 4 && raw.GetOptions().IsEmpty());
+  EXPECT_EQ((TFacts{raw.ImportFromString(text + u"\033leer,2"), raw.GetCount(), raw.GetOptions().IsEmpty()}),
+            "yes 4 yes");
   for (int i = 0; i < raw.GetCount(); ++i) delete raw.GetFileCsv(i);
 }
 

@@ -26,7 +26,8 @@ TEST(TFileCsv, ReadsPastTheEndAreEmptyAndWritesAreDropped) {
   TObject object;
   for (auto [col, row] : {std::pair{2, 0}, {1, 1}, {0, 2}, {-1, 2}, {9, 9}}) {
     table->SetCell(col, row, u"x"), table->SetObject(col, row, &object);
-    EXPECT_TRUE(table->GetCell(col, row).empty() && !table->GetObject(col, row)) << col << row;
+    EXPECT_EQ(table->GetCell(col, row), u"") << col << row;
+    EXPECT_EQ(table->GetObject(col, row), nullptr) << col << row;
   }
   EXPECT_EQ(Show(*table), u"a|b/c");
   EXPECT_THROW(table->GetCell(-1, 0), EStringListError);
@@ -46,12 +47,12 @@ TEST(TFileCsv, AForeignEntryIsRefusedButSkippedByColumns) {
   EXPECT_NO_THROW(table->DeleteCol(0));
   EXPECT_NO_THROW(table->ClearCol(0));
   table->Delete(1);
-  EXPECT_TRUE(Show(*table).empty() && table->FieldCount() == 1);
+  EXPECT_EQ((TFacts{Show(*table), table->FieldCount()}), " 1");
 }
 
 TEST(TFileCsv, RowsComeGoAndAreCopied) {
   auto table = Make({u"a,b", u"c"});
-  EXPECT_TRUE(table->AddEmpty(-1) == 2 && table->AddEmpty(0) == 3 && TFileCsv().AddEmpty(-5) == 0);
+  EXPECT_EQ((TFacts{table->AddEmpty(-1), table->AddEmpty(0), TFileCsv().AddEmpty(-5)}), "2 3 0");
   table->AddFileCsv(*table), table->SetCell(0, 4, u"changed");
   EXPECT_EQ(Show(*table), u"a|b/c/|//changed|b/c/|/");
   auto other = Make({u"x"}), target = Make({u"1", u"2", u"3"}), source = Make({u"p,q", u"r"});
@@ -59,7 +60,8 @@ TEST(TFileCsv, RowsComeGoAndAreCopied) {
   table->AddAndFree(std::move(other)), table->AddAndFree(nullptr);
   EXPECT_EQ(table->Get(8), row);
   target->Assign(*source);
-  EXPECT_TRUE(Show(*target) == u"p|q/r" && target->Get(0) == kept);
+  EXPECT_EQ(Show(*target), u"p|q/r");
+  EXPECT_EQ(target->Get(0), kept);
   auto copy = source->Duplicate();
   copy->SetCell(0, 0, u"z"), copy->GetLines(1)->Add(u"new");
   source->GetLines(0)->Delete(1);
@@ -77,7 +79,7 @@ class TLoudTable : public TFileCsv {
 TEST(TFileCsv, DerivedTablesSeeEveryRowComeAndGo) {
   TLoudTable table;
   table.SetText(u"a,b\r\n,\r\n\"\"\r\n\r\n"), table.AddEmpty(2);
-  EXPECT_TRUE(table.Added == 5 && table.RemoveEmpty() == 2 && table.Deleted == 2);
+  EXPECT_EQ((TFacts{table.Added, table.RemoveEmpty(), table.Deleted}), "5 2 2");
   EXPECT_EQ(Show(table), u"a|b//");  // one empty cell, and no cell, stay
   auto copy = table.Duplicate(), turned = table.TurnAxis();
   EXPECT_EQ(dynamic_cast<TLoudTable&>(*copy).Added + dynamic_cast<TLoudTable&>(*turned).Added, 3 + 2);
@@ -91,7 +93,8 @@ TEST(TFileCsv, ColumnsAndKeys) {
   EXPECT_EQ(table->ColumnContentUnique(0).Slice(0, 4), u"1,3,");
   for (auto [col, key, row] : {std::tuple{1, u"MÜLLER", 0}, {1, u"weiß", 4}, {1, u"", -1}, {-1, u"1", -1}})
     EXPECT_EQ(table->IndexForColKey(col, key), row);  // a short row has no such cell
-  EXPECT_TRUE(table->ItemForColKey(0, u"1") == table->GetLines(1) && !table->ItemForColKey(0, u"9"));
+  for (auto [key, row] : {std::pair{u"1", table->GetLines(1)}, {u"9", nullptr}})
+    EXPECT_EQ(table->ItemForColKey(0, key), row);
   EXPECT_EQ(table->ElementForColKey(0, u"b", 1, u"none"), u"Weiss");
   for (const char16_t* key : {u"1", u"9"}) EXPECT_EQ(table->ElementForKey(0, key, 1, u"none"), u"none");
   table->DeleteCol(1);
@@ -103,26 +106,25 @@ TEST(TFileCsv, ClearContentLeavesOneSpaceInTheLastCellOfTheFirstRow) {
   auto table = Make({u"a,b", u"c,d"});
   TObject object;
   table->SetObject(1, 1, &object), table->ClearContent();
-  EXPECT_TRUE(Show(*table) == u"| /|" && !table->GetObject(1, 1));
+  EXPECT_EQ(Show(*table), u"| /|");
+  EXPECT_EQ(table->GetObject(1, 1), nullptr);
 }
 
 TEST(TFileCsv, DoAll) {
-  struct {
-    TCsvAllModes Modes;
-    const char16_t* Expected;
-  } cases[] = {{{}, u"a\r\nb|  c/d/|/e|f|g\n"},
-               {{camTrim}, u"a\r\nb|c/d/|/e|f|g"},
-               {{camDeleteEnter}, u"a  b|  c/d/|/e|f|g "},
-               {{camUnTrim}, u"a\r\nb|  c/d   /    |   /e   |f  |g\n"},
-               {{camBalanceColcount}, u"a\r\nb|  c/d|/|/e|f|g\n"},
-               {{camBalanceMax}, u"a\r\nb|  c/d/|/e|f|g\n"},
-               {{camBalanceColcount, camBalanceMax}, u"a\r\nb|  c|/d||/||/e|f|g\n"},
-               {{camDeleteEmptyLines}, u"a\r\nb|  c/d/e|f|g\n"},
-               {{camTrim, camUnTrim, camDeleteEnter}, u"a  b|c  /d   /    |   /e   |f  |g "}};
-  for (const auto& c : cases) {
+  const std::pair<TCsvAllModes, String> cases[] = {
+      {{}, u"a\r\nb|  c/d/|/e|f|g\n"},
+      {{camTrim}, u"a\r\nb|c/d/|/e|f|g"},
+      {{camDeleteEnter}, u"a  b|  c/d/|/e|f|g "},
+      {{camUnTrim}, u"a\r\nb|  c/d   /    |   /e   |f  |g\n"},
+      {{camBalanceColcount}, u"a\r\nb|  c/d|/|/e|f|g\n"},
+      {{camBalanceMax}, u"a\r\nb|  c/d/|/e|f|g\n"},
+      {{camBalanceColcount, camBalanceMax}, u"a\r\nb|  c|/d||/||/e|f|g\n"},
+      {{camDeleteEmptyLines}, u"a\r\nb|  c/d/e|f|g\n"},
+      {{camTrim, camUnTrim, camDeleteEnter}, u"a  b|c  /d   /    |   /e   |f  |g "}};
+  for (const auto& [modes, shown] : cases) {
     auto table = Make({u"\"a\r\nb\",\"  c\"", u"d", u",", u"e,f,\"g\n\""});
-    table->DoAll(c.Modes);
-    EXPECT_EQ(Show(*table), c.Expected);
+    table->DoAll(modes);
+    EXPECT_EQ(Show(*table), shown);
   }
   TFileCsv empty;
   empty.DoAll({camBalanceColcount, camDeleteEmptyLines});
@@ -158,13 +160,8 @@ TEST(TFileCsv, WholeTableAsText) {
   copy.SetText(u"x\r\n\r\ny");
   EXPECT_EQ(Show(copy), u"x//y");
 
-  EXPECT_EQ(table->GetAnsiCsv(),
-            "a,\"b c\"\x1B\"\"\x1B"
-            "d,\x1B");
-  copy.SetAnsiCsv(
-      "\x1B"
-      "Stra\xDF"
-      "e\x1B\x1Bz");
+  EXPECT_EQ(table->GetAnsiCsv(), "a,\"b c\"\033\"\"\033d,\033");
+  copy.SetAnsiCsv("\033Stra\337e\033\033z");
   EXPECT_EQ(Show(copy), u"Straße/z");
   EXPECT_EQ(TFileCsv().GetAnsiCsv(), "");
 
@@ -185,7 +182,8 @@ TEST(TFileCsv, RowsThatHoldTables) {
   TFileCsv table;
   table.AddRow({u"head", u"a,b", u"", u"\"c d\""});
   EXPECT_EQ(Show(*table.ItemToCsv(0, 1)), u"a|b//c d");
-  EXPECT_TRUE(table.ItemToCsv(0, 9)->GetCount() == 0 && !table.ItemToCsv(1, 0) && !table.ItemToCsv(-1, 0));
+  EXPECT_EQ(table.ItemToCsv(0, 9)->GetCount(), 0);
+  for (int row : {1, -1}) EXPECT_EQ(table.ItemToCsv(row, 0), nullptr);
   table.ImportFromStringList(nullptr);
   TScriptedDialogs dialogs;
   table.ShowContent();
@@ -193,24 +191,12 @@ TEST(TFileCsv, RowsThatHoldTables) {
 }
 
 TEST(TFileCsv, LinesOfFiles) {
-  struct {
-    const char16_t* Text;
-    char16_t Separator;
-  } guesses[] = {{u"a;b,c;d", u';'},
-                 {u"a;b,c", u','},
-                 {u"", u','},
-                 {u"abc", u','},
-                 {u"a\tb;c\x1B"
-                  u"d",
-                  9},
-                 {u"a\tb\tc;d", 9},
-                 {u"a\x1B"
-                  u"b",
-                  27},
-                 {u"\"a;b;c\",d", u','},
-                 {u"\"a;\r\nb\";c\nd,e,f", u';'}};
-  for (const auto& g : guesses)
-    EXPECT_EQ(TFileCsv::AnalyseToParse(std::u16string_view(g.Text)), String(1, g.Separator));
+  const TCases<String, char16_t> guesses = {
+      {u"", u','},        {u"abc", u','},         {u"a;b,c", u','},
+      {u"a;b,c;d", u';'}, {u"a\033b", 27},        {u"a\tb;c\033d", 9},
+      {u"a\tb\tc;d", 9},  {u"\"a;b;c\",d", u','}, {u"\"a;\r\nb\";c\nd,e,f", u';'}};
+  for (const auto& [text, separator] : guesses)
+    EXPECT_EQ(TFileCsv::AnalyseToParse(text.view()), String(1, separator)) << text;
   TVxStringList strings;
   EXPECT_EQ(TFileCsv::AnalyseToParse(strings), u"");
   strings.Add(u"\"a;b;c\",d");

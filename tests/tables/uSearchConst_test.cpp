@@ -21,17 +21,18 @@ TEST(uSearchConst, EveryWordIsFoundByTextAndBySymbol) {
   for (const auto& kind : kinds) {
     for (int i = -1; i <= static_cast<int>(kind.Texts.size()); ++i) {
       const size_t at = static_cast<size_t>(i) < kind.Texts.size() ? static_cast<size_t>(i) : 0;
-      EXPECT_TRUE(kind.Text(i) == kind.Texts[at] && kind.Symbol(i) == kind.Symbols[at]) << i;
-      for (std::u16string_view word : {kind.Texts[at], kind.Symbols[at]}) {
-        EXPECT_EQ(kind.Index(word), static_cast<int>(at));
-        EXPECT_TRUE(kind.ToText(word) == kind.Texts[at] && kind.ToSymbol(word) == kind.Symbols[at]) << i;
-      }
+      const std::tuple wanted{String(kind.Texts[at]), String(kind.Symbols[at]), static_cast<int>(at)};
+      EXPECT_EQ(std::tuple(kind.Text(i), kind.Symbol(i), static_cast<int>(at)), wanted) << i;
+      for (std::u16string_view word : {kind.Texts[at], kind.Symbols[at]})
+        EXPECT_EQ(std::tuple(kind.ToText(word), kind.ToSymbol(word), kind.Index(word)), wanted) << i;
       String symbol = kind.Symbols[at];
-      EXPECT_TRUE(kind.Validate(symbol) && symbol == kind.Symbols[at]);
+      EXPECT_TRUE(kind.Validate(symbol)) << i;
+      EXPECT_EQ(symbol, kind.Symbols[at]);
     }
     for (const char16_t* unknown : {u"xyz", u"", u"MM", u"Gleich ="}) {
       String symbol = unknown;
-      EXPECT_TRUE(kind.Index(unknown) == 0 && !kind.Validate(symbol) && symbol == kind.Symbols[0]);
+      EXPECT_EQ((TFacts{kind.Index(unknown), kind.Validate(symbol)}), "0 no") << symbol;
+      EXPECT_EQ(symbol, kind.Symbols[0]);
     }
   }
 }
@@ -47,11 +48,11 @@ TEST(uSearchConst, ATimeIsNeverAGoodDateTime) {
 TEST(uSearchConst, Status) {
   for (auto [text, number, status] :
        {std::tuple{u"Aktiv", 0, tsActive}, {u"INAKTIV", 8, tsInactive}, {u"GELÖSCHT", 9, tsDeleted}}) {
-    EXPECT_TRUE(GetStatusText(number) == STATUS_TEXT[status] && GetStatusText(status) == STATUS_TEXT[status]) << number;
-    EXPECT_TRUE(GetStatusIndex(text) == number && GetStatusIndex(status) == number) << number;
-    EXPECT_TRUE(GetStatus(number) == status && GetStatus(text) == status) << number;
+    const std::tuple wanted{String(STATUS_TEXT[status]), number, status};
+    EXPECT_EQ(std::tuple(GetStatusText(number), GetStatusIndex(text), GetStatus(number)), wanted);
+    EXPECT_EQ(std::tuple(GetStatusText(status), GetStatusIndex(status), GetStatus(text)), wanted);
   }
-  EXPECT_TRUE(GetStatusIndex(u"tot") == -1 && GetStatus(5) + GetStatus(u"tot") == 0 && GetStatusText(5) == u"");
+  EXPECT_EQ((TFacts{GetStatusIndex(u"tot"), GetStatus(5), GetStatus(u"tot"), GetStatusText(5)}), "-1 0 0 ");
 }
 
 TEST(uSearchConst, Commatexts) {

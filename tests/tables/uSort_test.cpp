@@ -74,7 +74,7 @@ TEST(uSort, ComparesCellsByTheirType) {
     const int result = Compare(row.A, row.B, row.Type, row.Format);
     EXPECT_EQ(result, row.Expected) << row.A.ToUtf8() << " / " << row.B.ToUtf8();
     const int reverse = Compare(row.B, row.A, row.Type, row.Format);
-    EXPECT_TRUE((reverse < 0) == (result > 0) && (reverse > 0) == (result < 0)) << row.A.ToUtf8();
+    EXPECT_EQ((reverse > 0) - (reverse < 0), (result < 0) - (result > 0)) << row.A;
   }
   EXPECT_EQ(CompareTime(String(1, u'\0'), u"", u"hhnnss"), 0);
   EXPECT_EQ(CompareTime(u"9:30", u"10:00", u"HHNNSS"), -1) << "another format: both are read, and 9:30 is no time";

@@ -38,7 +38,8 @@ class VxtabTest : public testing::Test {
   // Runs what ends with a status and an error in which a part stands.
   TResult Tells(const std::string& Line, int Status, const std::string& Part) {
     TResult result = Run(Line);
-    EXPECT_TRUE(result.Status == Status && result.Err.find(Part) != std::string::npos) << Line << ": " << result.Err;
+    EXPECT_EQ(result.Status, Status) << Line;
+    EXPECT_NE(result.Err.find(Part), std::string::npos) << Line << ": " << result.Err;
     return result;
   }
   void Put(const std::string& Name, const std::string& Bytes) { test::PutText(FDir.Path(Name), Bytes); }
@@ -59,10 +60,7 @@ std::string Bytes(std::u16string_view Text, bool LittleEndFirst) {
 }
 
 TEST_F(VxtabTest, ForeignReadingFollowsOnlySeparatorsLineEndsAndQuotes) {
-  const struct {
-    const char* Name;
-    std::string Bytes, Dump;
-  } kCases[] = {
+  const TCases<const char*, std::string, std::string> cases = {
       {"blanks stay", "a b, c ,\td\n", R"(["a b", " c ", "\td"])"},
       {"empty cells and lines", ",\r\n\r\na,,\n\n", "[\"\", \"\"]\n[]\n[\"a\", \"\", \"\"]\n[]"},
       {"all line ends", "a,1\rb,2\r\nc,3\nd,4", "[\"a\", \"1\"]\n[\"b\", \"2\"]\n[\"c\", \"3\"]\n[\"d\", \"4\"]"},
@@ -85,48 +83,43 @@ TEST_F(VxtabTest, ForeignReadingFollowsOnlySeparatorsLineEndsAndQuotes) {
       {"UTF-8 of surrogates is none", "\xED\xA0\x80,x\n", "[\"í\xC2\xA0€\", \"x\"]"},
       {"cut UTF-8 is none", "a,\xE2\x82", R"(["a", "â‚"])"},
       {"control characters", std::string("a\0b,\x1F\n", 6), R"(["a\u0000b", "\u001f"])"}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(test.Name);
-    Put("f", test.Bytes);
-    EXPECT_EQ(Out("dump --foreign --separator comma @f"), test.Dump + "\n");
-    EXPECT_EQ(Out("dump --foreign --separator=, -", test.Bytes), test.Dump + "\n");
+  for (const auto& [name, bytes, dump] : cases) {
+    Put("f", bytes);
+    EXPECT_EQ(Out("dump --foreign --separator comma @f"), dump + "\n") << name;
+    EXPECT_EQ(Out("dump --foreign --separator=, -", bytes), dump + "\n") << name;
   }
 }
 
 TEST_F(VxtabTest, ForeignSeparatorIsTheOneThatCutsMostLinesAlike) {
-  const struct {
-    const char* Name;
-    const char16_t* Text;
-    char16_t Separator;
-  } kCases[] = {{"title without separators", u"Tabelle\nStand 1, 2, 3\na;b\nc;d\ne;f\n", u';'},
-                {"decimal commas", u"1,5;2,5\n3,5;4,5\n", u';'},
-                {"in quotes", u"\"a;b\",c\n\"d;e\",f\n", u','},
-                {"tab before comma", u"a,b\tc,d\n", u'\t'},
-                {"esc", u"x\x1By\n", u'\x1B'}};
-  for (const auto& test : kCases) EXPECT_EQ(vxtab::GuessSeparator(test.Text), test.Separator) << test.Name;
+  const TCases<const char*, const char16_t*, char16_t> cases = {
+      {"title without separators", u"Tabelle\nStand 1, 2, 3\na;b\nc;d\ne;f\n", u';'},
+      {"decimal commas", u"1,5;2,5\n3,5;4,5\n", u';'},
+      {"in quotes", u"\"a;b\",c\n\"d;e\",f\n", u','},
+      {"tab before comma", u"a,b\tc,d\n", u'\t'},
+      {"esc", u"x\x1By\n", u'\x1B'}};
+  for (auto [name, text, separator] : cases) EXPECT_EQ(vxtab::GuessSeparator(text), separator) << name;
 }
 
 TEST_F(VxtabTest, ConvertedForeignTablesReadBackOrTheNoteSaysWhere) {
-  const struct {
-    const char* Name;
-    std::string Bytes, Extension, Note;
-  } kCases[] = {{"blanks, quotes, breaks as .csv", "Max Meier,\"a \"\"b\"\"\r\nc\",,\n,\"x,y;z\",ß,€\n", ".csv", ""},
-                {"the same as .txt", "Max;Meier;\"a \"\"b\"\"\r\nc\";;\n;\"x,y;z\";ß;€\n", ".txt", ""},
-                {"as .vxt", "Max Meier,b c\nä,ö\n", ".vxt", ""},
-                {"empty cell", "a,b\na,,c\n", ".tab", "column 1 of row 1 is 'c' instead of ''"},
-                {"empty row", "a,b\n\"\"\n", ".txt", "row 1 has 0 cells instead of 1"},
-                {"outside the code page", "a,Łódź\n", ".csv", "column 1 of row 0 is '?ód?' instead of 'Łódź'"},
-                {"no separator in the first line", "Titel\na,b\n", ".txt", "column 0 of row 1 is 'a;b' instead of 'a'"},
-                {"no extension", "a b,c\n", "", "column 0 of row 0 is 'a' instead of 'a b'"},
-                {"a cell with code unit 0", std::string("a,b\0c\n", 6), ".csv", "column 1 of row 0 is 'b"}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(test.Name);
-    Put("in", test.Bytes);
-    TResult result = Tells("convert --foreign @in @out" + test.Extension, 0, test.Note);
-    EXPECT_EQ(std::count(result.Err.begin(), result.Err.end(), '\n'), test.Note.empty() ? 0 : 1);
-    EXPECT_EQ(result.Err.starts_with("note: " + Native("out" + test.Extension)), !test.Note.empty()) << result.Err;
-    EXPECT_TRUE(!test.Note.empty() || Out("dump @out" + test.Extension) == Out("dump --foreign @in"));
-    fs::remove(Native("out" + test.Extension));
+  const TCases<const char*, std::string, std::string, std::string> cases = {
+      {"blanks, quotes, breaks as .csv", "Max Meier,\"a \"\"b\"\"\r\nc\",,\n,\"x,y;z\",ß,€\n", ".csv", ""},
+      {"the same as .txt", "Max;Meier;\"a \"\"b\"\"\r\nc\";;\n;\"x,y;z\";ß;€\n", ".txt", ""},
+      {"as .vxt", "Max Meier,b c\nä,ö\n", ".vxt", ""},
+      {"empty cell", "a,b\na,,c\n", ".tab", "column 1 of row 1 is 'c' instead of ''"},
+      {"empty row", "a,b\n\"\"\n", ".txt", "row 1 has 0 cells instead of 1"},
+      {"outside the code page", "a,Łódź\n", ".csv", "column 1 of row 0 is '?ód?' instead of 'Łódź'"},
+      {"no separator in the first line", "Titel\na,b\n", ".txt", "column 0 of row 1 is 'a;b' instead of 'a'"},
+      {"no extension", "a b,c\n", "", "column 0 of row 0 is 'a' instead of 'a b'"},
+      {"a cell with code unit 0", std::string("a,b\0c\n", 6), ".csv", "column 1 of row 0 is 'b"}};
+  for (const auto& [name, bytes, extension, note] : cases) {
+    SCOPED_TRACE(name);
+    Put("in", bytes);
+    const TResult result = Tells("convert --foreign @in @out" + extension, 0, note);
+    EXPECT_EQ(std::count(result.Err.begin(), result.Err.end(), '\n'), note.empty() ? 0 : 1);
+    EXPECT_EQ(result.Err.starts_with("note: " + Native("out" + extension)), !note.empty()) << result.Err;
+    const std::string own = Out("dump @out" + extension), foreign = Out("dump --foreign @in");
+    EXPECT_EQ(note.empty() ? own : foreign, foreign);
+    fs::remove(Native("out" + extension));
     EXPECT_EQ(Entries(), 1);
   }
 }
@@ -135,11 +128,7 @@ TEST_F(VxtabTest, FailuresTellWhatAndWhereAndWriteNothing) {
   Put("in.csv", "a,b\r\nc,d\r\n"), Put("old.csv", "old"), Put("fixed.csv", "fixed");
   fs::permissions(Native("fixed.csv"), fs::perms::owner_read);
   fs::create_directory(Native("dir.csv"));
-  const struct {
-    std::string Line;
-    int Status;
-    std::string Err;
-  } kCases[] = {
+  const TCases<std::string, int, std::string> cases = {
       {"info @none.csv", 1, "ist nicht vorhanden,\nkann also nicht geladen werden.\n"},
       {"info @dir.csv", 1, "dir.csv: is a directory"},
       {"convert @none.csv @new.xls", 1, "new.xls: unknown extension '.xls'; known are .csv"},
@@ -185,10 +174,10 @@ TEST_F(VxtabTest, FailuresTellWhatAndWhereAndWriteNothing) {
       {"vocab Farben", 1, "there is no vocabulary 'Farben'"},
       {"--foreign info", 2, "the command has to come first"},
       {"", 2, "a command is missing"}};
-  for (const auto& test : kCases) {
-    TResult result = Tells(test.Line, test.Status, test.Err);
-    EXPECT_EQ(result.Err.find("Try: vxtab --help") != std::string::npos, test.Status == 2) << result.Err;
-    EXPECT_TRUE(result.Out.empty() && Get("old.csv") == "old" && Entries() == 4) << test.Line;
+  for (const auto& [line, status, told] : cases) {
+    const TResult result = Tells(line, status, told);
+    EXPECT_EQ(result.Err.find("Try: vxtab --help") != std::string::npos, status == 2) << result.Err;
+    EXPECT_EQ((TFacts{result.Out, Get("old.csv"), Entries()}), " old 4") << line;
   }
   EXPECT_EQ(GetSystemCodePage().GetNumber(), 1252);
 }
@@ -200,11 +189,12 @@ TEST_F(VxtabTest, FaultsOfTheDiskLeaveTheOldFileAndNothingBeside) {
     TFileFaults faults;
     faults.Fail(operation, ENOSPC, 100);
     Tells("set @t.csv @t.csv --cell 0,0=new", 1, "t.csv");
-    EXPECT_TRUE(Get("t.csv") == old && Entries() == 1) << operation;
+    EXPECT_EQ(Get("t.csv"), old) << operation;
+    EXPECT_EQ(Entries(), 1) << operation;
   }
   TFileFaults faults;
   faults.LimitSpace(5);
-  EXPECT_TRUE(Run("convert @t.csv @t.txt").Status == 1 && Entries() == 1);
+  EXPECT_EQ((TFacts{Run("convert @t.csv @t.txt").Status, Entries()}), "1 1");
 }
 
 TEST_F(VxtabTest, SavesThroughLinks) {
@@ -216,23 +206,21 @@ TEST_F(VxtabTest, SavesThroughLinks) {
 }
 
 TEST_F(VxtabTest, InfoNamesSixValuesAndSaysWhenAFileLooksForeign) {
-  const struct {
-    const char* Name;
-    std::string Bytes, Out, Hint;
-  } kCases[] = {{"own", "a;\"b c\"\r\n\r\nd;\"\xFC\";\r\n",
-                 "separator: semicolon\nrows: 3\ncolumns: 0..3\nbytes: 19\ncells: 5\nlongest cell: 3\n", ""},
-                {"empty", "", "separator: comma\nrows: 0\ncolumns: 0..0\nbytes: 0\ncells: 0\nlongest cell: 0\n", ""},
-                {"blanks", "a,b\n\nc d,e\n", "rows: 2", "row 1 would have 2 cells instead of 3"},
-                {"last line of one character", "a,b\r\nc", "rows: 1", "it would have more rows than the 1 read now"},
-                {"UTF-8", "\xC3\x84,b\n", "rows: 1", "it looks like UTF-8\n"},
-                {"UTF-16", Bytes(u"abc\tdef\n", true), "separator: tab", "UTF-16, little end first"}};
-  for (const auto& test : kCases) {
-    SCOPED_TRACE(test.Name);
-    Put("f.csv", test.Bytes);
-    TResult result = Tells("info @f.csv", 0, test.Hint);
-    EXPECT_EQ(result.Out.substr(result.Out.find(test.Out), test.Hint.empty() ? 999 : test.Out.size()), test.Out);
-    EXPECT_EQ(std::count(result.Err.begin(), result.Err.end(), '\n'), test.Hint.empty() ? 0 : 1);
-    EXPECT_EQ(result.Err.find("--foreign") != std::string::npos, !test.Hint.empty());
+  const TCases<const char*, std::string, std::string, std::string> cases = {
+      {"own", "a;\"b c\"\r\n\r\nd;\"\xFC\";\r\n",
+       "separator: semicolon\nrows: 3\ncolumns: 0..3\nbytes: 19\ncells: 5\nlongest cell: 3\n", ""},
+      {"empty", "", "separator: comma\nrows: 0\ncolumns: 0..0\nbytes: 0\ncells: 0\nlongest cell: 0\n", ""},
+      {"blanks", "a,b\n\nc d,e\n", "rows: 2", "row 1 would have 2 cells instead of 3"},
+      {"last line of one character", "a,b\r\nc", "rows: 1", "it would have more rows than the 1 read now"},
+      {"UTF-8", "\xC3\x84,b\n", "rows: 1", "it looks like UTF-8\n"},
+      {"UTF-16", Bytes(u"abc\tdef\n", true), "separator: tab", "UTF-16, little end first"}};
+  for (const auto& [name, bytes, out, hint] : cases) {
+    SCOPED_TRACE(name);
+    Put("f.csv", bytes);
+    const TResult result = Tells("info @f.csv", 0, hint);
+    EXPECT_EQ(result.Out.substr(result.Out.find(out), hint.empty() ? 999 : out.size()), out);
+    EXPECT_EQ(std::count(result.Err.begin(), result.Err.end(), '\n'), hint.empty() ? 0 : 1);
+    EXPECT_EQ(result.Err.find("--foreign") != std::string::npos, !hint.empty());
   }
   Put("f.csv", "\xC3\x84;b\n");
   EXPECT_NE(Out("info --foreign @f.csv").find("\nencoding: UTF-8\n"), std::string::npos);
@@ -258,13 +246,10 @@ TEST_F(VxtabTest, ShowAlignsByWhatIsSeenAndKeepsToTheWidth) {
 
 TEST_F(VxtabTest, VisibleTextIsCutByColumns) {
   int width;
-  struct {
-    String Text;
-    int Limit;
-    const char* Seen;
-    int Width;
-  } cases[] = {{u"abcdef", 6, "abcdef", 6}, {u"日本語", 4, "日…", 3}, {u"a\x1B\x7F\x85", 20, "a␛␡‹85›", 7}};
-  for (const auto& c : cases) EXPECT_TRUE(vxtab::VisibleText(c.Text, c.Limit, width) == c.Seen && width == c.Width);
+  const TCases<String, int, std::string> cases = {
+      {u"abcdef", 6, "abcdef 6"}, {u"日本語", 4, "日… 3"}, {u"a\x1B\x7F\x85", 20, "a␛␡‹85› 7"}};
+  for (const auto& [text, limit, seen] : cases)
+    EXPECT_EQ((TFacts{vxtab::VisibleText(text, limit, width), width}), seen);
   EXPECT_LT(vxtab::VisibleText(String(100000, u'\u0301'), 40, width).size(), 100u);
 }
 
@@ -324,25 +309,24 @@ TEST_F(VxtabTest, SortKeepsTheHeadAndEveryRow) {
 
 TEST_F(VxtabTest, SelectsByEightClausesInSymbolsAndTexts) {
   Put("t.txt", "0;Ort;Von\r\n1;K\xF6ln;09.03.2026\r\n2;BONN;10.02.2026\r\n3;Bonn;\r\n4;\"Region K\xD6LN\"\r\n");
-  const struct {
-    std::string Name, Symbol, Text, Value, Type, Rows;
-  } kCases[] = {{"ort", "v", "enthält", "KÖLN", "Text", "014"},
-                {"Ort", "#", "enthält~nicht", "o", "Text", "01"},
-                {"Ort", "v", "Enthält", "", "Text", "01234"},
-                {"Ort", "=", "gleich~=", "bonn", "Text", "023"},
-                {"Ort", "<>", "ungleich~<>", "bonn", "Text", "014"},
-                {"Von", "=", "gleich~=", "", "Text", "034"},
-                {"Von", "<", "kleiner~<", "09.03.2026", "Datum", "0234"},
-                {"Von", "<=", "kleiner~gleich~<=", "20260309", "vftDate", "01234"},
-                {"Von", ">", "größer~>", "28.02.2026", "date", "01"},
-                {"Von", ">=", "GRÖßER~GLEICH~>=", "10.02.2026", "6", "012"}};
-  for (const auto& test : kCases) {
-    for (const std::string& clause : {test.Symbol, test.Text}) {
-      Out("select @t.txt @out.txt --where " + test.Name + " " + clause + " " + test.Value + " --type " + test.Type);
+  const TCases<std::string, std::string, std::string, std::string, std::string, std::string> cases = {
+      {"ort", "v", "enthält", "KÖLN", "Text", "014"},
+      {"Ort", "#", "enthält~nicht", "o", "Text", "01"},
+      {"Ort", "v", "Enthält", "", "Text", "01234"},
+      {"Ort", "=", "gleich~=", "bonn", "Text", "023"},
+      {"Ort", "<>", "ungleich~<>", "bonn", "Text", "014"},
+      {"Von", "=", "gleich~=", "", "Text", "034"},
+      {"Von", "<", "kleiner~<", "09.03.2026", "Datum", "0234"},
+      {"Von", "<=", "kleiner~gleich~<=", "20260309", "vftDate", "01234"},
+      {"Von", ">", "größer~>", "28.02.2026", "date", "01"},
+      {"Von", ">=", "GRÖßER~GLEICH~>=", "10.02.2026", "6", "012"}};
+  for (const auto& [name, symbol, text, value, type, wanted] : cases) {
+    for (const std::string& clause : {symbol, text}) {
+      Out("select @t.txt @out.txt --where " + name + " " + clause + " " + value + " --type " + type);
       std::string rows;
       std::istringstream lines(Get("out.txt"));
       for (std::string line; std::getline(lines, line);) rows += line[0];
-      EXPECT_EQ(rows, test.Rows) << test.Name << clause << test.Value;
+      EXPECT_EQ(rows, wanted) << name << clause << value;
     }
   }
   Put("t.csv", "a=b,c\r\n-5,1\r\n");
