@@ -105,6 +105,8 @@ class TBitmap : public TObject {
     if (static_cast<unsigned>(Row) >= static_cast<unsigned>(FHeight)) RaiseRow();
     return FBits + static_cast<size_t>(Row) * static_cast<size_t>(FStride);
   }
+  // Whether a copy has the same pixels, from which a change would part them.
+  bool IsShared() const noexcept { return FImage && FImage->Holders.IsShared(); }
   // The pixels of a row in any format as 0xAARRGGBB, as many as Pixels takes and the row has; AA is 0xFF where the
   // fourth byte has no meaning, and colours are never multiplied by it here. Setting takes the nearest colour that the
   // format has, and writes 0 for a fourth byte without meaning. Raise as GetScanline.

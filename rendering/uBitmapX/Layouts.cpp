@@ -1,7 +1,9 @@
 // The classes of each depth: how their pixels lie in a row.
 #include <algorithm>
 #include <array>
+#include <bit>
 #include <cstring>
+#include <utility>
 
 #include "rendering/uBitmapX/TBitmapX.h"
 
@@ -25,30 +27,68 @@ TRGB ColorOf(const TPaletteEntry& Entry) noexcept { return {Entry.peRed, Entry.p
 
 constexpr TRGB kAllSet{255, 255, 255, 255};
 
+constexpr bool kLittle = std::endian::native == std::endian::little;
+
 uint16_t LoadWord(const uint8_t* From) noexcept {
   uint16_t word;
   std::memcpy(&word, From, sizeof word);
   return word;
 }
-void StoreWord(uint8_t* To, unsigned Value) noexcept {
-  const auto word = static_cast<uint16_t>(Value);
-  std::memcpy(To, &word, sizeof word);
+
+// A pixel of so many bytes as a number: two of them are a word of the machine's order, three and four stand from the
+// lowest one on.
+template <size_t Bytes>
+uint32_t LoadPixel(const uint8_t* From) noexcept {
+  if constexpr (Bytes == 2) return LoadWord(From);
+  const uint32_t low = From[0] | uint32_t{From[1]} << 8 | uint32_t{From[2]} << 16;
+  return Bytes == 3 ? low : low | uint32_t{From[3]} << 24;
+}
+template <size_t Bytes>
+void StorePixel(uint8_t* To, uint32_t Pixel) noexcept {
+  const auto word = static_cast<uint16_t>(Pixel);
+  if constexpr (Bytes == 4 && kLittle) {
+    std::memcpy(To, &Pixel, Bytes);
+  } else if constexpr (Bytes == 2 || kLittle) {
+    std::memcpy(To, &word, sizeof word);
+    if constexpr (Bytes == 3) To[2] = static_cast<uint8_t>(Pixel >> 16);
+  } else {
+    for (size_t i = 0; i < Bytes; ++i) To[i] = static_cast<uint8_t>(Pixel >> 8 * i);
+  }
+}
+
+// The four bytes of a colour as a number, red being the lowest one, and back.
+uint32_t NumberOf(TRGB Color) noexcept {
+  if constexpr (kLittle) return std::bit_cast<uint32_t>(Color);
+  return Color.Red | uint32_t{Color.Green} << 8 | uint32_t{Color.Blue} << 16 | uint32_t{Color.Fourth} << 24;
+}
+TRGB OfNumber(uint32_t Number) noexcept {
+  if constexpr (kLittle) return std::bit_cast<TRGB>(Number);
+  return {static_cast<uint8_t>(Number), static_cast<uint8_t>(Number >> 8), static_cast<uint8_t>(Number >> 16),
+          static_cast<uint8_t>(Number >> 24)};
+}
+uint32_t RedAndBlueSwapped(uint32_t Number) noexcept {
+  return (Number & 0xFF00FF00) | std::rotl(Number & 0xFF00FF, 16);
+}
+
+// Apart from the store that nearly all pixels take, so that this one saves no registers.
+template <size_t Bytes>
+[[gnu::noinline]] void StoreParted(TBitmap& Bitmap, int Y, size_t At, uint32_t Pixel) {
+  StorePixel<Bytes>(Bitmap.GetScanline(Y) + At, Pixel);
 }
 
 }  // namespace
 
-// Load and Save take the stored values of the channels; Scale and Unscale turn them to 8 bits and back. The first
-// byte of 15 and 16 bits lies in the low bits, that of 24 and 32 bits in the third place.
+// Unpack and Pack turn a pixel to the stored values of the channels and back, Scale and Unscale these to 8 bits and
+// back. The first byte of 15 and 16 bits lies in the low bits, that of 24 and 32 bits in the third place.
 struct TLayout15 {
   static constexpr TPixelFormat Format = pf15bit;
   static constexpr size_t Bytes = 2;
-  static TRGB Load(const uint8_t* From) noexcept {
-    const unsigned word = LoadWord(From);
-    return {static_cast<uint8_t>(word & 31), static_cast<uint8_t>(word >> 5 & 31),
-            static_cast<uint8_t>(word >> 10 & 31), 0};
+  static TRGB Unpack(uint32_t Pixel) noexcept {
+    return {static_cast<uint8_t>(Pixel & 31), static_cast<uint8_t>(Pixel >> 5 & 31),
+            static_cast<uint8_t>(Pixel >> 10 & 31), 0};
   }
-  static void Save(uint8_t* To, TRGB Color) noexcept {
-    StoreWord(To, (Color.Red & 31u) | (Color.Green & 31u) << 5 | (Color.Blue & 31u) << 10);
+  static uint32_t Pack(TRGB Color) noexcept {
+    return (Color.Red & 31u) | (Color.Green & 31u) << 5 | (Color.Blue & 31u) << 10;
   }
   static TRGB Scale(TRGB Color) noexcept { return {kWide31[Color.Red], kWide31[Color.Green], kWide31[Color.Blue], 0}; }
   static TRGB Unscale(TRGB Color) noexcept {
@@ -59,12 +99,12 @@ struct TLayout15 {
 struct TLayout16 {
   static constexpr TPixelFormat Format = pf16bit;
   static constexpr size_t Bytes = 2;
-  static TRGB Load(const uint8_t* From) noexcept {
-    const unsigned word = LoadWord(From);
-    return {static_cast<uint8_t>(word & 31), static_cast<uint8_t>(word >> 5 & 63), static_cast<uint8_t>(word >> 11), 0};
+  static TRGB Unpack(uint32_t Pixel) noexcept {
+    return {static_cast<uint8_t>(Pixel & 31), static_cast<uint8_t>(Pixel >> 5 & 63), static_cast<uint8_t>(Pixel >> 11),
+            0};
   }
-  static void Save(uint8_t* To, TRGB Color) noexcept {
-    StoreWord(To, (Color.Red & 31u) | (Color.Green & 63u) << 5 | (Color.Blue & 31u) << 11);
+  static uint32_t Pack(TRGB Color) noexcept {
+    return (Color.Red & 31u) | (Color.Green & 63u) << 5 | (Color.Blue & 31u) << 11;
   }
   static TRGB Scale(TRGB Color) noexcept { return {kWide31[Color.Red], kWide63[Color.Green], kWide31[Color.Blue], 0}; }
   static TRGB Unscale(TRGB Color) noexcept {
@@ -75,12 +115,10 @@ struct TLayout16 {
 struct TLayout24 {
   static constexpr TPixelFormat Format = pf24bit;
   static constexpr size_t Bytes = 3;
-  static TRGB Load(const uint8_t* From) noexcept { return {From[2], From[1], From[0], 0}; }
-  static void Save(uint8_t* To, TRGB Color) noexcept {
-    To[0] = Color.Blue;
-    To[1] = Color.Green;
-    To[2] = Color.Red;
+  static TRGB Unpack(uint32_t Pixel) noexcept {
+    return {static_cast<uint8_t>(Pixel >> 16), static_cast<uint8_t>(Pixel >> 8), static_cast<uint8_t>(Pixel), 0};
   }
+  static uint32_t Pack(TRGB Color) noexcept { return RedAndBlueSwapped(NumberOf(Color)) & 0xFFFFFF; }
   static TRGB Scale(TRGB Color) noexcept { return Color; }
   static TRGB Unscale(TRGB Color) noexcept { return Color; }
 };
@@ -88,13 +126,8 @@ struct TLayout24 {
 struct TLayout32 {
   static constexpr TPixelFormat Format = pf32bit;
   static constexpr size_t Bytes = 4;
-  static TRGB Load(const uint8_t* From) noexcept { return {From[2], From[1], From[0], From[3]}; }
-  static void Save(uint8_t* To, TRGB Color) noexcept {
-    To[0] = Color.Blue;
-    To[1] = Color.Green;
-    To[2] = Color.Red;
-    To[3] = Color.Fourth;
-  }
+  static TRGB Unpack(uint32_t Pixel) noexcept { return OfNumber(RedAndBlueSwapped(Pixel)); }
+  static uint32_t Pack(TRGB Color) noexcept { return RedAndBlueSwapped(NumberOf(Color)); }
   static TRGB Scale(TRGB Color) noexcept { return Color; }
   static TRGB Unscale(TRGB Color) noexcept { return Color; }
 };
@@ -201,24 +234,28 @@ void TBitmapXOf<TLayout>::SetBitmap(TBitmap* Value) {
 template <typename TLayout>
 TRGB TBitmapXOf<TLayout>::GetPixels(int X, int Y) const {
   const uint8_t* row = RowToRead(TLayout::Format, X, Y);
-  return row ? TLayout::Scale(TLayout::Load(row + TLayout::Bytes * static_cast<size_t>(X))) : TRGB{};
+  return row ? TLayout::Scale(TLayout::Unpack(LoadPixel<TLayout::Bytes>(row + TLayout::Bytes * static_cast<size_t>(X))))
+             : TRGB{};
 }
 
 template <typename TLayout>
 TRGB TBitmapXOf<TLayout>::GetOriginal(int X, int Y) const {
   const uint8_t* row = RowToRead(TLayout::Format, X, Y);
-  return row ? TLayout::Load(row + TLayout::Bytes * static_cast<size_t>(X)) : TRGB{};
+  return row ? TLayout::Unpack(LoadPixel<TLayout::Bytes>(row + TLayout::Bytes * static_cast<size_t>(X))) : TRGB{};
 }
 
 template <typename TLayout>
 void TBitmapXOf<TLayout>::Store(int X, int Y, TRGB Original) {
-  if (TLayout::Format == pf32bit && Y >= GetHeight()) return;
-  const uint8_t* row = RowToRead(TLayout::Format, X, Y);
-  if (!row) return;
+  TBitmap* const bitmap = iBitmap;
+  if (!iOk || bitmap->GetPixelFormat() != TLayout::Format) return;
+  if (TLayout::Format == pf32bit && Y >= bitmap->GetHeight()) return;
+  const uint8_t* row = std::as_const(*bitmap).GetScanline(Y);
+  if (static_cast<unsigned>(X) >= static_cast<unsigned>(bitmap->GetWidth())) return;
   const size_t at = TLayout::Bytes * static_cast<size_t>(X);
-  uint8_t pixel[TLayout::Bytes];
-  TLayout::Save(pixel, Original);
-  if (std::memcmp(row + at, pixel, sizeof pixel) != 0) std::memcpy(iBitmap->GetScanline(Y) + at, pixel, sizeof pixel);
+  const uint32_t pixel = TLayout::Pack(Original);
+  if (LoadPixel<TLayout::Bytes>(row + at) == pixel) return;
+  if (bitmap->IsShared()) return StoreParted<TLayout::Bytes>(*bitmap, Y, at, pixel);
+  StorePixel<TLayout::Bytes>(const_cast<uint8_t*>(row) + at, pixel);  // nobody else has these pixels
 }
 
 template <typename TLayout>
@@ -235,7 +272,8 @@ template <typename TLayout>
 void TBitmapXOf<TLayout>::GetRow(int Y, std::span<TRGB> Row) const {
   const uint8_t* row = RowToRead(TLayout::Format, 0, Y);
   const size_t inside = row ? std::min(Row.size(), static_cast<size_t>(iBitmap->GetWidth())) : 0;
-  for (size_t x = 0; x < inside; ++x) Row[x] = TLayout::Scale(TLayout::Load(row + TLayout::Bytes * x));
+  for (size_t x = 0; x < inside; ++x)
+    Row[x] = TLayout::Scale(TLayout::Unpack(LoadPixel<TLayout::Bytes>(row + TLayout::Bytes * x)));
   std::fill(Row.begin() + static_cast<std::ptrdiff_t>(inside), Row.end(), TRGB{});
 }
 
@@ -249,7 +287,8 @@ void TBitmapXOf<TLayout>::SetRow(int Y, std::span<const TRGB> Row) {
   const size_t inside = std::min(Row.size(), static_cast<size_t>(iBitmap->GetWidth()));
   for (size_t first = 0; first < inside; first += kPixels) {
     const size_t count = std::min(kPixels, inside - first), at = first * TLayout::Bytes;
-    for (size_t x = 0; x < count; ++x) TLayout::Save(stored + x * TLayout::Bytes, TLayout::Unscale(Row[first + x]));
+    for (size_t x = 0; x < count; ++x)
+      StorePixel<TLayout::Bytes>(stored + x * TLayout::Bytes, TLayout::Pack(TLayout::Unscale(Row[first + x])));
     if (std::memcmp(row + at, stored, count * TLayout::Bytes) == 0) continue;
     uint8_t* target = iBitmap->GetScanline(Y);
     std::memcpy(target + at, stored, count * TLayout::Bytes);
