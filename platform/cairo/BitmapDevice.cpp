@@ -4,6 +4,7 @@
 #include <bit>
 #include <cmath>
 #include <cstring>
+#include <cwchar>
 
 #include "platform/Drawing.h"
 #include "platform/cairo/Blend.h"
@@ -25,6 +26,16 @@ uint32_t Rgb(TColor Color) noexcept {
 }
 
 bool HasWords(const TBitmap& Bitmap) noexcept { return BitsOfPixelFormat(Bitmap.GetPixelFormat()) == 32; }
+
+// The C library fills with its wide characters, which are as large here, a row at a time; plain loops take twice as
+// long.
+void FillWords(uint32_t* To, uint32_t Word, int Count) noexcept {
+  if constexpr (sizeof(wchar_t) == sizeof Word) {
+    std::wmemset(reinterpret_cast<wchar_t*>(To), static_cast<wchar_t>(Word), static_cast<size_t>(Count));
+  } else {
+    std::fill_n(To, Count, Word);
+  }
+}
 
 // A byte of a channel over another one, by Part of 256.
 uint8_t MixByte(uint8_t Dst, uint32_t Src, uint32_t Part) noexcept {
@@ -80,21 +91,25 @@ void TBitmapDevice::FillPixels(const TRect& Pixels, TColor Color) {
   const TRect part = Visible(Pixels);
   if (part.IsEmpty()) return;
   const uint32_t pixel = OpaquePixel(Rgb(Color), FBitmap.GetAlphaFormat());
-  EditRow(part.Top, part.Left, part.Right, [pixel](uint32_t* pixels, int count) { std::fill_n(pixels, count, pixel); });
+  const auto fill = [pixel](uint32_t* pixels, int count) { FillWords(pixels, pixel, count); };
   const int bits = BitsOfPixelFormat(FBitmap.GetPixelFormat());
   if (bits < 8) {
-    for (int y = part.Top + 1; y < part.Bottom; ++y) {
-      EditRow(y, part.Left, part.Right, [pixel](uint32_t* pixels, int count) { std::fill_n(pixels, count, pixel); });
+    for (int y = part.Top; y < part.Bottom; ++y) EditRow(y, part.Left, part.Right, fill);
+    return;
+  }
+  const size_t bytes = static_cast<size_t>(bits) / 8, width = static_cast<size_t>(part.Width()) * bytes;
+  uint8_t* row = FBitmap.GetScanline(part.Top) + static_cast<size_t>(part.Left) * bytes;
+  if (bits == 32) {
+    for (int y = part.Top; y < part.Bottom; ++y, row += FBitmap.GetStride()) {
+      FillWords(reinterpret_cast<uint32_t*>(row), pixel, part.Width());
     }
     return;
   }
-  const size_t bytes = static_cast<size_t>(bits + 7) / 8;
-  uint8_t* first = FBitmap.GetScanline(part.Top) + static_cast<size_t>(part.Left) * bytes;
-  uint8_t* row = first;
-  for (int y = part.Top + 1; y < part.Bottom; ++y) {
-    row += FBitmap.GetStride();
-    std::memcpy(row, first, static_cast<size_t>(part.Width()) * bytes);
-  }
+  // One pixel, as often as the row takes, and this row for all.
+  EditRow(part.Top, part.Left, part.Left + 1, fill);
+  for (size_t done = bytes; done < width; done *= 2) std::memcpy(row + done, row, std::min(done, width - done));
+  const uint8_t* first = row;
+  for (int y = part.Top + 1; y < part.Bottom; ++y) std::memcpy(row += FBitmap.GetStride(), first, width);
 }
 
 void TBitmapDevice::Fill(const TRect& Rect, TColor Color) { FillPixels(Scaled(Rect), Color); }
