@@ -2,6 +2,7 @@
 #include <random>
 
 #include "bench/drawing/Peers.h"
+#include "bench/drawing/Pictures.h"
 #include "bench/support/Bench.h"
 #include "platform/TBitmap.h"
 #include "platform/TCanvas.h"
@@ -138,4 +139,5 @@ int main() {
   MeasureNames();
   MeasureShaped();
   MeasureLength();
+  MeasurePictures();
 }
