@@ -55,8 +55,9 @@ class TPdfFile {
   // The canvas goes on on a page of its own with the state that it has.
   void NewPage();
   int GetPageCount() const noexcept;
-  // Writes the file, whole or not at all; EFCreateError or EWriteError names it. Drawing ends here: what
-  // draws later raises EInvalidGraphicOperation. Another Close does nothing.
+  // Writes the file, whole or not at all; EFCreateError or EWriteError names it, and Close may be tried again then.
+  // Drawing ends with the first Close: what draws later raises EInvalidGraphicOperation. Once the file is written,
+  // another Close does nothing.
   void Close();
 
  private:

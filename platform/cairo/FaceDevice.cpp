@@ -1,8 +1,11 @@
 #include "platform/cairo/FaceDevice.h"
 
+#include "platform/Drawing.h"
 #include "platform/cairo/Painter.h"
 
 namespace vx::drawing {
+
+void RaiseClosed() { throw EInvalidGraphicOperation(u"The file is closed and can't be drawn on"); }
 
 void TFaceDevice::SetFont(const TFont& Font) {
   FStyle = Font.Style;

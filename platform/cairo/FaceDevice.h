@@ -9,6 +9,9 @@
 
 namespace vx::drawing {
 
+// Raises what drawing on a file raises that is closed.
+[[noreturn]] void RaiseClosed();
+
 class TFaceDevice : public TCanvasDevice {
  public:
   TPoint PixelsPerInch() const noexcept final { return FPixelsPerInch; }

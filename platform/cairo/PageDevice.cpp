@@ -2,7 +2,6 @@
 
 #include <cmath>
 
-#include "platform/Drawing.h"
 #include "platform/cairo/Painter.h"
 
 namespace vx::drawing {
@@ -19,7 +18,7 @@ TRect TPageDevice::Bounds() const noexcept {
 }
 
 void TPageDevice::Check() {
-  if (FFinished) throw EInvalidGraphicOperation(u"The file is closed and can't be drawn on");
+  if (FFinished) RaiseClosed();
   CheckStatus(cairo_status(FCairo.get()));
 }
 

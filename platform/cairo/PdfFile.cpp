@@ -50,12 +50,27 @@ struct TPdfFile::TImpl {
         Device(new TPageDevice(Surface.get(), PageSize, PixelsPerInch)),
         Canvas(std::unique_ptr<TCanvasDevice>(Device)) {}
 
+  // Completes the bytes of the file, once.
+  void Finish() {
+    if (!Finished) {
+      Finished = true;
+      Device->Finish();
+      // An empty last page counts as a page, too.
+      cairo_surface_show_page(Surface.get());
+      cairo_surface_finish(Surface.get());
+      Status = cairo_surface_status(Surface.get());  // what draws later changes the surface's own
+    }
+    drawing::CheckStatus(Status);
+  }
+
   const String Filename;
   std::string Bytes;
   TSurface Surface;
   TPageDevice* const Device;  // the canvas's
   TCanvas Canvas;
   int PageCount = 1;
+  bool Finished = false;
+  cairo_status_t Status = CAIRO_STATUS_SUCCESS;
   bool Closed = false;
 };
 
@@ -73,13 +88,9 @@ void TPdfFile::NewPage() {
 
 void TPdfFile::Close() {
   if (FImpl->Closed) return;
-  FImpl->Closed = true;
-  FImpl->Device->Finish();
-  // An empty last page counts as a page, too.
-  cairo_surface_show_page(FImpl->Surface.get());
-  cairo_surface_finish(FImpl->Surface.get());
-  drawing::CheckStatus(cairo_surface_status(FImpl->Surface.get()));
+  FImpl->Finish();
   ReplaceFileContent(FImpl->Filename, FImpl->Bytes);
+  FImpl->Closed = true;
 }
 
 }  // namespace vx

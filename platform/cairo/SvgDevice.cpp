@@ -133,6 +133,7 @@ std::string TSvgDevice::GroupStart() {
 }
 
 void TSvgDevice::Add(const std::string& Element) {
+  if (FFinished) RaiseClosed();
   const std::string group = GroupStart();
   if (group != FGroup) {
     if (!FGroup.empty()) FBody += "</g>\n";

@@ -16,6 +16,8 @@ class TSvgDevice final : public TFaceDevice {
 
   // The whole file.
   std::string File() const;
+  // Each operation that draws raises from here on.
+  void Finish() noexcept { FFinished = true; }
 
   TDeviceKind Kind() const noexcept override { return dkMetafile; }
   TRect Bounds() const noexcept override;
@@ -39,6 +41,7 @@ class TSvgDevice final : public TFaceDevice {
   bool FClipped = false;
   TRect FClip;
   double FScale = 1;
+  bool FFinished = false;
   std::string FGroup;  // the start of the group that is open, empty for none
   std::map<std::string, int> FDefined;
   std::string FDefinitions;

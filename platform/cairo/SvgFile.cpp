@@ -26,6 +26,7 @@ TCanvas& TSvgFile::GetCanvas() noexcept { return FImpl->Canvas; }
 
 void TSvgFile::Close() {
   if (FImpl->Closed) return;
+  FImpl->Device->Finish();
   ReplaceFileContent(FImpl->Filename, FImpl->Device->File());
   FImpl->Closed = true;
 }

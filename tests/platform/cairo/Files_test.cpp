@@ -129,9 +129,32 @@ TEST_F(DrawingFiles, NothingIsWrittenBeforeClose) {
   TPdfFile(Dir.Path("a.pdf"), {10, 10}).GetCanvas().FillRect({0, 0, 5, 5});
   TSvgFile(Dir.Path("a.svg"), {10, 10}).GetCanvas().FillRect({0, 0, 5, 5});
   EXPECT_TRUE(std::filesystem::is_empty(Dir.GetPath()));
-  TPdfFile lost(Dir.Path("none/a.pdf"), {10, 10});
-  EXPECT_NE(RaisedBy<EFCreateError>([&] { lost.Close(); }), u"");
   EXPECT_NE(RaisedBy<EInvalidGraphicOperation>([&] { TPdfFile(Dir.Path("b.pdf"), {10, 0}); }), u"");
+}
+
+TEST_F(DrawingFiles, AFailedCloseLeavesTheOldFileAndMayBeTriedAgain) {
+  TPdfFile pdf(Dir.Path("a"), {10, 10});
+  TSvgFile svg(Dir.Path("a"), {10, 10});
+  const auto close = [&](auto& file, const char* start) {
+    PutText(Dir.Path("a"), "old");
+    {
+      TFileFaults faults;
+      faults.LimitSpace(100);
+      EXPECT_NE(RaisedBy<EWriteError>([&] { file.Close(); }).view().find(Dir.Path("a").view()), std::u16string::npos);
+    }
+    EXPECT_EQ(GetText(Dir.Path("a")), "old");
+    file.GetCanvas().SetBrush({clRed});
+    const auto draw = [&] { file.GetCanvas().FillRect({0, 0, 9, 9}); };
+    EXPECT_EQ(RaisedBy<EInvalidGraphicOperation>(draw), u"The file is closed and can't be drawn on");
+    file.Close();
+    EXPECT_TRUE(GetText(Dir.Path("a")).starts_with(start)) << GetText(Dir.Path("a"));
+    std::filesystem::remove_all(Dir.GetPath());
+    file.Close();
+    EXPECT_EQ(GetText(Dir.Path("a")), "<none>");
+    std::filesystem::create_directory(Dir.GetPath());
+  };
+  close(pdf, "%PDF-");
+  close(svg, "<?xml");
 }
 
 TEST_F(DrawingFiles, PngComesBackAsItWasWritten) {
