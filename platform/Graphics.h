@@ -5,6 +5,7 @@
 //   IdentToColor, ColorToIdent     the names alone
 //   ColorToRGB, SetSystemColors    what a system colour stands for
 //   TPoint, TRect, TAlign          a place; a rectangle; the side that something is bound to
+//   TAlignment                     the side that the lines of a text stand at
 //   TFont                          name, colour, style and size
 //
 // Example:
@@ -120,6 +121,9 @@ constexpr TRect IntersectRect(const TRect& A, const TRect& B) noexcept {
 // The side of its parent that something is bound to.
 enum TAlign : uint8_t { alNone, alTop, alBottom, alLeft, alRight, alClient, alCustom };
 using TAlignSet = Set<TAlign>;
+
+// Where the lines of a text stand.
+enum TAlignment : uint8_t { taLeftJustify, taRightJustify, taCenter };
 
 // The number of system colours: 0xFF000000 to 0xFF00001E.
 inline constexpr int SystemColorCount = 31;
