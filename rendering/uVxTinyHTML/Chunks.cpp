@@ -268,9 +268,10 @@ void TDecoLine::CommitClipped(int Width) {
 
 template <typename TDraw>
 void TDecoLine::DrawFrom(int X, TDraw Draw) const {
+  int64_t left = X;
   for (int i = 0; i < GetCount(); ++i) {
-    Draw(*Get(i), X);
-    X += Get(i)->Width();
+    Draw(*Get(i), static_cast<int>(std::min<int64_t>(left, INT32_MAX)));
+    left += Get(i)->Width();
   }
 }
 

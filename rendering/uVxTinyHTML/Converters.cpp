@@ -20,7 +20,7 @@ void AppendChunk(String& Html, const TDecoChunk& Chunk, const TFont& Base) {
     Html += text;
     return;
   }
-  const int larger = Chunk.GetSize() - Base.Size;
+  const int64_t larger = int64_t{Chunk.GetSize()} - Base.Size;
   const bool colored = Chunk.GetColor() != Base.Color;
   if (Chunk.GetBold()) Html += u"<b>";
   if (Chunk.GetItalic()) Html += u"<i>";

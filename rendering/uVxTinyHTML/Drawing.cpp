@@ -25,7 +25,7 @@ class TBaselineScope {
 
 // How far a line of LineWidth begins behind the left side of Rect.
 int LeftOf(const TRect& Rect, int LineWidth, TAlignment Alignment) noexcept {
-  const int left = Rect.Width() - LineWidth;
+  const int left = static_cast<int>(std::max<int64_t>(int64_t{Rect.Width()} - LineWidth, INT32_MIN / 2));
   return Alignment == taLeftJustify ? 0 : Alignment == taRightJustify ? left : left / 2;
 }
 

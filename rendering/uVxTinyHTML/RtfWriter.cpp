@@ -14,6 +14,9 @@ namespace {
 constexpr std::u16string_view kHead =
     u"\\rtf1\\ansi\\ansicpg0\\uc0\\deff0\\deflang0\\deflangfe0\\paperw12240\\paperh15480\\margl850\\margr567"
     u"\\margt567\\margb567\\headery720\\footery720\\viewscale100\\viewzk0";
+// Overrides the \uc0 of the head: behind the number of a character stands one that readers without Unicode take
+// instead. Many others leave out one as well, whatever is told.
+constexpr std::u16string_view kOneStandIn = u"\\uc1";
 constexpr std::u16string_view kParagraph = u"\\pard\\fi0\\li0\\ql\\ri0\\sb0\\sa0\\itap0";
 
 class TRtfWriter {
@@ -31,7 +34,7 @@ class TRtfWriter {
       const TDecoLine& line = *Lines.Get(i);
       for (int c = 0; c < line.GetCount(); ++c) AppendChunk(*line.Get(c));
     }
-    String result = Concat({u"{", kHead, u"{\\fonttbl{\\f0\\fnil "});
+    String result = Concat({u"{", kHead, iForm == rfEscaped ? kOneStandIn : u"", u"{\\fonttbl{\\f0\\fnil "});
     AppendText(result, first ? first->GetInternalFont().Name : String(u"Tahoma"));
     result += u";}}{\\colortbl;";
     for (const TColor color : iColors) {
@@ -81,8 +84,8 @@ class TRtfWriter {
       if (unit == u'\t') {
         Rtf += u"\\tab ";
       } else if (unit > 126) {
-        // The number is one of 16 bits with a sign; \uc0 in the head says that nothing stands for it.
-        Rtf += Concat({u"\\u", IntToStr(static_cast<int16_t>(unit)), u" "});
+        // The number is one of 16 bits with a sign.
+        Rtf += Concat({u"\\u", IntToStr(static_cast<int16_t>(unit)), u"?"});
       } else {
         Rtf += std::max(unit, u' ');
       }

@@ -262,7 +262,8 @@ TEST(uVxTinyHTML, EscapesAndStrips) {
 TEST(uVxTinyHTML, WritesRtf) {
   const String head =
       u"{\\rtf1\\ansi\\ansicpg0\\uc0\\deff0\\deflang0\\deflangfe0\\paperw12240\\paperh15480\\margl850\\margr567"
-      u"\\margt567\\margb567\\headery720\\footery720\\viewscale100\\viewzk0{\\fonttbl{\\f0\\fnil Tahoma;}}{\\colortbl;";
+      u"\\margt567\\margb567\\headery720\\footery720\\viewscale100\\viewzk0";
+  const String tables = u"{\\fonttbl{\\f0\\fnil Tahoma;}}{\\colortbl;";
   const String paragraph = u"}\\pard\\fi0\\li0\\ql\\ri0\\sb0\\sa0\\itap0";
   const String black = u"\\red0\\green0\\blue0;";
   const struct {
@@ -282,12 +283,14 @@ TEST(uVxTinyHTML, WritesRtf) {
        black + u"\\red255\\green0\\blue0;\\red1\\green2\\blue3;",
        u"\\plain \\f0\\fs16 \\plain \\f0\\fs16\\cf2 a\\plain \\f0\\fs16 \\plain \\f0\\fs16\\cf3 b\\plain \\f0\\fs16 "
        u"\\plain \\f0\\fs16\\cf2 c"},
-      {u"\\{ü}\t€\x7F\U0001F600", rfEscaped, kWide, black,
-       u"\\plain \\f0\\fs16 \\\\\\{\\u252 \\}\\plain \\f0\\fs16 \\tab \\u8364 \\u127 \\u-10179 \\u-8704 "},
+      {u"\\{ü}\t€\x7F\U0001F600\r", rfEscaped, kWide, black,
+       u"\\plain \\f0\\fs16 \\\\\\{\\u252?\\}\\plain \\f0\\fs16 \\tab \\u8364?\\u127?\\u-10179?\\u-8704?\\plain "
+       u"\\f0\\fs16  "},
   };
   for (const auto& c : cases) {
     TRecordingCanvas canvas;
-    EXPECT_EQ(HTML2RTF(c.Html, canvas, c.Rect, c.Form), head + c.Colors + paragraph + c.Body + u"}");
+    const String begin = c.Form == rfEscaped ? head + u"\\uc1" : head;
+    EXPECT_EQ(HTML2RTF(c.Html, canvas, c.Rect, c.Form), begin + tables + c.Colors + paragraph + c.Body + u"}");
   }
 }
 
