@@ -1,0 +1,34 @@
+// Decorations: how the regions of a table look, and how the raw texts of their cells are to be read.
+//
+//   TDecoration       the look of one region: colours, font, field type, format, images, limits
+//   uDecoration/TDecoration.h TDecorationList   all decorations of a table, in their order of precedence, and the look
+//   of the whole
+//                                                                                     uDecoration/TDecorationList.h
+//   TDLRange, TDLRangeList   long runs of column or row decorations, searched by bisection  uDecoration/TDLRange.h
+//   TButtonInfo       the button that a cell of the type vftButton shows              uDecoration/TButtonInfo.h
+//   TRangeType, TTrimModes, TColorRect ...   the small types                          uDecoration/DecorationTypes.h
+//
+// Example:
+//   vx::TDecorationList list;                                     // owns; everything is a string at first
+//   list.SetColCount(5);
+//   list.SetRowCount(200);
+//   list.CreateRange(vx::rtColumn, 2, -1, 2, -1)->SetFieldType(vx::vftDate);
+//   list.GetCell(2, 7, true)->SetColor(vx::clYellow);
+//   auto cell = list.VirtualListForCell(2, 7);                    // the three that apply
+//   auto look = cell->Compress();                                 // one: vftDate, yellow
+//   vx::String text = list.GetCommatext();                        // the whole list, to be kept
+//
+// Coordinates are cells, the column first; a negative one counts from the end of the table: -1 is the last one.
+//
+// Pitfalls:
+//   - White stands for no background and silver for no stripe colour: a decoration can't ask for either.
+//   - A decoration whose range is changed stays where it is in its list, and a cell is found by its range as it was
+//     written: the decoration of the cell (-1, -1) is none of the last cell's.
+//   - Runs are a memory of the list: whoever changes a list calls RefreshRangeList before painting goes on.
+#pragma once
+
+#include "rendering/uDecoration/DecorationTypes.h"
+#include "rendering/uDecoration/TButtonInfo.h"
+#include "rendering/uDecoration/TDLRange.h"
+#include "rendering/uDecoration/TDecoration.h"
+#include "rendering/uDecoration/TDecorationList.h"
