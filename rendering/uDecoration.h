@@ -24,7 +24,8 @@
 //   - White stands for no background and silver for no stripe colour: a decoration can't ask for either.
 //   - A decoration whose range is changed stays where it is in its list, and a cell is found by its range as it was
 //     written: the decoration of the cell (-1, -1) is none of the last cell's.
-//   - Runs are a memory of the list: whoever changes a list calls RefreshRangeList before painting goes on.
+//   - Runs are a memory of the list: whoever changes a list calls RefreshRangeList before painting goes on, or cells
+//     may miss decorations.
 #pragma once
 
 #include "rendering/uDecoration/DecorationTypes.h"

@@ -1,6 +1,7 @@
 #include "rendering/uDecoration/TDLRange.h"
 
 #include <algorithm>
+#include <climits>
 
 #include "core/uVxFunctionsSerialize/Explode.h"
 #include "platform/Dialogs.h"
@@ -27,11 +28,29 @@ String TDLRange::GetCommatext() const {
   return WriteCommatext(cells);
 }
 
+bool TDLRange::Rises() const noexcept {
+  return iDirection == dldtRight || iDirection == dldtDown || iDirection == dldtEqual;
+}
+
+void TDLRange::Weigh() {
+  const TDecorationList& list = *iParent->GetParent();
+  const bool rises = Rises();
+  int reached = INT_MIN;
+  FIsUneven = false;
+  for (int i = 0; i <= iIndEnd - iIndBegin; ++i) {
+    const TDecoration& item = *list.GetItems(rises ? iIndBegin + i : iIndEnd - i);
+    const detail::TSpan span = detail::SpanOf(item, iRange);
+    const bool isOpen = item.GetRangeType() == rtRect && span.Last < 0;
+    FIsUneven |= isOpen || span.First < reached || span.Last < span.First;
+    reached = span.Last;
+  }
+}
+
 void TDLRange::Responsible(int aCol, int aRow, TDecorationList& aVirtual) const {
   const TDecorationList& list = *iParent->GetParent();
   const int position = iRange == rtColumn ? aCol : aRow;
   const auto spanAt = [&](int index) { return detail::SpanOf(*list.GetItems(index), iRange); };
-  const bool rises = iDirection == dldtRight || iDirection == dldtDown || iDirection == dldtEqual;
+  const bool rises = Rises();
   if (spanAt(rises ? iIndBegin : iIndEnd).First > position) return;
   if (spanAt(rises ? iIndEnd : iIndBegin).Last < position) return;
 

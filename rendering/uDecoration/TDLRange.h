@@ -25,17 +25,23 @@ class TDLRange : public TObject {
   // Direction, first and last index, axis: u"Right,1,500,Column".
   String GetCommatext() const;
 
-  // Adds the run's decorations that apply to the cell to aVirtual, in the order of the list. Pitfall: a run whose
-  // decorations have been changed or moved since it was made may miss some; EListError where it points beyond the
-  // list.
+  // Adds the run's decorations that apply to the cell to aVirtual, in the order of the list. Pitfall: the bisection may
+  // miss some where they overlap, or have been changed or moved since the run was made; EListError where the run points
+  // beyond the list.
   void Responsible(int aCol, int aRow, TDecorationList& aVirtual) const;
 
  private:
+  friend class TDecorationList;
+  bool Rises() const noexcept;
+  // Looks whether the bisection finds all that apply.
+  void Weigh();
+
   TDLRangeList* iParent;
   int iIndBegin;
   int iIndEnd;
   TRangeType iRange;
   TDLDirectionType iDirection;
+  bool FIsUneven = false;  // the bisection would miss something
 };
 
 // The runs of a decoration list by rising first index; owns them.

@@ -94,7 +94,8 @@ class TDecorationList : public TObjectList {
   // What is set in aSource overwrites aTarget; options are united. Range, type of range, tag and trim modes are not
   // touched.
   static void CompressDecoration(const TDecoration& aSource, TDecoration& aTarget);
-  // Finds the runs anew. Whoever has changed the list, or the size of the table, calls it before painting goes on.
+  // Finds the runs anew. Whoever has changed the list, or a range in it, calls it before painting goes on: with runs of
+  // another list than this one, some decorations may be missed.
   void RefreshRangeList();
   TDLRangeList& GetRanges() const noexcept { return *iRanges; }
 
@@ -226,6 +227,8 @@ class TDecorationList : public TObjectList {
   TDecoration* CellAt(int Index, int aCol, int aRow) const;
   // Empties the list and keeps its memory.
   void DropItems();
+  void Changing() override { FRunsAreFresh = false; }
+  void WeighRuns();
   int AddDecoration(TDecoration& aItem);
   // Adds the item to the virtual list if it applies to the cell.
   static void Test(TDecoration& aItem, int aCol, int aRow, TDecorationList& aVirtual);
@@ -235,6 +238,8 @@ class TDecorationList : public TObjectList {
   int DeleteWhere(FunctionRef<bool(const TDecoration&)> IsDoomed);
 
   int iIndexFirstCell = 0;
+  bool FRunsAreFresh = false;  // the list has not changed since they were made
+  TPoint FRunsSize;            // of the table when they were weighed
   int iColCount = 0;
   int iRowCount = 0;
   TRect iFixed;

@@ -46,6 +46,7 @@ void TDecorationList::VirtualListForCell(int aCol, int aRow, TDecorationList& aL
   aList.SetOwnsObjects(false);
   aList.iCell = {aCol, aRow};
   aList.iHoverIndex = iHoverIndex;
+  if (FRunsAreFresh && FRunsSize != TPoint{iColCount, iRowCount}) WeighRuns();
   int last = -1;
   bool isStale = false;
   for (TObject* entry : iRanges->Items()) {
@@ -54,7 +55,11 @@ void TDecorationList::VirtualListForCell(int aCol, int aRow, TDecorationList& aL
     if (isStale) break;
     TestItems(last + 1, run.GetIndBegin() - 1, aCol, aRow, aList);
     last = run.GetIndEnd();
-    run.Responsible(aCol, aRow, aList);
+    if (FRunsAreFresh && run.FIsUneven) {
+      TestItems(run.GetIndBegin(), last, aCol, aRow, aList);
+    } else {
+      run.Responsible(aCol, aRow, aList);
+    }
   }
   TestItems(last + 1, iIndexFirstCell - 1, aCol, aRow, aList);
   if (isStale) iRanges->Clear();
@@ -91,6 +96,13 @@ void TDecorationList::RefreshRangeList() {
     const int end = i - 1;
     if (end - begin >= kShortRun) iRanges->Add(new TDLRange(iRanges.get(), begin, end, axis, run));
   }
+  FRunsAreFresh = true;
+  WeighRuns();
+}
+
+void TDecorationList::WeighRuns() {
+  for (TObject* run : iRanges->Items()) static_cast<TDLRange*>(run)->Weigh();
+  FRunsSize = {iColCount, iRowCount};
 }
 
 }  // namespace vx
