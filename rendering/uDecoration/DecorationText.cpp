@@ -45,8 +45,8 @@ void TDecoration::SetCommatext(std::u16string_view aText) {
   }
   detail::TRecordReader reader(cells);
   const int rangeType = reader.Number(rtUnknown);
-  iRangeType = rangeType > rtUnknown && rangeType <= rtContent ? static_cast<TRangeType>(rangeType) : rtUnknown;
-  iRange = reader.Rect(-1);
+  SetRangeType(rangeType > rtUnknown && rangeType <= rtContent ? static_cast<TRangeType>(rangeType) : rtUnknown);
+  SetRange(reader.Rect(-1));
   iAlignSet = StringToAlignSet(reader.Text());
   iColor = reader.Color(clWhite);
   iFieldType = IntToVxFieldType(reader.Number(vftUnknown));

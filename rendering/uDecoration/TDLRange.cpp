@@ -7,7 +7,7 @@
 #include "platform/Dialogs.h"
 #include "platform/Numbers.h"
 #include "platform/TextForms.h"
-#include "rendering/uDecoration/detail/Regions.h"
+#include "rendering/uDecoration/detail/RunSearch.h"
 
 namespace vx {
 
@@ -28,19 +28,15 @@ String TDLRange::GetCommatext() const {
   return WriteCommatext(cells);
 }
 
-bool TDLRange::Rises() const noexcept {
-  return iDirection == dldtRight || iDirection == dldtDown || iDirection == dldtEqual;
-}
-
 void TDLRange::Weigh() {
   const TDecorationList& list = *iParent->GetParent();
   const bool rises = Rises();
   int reached = INT_MIN;
   FIsUneven = false;
   for (int i = 0; i <= iIndEnd - iIndBegin; ++i) {
-    const TDecoration& item = *list.GetItems(rises ? iIndBegin + i : iIndEnd - i);
-    const detail::TSpan span = detail::SpanOf(item, iRange);
-    const bool isOpen = item.GetRangeType() == rtRect && span.Last < 0;
+    const detail::TRegion region(*list.GetItems(rises ? iIndBegin + i : iIndEnd - i));
+    const detail::TSpan span = detail::SpanOf(region, iRange);
+    const bool isOpen = region.Type == rtRect && span.Last < 0;
     FIsUneven |= isOpen || span.First < reached || span.Last < span.First;
     reached = span.Last;
   }
@@ -48,29 +44,13 @@ void TDLRange::Weigh() {
 
 void TDLRange::Responsible(int aCol, int aRow, TDecorationList& aVirtual) const {
   const TDecorationList& list = *iParent->GetParent();
-  const int position = iRange == rtColumn ? aCol : aRow;
-  const auto spanAt = [&](int index) { return detail::SpanOf(*list.GetItems(index), iRange); };
-  const bool rises = Rises();
-  if (spanAt(rises ? iIndBegin : iIndEnd).First > position) return;
-  if (spanAt(rises ? iIndEnd : iIndBegin).Last < position) return;
-
-  int low = iIndBegin, high = iIndEnd;
-  while (low < high) {
-    const int middle = low + (high - low) / 2;
-    const detail::TSpan span = spanAt(middle);
-    if (span.Has(position)) {
-      low = high = middle;
-    } else if ((position >= span.First) == rises) {
-      low = middle + 1;
-    } else {
-      high = middle - 1;
-    }
-  }
-  if (!spanAt(low).Has(position)) return;
-  while (low > iIndBegin && spanAt(low - 1).Has(position)) --low;
-  for (; low <= iIndEnd && spanAt(low).Has(position); ++low) {
-    TDecorationList::Test(*list.GetItems(low), aCol, aRow, aVirtual);
-  }
+  Search(
+      iRange == rtColumn ? aCol : aRow,
+      [&](int index) { return detail::SpanOf(detail::TRegion(*list.GetItems(index)), iRange); },
+      [&](int index) {
+        TDecoration* item = list.GetItems(index);
+        if (item->Responsible(aCol, aRow)) aVirtual.AddApplying(*item);
+      });
 }
 
 int TDLRangeList::IndexSort(int aIndBegin) const noexcept {

@@ -32,7 +32,10 @@ class TDLRange : public TObject {
 
  private:
   friend class TDecorationList;
-  bool Rises() const noexcept;
+  bool Rises() const noexcept { return iDirection == dldtRight || iDirection == dldtDown || iDirection == dldtEqual; }
+  // Calls Found(index) for what Responsible tests; SpanAt(index) is what an item covers along the axis.
+  template <typename TSpanAt, typename TFound>
+  void Search(int Position, TSpanAt SpanAt, TFound Found) const;
   // Looks whether the bisection finds all that apply.
   void Weigh();
 

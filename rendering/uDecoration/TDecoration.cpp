@@ -13,8 +13,8 @@ String RangeTypeToStr(TRangeType Type) {
 TDecoration::~TDecoration() = default;
 
 void TDecoration::Init() {
-  iRange = {-1, -1, -1, -1};
-  iRangeType = rtUnknown;
+  SetRange(-1, -1, -1, -1);
+  SetRangeType(rtUnknown);
   iFieldType = vftUnknown;
   iTextAngle = taNone;
   iColor = clWhite;
@@ -38,50 +38,55 @@ bool TDecoration::Empty() const noexcept {
          iTrimModes.IsEmpty() && iOptions.IsEmpty() && iImageIndex == -1;
 }
 
-void TDecoration::CalculateRange(TRect& aRect) const noexcept {
-  const bool isRect = iRangeType == rtRect;
-  const bool hasCols = iRangeType == rtColumn || isRect, hasRows = iRangeType == rtRow || isRect;
-  const bool isCell = iRangeType == rtCell;
-  aRect = iRange;
-  if (hasCols || isCell) aRect.Left = detail::ToCol(aRect.Left, iParent);
-  if (hasCols) aRect.Right = detail::ToCol(aRect.Right, iParent);
-  if (hasRows || isCell) aRect.Top = detail::ToRow(aRect.Top, iParent);
-  if (hasRows) aRect.Bottom = detail::ToRow(aRect.Bottom, iParent);
+namespace {
+
+// TDecoration::CalculateRange.
+TRect Normalized(const detail::TRegion& Region) noexcept {
+  const bool isRect = Region.Type == rtRect, isCell = Region.Type == rtCell;
+  const bool hasCols = Region.Type == rtColumn || isRect, hasRows = Region.Type == rtRow || isRect;
+  TRect range = Region.Range;
+  if (hasCols || isCell) range.Left = Region.Col(range.Left);
+  if (hasCols) range.Right = Region.Col(range.Right);
+  if (hasRows || isCell) range.Top = Region.Row(range.Top);
+  if (hasRows) range.Bottom = Region.Row(range.Bottom);
+  return range;
 }
 
-void TDecoration::RangeRect(TRect& aRect) const noexcept {
-  CalculateRange(aRect);
-  const int lastCol = iParent ? detail::WrappingDiff(iParent->GetColCount(), 1) : aRect.Right;
-  const int lastRow = iParent ? detail::WrappingDiff(iParent->GetRowCount(), 1) : aRect.Bottom;
-  switch (iRangeType) {
+}  // namespace
+
+TRect detail::CoveredBy(const TRegion& Region) noexcept {
+  TRect cells = Normalized(Region);
+  const TDecorationList* parent = Region.Parent;
+  const int lastCol = parent ? WrappingDiff(parent->GetColCount(), 1) : cells.Right;
+  const int lastRow = parent ? WrappingDiff(parent->GetRowCount(), 1) : cells.Bottom;
+  switch (Region.Type) {
     case rtUnknown:
-      aRect = {-1, -1, -1, -1};
-      break;
+      return {-1, -1, -1, -1};
     case rtCell:
-      aRect.Right = aRect.Left;
-      aRect.Bottom = aRect.Top;
-      break;
+      return {cells.Left, cells.Top, cells.Left, cells.Top};
     case rtColumn:
-      aRect.Top = 0;
-      aRect.Bottom = lastRow;
-      break;
+      return {cells.Left, 0, cells.Right, lastRow};
     case rtRow:
-      aRect.Left = 0;
-      aRect.Right = lastCol;
-      break;
+      return {0, cells.Top, lastCol, cells.Bottom};
     case rtRect:
       break;
     case rtAll:
-      aRect = {0, 0, lastCol, lastRow};
-      break;
+      return {0, 0, lastCol, lastRow};
     case rtFixed:
     case rtContent:
-      if (iParent) aRect = detail::ContentOf(*iParent);
+      if (parent) return ContentOf(*parent);
       break;
   }
+  return cells;
 }
 
-bool TDecoration::Responsible(int aCol, int aRow) const noexcept { return detail::Applies(*this, aCol, aRow); }
+void TDecoration::CalculateRange(TRect& aRect) const noexcept { aRect = Normalized(detail::TRegion(*this)); }
+
+void TDecoration::RangeRect(TRect& aRect) const noexcept { aRect = detail::CoveredBy(detail::TRegion(*this)); }
+
+bool TDecoration::Responsible(int aCol, int aRow) const noexcept {
+  return detail::Applies(detail::TRegion(*this), aCol, aRow);
+}
 
 const TFont& TDecoration::GetFont() const noexcept {
   static const TFont plain;

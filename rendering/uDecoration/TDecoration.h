@@ -7,6 +7,7 @@
 //   head.SetFontOwner(true);              // a font of its own, at first the list's
 #pragma once
 
+#include <atomic>
 #include <memory>
 
 #include "core/uConst.h"
@@ -37,11 +38,17 @@ class TDecoration : public TObject {
 
   // --- the region ---
   TRangeType GetRangeType() const noexcept { return iRangeType; }
-  void SetRangeType(TRangeType Value) noexcept { iRangeType = Value; }
+  void SetRangeType(TRangeType Value) noexcept {
+    iRangeType = Value;
+    RangeChanged();
+  }
   // As it was given: columns from Left to Right, rows from Top to Bottom, negative ones from the end of the table.
   const TRect& GetRange() const noexcept { return iRange; }
-  void SetRange(const TRect& Value) noexcept { iRange = Value; }
-  void SetRange(int Left, int Top, int Right, int Bottom) noexcept { iRange = {Left, Top, Right, Bottom}; }
+  void SetRange(const TRect& Value) noexcept {
+    iRange = Value;
+    RangeChanged();
+  }
+  void SetRange(int Left, int Top, int Right, int Bottom) noexcept { SetRange({Left, Top, Right, Bottom}); }
   // The range with the parent's count added to the negative coordinates that the type uses; as it was given without a
   // parent. A coordinate that is too low stays negative.
   void CalculateRange(TRect& aRect) const noexcept;
@@ -121,7 +128,10 @@ class TDecoration : public TObject {
   void SetTag(int Value) noexcept { iTag = Value; }
 
   TDecorationList* GetParent() const noexcept { return iParent; }
-  void SetParent(TDecorationList* Value) noexcept { iParent = Value; }
+  void SetParent(TDecorationList* Value) noexcept {
+    iParent = Value;
+    RangeChanged();
+  }
   // The table at the end of the parents, through lists in lists; nullptr if there stands something else or nothing.
   // Made in tables/uDecoration.cpp.
   TFileCsv* ParentTypeCsv() const;
@@ -139,12 +149,22 @@ class TDecoration : public TObject {
   // All that CompressDecoration merges: what aSource has set.
   void Merge(const TDecoration& aSource);
 
+  // How often the region of a decoration has changed that some list has a copy of, plus one.
+  static uint64_t RangeChanges() noexcept { return FRangeChanges.load(std::memory_order_relaxed); }
+  void RangeChanged() noexcept {
+    if (!FIsCopied) return;
+    FIsCopied = false;
+    FRangeChanges.fetch_add(1, std::memory_order_relaxed);
+  }
+  inline static constinit std::atomic<uint64_t> FRangeChanges{1};
+
   // What Responsible reads stands first, in one line of the processor's cache.
   TDecorationList* iParent;
   TRect iRange{-1, -1, -1, -1};
   TRangeType iRangeType = rtUnknown;
   TVxFieldType iFieldType = vftUnknown;
   TTextAngle iTextAngle = taNone;
+  bool FIsCopied = false;  // a list has a copy of the region
   TColor iColor = clWhite;
   int iImageIndex = -1;
   int iTag = 0;

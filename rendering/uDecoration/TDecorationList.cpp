@@ -3,7 +3,7 @@
 
 #include "platform/Collation.h"
 #include "platform/Exceptions.h"
-#include "rendering/uDecoration/detail/Regions.h"
+#include "rendering/uDecoration/detail/Places.h"
 
 namespace vx {
 
@@ -146,7 +146,7 @@ TDecoration* TDecorationList::CreateRange(TRangeType aType, int Left, int Top, i
 }
 
 TDecoration* TDecorationList::GetCell(int aCol, int aRow, bool aCreate) {
-  TDecoration* found = CellAt(IndexSort(rtCell, aCol, aRow), aCol, aRow);
+  TDecoration* found = CellAt(FindCell(Places(), aCol, aRow), aCol, aRow);
   return found || !aCreate ? found : CreateRange(rtCell, aCol, aRow, -1, -1);
 }
 
@@ -178,7 +178,7 @@ TVxFieldType TDecorationList::GetColumnFieldType(int aCol) const {
   for (int i = iIndexFirstCell; i-- > 0;) {
     const TDecoration& item = *GetItems(i);
     if (item.GetRangeType() == rtColumn && item.GetFieldType() != vftUnknown &&
-        detail::SpanOf(item, rtColumn).Has(aCol)) {
+        detail::SpanOf(detail::TRegion(item), rtColumn).Has(aCol)) {
       return item.GetFieldType();
     }
   }

@@ -22,6 +22,10 @@
 
 namespace vx {
 
+namespace detail {
+struct TPlaces;
+}
+
 // The order: first, up to IndexFirstCell, the decorations of every kind but rtCell, as they were added; behind them
 // those of cells by rising column and row, at most one a cell. A later one takes precedence.
 //
@@ -223,16 +227,23 @@ class TDecorationList : public TObjectList {
   static TDecoration* CastDecoration(TObject* Entry);
   // The insertion index of a decoration, see Add.
   int IndexSort(TRangeType aType, int aCol, int aRow) const;
+  // The same for a cell, by the copies if there are some.
+  int FindCell(const detail::TPlaces* Places, int aCol, int aRow) const;
   // Of what stands at Index, if that is the decoration of the cell.
   TDecoration* CellAt(int Index, int aCol, int aRow) const;
   // Empties the list and keeps its memory.
   void DropItems();
-  void Changing() override { FRunsAreFresh = false; }
+  void Changing() override;
+  // The copy of the items' places; nullptr while the items themselves have to be asked. It is made once as many cells
+  // have been asked for as pay for it, so that changes and look-ups in turn cost no more than either.
+  const detail::TPlaces* Places();
+  void MakePlaces();
+  // Adds the items First to Last that apply to the cell.
+  void TestItems(const detail::TPlaces* Places, int First, int Last, TDecorationList& aVirtual) const;
+  void TestRun(const detail::TPlaces* Places, const TDLRange& Run, TDecorationList& aVirtual) const;
+  void AddApplying(TDecoration& aItem);
   void WeighRuns();
   int AddDecoration(TDecoration& aItem);
-  // Adds the item to the virtual list if it applies to the cell.
-  static void Test(TDecoration& aItem, int aCol, int aRow, TDecorationList& aVirtual);
-  void TestItems(int First, int Last, int aCol, int aRow, TDecorationList& aVirtual) const;
   void ReadHead(std::span<const String> Cells);
   void ReadItems(std::span<const String> Texts);
   int DeleteWhere(FunctionRef<bool(const TDecoration&)> IsDoomed);
@@ -240,6 +251,8 @@ class TDecorationList : public TObjectList {
   int iIndexFirstCell = 0;
   bool FRunsAreFresh = false;  // the list has not changed since they were made
   TPoint FRunsSize;            // of the table when they were weighed
+  int FAsked = 0;              // how many cells have been asked for without FPlaces
+  std::unique_ptr<detail::TPlaces> FPlaces;
   int iColCount = 0;
   int iRowCount = 0;
   TRect iFixed;

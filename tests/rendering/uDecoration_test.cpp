@@ -352,6 +352,10 @@ TEST(DecorationList, FindsWhatAppliesToACell) {
     compare(true);
     for (int deleted = 1 + next(6); deleted > 0 && list.GetCount() > 0; --deleted) list.Delete(next(list.GetCount()));
     compare(false);
+    for (int i = list.GetIndexFirstCell(); i-- > 0;) {
+      if (next(4) == 0) list.GetItems(i)->SetRange(next(9), next(9), next(9), next(9));
+    }
+    compare(false);
   }
 }
 

@@ -152,8 +152,9 @@ inline String MergedText(const TDecoration& Source, const TDecoration& Target) {
   return WriteCommatext(result);
 }
 
-// A list out of numbers: Next(n) gives one from 0 to n - 1. Tables of up to 12 x 12 cells; half of the lists have long
-// runs. Ranges may go from the end of the table or be open; with Odd sides may stand the wrong way round.
+// A list out of numbers: Next(n) gives one from 0 to n - 1. Tables of up to 12 x 12 cells; many have long runs, and
+// many decorations of cells. Ranges may go from the end of the table or be open; with Odd sides may stand the wrong way
+// round.
 template <typename TNext>
 void MakeDecorations(TDecorationList& List, bool Odd, TNext Next) {
   List.Clear();
@@ -174,6 +175,7 @@ void MakeDecorations(TDecorationList& List, bool Odd, TNext Next) {
       if (Next(6) == 0) item->SetOptions({doCoupled});
     }
   }
+  for (int cells = Next(3) == 0 ? Next(60) : 0; cells > 0; --cells) List.GetCell(Next(14), Next(14), true);
   List.RefreshRangeList();
 }
 

@@ -13,12 +13,18 @@ constexpr int WrappingDiff(int A, int B) noexcept {
   return static_cast<int>(static_cast<unsigned>(A) - static_cast<unsigned>(B));
 }
 
-inline int ToCol(int Col, const TDecorationList* Parent) noexcept {
-  return Col < 0 && Parent != nullptr ? WrappingSum(Col, Parent->GetColCount()) : Col;
-}
-inline int ToRow(int Row, const TDecorationList* Parent) noexcept {
-  return Row < 0 && Parent != nullptr ? WrappingSum(Row, Parent->GetRowCount()) : Row;
-}
+// All that says which cells a decoration is for.
+struct TRegion {
+  explicit TRegion(const TDecoration& Decoration) noexcept
+      : Range(Decoration.GetRange()), Type(Decoration.GetRangeType()), Parent(Decoration.GetParent()) {}
+
+  int Col(int Value) const noexcept { return Value < 0 && Parent ? WrappingSum(Value, Parent->GetColCount()) : Value; }
+  int Row(int Value) const noexcept { return Value < 0 && Parent ? WrappingSum(Value, Parent->GetRowCount()) : Value; }
+
+  TRect Range;
+  TRangeType Type;
+  const TDecorationList* Parent;
+};
 
 // Between the fixed borders; Right and Bottom belong to it.
 inline TRect ContentOf(const TDecorationList& List) noexcept {
@@ -31,28 +37,30 @@ inline bool Contains(const TRect& Cells, int Col, int Row) noexcept {
   return Cells.Left <= Col && Col <= Cells.Right && Cells.Top <= Row && Row <= Cells.Bottom;
 }
 
+// TDecoration::RangeRect.
+TRect CoveredBy(const TRegion& Region) noexcept;
+
 // TDecoration::Responsible.
-inline bool Applies(const TDecoration& Decoration, int Col, int Row) noexcept {
-  const TDecorationList* parent = Decoration.GetParent();
-  const TRect& range = Decoration.GetRange();
-  switch (Decoration.GetRangeType()) {
+inline bool Applies(const TRegion& Region, int Col, int Row) noexcept {
+  const TRect& range = Region.Range;
+  switch (Region.Type) {
     case rtCell:
-      return ToCol(range.Left, parent) == Col && ToRow(range.Top, parent) == Row;
+      return Region.Col(range.Left) == Col && Region.Row(range.Top) == Row;
     case rtColumn:
-      return ToCol(range.Left, parent) <= Col && Col <= ToCol(range.Right, parent);
+      return Region.Col(range.Left) <= Col && Col <= Region.Col(range.Right);
     case rtRow:
-      return ToRow(range.Top, parent) <= Row && Row <= ToRow(range.Bottom, parent);
+      return Region.Row(range.Top) <= Row && Row <= Region.Row(range.Bottom);
     case rtRect: {
-      const int right = ToCol(range.Right, parent), bottom = ToRow(range.Bottom, parent);
-      return ToCol(range.Left, parent) <= Col && ToRow(range.Top, parent) <= Row && (right < 0 || Col <= right) &&
+      const int right = Region.Col(range.Right), bottom = Region.Row(range.Bottom);
+      return Region.Col(range.Left) <= Col && Region.Row(range.Top) <= Row && (right < 0 || Col <= right) &&
              (bottom < 0 || Row <= bottom);
     }
     case rtAll:
       return true;
     case rtFixed:
-      return parent != nullptr && !Contains(ContentOf(*parent), Col, Row);
+      return Region.Parent && !Contains(ContentOf(*Region.Parent), Col, Row);
     case rtContent:
-      return parent != nullptr && Contains(ContentOf(*parent), Col, Row);
+      return Region.Parent && Contains(ContentOf(*Region.Parent), Col, Row);
     case rtUnknown:
       break;
   }
@@ -66,17 +74,15 @@ struct TSpan {
   bool Has(int Position) const noexcept { return First <= Position && Position <= Last; }
 };
 // Axis is rtColumn or rtRow.
-inline TSpan SpanOf(const TDecoration& Decoration, TRangeType Axis) noexcept {
-  const TRangeType type = Decoration.GetRangeType();
-  if (type == Axis || type == rtRect) [[likely]] {
-    const TDecorationList* parent = Decoration.GetParent();
-    const TRect& range = Decoration.GetRange();
-    if (Axis == rtColumn) return {ToCol(range.Left, parent), ToCol(range.Right, parent)};
-    return {ToRow(range.Top, parent), ToRow(range.Bottom, parent)};
+inline TSpan SpanOf(const TRegion& Region, TRangeType Axis) noexcept {
+  const bool isCol = Axis == rtColumn;
+  if (Region.Type == Axis || Region.Type == rtRect) [[likely]] {
+    const TRect& range = Region.Range;
+    if (isCol) return {Region.Col(range.Left), Region.Col(range.Right)};
+    return {Region.Row(range.Top), Region.Row(range.Bottom)};
   }
-  TRect cells;
-  Decoration.RangeRect(cells);
-  return Axis == rtColumn ? TSpan{cells.Left, cells.Right} : TSpan{cells.Top, cells.Bottom};
+  const TRect cells = CoveredBy(Region);
+  return isCol ? TSpan{cells.Left, cells.Right} : TSpan{cells.Top, cells.Bottom};
 }
 
 }  // namespace vx::detail
