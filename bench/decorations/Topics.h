@@ -1,0 +1,9 @@
+// What the benchmark of decorations measures, each in a file of its own.
+#pragma once
+
+namespace vx::bench {
+
+// Finding and merging the decorations of a cell, and the serial form of a list, at two sizes a factor of ten apart.
+void RunLists();
+
+}  // namespace vx::bench
