@@ -6,6 +6,7 @@
 #include <new>
 #include <stdexcept>
 
+#include "platform/BulkMemory.h"
 #include "platform/StringArena.h"
 
 namespace vx {
@@ -98,16 +99,22 @@ size_t NarrowAscii(std::u16string_view Text, char* Target) noexcept {
 
 }  // namespace
 
-String::TBlock* String::NewBlock(size_t Capacity, uint32_t Holders) {
+String::TBlock* String::NewBlock(size_t Capacity, uint32_t Holders, TBulkMemory* Memory) {
   if (Capacity > kMaxLength) RaiseTooLong();
-  void* memory = std::malloc(sizeof(TBlock) + Capacity * sizeof(char16_t));
+  const size_t bytes = sizeof(TBlock) + Capacity * sizeof(char16_t);
+  void* memory = Memory ? Memory->Take(bytes) : std::malloc(bytes);
   if (!memory) throw std::bad_alloc();
-  return new (memory) TBlock{TRefCount(Holders), static_cast<uint32_t>(Capacity)};
+  return new (memory) TBlock{TRefCount(Holders), static_cast<uint32_t>(Capacity) & INT32_MAX, Memory != nullptr};
 }
 
 void String::FreeBlock(TBlock* Block) noexcept {
+  const bool isBulk = Block->IsBulk;
   Block->~TBlock();
-  std::free(Block);
+  if (isBulk) {
+    TBulkMemory::Return(Block);
+  } else {
+    std::free(Block);
+  }
 }
 
 void String::ReleaseLong() noexcept {
@@ -262,8 +269,15 @@ TByteTable::TByteTable(const char16_t* Units) noexcept {
 }
 
 void TStringArena::Open() {
-  Close();
-  FBlock = String::NewBlock(FBlockUnits, kReserve);
+  if (FBlock && FBlock->Refs.Release(kReserve - FGiven)) {
+    const bool isBulk = FBlock->IsBulk;  // no text of it is in use: it serves again
+    ::new (FBlock) String::TBlock{TRefCount(kReserve), static_cast<uint32_t>(FBlockUnits) & INT32_MAX, isBulk};
+  } else {
+    FBlock = nullptr;
+    FLeft = 0;
+    FBlock = String::NewBlock(FBlockUnits, kReserve, FMemory);
+  }
+  FGiven = 0;
   FNext = FBlock->Units();
   FLeft = FBlockUnits;
 }

@@ -37,6 +37,8 @@
 
 namespace vx {
 
+class TBulkMemory;
+
 class String {
  public:
   // The longest text that needs no block, in code units.
@@ -126,7 +128,8 @@ class String {
 
   struct TBlock {
     TRefCount Refs;
-    uint32_t Capacity;  // code units behind the header
+    uint32_t Capacity : 31;   // code units behind the header
+    uint32_t IsBulk : 1 = 0;  // a piece of TBulkMemory, not of the heap
     char16_t* Units() noexcept { return reinterpret_cast<char16_t*>(this + 1); }
   };
   struct TLong {
@@ -157,7 +160,8 @@ class String {
       FUnits[kTag] = kLong;
     }
   }
-  static TBlock* NewBlock(size_t Capacity, uint32_t Holders = 1);
+  // In Memory, which has to have pieces of that size; in the heap for nullptr.
+  static TBlock* NewBlock(size_t Capacity, uint32_t Holders = 1, TBulkMemory* Memory = nullptr);
   static void FreeBlock(TBlock* Block) noexcept;
   static void AddRef(TBlock* Block) noexcept { Block->Refs.Add(); }
 

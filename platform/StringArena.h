@@ -31,11 +31,15 @@ class TByteTable {
 
 // Gives texts that stand one behind the other in shared blocks: one allocation for thousands of
 // texts, and no reference counting until they are copied or freed. The texts live on without the
-// arena; a block goes with the last of its texts. Use by one thread at a time.
+// arena; a block goes with the last of its texts, so that one short text may keep a block of 64 KB, and where
+// that came from a TBulkMemory, its 2 MB; String::Detached gives a text that keeps nothing. Use by one thread at
+// a time.
 class TStringArena {
  public:
   // BlockUnits: code units a block; a text longer than a quarter of it gets a block of its own.
   explicit TStringArena(size_t BlockUnits = 32768) noexcept : FBlockUnits(BlockUnits) {}
+  // Its blocks are pieces of Memory, which has to live as long; nullptr for the heap.
+  explicit TStringArena(TBulkMemory* Memory) noexcept : FMemory(Memory), FBlockUnits(32768) {}
   ~TStringArena() { Close(); }
   TStringArena(const TStringArena&) = delete;
   TStringArena& operator=(const TStringArena&) = delete;
@@ -123,6 +127,7 @@ class TStringArena {
   char16_t* FNext = nullptr;
   size_t FLeft = 0;
   uint32_t FGiven = 0;
+  TBulkMemory* FMemory = nullptr;
   size_t FBlockUnits;
 };
 

@@ -18,6 +18,23 @@ TVxStringList::~TVxStringList() {
   if (FOwnsObject) TTextList::Clear();
 }
 
+std::unique_ptr<TVxStringList> TVxStringList::NewIn(TBulkMemory& Memory) {
+  std::unique_ptr<TVxStringList> result(::new (Memory.Take(sizeof(TVxStringList))) TVxStringList());
+  result->FIsBulk = true;
+  return result;
+}
+
+void TVxStringList::operator delete(TVxStringList* List, std::destroying_delete_t) noexcept {
+  if (List->FIsBulk) {  // then it is of no derived class
+    List->TVxStringList::~TVxStringList();
+    TBulkMemory::Return(List);
+  } else {
+    void* memory = dynamic_cast<void*>(List);
+    List->~TVxStringList();
+    ::operator delete(memory);
+  }
+}
+
 void TVxStringList::SetCaseSensitive(bool Value) {
   if (Value == FCaseSensitive) return;
   FCaseSensitive = Value;
@@ -84,10 +101,10 @@ void TVxStringList::TakeCells(std::span<String> Cells) {
   }
 }
 
-void TVxStringList::TakeCells(detail::TEntries& Cells) {
+void TVxStringList::TakeCells(detail::TEntries& Cells, TBulkMemory* Memory) {
   if (Entries().Count() > 0) Clear();
   if (TakesPlainly()) {
-    Entries().TakeAll(Cells);
+    Entries().TakeAll(Cells, Memory);
   } else {
     for (const String& cell : Cells.Texts()) Add(cell);
     Cells.Clear();

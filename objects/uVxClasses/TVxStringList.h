@@ -1,6 +1,8 @@
 // The list of texts that every table row is.
 #pragma once
 
+#include <new>
+
 #include "objects/uVxClasses/TTextList.h"
 
 namespace vx {
@@ -14,6 +16,9 @@ class TVxStringList : public TTextList {
   // Objects that the list owns are freed after the list has been emptied, so that their destructors
   // see a consistent list.
   ~TVxStringList() override;
+  // An empty list that is a piece of Memory, for tables of many rows. It is freed as any other.
+  [[nodiscard]] static std::unique_ptr<TVxStringList> NewIn(TBulkMemory& Memory);
+  static void operator delete(TVxStringList* List, std::destroying_delete_t) noexcept;
   String ClassName() const override { return u"TVxStringList"; }
 
   // A list that owns its objects frees an object when its item goes, and one that it does not take
@@ -47,9 +52,9 @@ class TVxStringList : public TTextList {
   std::unordered_map<int, String> ConvertToDictionary() const;
   // The items become the cells number First to Last of an offsettext, counted from 0.
   void ParseOffsettext(std::u16string_view Text, int First, int Last) { SetCells(ReadOffsettext(Text, First, Last)); }
-  // Replaces the items by Cells, which are moved from: for readers of table files.
+  // Replaces the items by Cells, which are moved from: for readers of table files. See TEntries::TakeAll for Memory.
   void TakeCells(std::span<String> Cells);
-  void TakeCells(detail::TEntries& Cells);
+  void TakeCells(detail::TEntries& Cells, TBulkMemory* Memory = nullptr);
 
   int AddTimeFull(TDateTime Value);
   // Each reads the item as it stands by TVxString; one that is no such value is 0 or false.
@@ -74,6 +79,7 @@ class TVxStringList : public TTextList {
  private:
   bool FCaseSensitive = false;
   bool FOwnsObject = false;
+  bool FIsBulk = false;  // made by NewIn
 };
 
 }  // namespace vx

@@ -43,7 +43,7 @@ class TFileCsv : public TObjectList {
   ~TFileCsv() override { TObjectList::Clear(); }
   String ClassName() const override { return u"TFileCsv"; }
   // A new empty table of the same class; a derived class overrides it.
-  virtual std::unique_ptr<TFileCsv> GetNewInstance() const;
+  [[nodiscard]] virtual std::unique_ptr<TFileCsv> GetNewInstance() const;
   virtual void Init() { Clear(); }
 
   // --- rows ---
@@ -65,7 +65,7 @@ class TFileCsv : public TObjectList {
   void AddAndFree(std::unique_ptr<TFileCsv> Other);
   // Makes this table equal to Source, row by row, keeping the row objects that there are.
   virtual void Assign(const TFileCsv& Source);
-  std::unique_ptr<TFileCsv> Duplicate() const;
+  [[nodiscard]] std::unique_ptr<TFileCsv> Duplicate() const;
   // Deletes the rows of two or more cells that are all empty and returns how many. Rows without cells
   // and rows of one empty cell stay; that is wanted.
   int RemoveEmpty();
@@ -162,7 +162,7 @@ class TFileCsv : public TObjectList {
   void DoAll(TCsvAllModes Modes);
   // A new table with rows and columns exchanged: as many rows as row 0 has cells. Cells beyond the
   // width of row 0 are dropped; a short row gives empty cells.
-  std::unique_ptr<TFileCsv> TurnAxis() const;
+  [[nodiscard]] std::unique_ptr<TFileCsv> TurnAxis() const;
   // Shows the commatexts of all rows in a dialog: a debugging aid.
   void ShowContent() const;
 
@@ -200,12 +200,12 @@ class TFileCsv : public TObjectList {
   bool ImportFromString(std::u16string_view Text, std::u16string_view Separator);
   // Appends the commatext of each row to Strings; or gives a new list.
   void ExportToStringList(TStrings& Strings) const;
-  std::unique_ptr<TVxStringList> ExportToStringList() const;
+  [[nodiscard]] std::unique_ptr<TVxStringList> ExportToStringList() const;
   // Appends a row for each commatext, also one without cells; nullptr is ignored.
   void ImportFromStringList(const TStrings* Strings);
   // A new table of the same class with a row for each cell of a row from FirstCol on, read as commatext;
   // nullptr if there is no such row.
-  std::unique_ptr<TFileCsv> ItemToCsv(int Row, int FirstCol) const;
+  [[nodiscard]] std::unique_ptr<TFileCsv> ItemToCsv(int Row, int FirstCol) const;
 
   // --- lines of table files ---
   // The separator that a text's first line is cut by: u",", u";", ESC or tab.
@@ -213,7 +213,8 @@ class TFileCsv : public TObjectList {
   // The same from the first item, taking no notice of quotes; empty for an empty list.
   static String AnalyseToParse(const TStrings& Strings);
   // One line as a new row; an empty Separator means the comma.
-  static std::unique_ptr<TVxStringList> ParseCommatext(std::u16string_view Text, std::u16string_view Separator);
+  [[nodiscard]] static std::unique_ptr<TVxStringList> ParseCommatext(std::u16string_view Text,
+                                                                     std::u16string_view Separator);
   // One row as a line: cells that hold Separator, a code unit below 33 or a double quote stand in double
   // quotes. With a space as Separator nothing is quoted.
   static String ParseChar(const TVxStringList& Row, std::u16string_view Separator);
@@ -282,8 +283,8 @@ class TFileCsv : public TObjectList {
 };
 
 // A new table, each item read as commatext into a row.
-std::unique_ptr<TFileCsv> StringsToCsv(const TStrings& Strings);
+[[nodiscard]] std::unique_ptr<TFileCsv> StringsToCsv(const TStrings& Strings);
 // A new list of the commatexts of the rows.
-std::unique_ptr<TVxStringList> CsvToStrings(const TFileCsv& Table);
+[[nodiscard]] std::unique_ptr<TVxStringList> CsvToStrings(const TFileCsv& Table);
 
 }  // namespace vx

@@ -25,7 +25,7 @@ class TFileCsvList : public TVxStringIndex {
   // Clear, and the options that hold unless others are given.
   void Init() override;
   // A new empty table of the list's kind.
-  virtual std::unique_ptr<TFileCsv> CreateNewItem() const;
+  [[nodiscard]] virtual std::unique_ptr<TFileCsv> CreateNewItem() const;
 
   // The table, which stays the list's; nullptr outside the list.
   TFileCsv* GetFileCsv(int Index) const;
@@ -43,7 +43,7 @@ class THeadCsvList : public TFileCsvList {
   THeadCsvList() = default;
   explicit THeadCsvList(TVxStringIndexOptions Options) : TFileCsvList(Options) {}
   String ClassName() const override { return u"THeadCsvList"; }
-  std::unique_ptr<TFileCsv> CreateNewItem() const override;
+  [[nodiscard]] std::unique_ptr<TFileCsv> CreateNewItem() const override;
   // The table if it is a THeadCsv, which stays the list's; nullptr outside the list.
   THeadCsv* GetHeadCsv(int Index) const;
   // As SetFileCsv.

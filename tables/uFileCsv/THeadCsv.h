@@ -25,7 +25,7 @@ class THeadCsv : public TFileCsv {
  public:
   explicit THeadCsv(bool OwnsObjects = true) noexcept : TFileCsv(OwnsObjects) {}
   String ClassName() const override { return u"THeadCsv"; }
-  std::unique_ptr<TFileCsv> GetNewInstance() const override;
+  [[nodiscard]] std::unique_ptr<TFileCsv> GetNewInstance() const override;
 
   // --- names ---
   // The column of a name; -1 if there is none.
@@ -72,7 +72,7 @@ class THeadCsv : public TFileCsv {
   void SortByField(std::u16string_view Name, bool Ascending);
   // A new table with copies of the head and of all body rows that have Value in that column, without
   // regard to case; only the head for an unknown name.
-  std::unique_ptr<THeadCsv> DuplicateUnique(std::u16string_view Name, std::u16string_view Value) const;
+  [[nodiscard]] std::unique_ptr<THeadCsv> DuplicateUnique(std::u16string_view Name, std::u16string_view Value) const;
   // Merges the body rows of Source into this table by an exact key. A row goes into the first body row
   // with its key, or into a new one; each of its cells that is not empty overwrites the cell of that
   // name, if there is one. With AddFields, names that are missing here are appended to the head first,

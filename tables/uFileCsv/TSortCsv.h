@@ -28,7 +28,7 @@ class TSortCsv : public TFileCsv {
   ~TSortCsv() override;
   String ClassName() const override { return u"TSortCsv"; }
   // A new empty table with the same SortColumn.
-  std::unique_ptr<TFileCsv> GetNewInstance() const override;
+  [[nodiscard]] std::unique_ptr<TFileCsv> GetNewInstance() const override;
   // Clear, and SortColumn 0.
   void Init() override;
   void Clear() override;

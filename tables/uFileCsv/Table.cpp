@@ -8,6 +8,7 @@
 #include "platform/Text.h"
 #include "tables/uFileCsv.h"
 #include "tables/uFileCsv/detail/ColumnScan.h"
+#include "tables/uFileCsv/detail/RowMemory.h"
 
 namespace vx {
 
@@ -74,9 +75,10 @@ int TFileCsv::AddEmpty(int Count) {
 
 void TFileCsv::AddFileCsv(const TFileCsv& Other) {
   int count = Other.GetCount();  // read once: Other may be this table
+  detail::TRowMemory memory(count >= detail::TRowMemory::ManyRows);
   AddMany([&] {
     for (int i = 0; i < count; ++i) {
-      auto copy = std::make_unique<TVxStringList>();
+      auto copy = memory.NewRow();
       copy->Assign(*Other.GetLines(i));
       AddNew(std::move(copy));
     }
@@ -103,11 +105,12 @@ void TFileCsv::Assign(const TFileCsv& Source) {
   if (&Source == this) return;
   int count = Source.GetCount();
   if (count > GetCapacity()) SetCapacity(count);
+  detail::TRowMemory memory(count - GetCount() >= detail::TRowMemory::ManyRows);
   for (int i = 0; i < count; ++i) {
     if (i < GetCount()) {
       GetLines(i)->Assign(*Source.GetLines(i));
     } else {
-      auto row = std::make_unique<TVxStringList>();
+      auto row = memory.NewRow();
       row->Assign(*Source.GetLines(i));
       AddInPlace(std::move(row));
     }

@@ -83,6 +83,33 @@ TEST_F(TableFiles, ReadTheSameWhereverTheChunksEnd) {
   }
 }
 
+TEST_F(TableFiles, RowsAndTextsOfALargeOneOutliveIt) {
+  std::string bytes;
+  for (int i = 0; i < 40000; ++i) bytes += std::to_string(i) + ";\"ein Text, der im Block steht\";short\r\n";
+  PutText(dir.Path("large.txt"), bytes);
+  std::vector<std::unique_ptr<TObject>> rows;
+  std::vector<String> texts;
+  {
+    TFileCsv table, other;
+    ASSERT_TRUE(table.LoadFromFile(dir.Path("large.txt")));
+    auto copy = table.Duplicate();
+    other.AddFileCsv(table);
+    for (int row = 39999; row >= 0; row -= 1000) {
+      texts.push_back(table.GetCell(1, row));
+      for (TFileCsv* each : {&table, copy.get(), &other}) rows.emplace_back(each->Extract(each->Get(row)));
+    }
+    table.Clear();
+    copy->SetCell(0, 0, u"changed"), copy->GetLines(0)->Add(u"grown");
+    EXPECT_EQ(copy->GetLines(0)->GetLighttext() + other.GetLines(0)->GetLighttext(),
+              u"changed|ein Text, der im Block steht|short|grown0|ein Text, der im Block steht|short");
+  }
+  for (const String& text : texts) ASSERT_EQ(text, u"ein Text, der im Block steht");
+  for (size_t i = 0; i < rows.size(); ++i) {
+    auto& row = dynamic_cast<TVxStringList&>(*rows[i]);
+    ASSERT_EQ(row.GetLighttext(), IntToStr(39999 - static_cast<int>(i / 3) * 1000) + u"|" + texts[0] + u"|short");
+  }
+}
+
 TEST_F(TableFiles, AreWrittenByTheExtension) {
   TFileCsv table;
   table.AddRow({u"a b", u"", u"c\"d", u"e;f", u"g,h", u"Müller € \u4E2D", u"i\tj", u"12345678 Wort"});

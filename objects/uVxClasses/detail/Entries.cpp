@@ -27,12 +27,33 @@ void MoveItems(T* To, const T* From, int Count) noexcept {
 
 }  // namespace
 
+void TEntries::MakeTexts(int Capacity, TBulkMemory* Memory) {
+  const size_t bytes = ArrayBytes(Capacity);
+  if (bytes > TBulkMemory::MaxPiece) Memory = nullptr;
+  void* memory = Memory ? Memory->Take(bytes) : Reallocate(nullptr, bytes);
+  FTexts = reinterpret_cast<String*>(::new (memory) THeader{TRefCount(), Memory != nullptr} + 1);
+}
+
+void TEntries::FreeArray(THeader* Array) noexcept {
+  if (Array->IsBulk) {
+    TBulkMemory::Return(Array);
+  } else {
+    std::free(static_cast<void*>(Array));
+  }
+}
+
 void TEntries::ResizeTexts(int Capacity) {
-  bool isNew = !FTexts;
-  size_t bytes = sizeof(THeader) + static_cast<size_t>(Capacity) * sizeof(String);
-  void* memory = Reallocate(isNew ? nullptr : static_cast<void*>(Header()), bytes);
-  if (isNew) ::new (memory) THeader{TRefCount(), 0};
-  FTexts = reinterpret_cast<String*>(static_cast<THeader*>(memory) + 1);
+  if (!FTexts) {
+    MakeTexts(Capacity, nullptr);
+  } else if (THeader* old = Header(); old->IsBulk) {
+    const String* texts = FTexts;
+    MakeTexts(Capacity, nullptr);
+    MoveItems(FTexts, texts, FCount);
+    FreeArray(old);
+  } else {
+    void* memory = Reallocate(static_cast<void*>(old), ArrayBytes(Capacity));
+    FTexts = reinterpret_cast<String*>(static_cast<THeader*>(memory) + 1);
+  }
 }
 
 void TEntries::CopyTexts(int Capacity) {
@@ -49,7 +70,7 @@ void TEntries::DropTexts() noexcept {
   THeader* header = Header();
   if (header->Refs.Release()) {
     for (int i = 0; i < FCount; ++i) FTexts[i].~String();
-    std::free(static_cast<void*>(header));
+    FreeArray(header);
   }
   FTexts = nullptr;
 }
@@ -125,9 +146,13 @@ void TEntries::TakeAll(std::span<String> Texts) {
   for (String& text : Texts) ::new (&text) String();  // its characters have another holder now
 }
 
-void TEntries::TakeAll(TEntries& Other) {
+void TEntries::TakeAll(TEntries& Other, TBulkMemory* Memory) {
   constexpr int kMany = 4096;
   if (FCount > 0 || Other.FCount < kMany) {
+    if (Memory && Capacity() == 0 && Other.FCount > 0) {
+      MakeTexts(Other.FCount, Memory);
+      SetMark(Other.FCount);
+    }
     AppendBytes({Other.FTexts, static_cast<size_t>(Other.FCount)});
     Other.FCount = 0;
     return;

@@ -4,6 +4,7 @@
 #include <atomic>
 #include <span>
 
+#include "platform/BulkMemory.h"
 #include "platform/RefCount.h"
 #include "platform/String.h"
 #include "platform/TObject.h"
@@ -59,8 +60,9 @@ class TEntries {
   void Exchange(int A, int B);
   // Appends the texts, moving them out; their objects are absent.
   void TakeAll(std::span<String> Texts);
-  // Appends all texts of Other, which is empty then but may keep its room. Many go over as they lie.
-  void TakeAll(TEntries& Other);
+  // Appends all texts of Other, which is empty then but may keep its room. Many go over as they lie. Where there
+  // is no array yet, it becomes a piece of Memory, if that is given and the array is not too large for it.
+  void TakeAll(TEntries& Other, TBulkMemory* Memory = nullptr);
   // Becomes a copy of Other.
   void CopyFrom(const TEntries& Other);
   void Clear() noexcept;
@@ -71,7 +73,7 @@ class TEntries {
   // Stands in front of the array of texts.
   struct THeader {
     TRefCount Refs;
-    uint32_t Unused;
+    uint32_t IsBulk;  // a piece of TBulkMemory, not of the heap
   };
   THeader* Header() const noexcept { return reinterpret_cast<THeader*>(FTexts) - 1; }
   // The mark in the capacity spares the look at the header, which stands in another cache line.
@@ -87,6 +89,12 @@ class TEntries {
   // Changes to an array of its own with that capacity.
   void CopyTexts(int Capacity);
   void ResizeTexts(int Capacity);
+  // Makes the first array.
+  void MakeTexts(int Capacity, TBulkMemory* Memory);
+  static size_t ArrayBytes(int Capacity) noexcept {
+    return sizeof(THeader) + static_cast<size_t>(Capacity) * sizeof(String);
+  }
+  static void FreeArray(THeader* Array) noexcept;
   // Appends the texts byte by byte: the giver must forget them and not free them.
   void AppendBytes(std::span<const String> Texts);
   void DropTexts() noexcept;

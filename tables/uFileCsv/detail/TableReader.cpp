@@ -11,8 +11,9 @@ namespace vx::detail {
 namespace {
 
 constexpr int64_t kChunk = 256 * 1024;
-constexpr size_t kPadding = 64;            // readable behind the last byte, for vector instructions
-constexpr unsigned char kSentinel = '\n';  // stands behind the last byte and ends the last cell
+constexpr int64_t kLargeFile = 1024 * 1024;  // from here on rows come by the ten thousand
+constexpr size_t kPadding = 64;              // readable behind the last byte, for vector instructions
+constexpr unsigned char kSentinel = '\n';    // stands behind the last byte and ends the last cell
 
 // The places of the German letters in the code pages 437 and 850. That the letter á turns into ß is
 // wanted: files rely on it.
@@ -106,7 +107,8 @@ TTableReader::TTableReader(TFileStream& File)
       FBuffer(FirstSize(File) + kPadding),
       FPos(FBuffer.data()),
       FEnd(FBuffer.data()),
-      FSource(MakeTable()) {
+      FMemory(File.GetSize() >= kLargeFile),
+      FSource(MakeTable(), FMemory.Bulk()) {
   *FEnd = kSentinel;
 }
 
@@ -198,8 +200,8 @@ void TTableReader::SkipLineEnd() {
 }
 
 std::unique_ptr<TVxStringList> TTableReader::MakeRow() {
-  auto row = std::make_unique<TVxStringList>();
-  FSource.Cells.GiveTo([&](detail::TEntries& cells) { row->TakeCells(cells); });
+  auto row = FMemory.NewRow();
+  FSource.Cells.GiveTo([&](TEntries& cells) { row->TakeCells(cells, FMemory.Bulk()); });
   return row;
 }
 

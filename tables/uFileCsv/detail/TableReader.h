@@ -10,6 +10,7 @@
 #include "platform/CodePage.h"
 #include "platform/Files.h"
 #include "platform/StringArena.h"
+#include "tables/uFileCsv/detail/RowMemory.h"
 
 namespace vx::detail {
 
@@ -57,7 +58,7 @@ class TTableReader {
   // 16 more may be read.
   struct TSource {
     using Unit = unsigned char;
-    explicit TSource(const TByteTable& Bytes) : Table(Bytes) {}
+    TSource(const TByteTable& Bytes, TBulkMemory* Memory) : Table(Bytes), Arena(Memory) {}
     template <bool kLines>
     const Unit* TakeUnquoted(const Unit* First, const Unit* Last);
     const Unit* NextQuote(const Unit* First, const Unit* Last) const;
@@ -95,6 +96,7 @@ class TTableReader {
   const unsigned char* FPos;
   unsigned char* FEnd;
   bool FAtEof = false;
+  TRowMemory FMemory;
   TSource FSource;
 };
 
