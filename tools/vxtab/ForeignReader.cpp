@@ -2,40 +2,26 @@
 
 #include <algorithm>
 #include <cstddef>
+#include <cstring>
 #include <map>
 #include <memory>
 #include <vector>
 
 #include "platform/CodePage.h"
 #include "platform/Scan.h"
+#include "tools/vxtab/ForeignRows.h"
 
 namespace vx::vxtab {
 
 namespace {
 
-// Walks rows and cells. The sink has Cell(first, count), which gets a cell as it stands in the text,
-// quotes included, and Row(), which gives false to stop.
+// Walks rows and cells. The sink has Cell as WalkRow asks, and Row(), which gives false to stop.
 template <typename TSink>
 void Walk(std::u16string_view Text, char16_t Separator, TSink& Sink) {
   const char16_t* pos = Text.data();
   const char16_t* const end = pos + Text.size();
-  auto closesCell = [=](char16_t unit) { return unit == Separator || unit == u'\n' || unit == u'\r'; };
   while (pos != end) {
-    for (bool isFirst = true;; isFirst = false) {
-      const char16_t* start = pos;
-      if (pos != end && *pos == u'"') {
-        pos = scan::FindUnit(pos + 1, end, u'"');
-        while (end - pos > 1 && pos[1] == u'"') pos = scan::FindUnit(pos + 2, end, u'"');
-        if (pos != end) ++pos;
-      }
-      pos = std::find_if(pos, end, closesCell);
-      bool atSeparator = pos != end && *pos == Separator;
-      if (!isFirst || pos != start || atSeparator) Sink.Cell(start, static_cast<size_t>(pos - start));
-      if (!atSeparator) break;
-      ++pos;
-    }
-    if (end - pos > 1 && pos[0] == u'\r' && pos[1] == u'\n') ++pos;
-    if (pos != end) ++pos;
+    pos = WalkRow(pos, end, Separator, Sink);
     if (!Sink.Row()) return;
   }
 }
@@ -84,12 +70,10 @@ struct TTableSink {
   }
 };
 
-struct TCountSink {
-  FunctionRef<bool(int)> TakeCount;
-  int Cells = 0;
-
-  void Cell(const char16_t*, size_t) { ++Cells; }
+struct TCountSink : TCellCount {
+  explicit TCountSink(FunctionRef<bool(int)> Take) : TakeCount(Take) {}
   bool Row() { return TakeCount(std::exchange(Cells, 0)); }
+  FunctionRef<bool(int)> TakeCount;
 };
 
 bool IsContinuation(std::string_view Bytes, size_t Index) {
@@ -115,11 +99,11 @@ size_t Utf8Length(std::string_view Bytes, size_t Index) {
 
 // UTF-16 without a mark: in every other place of the beginning nearly all bytes are zero, and hardly
 // one in the others. encAscii if it is not so.
-TFileEncoding Utf16ByZeros(std::string_view Bytes) {
+TFileEncoding Utf16ByZeros(std::string_view Bytes, int64_t Size) {
   size_t length = std::min<size_t>(Bytes.size(), 65536) / 2 * 2;
   size_t zeros[2] = {};
   for (size_t i = 0; i < length; ++i) zeros[i & 1] += Bytes[i] == '\0';
-  if (length == 0 || Bytes.size() % 2 != 0) return encAscii;
+  if (length == 0 || Size % 2 != 0) return encAscii;
   if (zeros[1] > length / 4 && zeros[0] <= length / 20) return encUtf16Le;
   if (zeros[0] > length / 4 && zeros[1] <= length / 20) return encUtf16Be;
   return encAscii;
@@ -146,19 +130,41 @@ const char* EncodingName(TFileEncoding Encoding) noexcept {
   return kNames[Encoding];
 }
 
-TFileEncoding GuessEncoding(std::string_view Bytes) noexcept {
-  if (Bytes.starts_with("\xEF\xBB\xBF")) return encUtf8Mark;
-  if (Bytes.starts_with("\xFF\xFE")) return encUtf16Le;
-  if (Bytes.starts_with("\xFE\xFF")) return encUtf16Be;
-  if (TFileEncoding wide = Utf16ByZeros(Bytes); wide != encAscii) return wide;
-  TFileEncoding result = encAscii;
-  for (size_t i = 0; i < Bytes.size();) {
-    size_t length = Utf8Length(Bytes, i);
-    if (length == 0) return encCodePage;
-    if (length > 1) result = encUtf8;
+TEncodingGuess::TEncodingGuess(std::string_view Beginning, int64_t Size) noexcept {
+  if (Beginning.starts_with("\xEF\xBB\xBF")) {
+    FEncoding = encUtf8Mark;
+  } else if (Beginning.starts_with("\xFF\xFE")) {
+    FEncoding = encUtf16Le;
+  } else if (Beginning.starts_with("\xFE\xFF")) {
+    FEncoding = encUtf16Be;
+  } else {
+    FEncoding = Utf16ByZeros(Beginning, Size);
+  }
+  FIsSure = FEncoding != encAscii;
+}
+
+size_t TEncodingGuess::Look(std::string_view Bytes, bool AreLast) noexcept {
+  constexpr size_t kLongest = 4;  // bytes of a character
+  size_t i = 0;
+  while (i < Bytes.size() && !FIsSure) {
+    for (uint64_t word; Bytes.size() - i >= sizeof word; i += sizeof word) {
+      std::memcpy(&word, Bytes.data() + i, sizeof word);
+      if ((word & 0x8080808080808080) != 0) break;
+    }
+    if (i == Bytes.size() || (!AreLast && Bytes.size() - i < kLongest)) break;
+    const size_t length = Utf8Length(Bytes, i);
+    if (length > 1) FEncoding = encUtf8;
+    if (length == 0) FEncoding = encCodePage;
+    FIsSure = length == 0;
     i += length;
   }
-  return result;
+  return i;
+}
+
+TFileEncoding GuessEncoding(std::string_view Bytes) noexcept {
+  TEncodingGuess guess(Bytes, static_cast<int64_t>(Bytes.size()));
+  (void)guess.Look(Bytes, true);
+  return guess.Get();
 }
 
 TForeignText DecodeForeign(std::string_view Bytes) {

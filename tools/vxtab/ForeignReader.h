@@ -27,6 +27,23 @@ const char* EncodingName(TFileEncoding Encoding) noexcept;
 // ASCII and all are valid, otherwise the system's code page.
 TFileEncoding GuessEncoding(std::string_view Bytes) noexcept;
 
+// The same for bytes that come in pieces.
+class TEncodingGuess {
+ public:
+  // Beginning: at least 65,536 bytes, or all of Size if they are fewer.
+  TEncodingGuess(std::string_view Beginning, int64_t Size) noexcept;
+  // Looks at the next bytes, and returns how many of them it is done with: the others have to begin the next
+  // piece, unless AreLast.
+  size_t Look(std::string_view Bytes, bool AreLast) noexcept;
+  // What comes changes nothing more.
+  bool IsSure() const noexcept { return FIsSure; }
+  TFileEncoding Get() const noexcept { return FEncoding; }
+
+ private:
+  TFileEncoding FEncoding = encAscii;
+  bool FIsSure = false;
+};
+
 struct TForeignText {
   String Text;  // without the byte order mark
   TFileEncoding Encoding = encAscii;

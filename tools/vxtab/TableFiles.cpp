@@ -12,6 +12,7 @@
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
+#include "tools/vxtab/ForeignLook.h"
 #include "tools/vxtab/Show.h"
 #include "tools/vxtab/System.h"
 
@@ -95,32 +96,6 @@ class TInput {
   String FPath;
 };
 
-// The first row whose number of cells is another by the rules of other programs, in words. Rows without
-// cells don't count, since the library takes two line feeds for one line end.
-std::string FirstUnlikeRow(const TFileCsv& Table, std::u16string_view Text, char16_t Separator) {
-  std::string result;
-  int row = 0;
-  auto skipEmpty = [&] {
-    while (row < Table.GetCount() && Table.GetLines(row)->GetCount() == 0) ++row;
-  };
-  CountForeign(Text, Separator, [&](int cells) {
-    if (cells == 0) return true;
-    skipEmpty();
-    int own = row < Table.GetCount() ? Table.GetLines(row)->GetCount() : 0;
-    if (own == cells) {
-      ++row;
-      return true;
-    }
-    result = own == 0 ? "it would have more rows than the " + std::to_string(Table.GetCount()) + " read now"
-                      : "row " + std::to_string(row) + " would have " + std::to_string(cells) + " cells instead of " +
-                            std::to_string(own);
-    return false;
-  });
-  skipEmpty();
-  if (result.empty() && row < Table.GetCount()) result = "it would have " + std::to_string(row) + " rows";
-  return result;
-}
-
 void LoadForeign(TLoadedFile& File, const String& Path, char16_t Separator) {
   TForeignText text = [&] {
     std::string bytes = ReadBytes(Path);
@@ -137,14 +112,10 @@ void LoadOwn(TLoadedFile& File, const String& Path, bool WithDetails) {
   TFileInfo info;
   if (GetFileInfo(Path, info)) File.Bytes = info.Size;
   if (!WithDetails) return;
-  TForeignText text = DecodeForeign(ReadBytes(Path));
-  File.Encoding = text.Encoding;
-  File.Separator = TFileCsv::AnalyseToParse(text.Text)[0];
-  if (text.Encoding == encAscii || text.Encoding == encCodePage) {
-    File.Hint = FirstUnlikeRow(File.Table, text.Text, File.Separator);
-  } else {
-    File.Hint = std::string("it looks like ") + EncodingName(text.Encoding);
-  }
+  TForeignLook look = LookAsForeign(File.Table, Path);
+  File.Encoding = look.Encoding;
+  File.Separator = look.Separator;
+  File.Hint = std::move(look.Hint);
 }
 
 // A configuration file; those of other programs get the byte order mark that they may lack.
@@ -215,10 +186,59 @@ void WriteNew(TFileCsv& Table, const String& Path) {
   if (!TFileStream(Path, fmOpenReadWrite | fmShareDenyNone).Flush()) throw TFailure("can't be written: " + LastError());
 }
 
+// Where two rows of that number differ, in words; empty if they are equal.
+std::string RowDifference(int Row, std::span<const String> Expected, std::span<const String> Found) {
+  if (std::ranges::equal(Expected, Found)) return {};
+  const std::string where = "row " + std::to_string(Row);
+  for (size_t col = 0; col < std::min(Expected.size(), Found.size()); ++col) {
+    if (Expected[col] == Found[col]) continue;
+    return "column " + std::to_string(col) + " of " + where + " is " + Quoted(Found[col]) + " instead of " +
+           Quoted(Expected[col]);
+  }
+  return where + " has " + std::to_string(Found.size()) + " cells instead of " + std::to_string(Expected.size());
+}
+
+// Reads a file only to compare its rows with those of a table, and keeps none.
+class TReadAgain : public TFileCsv {
+ public:
+  explicit TReadAgain(const TFileCsv& Table) : FTable(Table) {}
+  int Add(TObject* Row) override {
+    TVxStringList* found = AsRow(Row);
+    FetchAhead();
+    if (FRows < FTable.GetCount() && FDifference.empty()) {
+      FDifference = RowDifference(FRows, FTable.GetLines(FRows)->Items(), found->Items());
+    }
+    delete found;
+    return FRows++;
+  }
+  // Where the tables first differ, in words, after the last row.
+  std::string Difference() const {
+    if (!FDifference.empty() || FRows == FTable.GetCount()) return FDifference;
+    return "it has " + std::to_string(FRows) + " rows instead of " + std::to_string(FTable.GetCount());
+  }
+
+ private:
+  // The rows of a sorted table lie anywhere in memory: each is asked for some time before its cells, and they
+  // before they are read.
+  void FetchAhead() const {
+    constexpr int kStep = 12;
+    const auto rows = FTable.Items().subspan(static_cast<size_t>(std::min(FRows, FTable.GetCount())));
+    if (rows.size() > 2 * kStep) __builtin_prefetch(rows[2 * kStep]);
+    if (rows.size() <= kStep) return;
+    const std::span<const String> cells = FTable.GetLines(FRows + kStep)->Items();
+    constexpr size_t kCellsALine = 2;
+    for (size_t i = 0; i < std::min<size_t>(cells.size(), 12); i += kCellsALine) __builtin_prefetch(&cells[i]);
+  }
+
+  const TFileCsv& FTable;
+  int FRows = 0;
+  std::string FDifference;
+};
+
 std::string DifferenceToFile(const TFileCsv& Table, const String& Path) {
-  TFileCsv again;
+  TReadAgain again(Table);
   if (!again.LoadFromFile(Path)) throw TFailure("");
-  return FirstDifference(Table, again);
+  return again.Difference();
 }
 
 // Writes the bytes of a whole file into a device or pipe.
@@ -291,25 +311,6 @@ void SaveTable(TFileCsv& Table, const std::string& Name, TReporter& Reporter) {
       file.Release();
     });
   });
-}
-
-std::string FirstDifference(const TFileCsv& Expected, const TFileCsv& Found) {
-  int rows = std::min(Expected.GetCount(), Found.GetCount());
-  for (int row = 0; row < rows; ++row) {
-    auto expected = Expected.GetLines(row)->Items();
-    auto found = Found.GetLines(row)->Items();
-    std::string where = "row " + std::to_string(row);
-    for (size_t col = 0; col < std::min(expected.size(), found.size()); ++col) {
-      if (expected[col] == found[col]) continue;
-      return "column " + std::to_string(col) + " of " + where + " is " + Quoted(found[col]) + " instead of " +
-             Quoted(expected[col]);
-    }
-    if (expected.size() != found.size()) {
-      return where + " has " + std::to_string(found.size()) + " cells instead of " + std::to_string(expected.size());
-    }
-  }
-  if (Expected.GetCount() == Found.GetCount()) return {};
-  return "it has " + std::to_string(Found.GetCount()) + " rows instead of " + std::to_string(Expected.GetCount());
 }
 
 }  // namespace vx::vxtab

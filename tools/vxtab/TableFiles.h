@@ -42,7 +42,4 @@ void CheckTarget(const std::string& Name);
 // written to. A table that the file does not give back cell for cell is told in a note. TFailure.
 void SaveTable(TFileCsv& Table, const std::string& Name, TReporter& Reporter);
 
-// Where the tables first differ, in words; empty if they are equal.
-std::string FirstDifference(const TFileCsv& Expected, const TFileCsv& Found);
-
 }  // namespace vx::vxtab
