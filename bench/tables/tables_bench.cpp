@@ -87,10 +87,11 @@ std::pair<double, double> MeasureFiles(const TPaths& Paths, const char* Size) {
   freed[0] = Median(freeOurs);
   freed[1] = Median(freeNaive);
   std::string what = std::string("tables/load") + Size;
-  Report(what.c_str(), load[3], "naive", load[1]);
-  Report(what.c_str(), load[3], "floor", load[0]);
-  Report(what.c_str(), load[3], "libcsv", load[2]);
-  Report((std::string("tables/destroy") + Size).c_str(), freed[0], "naive", freed[1]);
+  const bool hasBar = *Size == '\0';
+  Report(what, load[3], "naive", load[1], 1, hasBar ? TBar::AtLeast(1 / 0.7) : TBar());
+  Report(what, load[3], "floor", load[0], 1, hasBar ? TBar::AtLeast(1 / 1.5) : TBar());
+  Report(what, load[3], "libcsv", load[2]);
+  Report(std::string("tables/destroy") + Size, freed[0], "naive", freed[1]);
 
   auto ours = Load(Paths.In);
   TNaiveTable naive = LoadNaive(Paths.In.c_str());
@@ -100,23 +101,31 @@ std::pair<double, double> MeasureFiles(const TPaths& Paths, const char* Size) {
   std::vector<double> save = Medians(
       kRounds, [&] { return Time([&] { SaveNaive(naive, Paths.Out.c_str()); }); },
       [&] { return Time([&] { ours->SaveToFile(out); }); });
-  Report((std::string("tables/save") + Size).c_str(), save[1], "naive", save[0]);
+  Report(std::string("tables/save") + Size, save[1], "naive", save[0], 1, hasBar ? TBar::AtLeast(1) : TBar());
   return {load[3], save[1]};
 }
 
-void MeasureMemory(const TPaths& Paths) {
+// The bytes that the process holds, wherever it has them from.
+size_t ResidentBytes() {
   malloc_trim(0);
-  size_t before = HeapBytes();
+  size_t all = 0, resident = 0;
+  std::FILE* file = std::fopen("/proc/self/statm", "r");
+  Expect(file && std::fscanf(file, "%zu %zu", &all, &resident) == 2, "reading what the process holds");
+  std::fclose(file);
+  return resident * static_cast<size_t>(sysconf(_SC_PAGESIZE));
+}
+
+void MeasureMemory(const TPaths& Paths) {
+  size_t before = ResidentBytes();
   auto ours = Load(Paths.In);
-  size_t held = HeapBytes() - before;
-  size_t cells = CountCells(*ours);
-  before = HeapBytes();
+  const size_t held = ResidentBytes() - before;
+  const auto cells = static_cast<double>(CountCells(*ours));
+  before = ResidentBytes();
   TNaiveTable naive = LoadNaive(Paths.In.c_str());
-  size_t naiveHeld = HeapBytes() - before;
-  std::printf("BENCH tables/bytes_per_cell ours=%.1f naive=%.1f ratio=%.2f\n",
-              static_cast<double>(held) / static_cast<double>(cells),
-              static_cast<double>(naiveHeld) / static_cast<double>(cells),
-              static_cast<double>(naiveHeld) / static_cast<double>(held));
+  const size_t naiveHeld = ResidentBytes() - before;
+  const double bytes = static_cast<double>(held) / cells, naiveBytes = static_cast<double>(naiveHeld) / cells;
+  std::printf("BENCH tables/bytes_per_cell ours=%.1f%s naive=%.1f ratio=%.2f\n", bytes,
+              TBar::AtMost(48).Text(bytes).c_str(), naiveBytes, naiveBytes / bytes);
 }
 
 struct TProbe {
@@ -159,7 +168,7 @@ void MeasureTable(const TPaths& Paths) {
         std::unique_ptr<TFileCsv> table;
         return Time([&] { table = ours->Duplicate(); });
       });
-  Report("tables/duplicate", copy[1], "naive", copy[0]);
+  Report("tables/duplicate", copy[1], "naive", copy[0], 1, TBar::AtLeast(2));
 
   std::vector<double> get = Medians(
       kRounds,
@@ -207,7 +216,7 @@ void MeasureTable(const TPaths& Paths) {
           for (const TProbe& p : probes) ours->SetCell(p.Col, p.Row, p.Col == 9 ? longText : shortText);
         });
       });
-  Report("tables/set_random", set[1], "naive", set[0], kProbes);
+  Report("tables/set_random", set[1], "naive", set[0], kProbes, TBar::AtLeast(1));
 }
 
 // The forms have no peer but plain joining and splitting at a character, which quotes nothing.
