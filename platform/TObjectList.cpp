@@ -11,14 +11,55 @@
 
 namespace vx {
 
+namespace {
+
+void MoveEntries(TObject** To, TObject* const* From, int Count) noexcept {
+  if (Count > 0) {
+    std::memmove(static_cast<void*>(To), static_cast<const void*>(From), static_cast<size_t>(Count) * sizeof(TObject*));
+  }
+}
+
+}  // namespace
+
 TObjectList::~TObjectList() {
   // From the end, and each entry taken out before its object goes: a destructor that looks at the
   // list finds a whole one.
   while (FCount > 0) {
-    TObject* object = FItems[--FCount];
+    TObject* object = TakeLast();
     if (FOwnsObjects) delete object;
   }
   std::free(FItems);
+}
+
+TObject* TObjectList::TakeLast() noexcept {
+  CloseGap();
+  SetEnd(FCount - 1);
+  return FItems[FCount];
+}
+
+TObject* TObjectList::GetBehind(int Index) const {
+  if (static_cast<unsigned>(Index) >= static_cast<unsigned>(FCount)) RaiseIndex(Index);
+  return FItems[Index + FGap];
+}
+
+void TObjectList::MoveUp() const noexcept {
+  MoveEntries(FItems + FReach, FItems + FReach + FGap, FCount - FReach);
+  FReach = FCount;
+}
+
+void TObjectList::TakeOut(int Index) noexcept {
+  if (!FKeepsGap || Index >= FReach) CloseGap();
+  const int gap = FReach == FCount ? 0 : FGap;
+  TObject** behind = FItems + Index + 1;
+  if (FKeepsGap) {
+    MoveEntries(behind + gap, behind, FReach - Index - 1);
+    FGap = gap + 1;
+    FReach = Index;
+    --FCount;
+  } else {
+    MoveEntries(behind - 1, behind, FCount - Index - 1);
+    SetEnd(FCount - 1);
+  }
 }
 
 void TObjectList::RaiseIndex(int Index) { throw EListError(FormatListError(SListIndexError, Index)); }
@@ -31,6 +72,7 @@ void TObjectList::SetCapacity(int Value) {
   if (Value < FCount) throw EListError(FormatListError(SListCapacityError, Value));
   if (Value == FCapacity) return;
   Changing();  // the entries get another place
+  CloseGap();
   if (Value == 0) {
     std::free(FItems);
     FItems = nullptr;
@@ -59,14 +101,16 @@ void TObjectList::SetCount(int Value) {
     return;
   }
   if (Value > FCapacity) SetCapacity(Value);
+  CloseGap();
   std::fill(FItems + FCount, FItems + Value, nullptr);
-  FCount = Value;
+  SetEnd(Value);
 }
 
 void TObjectList::Put(int Index, TObject* Object) {
   TObject* old = Get(Index);
   if (old == Object) return;
   Changing();
+  CloseGap();
   FItems[Index] = Object;
   if (old) Notify(old, lnDeleted);
   if (Object) Notify(Object, lnAdded);
@@ -75,8 +119,10 @@ void TObjectList::Put(int Index, TObject* Object) {
 int TObjectList::Add(TObject* Object) {
   Changing();
   if (FCount == FCapacity) Grow();
-  FItems[FCount++] = Object;
-  int index = FCount - 1;
+  CloseGap();
+  const int index = FCount;
+  FItems[index] = Object;
+  SetEnd(index + 1);
   if (Object) Notify(Object, lnAdded);
   return index;
 }
@@ -85,24 +131,24 @@ void TObjectList::Insert(int Index, TObject* Object) {
   if (static_cast<unsigned>(Index) > static_cast<unsigned>(FCount)) RaiseIndex(Index);
   Changing();
   if (FCount == FCapacity) Grow();
-  std::memmove(FItems + Index + 1, FItems + Index, static_cast<size_t>(FCount - Index) * sizeof(TObject*));
+  CloseGap();
+  MoveEntries(FItems + Index + 1, FItems + Index, FCount - Index);
   FItems[Index] = Object;
-  ++FCount;
+  SetEnd(FCount + 1);
   if (Object) Notify(Object, lnAdded);
 }
 
 void TObjectList::Delete(int Index) {
   TObject* old = Get(Index);
   Changing();
-  --FCount;
-  std::memmove(FItems + Index, FItems + Index + 1, static_cast<size_t>(FCount - Index) * sizeof(TObject*));
+  TakeOut(Index);
   if (old) Notify(old, lnDeleted);
 }
 
 void TObjectList::Clear() {
   Changing();
   while (FCount > 0) {
-    TObject* old = FItems[--FCount];
+    TObject* old = TakeLast();
     if (old) Notify(old, lnDeleted);
   }
   SetCapacity(FCount);
@@ -112,6 +158,7 @@ void TObjectList::Exchange(int A, int B) {
   Get(A);
   Get(B);
   Changing();
+  CloseGap();
   std::swap(FItems[A], FItems[B]);
 }
 
@@ -119,6 +166,7 @@ void TObjectList::Move(int From, int To) {
   Get(From);
   Get(To);
   Changing();
+  CloseGap();
   if (From < To) {
     std::rotate(FItems + From, FItems + From + 1, FItems + To + 1);
   } else {
@@ -136,23 +184,24 @@ TObject* TObjectList::Extract(TObject* Object) {
   int index = IndexOf(Object);
   if (index < 0) return nullptr;
   Changing();
-  --FCount;
-  std::memmove(FItems + index, FItems + index + 1, static_cast<size_t>(FCount - index) * sizeof(TObject*));
+  TakeOut(index);
   Notify(Object, lnExtracted);
   return Object;
 }
 
 int TObjectList::IndexOf(const TObject* Object) const noexcept {
-  for (int i = 0; i < FCount; ++i) {
-    if (FItems[i] == Object) return i;
+  const std::span<TObject* const> items = Items();
+  for (size_t i = 0; i < items.size(); ++i) {
+    if (items[i] == Object) return static_cast<int>(i);
   }
   return -1;
 }
 
 void TObjectList::Sort(FunctionRef<int(TObject*, TObject*)> Compare) {
-  const std::vector<TObject*> sorted = StableSort(std::vector<TObject*>(FItems, FItems + FCount),
+  const std::vector<TObject*> sorted = StableSort(std::vector<TObject*>(Items().begin(), Items().end()),
                                                   [&](TObject* a, TObject* b) { return Compare(a, b) < 0; });
   Changing();
+  CloseGap();
   std::copy_n(sorted.begin(), std::min(static_cast<int>(sorted.size()), FCount), FItems);
 }
 
@@ -163,12 +212,13 @@ void TObjectList::Arrange(std::span<const int> Order) {
   for (int from : Order) {
     if (static_cast<unsigned>(from) >= isTaken.size() || isTaken[static_cast<size_t>(from)]) break;
     isTaken[static_cast<size_t>(from)] = true;
-    arranged.push_back(FItems[from]);
+    arranged.push_back(Get(from));
   }
   if (arranged.size() != isTaken.size() || arranged.size() != Order.size()) {
     throw EArgumentException(u"Arrange: the order does not name each entry once");
   }
   Changing();
+  CloseGap();
   std::copy(arranged.begin(), arranged.end(), FItems);
 }
 

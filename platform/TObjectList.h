@@ -50,13 +50,16 @@ class TObjectList : public TObject {
 
   // The object at Index stays the list's.
   TObject* Get(int Index) const {
-    if (static_cast<unsigned>(Index) >= static_cast<unsigned>(FCount)) RaiseIndex(Index);
+    if (static_cast<unsigned>(Index) >= static_cast<unsigned>(FReach)) return GetBehind(Index);
     return FItems[Index];
   }
   // Puts Object at Index; the previous one is freed if the list owns.
   void Put(int Index, TObject* Object);
   // All entries, for walking; ends with the next change of the list.
-  std::span<TObject* const> Items() const noexcept { return {FItems, static_cast<size_t>(FCount)}; }
+  std::span<TObject* const> Items() const noexcept {
+    CloseGap();
+    return {FItems, static_cast<size_t>(FCount)};
+  }
 
   // Appends and returns the index. A list that owns takes the object over.
   virtual int Add(TObject* Object);
@@ -91,12 +94,46 @@ class TObjectList : public TObject {
   virtual void Notify(TObject* Object, TListNotification Action);
   [[noreturn]] static void RaiseIndex(int Index);
 
+  // While it lives, a Delete moves only the entries between its own and the one that was deleted before: to delete
+  // many from the last to the first takes a time that grows with the list. All operations work as ever; others
+  // than Get and Delete take as long as the list is, once after each Delete. One thread at a time, for reading, too.
+  class TDeleteScope {
+   public:
+    explicit TDeleteScope(TObjectList& List) noexcept : FList(List), FWas(List.FKeepsGap) { List.FKeepsGap = true; }
+    ~TDeleteScope() {
+      FList.FKeepsGap = FWas;
+      if (!FWas) FList.CloseGap();
+    }
+    TDeleteScope(const TDeleteScope&) = delete;
+    TDeleteScope& operator=(const TDeleteScope&) = delete;
+
+   private:
+    TObjectList& FList;
+    bool FWas;
+  };
+
  private:
   void Grow();
+  // The entry at Index, which is not below FReach; EListError outside the list.
+  TObject* GetBehind(int Index) const;
+  // Both take an entry out of the array.
+  void TakeOut(int Index) noexcept;
+  TObject* TakeLast() noexcept;
+  void SetEnd(int Count) noexcept { FCount = FReach = Count; }
+  // All entries stand side by side then.
+  void CloseGap() const noexcept {
+    if (FReach != FCount) MoveUp();
+  }
+  void MoveUp() const noexcept;
+
   TObject** FItems = nullptr;
   int FCount = 0;
+  // The entries from here on stand FGap places behind their own ones; all but in a TDeleteScope FReach is the count.
+  mutable int FReach = 0;
+  mutable int FGap = 0;
   int FCapacity = 0;
   bool FOwnsObjects;
+  bool FKeepsGap = false;
 };
 
 // Gives and takes objects of class T. What comes in by a reference to TObjectList has to be of that class, too.

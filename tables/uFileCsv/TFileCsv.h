@@ -275,7 +275,7 @@ class TFileCsv : public TObjectList {
   // The last index of the range up to To that may hold a cell: a derived class may make cells beyond the rows.
   int LastInRow(int Row, int To) const;
   int LastInCol(int To) const;
-  // Whether this is a table of the library's own classes, which override neither GetCell nor Delete.
+  // Whether this is a table of the library's own classes, which do not override GetCell.
   bool IsPlain() const noexcept;
   // Asks for each row from the last to the first whether it is to go, and returns how many went.
   template <typename F>

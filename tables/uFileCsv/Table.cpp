@@ -129,31 +129,16 @@ bool TFileCsv::IsPlain() const noexcept {
   return type == typeid(TFileCsv) || type == typeid(THeadCsv) || type == typeid(TSortCsv);
 }
 
-// A derived class sees each row leave its place. Other rows are put behind the rest first, where deleting one
-// moves no other.
+// Each row leaves its own place, as a derived class's Delete sees it.
 template <typename F>
 int TFileCsv::DeleteWhere(F IsGone) {
-  const int count = GetCount();
-  const bool isPlain = IsPlain();
+  const TDeleteScope scope(*this);
   int gone = 0;
-  std::vector<int> kept, order;
-  for (int row = count - 1; row >= 0; --row) {
-    if (!IsGone(row)) {
-      if (isPlain) kept.push_back(row);
-      continue;
-    }
+  for (int row = GetCount(); row-- > 0;) {
+    if (row >= GetCount() || !IsGone(row)) continue;  // a derived class may have deleted more
+    Delete(row);
     ++gone;
-    if (isPlain) {
-      order.push_back(row);
-    } else {
-      Delete(row);
-    }
   }
-  if (order.empty()) return gone;
-  order.insert(order.end(), kept.begin(), kept.end());
-  std::ranges::reverse(order);
-  Arrange(order);
-  for (int i = 0; i < gone; ++i) Delete(GetCount() - 1);
   return gone;
 }
 

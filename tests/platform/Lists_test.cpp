@@ -1,4 +1,6 @@
 // TObjectList and the protocol of TStrings.
+#include <random>
+
 #include "core/uVxFunctionsSerialize.h"
 #include "objects/uVxClasses.h"
 #include "objects/uVxGenerics.h"
@@ -52,6 +54,45 @@ TEST(TObjectList, NotifiesAfterTheChangeAndMovesInOrder) {
   std::string places;
   for (TObject* item : list.Items()) places += static_cast<char>('0' + (item - items));
   EXPECT_EQ(places, "0321");
+}
+
+struct TScopeList : TObjectList {
+  using TObjectList::TDeleteScope;
+  using TObjectList::TObjectList;
+};
+
+TEST(TObjectList, DeletesManyInAScopeWhateverElseIsDoneMeanwhile) {
+  std::vector<TObject> objects(400);
+  for (unsigned seed = 1; seed <= 40; ++seed) {
+    std::mt19937 random(seed);
+    TScopeList list(false);
+    std::vector<TObject*> model;
+    for (TObject& object : objects) list.Add(&object), model.push_back(&object);
+    {
+      const TScopeList::TDeleteScope scope(list), inner(list);
+      for (int place = static_cast<int>(model.size()); !model.empty() && place-- > 0;) {
+        const auto other = random() % model.size();
+        const auto index = static_cast<int>(other);
+        const auto at = model.begin() + index;
+        const auto what = random() % 40;
+        if (what == 0) list.Add(&objects[other]), model.push_back(&objects[other]);
+        if (what == 1) list.Insert(index, nullptr), model.insert(at, nullptr);
+        if (what == 2) list.Put(index, &objects[0]), *at = &objects[0];
+        if (what == 3) list.Exchange(index, 0), std::swap(*at, model[0]);
+        if (what == 4) list.Move(index, 0), std::rotate(model.begin(), at, at + 1);
+        if (what == 5) list.Extract(*at), model.erase(std::ranges::find(model, *at));
+        if (what == 6) list.Delete(index), model.erase(at);
+        if (what == 7) list.SetCapacity(list.GetCount());
+        if (what == 8) list.SetCount(list.GetCount() - 1), model.pop_back();
+        if (static_cast<size_t>(place) >= model.size() || random() % 3 == 0) continue;
+        list.Delete(place), model.erase(model.begin() + place);
+        ASSERT_EQ(list.GetCount(), static_cast<int>(model.size()));
+        for (size_t i = 0; i < model.size(); ++i) ASSERT_EQ(list.Get(static_cast<int>(i)), model[i]);
+        EXPECT_THROW((void)list.Get(list.GetCount()), EListError);
+      }
+    }
+    EXPECT_TRUE(std::ranges::equal(list.Items(), model));
+  }
 }
 
 TEST(TObjectList, RefusesBadIndexesAndStaysAsItWas) {

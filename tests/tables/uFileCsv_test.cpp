@@ -86,6 +86,32 @@ TEST(TFileCsv, DerivedTablesSeeEveryRowComeAndGo) {
   EXPECT_EQ(Show(*turned), u"a||/b||");
 }
 
+// Tells what it is asked to delete, between its neighbours, and may delete one more.
+class TToldTable : public TFileCsv {
+ public:
+  void Delete(int Index) override {
+    Told += IntToStr(Index) + u"/" + IntToStr(GetCount()) + getElement(0, Index - 1, u"", u"<") + u"-" +
+            getElement(0, Index + 1, u"", u">") + u" ";
+    TFileCsv::Delete(Index);
+    if (Index == Twice) TFileCsv::Delete(GetCount() - 1), TFileCsv::Delete(0);
+  }
+  String Told;
+  int Twice = -1;
+};
+
+TEST(TFileCsv, EmptyRowsLeaveTheirOwnPlacesInDerivedTables) {
+  for (bool isRemoved : {false, true}) {
+    TToldTable table;
+    for (const char16_t* row : {u",", u"a,", u",", u",", u"b,", u"c,", u",", u"d,"}) table.AddRow(row);
+    isRemoved ? (void)table.RemoveEmpty() : table.DoAll({camDeleteEmptyLines});
+    EXPECT_EQ(table.Told, u"6/8c-d 3/7-b 2/6a-b 0/5<-a ");
+    EXPECT_EQ(Show(table), u"a|/b|/c|/d|");
+    for (const char16_t* row : {u",", u"e,", u",", u",f"}) table.AddRow(row);
+    table.Told = u"", table.Twice = 6, table.RemoveEmpty();
+    EXPECT_EQ(table.Told + Show(table), u"6/8e- 3/5d-e b|/c|/d|/e|");
+  }
+}
+
 TEST(TFileCsv, ColumnsAndKeys) {
   auto table = Make({u"\" 3 \",Müller", u"1", u"\"3\",müller", u"B,Weiss", u"b,Weiß"});
   EXPECT_EQ(table->ColumnContent(0) + u" " + table->ColumnContent(1), u"3,1,3,B,b Müller,,müller,Weiss,Weiß");
