@@ -1,12 +1,13 @@
 // The file of a shared configuration: loading, storing, merging.
 #include <algorithm>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <utility>
 #include <vector>
 
-#include "objects/uVxClasses/TVxStringList.h"
 #include "platform/Clock.h"
+#include "platform/Collation.h"
 #include "platform/DateText.h"
 #include "platform/Exceptions.h"
 #include "platform/Files.h"
@@ -14,6 +15,7 @@
 #include "platform/IniLine.h"
 #include "platform/Paths.h"
 #include "platform/SafeFiles.h"
+#include "platform/Sorting.h"
 #include "services/uHandleFile.h"
 #include "services/uMsg.h"
 #include "services/uSharedIni/TSharedIni.h"
@@ -69,6 +71,13 @@ void DeleteLines(THashedStringList* Lines, std::vector<int>& Places) {
   Places.erase(std::unique(Places.begin(), Places.end()), Places.end());
   for (int place : Places) Lines->Delete(place);
   Places.clear();
+}
+
+bool IsBehind(const String& A, const String& B) { return AnsiCompareText(A, B) > 0; }
+
+// A section that is noted already is the last one in Sections.
+void NoteSection(std::vector<String>& Sections, const String& Section) {
+  if (Sections.empty() || AnsiCompareText(Sections.back(), Section) != 0) Sections.push_back(Section);
 }
 
 // Whether a line with these names, written and read again, says the same.
@@ -207,25 +216,26 @@ TSharedIni::TStamp TSharedIni::MakeStamp() const {
   return {FormatDateTime(settings.ShortDateFormat, now), FormatDateTime(settings.ShortTimeFormat, now), iUsername};
 }
 
-void TSharedIni::WriteStamp(TSharedIni& Target, const TVxStringList& Sections, const TStamp& Stamp) {
+void TSharedIni::WriteStamp(TSharedIni& Target, std::span<const String> Sections, const TStamp& Stamp) {
   auto write = [&](const String& section, const String& ident, const String& value) {
     Target.WriteString(section, ident, value);
     if (&Target != this) Modification(section, ident, value, atModify);
   };
-  for (const String& section : Sections.Items()) {
+  for (const String& section : Sections) {
     write(section, u"Datum", Stamp.Date);
     write(section, u"Zeit", Stamp.Time);
     if (!Stamp.User.empty()) write(section, u"Benutzer", Stamp.User);
   }
 }
 
-// Replays the journal on Other, which has no journal, and notes the sections that it changes. Whether it changed
-// anything.
-bool TSharedIni::Replay(TSharedIni& Other, TVxStringList& Changed) const {
+// Replays the journal on Other, which has no journal, and gives the sections that it changes, in order. Whether it
+// changed anything.
+bool TSharedIni::Replay(TSharedIni& Other, std::vector<String>& Changed) const {
   const std::span<const TSharedIniModification> journal = Journal().Items();
   bool isErasing = false;
   THashedStringList* section = nullptr;
-  std::vector<int> gone;  // places of lines to be deleted in it
+  std::vector<int> gone;                // places of lines to be deleted in it
+  std::vector<String> changed, erased;  // as the journal has them: the last sections first
   for (size_t i = journal.size(); i-- > 0;) {
     const TSharedIniModification& entry = journal[i];
     THashedStringList* lines = Other.Lines(entry.Section);
@@ -236,24 +246,24 @@ bool TSharedIni::Replay(TSharedIni& Other, TVxStringList& Changed) const {
       const size_t value = static_cast<size_t>(entry.Ident.size()) + 1;
       if (place >= 0 && lines->View(place).view().substr(value) == entry.Value.view()) continue;
       Other.WriteString(entry.Section, entry.Ident, entry.Value);
-      Changed.Add(entry.Section);
+      NoteSection(changed, entry.Section);
     } else if (entry.ActionType == atDelete && place >= 0) {
       gone.push_back(place);
-      Changed.Add(entry.Section);
+      NoteSection(changed, entry.Section);
     }
   }
   DeleteLines(section, gone);
-  bool isChanged = Changed.GetCount() > 0;
   for (size_t i = journal.size(); isErasing && i-- > 0;) {
     const TSharedIniModification& entry = journal[i];
     if (entry.ActionType != atErase || !Other.SectionExists(entry.Section, true) || Other.HasKeys(entry.Section)) {
       continue;
     }
     Other.EraseSection(entry.Section);
-    if (const int place = Changed.IndexOf(entry.Section); place >= 0) Changed.Delete(place);
-    isChanged = true;
+    NoteSection(erased, entry.Section);
   }
-  return isChanged;
+  std::ranges::set_difference(changed, erased, std::back_inserter(Changed), IsBehind);
+  std::ranges::reverse(Changed);
+  return !changed.empty() || !erased.empty();
 }
 
 // Into a file that is there: the journal is replayed on what stands in it now.
@@ -262,7 +272,7 @@ bool TSharedIni::StoreMerged() {
   TSharedIni other(GetFileName(), {sioReadOnly}, iEncoding);  // a file without a mark is read as it is written
   if (other.iLoaded == 0 || !other.FIsWhole) return false;
   iEncoding = other.iEncoding;  // a mark that the file has got counts
-  TVxStringList changed(false, true, dupIgnore, false);
+  std::vector<String> changed;
   bool isPlain = true;
   for (const TSharedIniModification& entry : Journal().Items()) {
     isPlain = isPlain && (entry.ActionType != atModify || ReadsBack(entry.Section, entry.Ident, entry.Value));
@@ -293,8 +303,12 @@ bool TSharedIni::StoreWhole() {
     iEncoding = FOrigin->iEncoding;
   }
   if (GetSectionStamp()) {
-    TVxStringList sections(false, true, dupIgnore, false);
-    for (int i = 0; i < iSections->GetCount(); ++i) sections.Add(iSections->View(i));
+    std::vector<String> sections;
+    const auto name = [&](size_t at) -> const String& { return iSections->View(static_cast<int>(at)); };
+    const auto count = static_cast<size_t>(iSections->GetCount());
+    for (size_t at : StableOrder(count, [&](size_t a, size_t b) { return IsBehind(name(b), name(a)); })) {
+      NoteSection(sections, name(at));
+    }
     const bool isInstant = iOptions.Has(sioInstantWrite);
     SetOption(sioInstantWrite, false);
     WriteStamp(*this, sections, MakeStamp());

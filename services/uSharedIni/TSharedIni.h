@@ -5,7 +5,9 @@
 #include <functional>
 #include <memory>
 #include <set>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "objects/uVxClasses/TVxStringList.h"
 #include "objects/uVxGenerics/GSortList.h"
@@ -199,9 +201,9 @@ class TSharedIni : public TCustomIniFile {
   bool IsToBeMade() const;
   bool StoreMerged();
   bool StoreWhole();
-  bool Replay(TSharedIni& Other, TVxStringList& Changed) const;
+  bool Replay(TSharedIni& Other, std::vector<String>& Changed) const;
   TStamp MakeStamp() const;
-  void WriteStamp(TSharedIni& Target, const TVxStringList& Sections, const TStamp& Stamp);
+  void WriteStamp(TSharedIni& Target, std::span<const String> Sections, const TStamp& Stamp);
   void SetOption(TSharedIniOption Option, bool Value) noexcept {
     Value ? iOptions.Include(Option) : iOptions.Exclude(Option);
   }

@@ -151,6 +151,9 @@ TEST_F(SharedIni, StepsOfTwo) {
       {memorize, x, "a>S.x=d a[ a[ a] a+T.w=5 a+T.w=6 a>s.X=e a>T.w=e a>U.n=1 a>U.n=2 a] a>S.x=e", "1,d,5,1,1,1,", x},
       {write, x, "a>S.x=d a[ a+T.w=5 a>s.X=e a>T.w=e a>U.n=1 a>U.n=2 a]", "1,e,e,1,2,", x},
       {stamp, "[A]\n[B]\nb=1\n[C]\nc=1\n", "a+A.a=2 a+B.b=1 a!C a-D.x a.", "1,", "[A]\na=2\n" + kUser + "[B]\nb=1\n\n"},
+      {stamp, "[A]\n[E]\ne=1\n[B]\nb=1\n[C]\nc=1\n[D]\nd=1\n[G]\ng=1\n",
+       "b+G.h=2 b. a+a.a=2 a+A.b=1 a-B.b a!c a!E a+e.q=1 a!D a!G a.", "1,1,",
+       "[A]\nb=1\na=2\n" + kUser + "[E]\nq=1\n" + kUser + "[B]\n" + kUser + "[G]\nh=2\n" + kUser},
       {both, x + "[T]\n", "a/ a+N.n=1 a.", "1,", x + kUser + "[T]\n" + kUser + "[N]\nn=1\n" + kUser}};
   for (const auto& [options, start, steps, told, end] : cases) {
     TSharedIni a(Put("f", start), options), b(Dir.Path("f"));
