@@ -1,5 +1,4 @@
 #include "core/uVxFunctionsSerialize.h"
-
 #include "objects/uVxClasses.h"
 #include "tests/support/Test.h"
 
@@ -63,20 +62,15 @@ bool RunTrim(TStrings& List, int Flags) {
 }
 
 TEST(TrimStrings, RemovesWhatTheFlagsSay) {
+  // Where blanks in front go and those inside, one of the blanks behind the last line goes too.
   const TCases<String, int, String> cases = {
-      {u" | a || b |", 0, u" | a || b |"},
-      {u" | a || b |", tLeft, u"|a ||b |"},
-      {u" | a || b |", tRight, u"| a|| b|"},
-      {u" | a || b |", rLeading, u" a || b |"},
-      {u" | a || b | |", rTrailing, u" | a || b "},
-      {u" | a || b |", rInner, u" | a | b |"},
-      {u" | a || b ||", rAll + tLeft + tRight, u"a|b"},
-      {u"a|||b||c", rAll, u"a|b|c"},
-      {u"||", rInner, u"||"},
-      {u"||", rLeading, u""},
-      {u"||", rTrailing, u""},
-      {u"||a||||", rLeading + rInner, u"a|||"},  // one of the blanks behind the last line goes too
-      {u"", rAll, u""}};
+      {u" | a || b |", 0, u" | a || b |"},          {u" | a || b ||", rAll + tLeft + tRight, u"a|b"},
+      {u" | a || b |", tLeft, u"|a ||b |"},         {u"a|||b||c", rAll, u"a|b|c"},
+      {u" | a || b |", tRight, u"| a|| b|"},        {u"||", rInner, u"||"},
+      {u" | a || b |", rLeading, u" a || b |"},     {u"||", rLeading, u""},
+      {u" | a || b | |", rTrailing, u" | a || b "}, {u"||", rTrailing, u""},
+      {u" | a || b |", rInner, u" | a | b |"},      {u"", rAll, u""},
+      {u"||a||||", rLeading + rInner, u"a|||"}};
   for (const auto& [lines, flags, left] : cases) {
     TLines list(lines);
     const bool isLeft = RunTrim(list, flags);
@@ -106,18 +100,18 @@ TEST(WordWrap, BreaksCellsAtSpaces) {
 }
 
 TEST(WordWrap, CountsVisibleUnitsOfTinyCells) {
-  const TCases<String, int, String> cases = {
-      {u"<b>abc</b>", 3, u"<b>abc</b>"},
-      {u"<b>abc</b>  ", 5, u"<b>abc</b>"},
-      {u"<b>Max</b> <i>Meier</i>", 8, u"<b>Max</b>|<i>Meier</i>"},
-      {u"<b>Max</b> <i>Meier</i>", 5, u"<b>Ma|x</b>|<i>Meier</i>"},  // the fifth is in </b>, and no space before it
-      {u"ab <b x>cd ef</b>", 5, u"ab|<b x>cd ef</b>"},
-      {u"ab cd<b x>ef gh</b>", 8, u"ab cd|<b x>ef gh</b>"},
-      {u"ab cd<b x=1 y>e", 5, u"ab|cd<b x=1 y>e"},
-      {u"abcdefgh<b>", 3, u"abc|def|gh<b>"},
-      {u"a<bcd ef", 4, u"a<bc|d ef"},  // never closed: visible, and nothing pairs up
-      {u"a>b cd ef", 4, u"a|>b c|d ef"},
-      {u"<b>abcdefgh</b>", 3, u"<b>|abc|def|gh</b>"}};
+  // A mark is nowhere cut; one that is never closed is visible, and nothing pairs up then.
+  const TCases<String, int, String> cases = {{u"<b>abc</b>", 3, u"<b>abc</b>"},
+                                             {u"<b>abc</b>  ", 5, u"<b>abc</b>"},
+                                             {u"<b>Max</b> <i>Meier</i>", 8, u"<b>Max</b>|<i>Meier</i>"},
+                                             {u"<b>Max</b> <i>Meier</i>", 5, u"<b>Ma|x</b>|<i>Meier</i>"},
+                                             {u"ab <b x>cd ef</b>", 5, u"ab|<b x>cd ef</b>"},
+                                             {u"ab cd<b x>ef gh</b>", 8, u"ab cd|<b x>ef gh</b>"},
+                                             {u"ab cd<b x=1 y>e", 5, u"ab|cd<b x=1 y>e"},
+                                             {u"abcdefgh<b>", 3, u"abc|def|gh<b>"},
+                                             {u"a<bcd ef", 4, u"a<bc|d ef"},
+                                             {u"a>b cd ef", 4, u"a|>b c|d ef"},
+                                             {u"<b>abcdefgh</b>", 3, u"<b>|abc|def|gh</b>"}};
   for (const auto& [cell, width, wrapped] : cases) {
     const String cells = WordWrapTINYCommatext(ToCommatext(TCells{cell}), width);
     EXPECT_EQ(WriteLighttext(ReadCommatext(cells)), wrapped) << cell;
@@ -125,6 +119,7 @@ TEST(WordWrap, CountsVisibleUnitsOfTinyCells) {
 }
 
 TEST(WordWrap, BreaksLinesBehindWhatIsNoWord) {
+  // Umlauts belong to words, é to none.
   const TCases<String, int, int, bool, String> cases = {
       {u"", 5, 0, false, u""},
       {u"abcdef", 0, 0, false, u"abcdef"},
@@ -134,7 +129,7 @@ TEST(WordWrap, BreaksLinesBehindWhatIsNoWord) {
       {u"1.000,50 Euro", 7, 0, true, u"1.000,5|0 Euro"},
       {u"ab 1.000,50", 8, 0, true, u"ab |1.000,50"},
       {u"Äßü-öä", 4, 0, true, u"Äßü-|öä"},
-      {u"abé123", 5, 0, true, u"abé|123"},  // é belongs to no word
+      {u"abé123", 5, 0, true, u"abé|123"},
       {u"aa bb cc", 4, 2, true, u"aa |  bb|   |  cc"},
       {u"abcdefgh", 4, 2, true, u"abcd|  ef|  gh"},
       {u"abcdef", 3, 9, true, u"abc|  d|  e|  f"}};

@@ -58,28 +58,28 @@ TYPED_TEST_SUITE(AnyObjectList, TLists);
 
 TYPED_TEST(AnyObjectList, TellsAndFreesAsItOwns) {
   using TList = TTold<TypeParam>;
-  struct {
-    std::function<void(TList&)> Run;
-    std::string Ids, Told, Freed;
-  } cases[] = {{[](auto& l) { l.Delete(0); }, "23", "-1", "-1~1"},
-               {[](auto& l) { l.SetCount(1); }, "1", "-3-2", "-3~3-2~2"},
-               {[](auto& l) { EXPECT_EQ(l.Remove(l.At(1)), 1); }, "13", "-2", "-2~2"},
-               {[](auto& l) { l.Exchange(0, 2); }, "321", "", ""},
-               {[](auto& l) { l.Move(0, 2), l.Move(7, 7); }, "231", "", ""},
-               {[](auto& l) { l.Clear(); }, "", "-3-2-1c", "-3~3-2~2-1~1c"},
-               {[](auto& l) { l.SetItem(2, l.At(2)); }, "123", "-3+3", "-3+3"},
-               {[](auto& l) { l.Assign(l), l.Assign(TVxObjectList()); }, "", "-3-2-1c", "-3~3-2~2-1~1c"},
-               {[this](auto& l) { EXPECT_EQ(l.Add(this->Make(l, 9)), 3); }, "1239", "+9", "+9"},
-               {[this](auto& l) { l.Insert(3, this->Make(l, 9)); }, "1239", "+9", "+9"},
-               {[this](auto& l) { l.SetItem(2, this->Make(l, 9)); }, "129", "-3+9", "-3~3+9"},
-               {[](auto& l) { l.SetCount(5), l.Delete(4), l.SetItem(3, nullptr), l.SetCount(3); }, "123", "", ""},
-               {[](auto& l) { l.Sort([](TObject* a, TObject* b) { return IdOf(b) - IdOf(a); }); }, "321", "", ""},
-               {[this](auto& l) { this->Take(l, l.Extract(l.At(1))); }, "13", "x2", "x2"}};
-  for (size_t i = 0; i < std::size(cases) * 2; ++i) {
-    TList list(i % 2 == 1);
-    this->Fill(list, 3);
-    cases[i / 2].Run(list);
-    EXPECT_EQ(IdsOf(list) + Log, cases[i / 2].Ids + (i % 2 ? cases[i / 2].Freed : cases[i / 2].Told)) << i / 2;
+  const TCases<std::function<void(TList&)>, std::string, std::string, std::string> cases = {
+      {[](auto& l) { l.Delete(0); }, "23", "-1", "-1~1"},
+      {[](auto& l) { l.SetCount(1); }, "1", "-3-2", "-3~3-2~2"},
+      {[](auto& l) { EXPECT_EQ(l.Remove(l.At(1)), 1); }, "13", "-2", "-2~2"},
+      {[](auto& l) { l.Exchange(0, 2); }, "321", "", ""},
+      {[](auto& l) { l.Move(0, 2), l.Move(7, 7); }, "231", "", ""},
+      {[](auto& l) { l.Clear(); }, "", "-3-2-1c", "-3~3-2~2-1~1c"},
+      {[](auto& l) { l.SetItem(2, l.At(2)); }, "123", "-3+3", "-3+3"},
+      {[](auto& l) { l.Assign(l), l.Assign(TVxObjectList()); }, "", "-3-2-1c", "-3~3-2~2-1~1c"},
+      {[this](auto& l) { EXPECT_EQ(l.Add(this->Make(l, 9)), 3); }, "1239", "+9", "+9"},
+      {[this](auto& l) { l.Insert(3, this->Make(l, 9)); }, "1239", "+9", "+9"},
+      {[this](auto& l) { l.SetItem(2, this->Make(l, 9)); }, "129", "-3+9", "-3~3+9"},
+      {[](auto& l) { l.SetCount(5), l.Delete(4), l.SetItem(3, nullptr), l.SetCount(3); }, "123", "", ""},
+      {[](auto& l) { l.Sort([](TObject* a, TObject* b) { return IdOf(b) - IdOf(a); }); }, "321", "", ""},
+      {[this](auto& l) { this->Take(l, l.Extract(l.At(1))); }, "13", "x2", "x2"}};
+  for (int i = 0; const auto& [run, ids, told, freed] : cases) {
+    for (bool owns : {false, true}) {
+      TList list(owns);
+      this->Fill(list, 3), run(list);
+      EXPECT_EQ(std::pair(IdsOf(list), Log), std::pair(ids, owns ? freed : told)) << i;
+    }
+    ++i;
   }
   EXPECT_TRUE(this->Dialogs.Shown.empty());
 }
@@ -110,8 +110,8 @@ TYPED_TEST(AnyObjectList, RefusesWithAWarningAndStaysAsItWas) {
       const String place = u"\r\n\r\nObjekt: TVxObjects\r\nGroesse: 2\r\nFunktion: " + c.Name + u"\r\nIndex: ";
       const String fault = bad < 0 ? u"unterschreitet das Minimum!" : u"überschreitet das Maximum!";
       EXPECT_EQ(this->Dialogs.Shown.back().Text, c.Text + fault + place + IntToStr(bad));
-      EXPECT_TRUE(this->Dialogs.Shown.back().Kind == mtWarning && list.GetCapacity() == 4);
-      EXPECT_EQ(IdsOf(list) + Log, "12");
+      EXPECT_EQ(this->Dialogs.Shown.back().Kind, mtWarning);
+      EXPECT_EQ((TFacts{IdsOf(list) + Log, list.GetCapacity()}), "12 4");
     }
   }
 }
@@ -143,7 +143,8 @@ TYPED_TEST(AnyObjectList, MakesItsLike) {
   DoCountObjects = true;
   const TypeParam list;
   auto like = list.GetNewInstance(false);
-  EXPECT_TRUE(like->ClassName() == list.ClassName() && !like->GetOwnsObjects() && list.GetOwnsObjects());
+  EXPECT_EQ(like->ClassName(), list.ClassName());
+  EXPECT_EQ((TFacts{like->GetOwnsObjects(), list.GetOwnsObjects()}), "no yes");
   EXPECT_EQ(VxObjectCounter().at(list.ClassName()), 2);
   like = nullptr, DoCountObjects = false;
   EXPECT_EQ(VxObjectCounter().at(list.ClassName()), 1);
@@ -162,8 +163,9 @@ TEST(ObjectList, FindsByClass) {
   TVxObjectList list;
   for (TObject* item : std::vector<TObject*>{nullptr, new TObjectList, new TVxDataIdHelper, new TNote}) list.Add(item);
   const TVxClass& helper = TVxDataIdHelper::Class();
-  EXPECT_TRUE(list.FindInstanceOf(helper) == 2 && list.FindInstanceOf(helper, false, 3) == 3);
-  EXPECT_EQ(list.FindInstanceOf(TNote::Class(), true, -7), 3);
+  EXPECT_EQ((TFacts{list.FindInstanceOf(helper), list.FindInstanceOf(helper, false, 3),
+                    list.FindInstanceOf(TNote::Class(), true, -7)}),
+            "2 3 3");
   for (bool exact : {false, true}) EXPECT_EQ(list.FindInstanceOf(TVxObject::Class(), exact), exact ? -1 : 2);
 }
 
@@ -187,15 +189,14 @@ TEST(ObjectLists, TreatEqualObjectsByTheirKind) {
   unsorted.AddAll("31", "01"), Log.clear();
   EXPECT_EQ(unsorted.Add(&one), 1);
   unsorted.Insert(0, &one);
-  EXPECT_TRUE(IdsOf(unsorted) == "31" && Log.empty()) << "refused, and still the caller's";
+  EXPECT_EQ((TFacts{IdsOf(unsorted), Log}), "31 ") << "refused, and still the caller's";
   unique.AddAll("53717", "00203");
   EXPECT_EQ(Log, "+5+3+7+1~7");
   EXPECT_EQ((unique.Add(unique.At(2)), IdsOf(unique)), "1357") << "an object is not refused for its own sake";
   all.AddAll("2212321", "0103441"), Log.clear();
-  EXPECT_TRUE(all.Remove(all.At(4)) == 2 && all.Remove(&one) == 0);
-  EXPECT_EQ(Log, "-2~2-2~2-2~2-2~2-1~1-1~1");
+  EXPECT_EQ((TFacts{all.Remove(all.At(4)), all.Remove(&one), Log}), "2 0 -2~2-2~2-2~2-2~2-1~1-1~1");
   TScriptedDialogs dialogs;
-  EXPECT_TRUE(all.Remove(&two) == -1 && dialogs.Shown.size() == 1);
+  EXPECT_EQ((TFacts{all.Remove(&two), dialogs.Shown.size()}), "-1 1");
   EXPECT_TRUE(dialogs.Shown.at(0).Text.view().ends_with(u"Groesse: 1\r\nFunktion: GetItems\r\nIndex: -1"));
 }
 
@@ -203,35 +204,33 @@ TEST(DataIdList, FindsByIdAndCopiesWhatItOwns) {
   TScriptedDialogs dialogs;
   TObject stranger;
   TVxDataIdList list, copies, shared(false);
-  EXPECT_TRUE(list.MaxId() == 0 && !list.GetItem(5) && TVxDataIdListCount == 3);
+  EXPECT_EQ((TFacts{list.MaxId(), !list.GetItem(5), int{TVxDataIdListCount}}), "0 yes 3");
   for (int id : {INT32_MAX, 0, INT32_MIN, 7}) list.Add(new TNote(id));
-  struct {
-    int Id, Place, Index;
-  } cases[] = {{INT32_MIN, 0, 0}, {-1, 1, -1}, {0, 1, 1}, {7, 2, 2}, {8, 3, -1}};
-  for (const auto& c : cases) {
-    int index = 9;
-    EXPECT_TRUE(list.Find(c.Id, index) == (c.Index >= 0) && index == c.Index) << c.Id;
-    EXPECT_EQ(list.IndexSortId(c.Id), c.Place) << c.Id;
-    EXPECT_EQ(list.GetItem(c.Id), c.Index < 0 ? nullptr : list.GetItems(c.Index));
+  const TCases<int, int, int> cases = {{INT32_MIN, 0, 0}, {-1, 1, -1}, {0, 1, 1}, {7, 2, 2}, {8, 3, -1}};
+  for (const auto& [id, place, index] : cases) {
+    int found = 9;
+    EXPECT_EQ(list.Find(id, found), index >= 0) << id;
+    EXPECT_EQ(std::pair(found, list.IndexSortId(id)), std::pair(index, place)) << id;
+    EXPECT_EQ(list.GetItem(id), index < 0 ? nullptr : list.GetItems(index));
     TVxDataIdList::FreeProbe();
   }
   // So many look-ups go by copied ids, but not past an id that has changed or an object that has come.
   TVxDataIdList many;
   for (int id = 0; id < 200; ++id) many.Add(new TNote(2 * id));
   auto finds = [&](int Id, int Index) {
-    for (int i = 0; i < 99; ++i)
-      if (many.IndexOf(Id) != Index) return false;
-    return true;
+    for (int i = 0; i < 99; ++i) EXPECT_EQ(many.IndexOf(Id), Index) << Id;
   };
-  EXPECT_TRUE(finds(250, 125) && finds(251, -1));
+  finds(250, 125), finds(251, -1);
   many.GetItems(199)->SetId(399);
-  EXPECT_TRUE(many.IndexOf(399) == 199 && many.IndexOf(398) == -1);
-  many.Add(new TNote(7));
-  EXPECT_TRUE(finds(250, 126) && finds(399, 200) && !many.GetItem(1000));
+  EXPECT_EQ((TFacts{many.IndexOf(399), many.IndexOf(398)}), "199 -1");
+  many.Add(new TNote(7)), finds(250, 126), finds(399, 200);
+  EXPECT_EQ(many.GetItem(1000), nullptr);
   shared.Assign(list), copies.Assign(list);
-  EXPECT_TRUE(shared.GetItems(2) == list.GetItems(2) && copies.GetItems(2) != list.GetItems(2) && copies.IsIn(7));
+  EXPECT_EQ(shared.GetItems(2), list.GetItems(2));
+  EXPECT_NE(copies.GetItems(2), list.GetItems(2));
+  EXPECT_TRUE(copies.IsIn(7));
   EXPECT_THROW(list.Add(&stranger), EInvalidCast);
-  EXPECT_TRUE(list.GetCount() == 4 && list.MaxId() == INT32_MAX && dialogs.Shown.empty());
+  EXPECT_EQ((TFacts{list.GetCount(), list.MaxId(), dialogs.Shown.size()}), "4 2147483647 0");
 }
 
 // Whatever is done at whatever place, the slots hold what an array would.
@@ -263,11 +262,12 @@ TEST(ObjectLists, AddManyInAnyOrderAsOneByOne) {
   auto key = [&](int i) { return std::pair(IdOf(sorted.At(i)), sorted.At(i)); };  // equal ones: as their addresses
   for (int i = 1; i < 20000; ++i) ASSERT_LT(key(i - 1), key(i));
   sorted.Compared = 0, notes[0].SetId(999);
-  EXPECT_TRUE(sorted.Add(notes.data()) == 20000 && sorted.Compared == 1) << "one comparison at the end";
+  EXPECT_EQ((TFacts{sorted.Add(notes.data()), sorted.Compared}), "20000 1") << "one comparison at the end";
   plain.ItemsAdd(source);
   EXPECT_EQ(source.ItemsXOR(plain)->GetCount(), 0);
   source.ItemsAdd(source), source.ItemsSubtract(plain);
-  EXPECT_TRUE(source.GetCount() == 20000 && source.Last() == plain.Last()) << "one for one";
+  EXPECT_EQ(source.GetCount(), 20000) << "one for one";
+  EXPECT_EQ(source.Last(), plain.Last());
 }
 
 template <typename TList>
@@ -299,7 +299,8 @@ TEST(ObjectLists, BulkGivesWhatOneByOneGives) {
     ASSERT_EQ(copies.GetCount(), ids.GetCount());
     for (int i = 0; i < ids.GetCount(); ++i) {
       const TVxDataId *copy = copies.GetItems(i), *note = ids.GetItems(i);
-      ASSERT_TRUE(note ? copy && copy != note && copy->GetId() == note->GetId() : !copy);
+      ASSERT_EQ(std::pair(!copy, IdOf(copy)), std::pair(!note, IdOf(note))) << i;
+      ASSERT_TRUE(!note == (copy == note)) << i;
     }
   }
 }

@@ -26,56 +26,48 @@ struct TNote : TObject {
 };
 
 TEST(StringIndex, ComparesAndFoldsKeys) {
-  struct {
-    const char16_t *A, *B;
-    int Result;
-  } compared[] = {
+  const TCases<String, String, int> compared = {
       {u"a", u"a", 0},   {u"abc", u"abd", -3}, {u"b", u"abc", 3}, {u"B", u"a", -3}, {u"abcdefghi", u"abcdefgh", 2},
       {u"a", u"ab", -2}, {u"a", u"", 1},       {u"", u"a", -1},   {u"", u"", 0},    {u"abcdeXgh", u"abcdeYgh", -3}};
-  for (const auto& c : compared) EXPECT_EQ(VxCompareText(c.A, c.B, true), c.Result) << String(c.A).ToUtf8();
-  EXPECT_TRUE(VxCompareText(u"MÜLLER", u"müller", false) == 0 && VxCompareText(u"B", u"a", false) > 0);
-  struct {
-    const char16_t* Text;
-    int Length;
-    const char16_t* Result;
-  } folded[] = {{u"Müller", 0, u"Müller"}, {u"Müller", -1, u"Müller"}, {u"ab", 5, u"ab   "},
-                {u"Müller", 3, u"Muel\""}, {u"Ärger", 5, u"Aerger!"},  {u"ÄRGER", 5, u"AERGER!"},
-                {u"Ä", 1, u"Ae!"},         {u"Ä", 2, u"Ae !"},         {u"ÖÜß", 3, u"OeUess!#%"},
-                {u"äÄ", 2, u"aeAE!#"},     {u"x-Ö-", 4, u"x-OE-#"},    {u"ab", 1, u"a"}};
+  for (const auto& [a, b, result] : compared) EXPECT_EQ(VxCompareText(a, b, true), result) << a;
+  EXPECT_EQ(VxCompareText(u"MÜLLER", u"müller", false), 0);
+  EXPECT_GT(VxCompareText(u"B", u"a", false), 0);
+  const TCases<String, int, String> folded = {
+      {u"Müller", 0, u"Müller"}, {u"Müller", -1, u"Müller"}, {u"ab", 5, u"ab   "},    {u"Müller", 3, u"Muel\""},
+      {u"Ärger", 5, u"Aerger!"}, {u"ÄRGER", 5, u"AERGER!"},  {u"Ä", 1, u"Ae!"},       {u"Ä", 2, u"Ae !"},
+      {u"ÖÜß", 3, u"OeUess!#%"}, {u"äÄ", 2, u"aeAE!#"},      {u"x-Ö-", 4, u"x-OE-#"}, {u"ab", 1, u"a"}};
   TVxStringIndex wide;
-  for (const auto& c : folded) EXPECT_EQ((wide.SetFixedLength(c.Length), wide.ModifyString(c.Text)), c.Result);
+  for (const auto& [text, length, result] : folded)
+    EXPECT_EQ((wide.SetFixedLength(length), wide.ModifyString(text)), result);
   wide.SetFixedLength(196);
   EXPECT_EQ(wide.ModifyString(String(195, u'x') + u"ä"), String(195, u'x') + u"aeae\u00E6") << "a marker is folded too";
   wide.SetFixedLength(7), wide.SetCommatext(u"Mueller,Müller,Muffe,Müller");
   EXPECT_EQ(wide.Implode(u"/"), u"Mueller/Mueller \"/Muffe  ");
-  EXPECT_TRUE(wide.IndexOf(u"Müller") == 1 && wide.SortedIndexOf(u"Muffe") == 2 && wide.GetDuplicateCount() == 1);
-  EXPECT_TRUE(wide.Delete(u"Müller") == 1 && wide.Extract(u"nobody") == nullptr && wide.GetCount() == 2);
+  EXPECT_EQ((TFacts{wide.IndexOf(u"Müller"), wide.SortedIndexOf(u"Muffe"), wide.GetDuplicateCount()}), "1 2 1");
+  EXPECT_EQ((TFacts{wide.Delete(u"Müller"), !wide.Extract(u"nobody"), wide.GetCount()}), "1 yes 2");
 }
 
 TEST(StringIndex, RemembersTheLastSearch) {
   TVxStringIndex index;
   TNote a, c;
   int place = 9;
-  EXPECT_TRUE(!index.Find(u"a", place) && place == 0 && index.GetLastIndex() == 0);
-  EXPECT_TRUE(index.Add(u"c", &c) == 0 && index.Add(u"a", &a) == 0 && index.Add(u"e") == 2);
-  struct {
-    const char16_t* Key;
-    bool Found;
-    int Place;
-  } cases[] = {{u"c", true, 1}, {u"c", true, 1},  {u"d", false, 2}, {u"", false, 0},
-               {u"a", true, 0}, {u"z", false, 3}, {u"e", true, 2}};
+  EXPECT_EQ((TFacts{index.Find(u"a", place), place, index.GetLastIndex()}), "no 0 0");
+  EXPECT_EQ((TFacts{index.Add(u"c", &c), index.Add(u"a", &a), index.Add(u"e")}), "0 0 2");
+  const TCases<String, bool, int> cases = {{u"c", true, 1}, {u"c", true, 1},  {u"d", false, 2}, {u"", false, 0},
+                                           {u"a", true, 0}, {u"z", false, 3}, {u"e", true, 2}};
   for (const auto& [key, found, expected] : cases)
-    EXPECT_TRUE(index.Find(key, place) == found && place == expected && index.GetLastIndex() == place &&
-                index.IndexSort(key) == place)
-        << String(key).ToUtf8();
-  EXPECT_TRUE(index.IndexOf(&c) == 1 && index.GetLastIndex() == 1);
-  EXPECT_TRUE(index.IndexOf(&index) == -1 && index.GetLastIndex() == -1);
+    EXPECT_EQ((std::tuple{index.Find(key, place), place, index.GetLastIndex(), index.IndexSort(key)}),
+              (std::tuple{found, expected, expected, expected}))
+        << key;
+  EXPECT_EQ((TFacts{index.IndexOf(&c), index.GetLastIndex()}), "1 1");
+  EXPECT_EQ((TFacts{index.IndexOf(&index), index.GetLastIndex()}), "-1 -1");
   index.Find(u"e", place), index.Delete(u"c");
-  EXPECT_TRUE(index.Find(u"e", place) && place == 1 && index.Delete(&a) == 0 && index.Delete(&a) == -1);
+  EXPECT_EQ((TFacts{index.Find(u"e", place), place, index.Delete(&a), index.Delete(&a)}), "yes 1 0 -1");
   EXPECT_EQ((index.Clear(), index.GetLastIndex()), -1);
   TVxStringList unsorted;
   unsorted.SetCommatext(u"c,a,b,a"), index.Assign(unsorted);
-  EXPECT_TRUE(index.GetCommatext() == u"c,a,b,a" && !index.IsIn(u"a")) << "as it stands: at or before the first key";
+  EXPECT_EQ((TFacts{index.GetCommatext(), index.IsIn(u"a")}), "c,a,b,a no")
+      << "as it stands: at or before the first key";
   EXPECT_THROW(index.GetItems(4), EStringListError);
   EXPECT_THROW(index.Delete(-1), EStringListError);
 }
@@ -96,8 +88,11 @@ TEST(StringIndex, DoesWhatAMapDoes) {
       bool exists = map.count(low) > 0;
       int place;
       EXPECT_EQ(index.Find(key, place), exists);
-      EXPECT_TRUE(step % 50 > 0 || place == std::distance(map.begin(), map.lower_bound(low)));
-      EXPECT_TRUE(!exists || (index.GetItems(place) == map[low].first && index.GetObjects(place) == map[low].second));
+      EXPECT_EQ(place, step % 50 > 0 ? place : std::distance(map.begin(), map.lower_bound(low)));
+      if (exists) {
+        EXPECT_EQ(index.GetItems(place), map[low].first);
+        EXPECT_EQ(index.GetObjects(place), map[low].second);
+      }
       if (random() % 4 > 0) {
         duplicates += exists;
         EXPECT_EQ(index.Add(key, map.try_emplace(low, key, nullptr).first->second.second = any[random() % 3]), place);
@@ -114,7 +109,8 @@ TEST(StringIndex, DoesWhatAMapDoes) {
         ASSERT_EQ(csl.GetObject(static_cast<int>(at++)), entry.second) << step;
       }
     }
-    ASSERT_TRUE(index.GetCount() == static_cast<int>(map.size()) && index.GetDuplicateCount() == duplicates);
+    ASSERT_EQ(index.GetCount(), static_cast<int>(map.size()));
+    ASSERT_EQ(index.GetDuplicateCount(), duplicates);
     for (int at = 0; const auto& [low, entry] : map) EXPECT_EQ(csl.Get(at++), entry.first);
   }
 }
@@ -125,15 +121,15 @@ TEST(StringIndex, GivesAListThatStaysItsOwn) {
   for (int i = 5000; i > 0; --i) index.Add(u"k" + IntToStr(10000 + i));  // in front of many
   index.Add(u"a");
   EXPECT_EQ(csl.GetCount(), 5001);
-  const auto has = [&](const char16_t* key, int place) {
-    EXPECT_EQ(index.IndexOf(key), place) << String(key).ToUtf8();
-    EXPECT_EQ(csl.IndexOf(key), place) << String(key).ToUtf8();
+  const auto has = [&](const String& key, int place) {
+    EXPECT_EQ((std::pair{index.IndexOf(key), csl.IndexOf(key)}), std::pair(place, place)) << key;
   };
   csl.Delete(2), has(u"a", 0), has(u"k10001", 1), has(u"k10002", -1), has(u"k15000", 4999);
   index.Add(u"b"), csl.Put(1, u"aa"), has(u"aa", 1), has(u"b", -1), csl.Insert(1, u"a2"), has(u"a2", 1);
   TVxStringList copy;
   copy.Assign(csl);
-  EXPECT_TRUE(copy.EqualsAll(csl) && csl.EqualsAll(copy));
+  EXPECT_TRUE(copy.EqualsAll(csl));
+  EXPECT_TRUE(csl.EqualsAll(copy));
   EXPECT_THROW(csl.Get(5002), EStringListError);
   EXPECT_THROW(csl.Delete(-1), EStringListError);
   csl.Clear(), csl.Add(u"x"), has(u"x", 0);
@@ -180,7 +176,8 @@ TEST(StringIndex, TakesManyAsOneByOne) {
       for (int i = 0; i < lists[0].GetCount(); ++i) single.Add(lists[0].Get(i), lists[0].GetObject(i));
       bulk.AddStrings(lists[1]);
     }
-    EXPECT_TRUE(bulk.GetCsl().Equals(single.GetCsl()) && bulk.GetDuplicateCount() == single.GetDuplicateCount());
+    EXPECT_TRUE(bulk.GetCsl().Equals(single.GetCsl())) << seed;
+    EXPECT_EQ(bulk.GetDuplicateCount(), single.GetDuplicateCount());
     for (int i = 0; i < single.GetCount(); ++i) living += single.GetObjects(i) && bulk.GetObjects(i) ? 2 : 0;
     bulk.AddStrings(bulk);
     EXPECT_EQ(bulk.GetDuplicateCount(), single.GetDuplicateCount() + single.GetCount());
@@ -191,42 +188,47 @@ TEST(StringIndex, TakesManyAsOneByOne) {
 TEST(StringIndex, FreesWhatItOwns) {
   TVxStringIndex index(kOwns), taker(kOwns);
   String key;
-  auto alive = [](TObject* note) { return TNote::Living.count(note) > 0; };
   TNote* notes[] = {new TNote, new TNote, new TNote, new TNote, new TNote, new TNote};
+  auto living = [&] {
+    std::string numbers;
+    for (int i = 0; i < 6; ++i) numbers += TNote::Living.count(notes[i]) > 0 ? std::to_string(i) : "";
+    return numbers;
+  };
   for (int i : {0, 1, 2, 3, 0}) index.Add(String(1, u"abcd"[i]), notes[i]);
-  EXPECT_TRUE(alive(notes[0]) && index.GetDuplicateCount() == 1);
-  EXPECT_TRUE(index.Add(u"a", notes[4]) == 0 && !alive(notes[0]) && index.GetDuplicateCount() == 2);
+  EXPECT_EQ((TFacts{living(), index.GetDuplicateCount()}), "012345 1");
+  EXPECT_EQ((TFacts{index.Add(u"a", notes[4]), living(), index.GetDuplicateCount()}), "0 12345 2");
   index.Delete(1);
-  EXPECT_TRUE(!alive(notes[1]) && index.Extract(1, key) == notes[2] && key == u"c" && alive(notes[2]));
+  EXPECT_EQ((TFacts{index.Extract(1, key) == notes[2], key, living()}), "yes c 2345");
   index.SetIntellitext(u"x|y");
-  EXPECT_TRUE(!alive(notes[3]) && !alive(notes[4]) && index.GetIntellitext() == u"x|y");
+  EXPECT_EQ((TFacts{living(), index.GetIntellitext()}), "25 x|y");
   index.Add(u"x", notes[2]), index.SetCommatext(u"x,a");
-  EXPECT_TRUE(!alive(notes[2]) && index.GetText() == u"a\r\nx\r\ny") << "no clearing, and no object for x";
+  EXPECT_EQ((TFacts{living(), index.GetText()}), "5 a\r\nx\r\ny") << "no clearing, and no object for x";
   index.Add(u"a", notes[5]), index.DeleteObjects();
-  EXPECT_TRUE(TNote::Living.empty() && index.GetCount() == 3 && index.GetObjects(0) == nullptr);
+  EXPECT_EQ((TFacts{TNote::Living.size(), index.GetCount(), !index.GetObjects(0)}), "0 3 yes");
   auto watch = [&] {
     for (const char16_t* each : {u"m", u"b", u"friend", u"z"}) index.Add(each, new TNote(&index));
   };
   watch(), index.Add(u"m", nullptr), index.DeleteObjects();
-  EXPECT_TRUE(TNote::Living.empty() && index.IsIn(u"late") && !index.IsIn(u"friend"));
+  EXPECT_EQ((TFacts{TNote::Living.size(), index.IsIn(u"late"), index.IsIn(u"friend")}), "0 yes no");
   watch(), index.Init();
-  EXPECT_TRUE(TNote::Living.empty() && index.GetCount() == 0 && index.GetOptions().IsEmpty());
+  EXPECT_EQ((TFacts{TNote::Living.size(), index.GetCount(), index.GetOptions().IsEmpty()}), "0 0 yes");
   for (int i = 6000; i > 3000; --i) taker.Add(IntToStr(i % 5000 + 1000), new TNote);
   taker.Clear();
   EXPECT_TRUE(TNote::Living.empty());
   TNote mine;
   taker.Add(u"own", &mine), index.Add(u"a", &mine), taker.Assign(index);
-  EXPECT_TRUE(alive(&mine) && taker.GetOptions().IsEmpty() && taker.IndexOf(&mine) == 0 && taker.IsIn(u"a"));
+  EXPECT_EQ(TNote::Living, std::set<TObject*>{&mine});
+  EXPECT_EQ((TFacts{taker.GetOptions().IsEmpty(), taker.IndexOf(&mine), taker.IsIn(u"a")}), "yes 0 yes");
 }
 
 TEST(StringIndex, GoesToFilesAsItStands) {
   test::TTempDir dir;
   TVxStringIndex index;
   index.SetCommatext(u"b,a");
-  EXPECT_TRUE(index.SaveToFile(dir.Path("k")) && test::GetText(dir.Path("k")) == "a\r\nb\r\n");
-  EXPECT_FALSE(index.LoadFromFile(dir.Path("none")) || index.LoadFromFile(dir.Path()));
+  EXPECT_EQ((TFacts{index.SaveToFile(dir.Path("k")), test::GetText(dir.Path("k"))}), "yes a\r\nb\r\n");
+  EXPECT_EQ((TFacts{index.LoadFromFile(dir.Path("none")), index.LoadFromFile(dir.Path())}), "no no");
   test::PutText(dir.Path("k"), "z\nb");
-  EXPECT_TRUE(index.LoadFromFile(dir.Path("k")) && index.GetCommatext() == u"z,b");
+  EXPECT_EQ((TFacts{index.LoadFromFile(dir.Path("k")), index.GetCommatext()}), "yes z,b");
 }
 
 TEST(StringTree, HasOneTextForm) {
@@ -236,12 +238,12 @@ TEST(StringTree, HasOneTextForm) {
   for (const char16_t* path : {u"a\\b\\\\c", u" x|y"}) tree.AddPath(path);
   read.SetSerialize(tree.GetSerialize());
   EXPECT_EQ(read.GetSerialize(), tree.GetSerialize());
-  EXPECT_TRUE(read.GetCommatext() == u"Bonn,a,x|y" && read.GetObjects(2) == nullptr);
+  EXPECT_EQ((TFacts{read.GetCommatext(), !read.GetObjects(2)}), "Bonn,a,x|y yes");
   auto* bonn = dynamic_cast<TVxStringTree*>(read.GetObjects(0));
-  EXPECT_TRUE(bonn->GetOptions().IsEmpty() && bonn->GetCommatext() == u"Beuel" && bonn->GetObjects(0) == nullptr);
+  EXPECT_EQ((TFacts{bonn->GetOptions().IsEmpty(), bonn->GetCommatext(), !bonn->GetObjects(0)}), "yes Beuel yes");
   merged.AddPath(u"BONN\\Poppelsdorf"), merged.AddTree(read), merged.AddTree(merged);
   auto* inner = dynamic_cast<TVxStringTree*>(merged.GetObjects(1));
-  EXPECT_TRUE(merged.GetCommatext() == u"a,BONN,x|y" && inner->GetCommatext() == u"Beuel,Poppelsdorf");
+  EXPECT_EQ((TFacts{merged.GetCommatext(), inner->GetCommatext()}), "a,BONN,x|y Beuel,Poppelsdorf");
   inner->AddTree(merged);  // holds it
   EXPECT_EQ(inner->GetCommatext(), u"a,Beuel,BONN,Poppelsdorf,x|y");
   read.OwnNodes();
@@ -257,7 +259,8 @@ TEST(StringTree, ReadsAnyTextAndAnyDepth) {
     tree.SetSerialize(text);
     const String written = tree.GetSerialize();
     again.SetSerialize(written);
-    EXPECT_TRUE(again.GetSerialize() == written || text.view().find(u'\0') != text.view().npos) << written.ToUtf8();
+    const bool hasZero = text.view().find(u'\0') < text.view().npos;
+    EXPECT_EQ(hasZero ? written : again.GetSerialize(), written);
     tree.OwnNodes(), again.OwnNodes();
   }
   for (int depth = 100000; depth > 0; --depth) path += u"n\\";
@@ -273,17 +276,16 @@ TEST(StringTree, WalksByPlacesOfItsFirstLevel) {
   TVxStringList names;
   std::unique_ptr<TVxStringTree> none;
   for (const char16_t* path : {u"a\\x\\deep", u"b\\p", u"b\\q\\r"}) tree.AddPath(path);
-  struct {
-    const char16_t* Path;
-    bool Exists;
-  } cases[] = {{u"a", true},     {u"a,x", true},    {u"b,q", true},   {u"b,x", false}, {u"a,x,deep", false},
-               {u"a,x,x", true}, {u"b,q,r", false}, {u"b,q,p", true}, {u"c,y", false}, {u"", false}};
+  const TCases<String, bool> cases = {{u"a", true},         {u"a,x", true},   {u"b,q", true},    {u"b,x", false},
+                                      {u"a,x,deep", false}, {u"a,x,x", true}, {u"b,q,r", false}, {u"b,q,p", true},
+                                      {u"c,y", false},      {u"", false}};
   for (const auto& [at, exists] : cases)
     EXPECT_EQ((names.SetCommatext(at), tree.CascadeExists(names)), exists) << String(at).ToUtf8();
   tree.Add(u"c", new TNote), names.SetCommatext(u"c,y");
   EXPECT_THROW(tree.CascadeExists(names), EInvalidCast);
   TVxStringTree* made[] = {TVxStringTree::ValidateNode(tree, u"c"), TVxStringTree::ValidateNode(none, u"new")};
-  EXPECT_TRUE(made[0] == tree.GetObjects(2) && TNote::Living.empty() && made[1] == none->GetObjects(0));
+  EXPECT_EQ((std::array<TObject*, 2>{made[0], made[1]}), (std::array{tree.GetObjects(2), none->GetObjects(0)}));
+  EXPECT_TRUE(TNote::Living.empty());
 }
 
 TEST(ArrayStrStr, KeepsValuesBesideTheirKeys) {
@@ -292,28 +294,27 @@ TEST(ArrayStrStr, KeepsValuesBesideTheirKeys) {
   for (auto [key, value] : {std::pair(u"b", u"1"), {u"b", u"2"}, {u"a", u"3"}}) map.Add(key, value, false);
   EXPECT_EQ(map.GetSerialize(), u"a|3|b|1");
   map.Add(u"b", u"2", true), map.SetItems(u"c", u"?");
-  EXPECT_TRUE(map.GetItems(u"b") == u"2" && map.GetItems(u"c") == u"" && map.IndexOfKey(u"B") == -1);
+  EXPECT_EQ((TFacts{map.GetItems(u"b"), map.IndexOfKey(u"B"), map.GetItems(u"c")}), "2 -1 ");
   auto copy = map.Duplicate();
-  EXPECT_TRUE(copy->EqualsAll(&map) && copy->ClassName() == u"TArrayStrStr");
+  EXPECT_EQ((TFacts{copy->EqualsAll(&map), copy->ClassName()}), "yes TArrayStrStr");
   map.Delete(u"a");
-  EXPECT_TRUE(map.GetKeys(0) == u"b" && map.GetValues(0) == u"2" && map.GetCount() == 1 && !copy->EqualsAll(&map));
+  EXPECT_EQ((TFacts{map.GetKeys(0), map.GetValues(0), map.GetCount(), copy->EqualsAll(&map)}), "b 2 1 no");
   for (int i = 200; i-- > 100;) many += u"k" + IntToStr(i) + u"|x|K" + IntToStr(i) + u"|" + IntToStr(i) + u"|";
   for (int i = 100; i < 200; ++i) expected += u"k" + IntToStr(i) + u"|" + IntToStr(i) + u"|";
   map.SetCaseSensitive(false), map.SetSerialize(many + u"odd");
   EXPECT_EQ(map.GetSerialize() + u"|", expected);
-  EXPECT_TRUE(map.IsKeyIn(u"K150") && map.IndexOfValue(u"150") == 50 && !map.IsValueIn(u"x"));
+  EXPECT_EQ((TFacts{map.IsKeyIn(u"K150"), map.IndexOfValue(u"150"), map.IsValueIn(u"x")}), "yes 50 no");
 }
 
 TEST(DateRange, SpeaksByCallPaths) {
   TvxDateRange range(42036, 42063);
-  struct {
-    const char16_t *Name, *Write, *Text;
-  } cases[] = {
+  const TCases<String, String, String> cases = {
       {u"", u"", u"01.02.2015 - 28.02.2015"},  {u"Begin", u"", u"01.02.2015"}, {u"Ende", u"", u"28.02.2015"},
       {u"Zeitraum", u"x", u"Februar 2015"},    {u"TvxDateRange", u"x", u""},   {u"nothing", u"x", u""},
       {u"Ende", u"02.02.2015", u"02.02.2015"}, {u"Begin", u"none", u""},       {u"", u"", u"30.12.1899 - 02.02.2015"}};
   for (const auto& [path, write, text] : cases)
-    EXPECT_EQ(*write && range.ValueOf(0, path, write, false) != u"" ? u"!" : range.ValueOf(0, path, u"", true), text);
+    EXPECT_EQ(!write.empty() && range.ValueOf(0, path, write, false) != u"" ? u"!" : range.ValueOf(0, path, u"", true),
+              text);
   EXPECT_EQ(TvxDateRange::Class().DataHeads(true).front().name, u"-1201");
 }
 
@@ -321,25 +322,22 @@ TEST(Pop, FailsOnceAndForAll) {
   TVxStringList data;
   data.SetCommatext(u"1,7,x,\u00FFTNext,2,3");
   TPop pop(&data, 0, 1, true);
-  EXPECT_TRUE(pop.PopBool() && pop.PopInt(0) == 7 && pop.Pop(true).empty() && pop.PopBoolDef(true, true) &&
-              pop.iSuccess);
-  EXPECT_TRUE(pop.PopInt(5) == 5 && !pop.iSuccess && pop.Increment(-2) == 0 && pop.Pop() == u"");
+  EXPECT_EQ((TFacts{pop.PopBool(), pop.PopInt(0), pop.Pop(true), pop.PopBoolDef(true, true), pop.iSuccess}),
+            "yes 7  yes yes");
+  EXPECT_EQ((TFacts{pop.PopInt(5), pop.iSuccess, pop.Increment(-2), pop.Pop()}), "5 no 0 ");
   TPop whole(&data, 2, -1, true);
-  EXPECT_TRUE(whole.PopInt(9) == 9 && whole.iSuccess && whole.iEndOfGroup == 5);
-  EXPECT_TRUE(whole.Increment(INT32_MAX) < 0 && whole.Pop() == u"");
-  struct {
-    const char16_t* Name;
-    bool Success, Result;
-    int First, Last;
-  } groups[] = {{u"", true, true, 0, 2},
-                {u"TNext", true, true, 4, 5},
-                {u"TNext", false, false, 4, 5},
-                {u"TNone", true, false, 0, -1}};
-  for (const auto& [name, success, result, first, last] : groups) {
+  EXPECT_EQ((TFacts{whole.PopInt(9), whole.iSuccess, whole.iEndOfGroup}), "9 yes 5");
+  EXPECT_EQ((TFacts{whole.Increment(INT32_MAX) < 0, whole.Pop()}), "yes ");
+  const TCases<String, bool, bool, int, int> groups = {{u"", true, true, 0, 2},
+                                                       {u"TNext", true, true, 4, 5},
+                                                       {u"TNext", false, false, 4, 5},
+                                                       {u"TNone", true, false, 0, -1}};
+  for (const auto& row : groups) {
+    const auto& [name, success, result, first, last] = row;
     TPop group(&data, name, success);
-    EXPECT_TRUE(group.iSuccess == result && group.iInd == first && group.iEndOfGroup == last);
+    EXPECT_EQ(std::tuple(name, success, group.iSuccess, group.iInd, group.iEndOfGroup), row);
   }
-  EXPECT_TRUE(!TPop(nullptr, u"", true).iSuccess && TPop(nullptr, 0, -1, true).Pop() == u"");
+  EXPECT_EQ((TFacts{TPop(nullptr, u"", true).iSuccess, TPop(nullptr, 0, -1, true).Pop()}), "no ");
 }
 
 }  // namespace

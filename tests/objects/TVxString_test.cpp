@@ -18,7 +18,7 @@ static_assert(!TWritable<int64_t> && !TWritable<unsigned> && !TWritable<const ch
 const TDateTime kDate = EncodeDate(2015, 2, 11), kTime = EncodeTime(6, 30, 15, 250);
 
 // What every reader makes of a text, as the text that its writer makes of that; "~" for the default.
-String ReadAll(const char16_t* Text) {
+String ReadAll(std::u16string_view Text) {
   const Currency amount = TVxString::ToCurr(Text, -7);
   const Extended number = TVxString::ToExt(Text, -7);
   const TDateTime date = TVxString::ToDate(Text, -7), both = TVxString::ToDateTime(Text, -7);
@@ -35,27 +35,22 @@ String ReadAll(const char16_t* Text) {
 }
 
 TEST(TVxString, EveryReaderTakesItsOwnTextsAndGivesTheDefaultElse) {
-  const struct {
-    const char16_t *Text, *Expected;
-  } kCases[] = {{u"", u"1||~|~|-7|~|~|~"},
-                {u"1", u"1|1|1,00|1|1|~|~|01:00"},
-                {u"wahr", u"1|0|~|~|-7|~|~|00:00"},
-                {u" 1", u"0|0|1,00|1|1|~|30.12.1899 00:00:00|01:00"},
-                {u"1.234,565", u"0|0|1234,57|~|-7|~|~|00:00"},
-                {u"1234,5", u"0|0|1234,50|1234,5|-7|~|~|00:00"},
-                {u"11.02.2015", u"0|0|11022015,00|~|-7|11.02.2015|~|00:00"},
-                {u"11.02.2015 06:30:15", u"0|0|~|~|-7|~|11.02.2015 06:30:15|00:30"},
-                {u"24:00", u"0|0|~|~|-7|~|~|24:00"},
-                {u"06:30:15:250", u"0|0|~|~|-7|~|~|06:30"},
-                {u"6:75", u"0|0|~|~|-7|~|~|~"}};
-  for (const auto& c : kCases) EXPECT_EQ(ReadAll(c.Text), c.Expected) << String(c.Text).ToUtf8();
+  const TCases<String, String> kCases = {{u"", u"1||~|~|-7|~|~|~"},
+                                         {u"1", u"1|1|1,00|1|1|~|~|01:00"},
+                                         {u"wahr", u"1|0|~|~|-7|~|~|00:00"},
+                                         {u" 1", u"0|0|1,00|1|1|~|30.12.1899 00:00:00|01:00"},
+                                         {u"1.234,565", u"0|0|1234,57|~|-7|~|~|00:00"},
+                                         {u"1234,5", u"0|0|1234,50|1234,5|-7|~|~|00:00"},
+                                         {u"11.02.2015", u"0|0|11022015,00|~|-7|11.02.2015|~|00:00"},
+                                         {u"11.02.2015 06:30:15", u"0|0|~|~|-7|~|11.02.2015 06:30:15|00:30"},
+                                         {u"24:00", u"0|0|~|~|-7|~|~|24:00"},
+                                         {u"06:30:15:250", u"0|0|~|~|-7|~|~|06:30"},
+                                         {u"6:75", u"0|0|~|~|-7|~|~|~"}};
+  for (const auto& [text, expected] : kCases) EXPECT_EQ(ReadAll(text), expected) << text;
 }
 
 TEST(TVxString, AnObjectAndAListWriteAndReadAlike) {
-  const struct {
-    int (*Put)(TVxString&, TVxStringList&);
-    const char16_t* Text;
-  } kCases[] = {
+  const TCases<int (*)(TVxString&, TVxStringList&), String> cases = {
       {[](auto& one, auto& list) { return one.SetAsBool(true), list.AddBool(true); }, u"1"},
       {[](auto& one, auto& list) { return one.SetAsBoolExt(bNone), list.AddBoolExt(bNone); }, u""},
       {[](auto& one, auto& list) { return one.SetAsCurr(-12), list.AddCurr(-12); }, u"-12,00"},
@@ -66,19 +61,23 @@ TEST(TVxString, AnObjectAndAListWriteAndReadAlike) {
       {[](auto& one, auto& list) { return one.SetAsTime(1), list.AddTime(1); }, u"24:00"},
       {[](auto& one, auto& list) { return one.SetAsTimeFull(kTime), list.AddTimeFull(kTime); }, u"06:30:15:250"}};
   TVxStringList list;
-  for (const auto& c : kCases) {
+  for (const auto& [put, text] : cases) {
     TVxString value;
-    const int i = c.Put(value, list);
-    EXPECT_TRUE(value.GetAsString() == c.Text && list.Get(i) == c.Text) << i;
-    EXPECT_TRUE(value.GetAsBool() == list.AsBool(i) && value.GetAsBoolExt() == list.AsBoolExt(i)) << i;
-    EXPECT_TRUE(value.GetAsCurr() == list.AsCurr(i) && value.GetAsExt() == list.AsExt(i)) << i;
-    EXPECT_TRUE(value.GetAsDate() == list.AsDate(i) && value.GetAsDateTime() == list.AsDateTime(i)) << i;
-    EXPECT_TRUE(value.GetAsInt() == list.AsInt(i) && value.GetAsTime() == list.AsTime(i)) << i;
-    EXPECT_EQ(value.gatAsTimeFull(), list.AsTime(i));
+    const int i = put(value, list);
+    EXPECT_EQ(std::pair(value.GetAsString(), list.Get(i)), std::pair(text, text)) << i;
+    EXPECT_EQ(
+        std::tuple(value.GetAsBool(), value.GetAsBoolExt(), value.GetAsCurr(), value.GetAsExt(), value.GetAsInt()),
+        std::tuple(list.AsBool(i), list.AsBoolExt(i), list.AsCurr(i), list.AsExt(i), list.AsInt(i)))
+        << i;
+    EXPECT_EQ((std::array{value.GetAsDate(), value.GetAsDateTime(), value.GetAsTime(), value.gatAsTimeFull()}),
+              (std::array{list.AsDate(i), list.AsDateTime(i), list.AsTime(i), list.AsTime(i)}))
+        << i;
   }
-  EXPECT_TRUE(list.AsBool(0) && !list.AsBool(1) && list.AsBoolExt(1) == bNone && list.AsCurr(2) == -12);
-  EXPECT_TRUE(list.AsDate(3) == kDate && list.AsDateTime(4) == kDate && list.AsExt(5) == 1e20L && list.AsInt(6) == -12);
-  EXPECT_TRUE(list.AsTime(7) == 1 && list.AsInt(7) == 0 && list.AsTime(8) == kTime);
+  EXPECT_EQ((TFacts{list.AsBool(0), list.AsBool(1), list.AsCurr(2).Units, list.AsExt(5), list.AsInt(6), list.AsInt(7)}),
+            "yes no -120000 1e+20 -12 0");
+  EXPECT_EQ(list.AsBoolExt(1), bNone);
+  EXPECT_EQ((std::array{list.AsDate(3), list.AsDateTime(4), list.AsTime(7), list.AsTime(8)}),
+            (std::array{kDate, kDate, 1.0, kTime}));
 }
 
 }  // namespace

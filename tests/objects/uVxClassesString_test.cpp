@@ -1,12 +1,7 @@
 #include "objects/uVxClassesString.h"
 
-#include <gtest/gtest.h>
-
-#include <random>
-
 #include "fuzz/support/PlainReplacer.h"
-#include "platform/Exceptions.h"
-#include "tests/support/Print.h"
+#include "tests/support/Test.h"
 
 namespace vx {
 namespace {
@@ -14,29 +9,19 @@ namespace {
 using TTexts = std::vector<String>;
 
 TEST(StringReplacer, Replaces) {
-  struct {
-    const char16_t* Text;
-    TTexts Holders, Replacers;
-    const char16_t* Result;
-    int Parts;
-  } const kCases[] = {{u"", {u"a"}, {u"b"}, u"", 0},
-                      {u"text", {u"a"}, {u"b"}, u"text", 1},
-                      {u"text", {}, {}, u"text", 1},
-                      {u"abc", {u"", u"b"}, {u"1", u"2"}, u"a2c", 3},
-                      {u"aba", {u"a"}, {u"1"}, u"1b1", 3},
-                      {u"abab", {u"a", u"b"}, {u"b", u"a"}, u"baba", 4},
-                      {u"aaaaa", {u"aa"}, {u"1"}, u"11a", 3},
-                      {u"ab", {u"a", u"b"}, {u"1"}, u"1b", 2},
-                      {u"ab", {u"a"}, {u"1", u"2"}, u"1b", 2},
-                      {u"abc", {u"ab", u"bc"}, {u"1", u"2"}, u"12", 3},
-                      {u"abcd", {u"abcd", u"b"}, {u"1", u"2"}, u"12cd", 4},
-                      {u"a", {u"a", u"a", u"a"}, {u"1", u"2", u"3"}, u"321", 5},
-                      {u"Ab", {u"a"}, {u"1"}, u"Ab", 1}};
-  for (const auto& c : kCases) {
-    EXPECT_EQ(VxStringReplace(c.Text, c.Holders, c.Replacers), c.Result);
+  const TCases<String, TTexts, TTexts, String, int> kCases = {
+      {u"text", {u"a"}, {u"b"}, u"text", 1},   {u"", {u"a"}, {u"b"}, u"", 0},
+      {u"text", {}, {}, u"text", 1},           {u"abc", {u"", u"b"}, {u"1", u"2"}, u"a2c", 3},
+      {u"aba", {u"a"}, {u"1"}, u"1b1", 3},     {u"abab", {u"a", u"b"}, {u"b", u"a"}, u"baba", 4},
+      {u"aaaaa", {u"aa"}, {u"1"}, u"11a", 3},  {u"abc", {u"ab", u"bc"}, {u"1", u"2"}, u"12", 3},
+      {u"ab", {u"a", u"b"}, {u"1"}, u"1b", 2}, {u"abcd", {u"abcd", u"b"}, {u"1", u"2"}, u"12cd", 4},
+      {u"ab", {u"a"}, {u"1", u"2"}, u"1b", 2}, {u"a", {u"a", u"a", u"a"}, {u"1", u"2", u"3"}, u"321", 5},
+      {u"Ab", {u"a"}, {u"1"}, u"Ab", 1}};
+  for (const auto& [text, holders, replacers, result, parts] : kCases) {
+    EXPECT_EQ(VxStringReplace(text, holders, replacers), result);
     TVxStringReplacer replacer;
-    EXPECT_EQ(&replacer.ReplaceString(c.Text, c.Holders, c.Replacers, true), &replacer);
-    EXPECT_EQ(replacer.GetCount(), c.Parts) << String(c.Text).ToUtf8();
+    EXPECT_EQ(&replacer.ReplaceString(text, holders, replacers, true), &replacer);
+    EXPECT_EQ(replacer.GetCount(), parts) << text;
   }
 }
 
@@ -51,10 +36,9 @@ TEST(StringReplacer, FillsAgain) {
   EXPECT_EQ(letter.ReplaceItemText(2, u"z").ReplaceItemText(-1, u"z").ToString(), u"1 1, 2 Ä");
   EXPECT_EQ(letter.ReplaceItemText(0, u"").ToString(), u" , 2 Ä");
   EXPECT_EQ(letter.Replace(TTexts{u"x", u"y", u"", u"v"}).ToString(), u"x x, y Ä");
-  EXPECT_EQ(letter.GetPart(1).ClassName(), u"TVxStringReplaceConst");
-  EXPECT_EQ(letter.GetPart(2).ClassName(), u"TVxStringReplaceVar");
-  EXPECT_EQ(letter.GetPart(2).GetPos(), 7);
-  EXPECT_EQ(letter.GetPart(2).GetHolderLng(), 5);
+  EXPECT_EQ((TFacts{letter.GetPart(1).ClassName(), letter.GetPart(2).ClassName(), letter.GetPart(2).GetPos(),
+                    letter.GetPart(2).GetHolderLng()}),
+            "TVxStringReplaceConst TVxStringReplaceVar 7 5");
   EXPECT_THROW(letter.GetPart(6), EListError);
   letter.SetDirty(false);
   EXPECT_EQ(letter.ReplaceString(u"", holders, first, true).ToString(), u"");

@@ -33,22 +33,17 @@ TEST(Lists, RaiseTheListErrorsWithTheirTexts) {
 }
 
 TEST(Lists, SortedOnesTakeTextsInOrder) {
-  struct {
-    TDuplicates Duplicates;
-    bool CaseSensitive;
-    const char16_t* Sorted;
-    int Again;
-  } cases[] = {
+  const TCases<TDuplicates, bool, String, int> cases = {
       {dupIgnore, false, u"a,Ä,b,ß", 2}, {dupAccept, false, u"A,a,Ä,B,b,ß", 3}, {dupIgnore, true, u"a,A,Ä,b,B,ß", 3}};
-  for (const auto& c : cases) {
-    TVxStringList list(false, true, c.Duplicates, c.CaseSensitive);
+  for (const auto& [duplicates, caseSensitive, sorted, again] : cases) {
+    TVxStringList list(false, true, duplicates, caseSensitive);
     list.SetCommatext(u"b,a,ß,B,A,Ä");
-    EXPECT_EQ(list.GetCommatext(), c.Sorted);
     int place = 9;
-    EXPECT_TRUE(!list.Find(u"aa", place) && place == c.Again && list.IndexOf(u"aa") == -1);
-    EXPECT_TRUE(list.IndexOf(u"b") == c.Again && list.Add(u"b") == c.Again);
+    EXPECT_EQ((TFacts{list.GetCommatext(), list.Find(u"aa", place), list.IndexOf(u"aa")}),
+              (sorted + u" no -1").ToUtf8());
+    EXPECT_EQ((std::array{place, list.IndexOf(u"b"), list.Add(u"b")}), (std::array{again, again, again}));
     list.SetCaseSensitive(true);
-    EXPECT_TRUE(c.Again == 2 || list.GetCommatext().view().starts_with(u"a,A,Ä,b,")) << "ordered anew";
+    EXPECT_EQ(TFacts{list.Items().first(again == 2 ? 0 : 4)}, again == 2 ? "" : "a,A,Ä,b") << "ordered anew";
   }
 }
 
@@ -66,7 +61,7 @@ TEST(Lists, OwnedObjectsGoAfterTheirItems) {
     TVxStringList list(true, false, dupIgnore, false);
     for (char name : {'a', 'b', 'c', 'd'}) list.AddObject(u"x", new TNote(log, name, list));
     list.Delete(1), list.Add(u"without"), list.Clear();
-    EXPECT_TRUE(log == "b3a0c0d0" && list.GetCapacity() == 0) << log;
+    EXPECT_EQ((TFacts{log, list.GetCapacity()}), "b3a0c0d0 0");
     list.AddObject(u"x", new TNote(log, 'e', keeper));
     delete list.GetObject(0);
     list.PutObject(0, new TNote(log, 'f', keeper)), list.SetSorted(true);
@@ -95,8 +90,9 @@ TEST(Lists, MoveInsertAndExchangeTakeObjectsAlong) {
   list.AddStrings(u"a,b,c"), list.PutObject(0, &a), list.InsertObject(1, u"x", &b);
   list.Move(0, 3), list.Exchange(0, 1), list.AddStrings(TCells{u"y", u"z"}, objects);
   EXPECT_EQ(list.GetCommatext(), u"b,x,c,a,y,z");
-  TObject* expected[] = {nullptr, &b, nullptr, &a, &b, nullptr};
-  for (int i = 0; i < 6; ++i) EXPECT_EQ(list.GetObject(i), expected[i]) << i;
+  std::vector<TObject*> held;
+  for (int i = 0; i < 6; ++i) held.push_back(list.GetObject(i));
+  EXPECT_EQ(held, (std::vector<TObject*>{nullptr, &b, nullptr, &a, &b, nullptr}));
   list.SetText(u"1\r\n\r\n2");
   EXPECT_EQ(list.GetText(), u"1\r\n\r\n2");
   EXPECT_EQ(list.ConvertToDictionary().at(2), u"2");
@@ -105,15 +101,13 @@ TEST(Lists, MoveInsertAndExchangeTakeObjectsAlong) {
 TEST(Lists, SortAsTheHoarePartitionDoes) {
   // By the first letter alone, so that the order of equal ones shows the steps of the sort.
   auto byLetter = [](const TTextList& List, int A, int B) { return List.Items()[A][0] - List.Items()[B][0]; };
-  struct {
-    const char16_t *Before, *After;
-  } cases[] = {{u"a1,a2,a3", u"a3,a2,a1"},
-               {u"b1,a1,b2,a2", u"a2,a1,b1,b2"},
-               {u"b1,b2,a1,b3,a2,b4,a3,c1,b5,a4", u"a2,a3,a4,a1,b5,b1,b2,b3,b4,c1"}};
-  for (const auto& c : cases) {
+  const TCases<String, String> cases = {{u"a1,a2,a3", u"a3,a2,a1"},
+                                        {u"b1,a1,b2,a2", u"a2,a1,b1,b2"},
+                                        {u"b1,b2,a1,b3,a2,b4,a3,c1,b5,a4", u"a2,a3,a4,a1,b5,b1,b2,b3,b4,c1"}};
+  for (const auto& [before, after] : cases) {
     TVxStringList list;
-    list.SetCommatext(c.Before), list.CustomSort(byLetter);
-    EXPECT_EQ(list.GetCommatext(), c.After);
+    list.SetCommatext(before), list.CustomSort(byLetter);
+    EXPECT_EQ(list.GetCommatext(), after);
     list.SetSorted(true);
     String sorted = list.GetCommatext();
     list.CustomSort([](const TTextList&, int A, int B) { return B - A; });
@@ -161,20 +155,21 @@ TEST(Lists, MinusAssignAndEquals) {
   EXPECT_EQ((list.Minus(minus), list.GetCommatext()), u"A,c,a");
   source.SetCommatext(u"b,a"), source.PutObject(1, &object);
   list.SetOwnsObjects(false), list.Assign(source);
-  EXPECT_TRUE(list.GetCaseSensitive() && list.GetDuplicates() == dupError);
-  EXPECT_TRUE(list.EqualsAll(source) && list.EqualsObjects(source));
+  EXPECT_EQ(list.GetDuplicates(), dupError);
+  EXPECT_EQ((TFacts{list.EqualsAll(source), list.EqualsObjects(source), list.GetCaseSensitive()}), "yes yes yes");
   auto copy = source.Duplicate();
-  EXPECT_TRUE(copy->EqualsAll(source) && copy->EqualsObjects(source) && copy->GetCaseSensitive());
+  EXPECT_EQ((TFacts{copy->EqualsAll(source), copy->EqualsObjects(source), copy->GetCaseSensitive()}), "yes yes yes");
   copy->Add(u"c");
-  EXPECT_TRUE(source.EqualsObjects(*copy) && !source.EqualsAll(*copy));
+  EXPECT_EQ((TFacts{source.EqualsObjects(*copy), source.EqualsAll(*copy)}), "yes no");
   EXPECT_THROW(copy->EqualsObjects(source), EStringListError);
   copy->PutObject(0, &object);
   EXPECT_FALSE(source.EqualsObjects(*copy));
   TOldStringList old;
   old.Assign(source);
-  EXPECT_FALSE(source.EqualsAll(old) || old.GetDuplicates() != dupIgnore);
+  EXPECT_FALSE(source.EqualsAll(old));
+  EXPECT_EQ(old.GetDuplicates(), dupIgnore);
   TVxStringPairList pairs(false, dupIgnore);
-  EXPECT_FALSE(pairs.EqualsAll(TVxStringList()) || TVxStringList().EqualsAll(pairs));
+  EXPECT_EQ((TFacts{pairs.EqualsAll(TVxStringList()), TVxStringList().EqualsAll(pairs)}), "no no");
 }
 
 TEST(PairLists, KeepThePairsBesideTheirKeys) {
@@ -185,19 +180,19 @@ TEST(PairLists, KeepThePairsBesideTheirKeys) {
   EXPECT_EQ(list.AddPair(u"M", u"3"), 1);  // the last pair wins
   list.Add(u"l");
   EXPECT_EQ(text(list), u"k,l,m/2,,3");
-  EXPECT_TRUE(list.GetObject(0) == &a && list.GetPairObjects(0) == &b);
+  EXPECT_EQ((std::array{list.GetObject(0), list.GetPairObjects(0)}), (std::array{&a, &b}));
   int index;
-  EXPECT_TRUE(!list.PairFind(u"1", index) && list.PairFind(u"3", index) && index == 2);
+  EXPECT_EQ((TFacts{list.PairFind(u"1", index), list.PairFind(u"3", index), index}), "no yes 2");
   auto copy = list.Duplicate();
   auto& pairs = static_cast<TVxStringPairList&>(*copy);
-  EXPECT_TRUE(copy->EqualsAll(list) && copy->EqualsObjects(list) && copy->GetSorted());
+  EXPECT_EQ((TFacts{copy->EqualsAll(list), copy->EqualsObjects(list), copy->GetSorted()}), "yes yes yes");
   pairs.SetPairs(1, u"x"), pairs.SetPairObjects(1, &a);
-  EXPECT_FALSE(copy->EqualsAll(list) || copy->EqualsObjects(list));
+  EXPECT_EQ((TFacts{copy->EqualsAll(list), copy->EqualsObjects(list)}), "no no");
   list.SetSorted(false), list.Exchange(0, 2), list.Move(0, 2);
   EXPECT_EQ(text(list), u"l,k,m/,2,3");
   list.Insert(1, u"L"), list.AddStrings(*copy);
   EXPECT_EQ(text(list), u"l,L,k,m,k,l,m/,,2,3,2,x,3");
-  EXPECT_TRUE(list.Remove(u"L") == 3 && list.Remove(u"L") == -1);
+  EXPECT_EQ((TFacts{list.Remove(u"L"), list.Remove(u"L")}), "3 -1");
   EXPECT_EQ(text(list), u"k,m,k,m/2,3,2,3");
   list.Exchange(0, 1);
   list.Sort();  // of the keys alone
@@ -216,35 +211,33 @@ TYPED_TEST(Files, LinesOfAFile) {
   String path = dir.Path("a.txt");
   const std::string before(524288 - 2, 'x');
   const String line(524288 - 2, u'x');
-  struct {
-    std::string Bytes;
-    TCells Lines;
-  } cases[] = {{"", {}},
-               {"a\r\n\r\nb", {u"a", u"", u"b"}},
-               {"a\nb\r\n", {u"a", u"b"}},
-               {"a\rb\r\r\nc\r", {u"a\rb\r", u"c"}},
-               {"\x80\xE4", {u"€ä"}},
-               {before + "a\r\nb", {line + u"a", u"b"}},  // the first chunk ends between CR and LF,
-               {before + "\r\nb\r\n", {line, u"b"}},
-               {before + "\r\n\r\nb", {line, u"", u"b"}},     // behind LF,
-               {before + "abc\r\nd", {line + u"abc", u"d"}},  // inside a line,
-               {before + "a\rb\n", {line + u"ab"}},           // and with a CR alone, which goes too
-               {before + before + before + "\n", {line + line + line}},
-               {"z\n" + before + "ab\n", {u"z", line + u"ab"}}};
-  for (const auto& c : cases) {
-    test::PutText(path, c.Bytes);
+  const TCases<std::string, TCells> cases = {
+      {"", {}},
+      {"a\r\n\r\nb", {u"a", u"", u"b"}},
+      {"a\nb\r\n", {u"a", u"b"}},
+      {"a\rb\r\r\nc\r", {u"a\rb\r", u"c"}},
+      {"\x80\xE4", {u"€ä"}},
+      {before + "a\r\nb", {line + u"a", u"b"}},  // the first chunk ends between CR and LF,
+      {before + "\r\nb\r\n", {line, u"b"}},
+      {before + "\r\n\r\nb", {line, u"", u"b"}},     // behind LF,
+      {before + "abc\r\nd", {line + u"abc", u"d"}},  // inside a line,
+      {before + "a\rb\n", {line + u"ab"}},           // and with a CR alone, which goes too
+      {before + before + before + "\n", {line + line + line}},
+      {"z\n" + before + "ab\n", {u"z", line + u"ab"}}};
+  for (const auto& [bytes, lines] : cases) {
+    test::PutText(path, bytes);
     TypeParam list;
     list.Add(u"gone"), list.LoadFromFile(path);
-    EXPECT_TRUE(std::ranges::equal(list.Items(), c.Lines)) << c.Bytes.size();
+    EXPECT_TRUE(std::ranges::equal(list.Items(), lines)) << bytes.size();
     EXPECT_EQ(list.GetUpdateCount(), 0);
     TypeParam sorted, expected;  // a line in two chunks stays one
     for (TypeParam* each : {&sorted, &expected}) each->SetDuplicates(dupAccept), each->SetSorted(true);
-    expected.AddStrings(c.Lines), sorted.LoadFromFile(path);
-    EXPECT_TRUE(sorted.Equals(expected)) << c.Bytes.size();
+    expected.AddStrings(lines), sorted.LoadFromFile(path);
+    EXPECT_TRUE(sorted.Equals(expected)) << bytes.size();
     TVxStringPairList pairs;
-    pairs.LoadFromFile(path), expected.SetDuplicates(dupIgnore), expected.SetCommatext(u""),
-        expected.AddStrings(c.Lines);
-    EXPECT_TRUE(pairs.Equals(expected) && pairs.PairCount() == pairs.GetCount()) << c.Bytes.size();
+    pairs.LoadFromFile(path), expected.SetDuplicates(dupIgnore), expected.SetCommatext(u""), expected.AddStrings(lines);
+    EXPECT_TRUE(pairs.Equals(expected)) << bytes.size();
+    EXPECT_EQ(pairs.PairCount(), pairs.GetCount()) << bytes.size();
     list.SaveToFile(path);
     EXPECT_EQ(static_cast<size_t>(list.GetSaveToSize()), test::GetText(path).size());
   }

@@ -35,30 +35,31 @@ TEST(GSortList, ManyAtOnceAreAsOneByOneAndEqualOnesKeepTheirOrder) {
       all.AddRange(cards);
       for (const TCard& card : cards) EXPECT_EQ(each.Get(each.Add(card)), card);
     }
-    ASSERT_TRUE(Copy(all) == Copy(each) && all.Log == each.Log && all.GetCapacity() == each.GetCapacity());
+    ASSERT_EQ(std::tuple(Copy(all), all.Log, all.GetCapacity()), std::tuple(Copy(each), each.Log, each.GetCapacity()));
     for (TCard key = {-1, 0}; key.Key < 8; ++key.Key) {
       int place = -2, first = 0, last = -1;
       for (const TCard& card : all.Items()) first += card.Key < key.Key, last += card.Key <= key.Key;
       const bool known = first <= last;
-      ASSERT_TRUE(all.Find(key, place) == known && place == first && all.Contains(key) == known);
+      ASSERT_EQ((std::tuple{all.Find(key, place), place, all.Contains(key)}), (std::tuple{known, first, known}));
       if (!known) first = last = -1;
-      ASSERT_TRUE(all.FirstIndexOf(key) == first && all.LastIndexOf(key) == last && all.Remove(key) == first);
+      ASSERT_EQ((std::array{all.FirstIndexOf(key), all.LastIndexOf(key), all.Remove(key)}),
+                (std::array{first, last, first}));
     }
   }
   GSortList<int> fast;
   std::vector<int> falling(900000, -1);
   std::partial_sum(falling.begin(), falling.end(), falling.begin());
   fast.AddRange(falling), fast.AddRange(fast);  // one by one it would take minutes
-  EXPECT_TRUE(fast.GetCount() == 1800000 && std::is_sorted(fast.Items().begin(), fast.Items().end()));
+  EXPECT_EQ((TFacts{fast.GetCount(), std::ranges::is_sorted(fast.Items())}), "1800000 yes");
 }
 
 TEST(GSortList, OrdersByItsComparer) {
   GSortList<int> list{std::span<const int>(std::vector{3, 1, 2})};
-  EXPECT_TRUE(Copy(list) == (std::vector{1, 2, 3}) && list.Compare(1, 2) == -1 && list.GetComparer()(3, 2) == 1);
+  EXPECT_EQ((TFacts{list.Items(), list.Compare(1, 2), list.GetComparer()(3, 2)}), "1,2,3 -1 1");
   list.SetComparer([](int a, int b) { return b - a; });
   list.Sort(), list.Add(2);
-  EXPECT_EQ(Copy(list), (std::vector<int>{3, 2, 2, 1}));
-  EXPECT_TRUE(list.Extract(2) == 2 && list.Extract(7) == 0 && list.AddUnique(2) == -1 && list.AddUnique(9) == 0);
+  EXPECT_EQ(TFacts{list.Items()}, "3,2,2,1");
+  EXPECT_EQ((TFacts{list.Extract(2), list.Extract(7), list.AddUnique(2), list.AddUnique(9)}), "2 0 -1 0");
   list.SetComparer([](int a, int) -> int { return a == 1 ? throw Exception(u"one") : 0; });
   EXPECT_EQ(test::RaisedBy<Exception>([&] { list.Sort(); }), u"one");
   EXPECT_EQ(test::RaisedBy<Exception>([&] { list.AddRange({4, 1, 6}); }), u"one");
@@ -79,7 +80,7 @@ TEST(GSortList, RefusesWhatBreaksTheOrder) {
             u"Einfügen!\r\nTCards.InsertRange Einfügen!\r\nTCards.InsertRange Bewegen!\r\nTCards.Move "
             u"Umdrehen!\r\nTCards.Reverse ");
   EXPECT_EQ(dialogs.Shown[0].Text.Slice(0, 38), u"Diese sortierte Liste akzeptiert kein ");
-  EXPECT_TRUE(Copy(list) == (std::vector<TCard>{{1, 1}, {2, 0}}));
+  EXPECT_EQ(Copy(list), (std::vector<TCard>{{1, 1}, {2, 0}}));
 }
 
 TEST(GList, GrowsByDoubling) {
@@ -93,7 +94,7 @@ TEST(GList, GrowsByDoubling) {
   list.Add(1);
   for (int64_t wanted : {1ll * INT32_MAX, (1ll << 30) + 1, 1ll << 60}) EXPECT_THROW(list.Grow(wanted), std::bad_alloc);
   EXPECT_EQ(test::RaisedBy<EListError>([&] { list.SetCapacity(0); }), u"List capacity out of bounds (0)");
-  EXPECT_TRUE(list.GetCapacity() == 2 && list.Get(0) == 1);
+  EXPECT_EQ((TFacts{list.GetCapacity(), list.Get(0)}), "2 1");
 }
 
 struct TNoted : GList<std::u16string> {
@@ -109,12 +110,12 @@ TEST(GList, ChangesNotifiesAndTakesItsOwnItems) {
   list.AddRange({u"a", u"b"});
   for (int i = 0; i < 3; ++i) list.Insert(1, list.Get(0)), list.Add(list.Get(0)), list.InsertRange(1, list);
   list.DeleteRange(3, list.GetCount() - 3), list.Log.clear(), list.Put(1, u"p");
-  EXPECT_TRUE(list.Extract(u"a") == u"a" && list.Extract(u"q").empty() && list.LastIndexOf(u"a") == 1);
+  EXPECT_EQ((TFacts{list.Extract(u"a"), list.Extract(u"q"), list.LastIndexOf(u"a")}), "a  1");
   list.AddRange({u"c", u"d"}), list.Move(0, 2);
   list.Move(3, 0), list.Exchange(0, 1), list.Exchange(1, 1), list.Reverse();
-  EXPECT_EQ(Copy(list), (std::vector<std::u16string>{u"p", u"c", u"d", u"a"}));
+  EXPECT_EQ(TFacts{list.Items()}, "p,c,d,a");
   list.Sort([](const auto& a, const auto& b) { return b.compare(a); });
-  EXPECT_TRUE(list.Remove(u"d") == 1 && list.Remove(u"q") == -1 && !list.Contains(u"d"));
+  EXPECT_EQ((TFacts{list.Remove(u"d"), list.Remove(u"q"), list.Contains(u"d")}), "1 -1 no");
   list.Clear();
   EXPECT_EQ(list.Log, u"-a3 +p3 xa2 +c4 +d4 -d3 -p0 -c0 -a0 ");
   for (auto fault : {+[](TNoted& l) { l.Put(-1, u""); }, +[](TNoted& l) { l.Insert(1, u""); },
@@ -131,13 +132,14 @@ TEST(TVxDataIdSingleton, OneSlotForAll) {
   using T = TVxDataIdSingleton;
   EXPECT_EQ(T::AccessSingleton(0), nullptr);
   T* first = T::Singleton<TOwn>(7);
-  EXPECT_TRUE(first->ClassName() == u"TOwn" && T::Singleton(8) == first && T::AccessSingleton(1) == first);
-  EXPECT_TRUE(first->GetSerialize() == u"8" && dialogs.Shown.empty());
+  EXPECT_EQ((std::array{T::Singleton(8), T::AccessSingleton(1)}), (std::array{first, first}));
+  EXPECT_EQ((TFacts{first->ClassName(), first->GetSerialize(), dialogs.Shown.size()}), "TOwn 8 0");
   EXPECT_EQ(test::RaisedBy<Exception>([] { T::AccessSingleton(3); }), u"Illegal request 3 in AccessSingleton");
   uVxGenerics::FreeBuffersForLeakPrevention();
   EXPECT_EQ(T::AccessSingleton(0), nullptr);
   std::unique_ptr<T> taken(T::Singleton(-5)), direct(new T);
-  EXPECT_TRUE(T::AccessSingleton(2) == nullptr && T::Singleton(1) != taken.get());
+  EXPECT_EQ(T::AccessSingleton(2), nullptr);
+  EXPECT_NE(T::Singleton(1), taken.get());
   EXPECT_EQ((direct->SetSerialize(u"12"), direct->GetId()), 12);
   taken.reset(), direct.reset();
   EXPECT_NE(T::AccessSingleton(0), nullptr) << "only its own object empties the slot";
@@ -154,7 +156,7 @@ TEST(GSingletons, OwnsItsObjectsUntilTheyAreFreed) {
   };
   GSingletons()[u"TProbe"] = std::make_unique<TProbe>();
   uSingleton::FreeBuffersForLeakPrevention();
-  EXPECT_TRUE(seen == 0 && GSingletons().empty());
+  EXPECT_EQ((TFacts{seen, GSingletons().size()}), "0 0");
 }
 
 template <typename TBase>
@@ -171,13 +173,16 @@ struct TFields : TVxClassed<TFields<TBase>, TBase, u"TFields"> {
 template <typename TBase>
 void TravelsInItsForm(const String& text) {
   auto made = TVxData::Factory(TFields<TBase>::Class(), text);
-  ASSERT_TRUE(made && made->GetSerialize() == text && !TBase::Class().NewInstance()) << text.ToUtf8();
+  ASSERT_NE(made, nullptr) << text;
+  EXPECT_EQ(made->GetSerialize(), text);
+  EXPECT_EQ(TBase::Class().NewInstance(), nullptr) << text;
   auto& data = dynamic_cast<TFields<TBase>&>(*made);
   EXPECT_EQ(data.Cells, (TCells{u"a b", u""}));
   for (const char16_t* cell : {u"°", u"|,\"", u"\x1b\n"}) {
     data.Cells.push_back(cell), data.Reads = 0;
     auto copy = data.Duplicate();
-    ASSERT_TRUE(static_cast<TFields<TBase>&>(*copy).Cells == data.Cells && data.Reads == 1 && copy->EqualsAll(&data));
+    EXPECT_EQ(std::pair(static_cast<TFields<TBase>&>(*copy).Cells, data.Reads), std::pair(data.Cells, 1));
+    EXPECT_TRUE(copy->EqualsAll(&data)) << text;
   }
   TVxDataIdHelper id;
   id.SetId(42), data.Assign(&id), data.Assign(nullptr);

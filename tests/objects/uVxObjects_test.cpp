@@ -74,10 +74,10 @@ TEST(VxClass, AnswersForTheClassThatIsAsked) {
   EXPECT_EQ(bare.ClassName() + u", " + bare.ToString(), u"TBare, object of TBare");
   EXPECT_EQ(&bare.GetNewInstance()->ClassType(), &TBare::Class());
   const TVxClass &self = TBare::Class(), &above = TPerson::Class();
-  EXPECT_TRUE(self.InheritsFrom(above) && self.InheritsFrom(self) && !above.InheritsFrom(self));
+  EXPECT_EQ((TFacts{self.InheritsFrom(above), self.InheritsFrom(self), above.InheritsFrom(self)}), "yes yes no");
   TVXPermissionSet rights{ppRead};
   String text, comment = u"x";
-  EXPECT_TRUE(!self.Permission(rights, text, comment) && rights.IsEmpty() && text == u"TBare" && comment.empty());
+  EXPECT_EQ((TFacts{self.Permission(rights, text, comment), rights.IsEmpty(), text, comment}), "no yes TBare ");
 }
 
 TEST(VxClass, CaptionsFollowTheCase) {
@@ -93,11 +93,13 @@ TEST(VxData, TextsAndKeys) {
   auto a = TPerson::Class().Factory(u"12"), b = TBare::Class().Factory(u"12"), c = TNurse::Class().Factory(u"-2");
   EXPECT_EQ(TVxObject::Class().Factory(u"1"), nullptr);
   EXPECT_EQ(c->GetSerialize(), u"-20") << "the override is reached through the class";
-  EXPECT_TRUE(a->EqualsAll(TPerson::Class().Factory(u"12").get()) && b->EqualsAll(b->Duplicate().get()));
-  EXPECT_FALSE(a->EqualsAll(b.get()) || a->EqualsAll(nullptr) || b->EqualsAll(a.get()));
+  EXPECT_TRUE(a->EqualsAll(TPerson::Class().Factory(u"12").get()));
+  EXPECT_TRUE(b->EqualsAll(b->Duplicate().get()));
+  EXPECT_EQ((TFacts{a->EqualsAll(b.get()), a->EqualsAll(nullptr), b->EqualsAll(a.get())}), "no no no");
   const TVxObject other;
-  EXPECT_TRUE(a->Compare(*b) == 0 && a->Compare(*c) == 1 && c->Compare(*a) == -1);
-  EXPECT_TRUE(a->Compare(other) != 0 && a->Compare(other) == -other.Compare(*a));
+  EXPECT_EQ((TFacts{a->Compare(*b), a->Compare(*c), c->Compare(*a)}), "0 1 -1");
+  EXPECT_NE(a->Compare(other), 0);
+  EXPECT_EQ(a->Compare(other), -other.Compare(*a));
   EXPECT_EQ((a->Assign(nullptr), a->GetSerialize()), u"12");
   EXPECT_EQ((a->SetSerialize(u"x"), a->GetSerialize()), u"0");
 }
@@ -107,7 +109,7 @@ TEST(DataHeads, AreMadeOnceWithTheAncestorsInside) {
   EXPECT_EQ(NamesOf(GetDataHeads(TNurse::Class(), false)), u"-9002 Lohn Chef Fremd ");
   const TDataHeads& all = GetDataHeads(TNurse::Class(), true);
   EXPECT_EQ(NamesOf(all), u"-9002 -9001 Name Geburt Kinder Lohn Chef Fremd ");
-  EXPECT_TRUE(&GetDataHeads(TNurse::Class(), true) == &all && PersonAsked == 1);
+  EXPECT_EQ((TFacts{&GetDataHeads(TNurse::Class(), true) == &all, PersonAsked}), "yes 1");
   EXPECT_EQ((ClearDataheads(), GetDataHeads(TNurse::Class(), true), PersonAsked), 2);
   PersonAsked = 99;  // the class asks itself now
   EXPECT_EQ(NamesOf(GetDataHeads(TPerson::Class(), false)), u"-9001 Name Geburt Kinder ");
@@ -118,26 +120,22 @@ TEST(CallPath, LeadsToAField) {
   for (auto want : {u"a,b|c", u"b,c", u"c,", u","})
     EXPECT_EQ((GetSearchString(tail, tail, head), head + u"," + tail), want);
   const TVxClass *self = &TPerson::Class(), *sub = &TNurse::Class();
-  const struct {
-    const TVxClass* Class;
-    const char16_t *Call, *Type;
-  } types[] = {{nullptr, u"Name", u"vftString"},      {self, u"", u"vftString"},
-               {self, u"Nichts|Geburt", u"vftDate"},  {self, u"Kinder|[3]|Geburt", u"vftDate"},
-               {self, u"Kinder|[3]", u"TPerson"},     {sub, u"Lohn|Geburt", u"vftDate"},
-               {self, u"Kinder||Kinder", u"TPerson"}, {self, u"-9001", u"TPerson"},
-               {sub, u"9001|Lohn", u"TPerson"},       {sub, u"Chef|9002", u"TPerson"}};
-  for (const auto& row : types) EXPECT_EQ(getEntryInfo(row.Class, row.Call), row.Type) << String(row.Call).ToUtf8();
-  const struct {
-    const char16_t *Call, *Tail;
-    int Position, ListPos;
-  } places[] = {{u"Lohn|x|y", u"x|y", 1, -1}, {u"9002", u"", 0, -1},       {u"-9002|", u"", 0, -1},
-                {u"Name|x", u"x", -1, -1},    {u"[7]|Chef|x", u"x", 2, 7}, {u"[x]|9002", u"", 0, 0},
-                {u"[7|Nichts", u"", -1, 0}};
+  const TCases<const TVxClass*, String, String> types = {
+      {nullptr, u"Name", u"vftString"},         {self, u"", u"vftString"},         {self, u"Nichts|Geburt", u"vftDate"},
+      {self, u"Kinder|[3]|Geburt", u"vftDate"}, {self, u"Kinder|[3]", u"TPerson"}, {sub, u"Lohn|Geburt", u"vftDate"},
+      {self, u"Kinder||Kinder", u"TPerson"},    {self, u"-9001", u"TPerson"},      {sub, u"9001|Lohn", u"TPerson"},
+      {sub, u"Chef|9002", u"TPerson"}};
+  for (const auto& [class_, call, type] : types) EXPECT_EQ(getEntryInfo(class_, call), type) << call;
+  const TCases<String, String, int, int> places = {
+      {u"Lohn|x|y", u"x|y", 1, -1}, {u"9002", u"", 0, -1},    {u"-9002|", u"", 0, -1},   {u"Name|x", u"x", -1, -1},
+      {u"[7]|Chef|x", u"x", 2, 7},  {u"[x]|9002", u"", 0, 0}, {u"[7|Nichts", u"", -1, 0}};
   for (const auto& row : places) {
-    const TValueOfRecord request(0, row.Call, u"", sub);
-    int listPos = -1;
-    EXPECT_EQ(row.ListPos < 0 ? request.GetValueOfPos(tail) : request.GetListValueOfPos(tail, listPos), row.Position);
-    EXPECT_TRUE(tail == row.Tail && listPos == row.ListPos) << String(row.Call).ToUtf8() << listPos;
+    const auto& [call, after, position, listPos] = row;
+    String rest = u"?";
+    const TValueOfRecord request(0, call, u"", sub);
+    int at = -1;
+    const int found = listPos < 0 ? request.GetValueOfPos(rest) : request.GetListValueOfPos(rest, at);
+    EXPECT_EQ(std::tuple(call, rest, found, at), row);
   }
   EXPECT_EQ(TValueOfRecord(0, u"Lohn", u"", nullptr).GetValueOfPos(tail), -1);
 }
@@ -145,10 +143,10 @@ TEST(CallPath, LeadsToAField) {
 TEST(Registry, MakesObjectsByNameAndTestsThem) {
   vx::uVxObjects::FreeBuffersForLeakPrevention();
   EXPECT_EQ(TestVxObjects(u""), u"");
-  EXPECT_TRUE(!GetVxObjectClass(u"TPerson") && !CreateVxObject(u"TPerson"));
+  EXPECT_EQ((TFacts{!GetVxObjectClass(u"TPerson"), !CreateVxObject(u"TPerson")}), "yes yes");
   RegisterVxObject(TPerson::Class()), RegisterVxObject(TAbstract::Class());
   RegisterVxObject(TLiar::Class()), RegisterVxObject(TRaising::Class());
-  EXPECT_TRUE(CreateVxObject(u"TPerson")->ClassName() == u"TPerson" && !GetVxObjectClass(u"tperson"));
+  EXPECT_EQ((TFacts{CreateVxObject(u"TPerson")->ClassName(), !GetVxObjectClass(u"tperson")}), "TPerson yes");
   const test::TTempDir dir;
   const String text = TestVxObjects(dir.Path("report.txt"));
   EXPECT_EQ(text,
@@ -164,7 +162,7 @@ TEST(ObjectCounter, CountsByTheClassThatAnObjectIsOf) {
   {
     const TPerson a, b(a);
     EXPECT_THROW(TRaising(), std::runtime_error);
-    EXPECT_TRUE(VxObjectCounter().at(u"TPerson") == 2 && VxObjectCounter().at(u"TVxDataId") == 0);
+    EXPECT_EQ((TFacts{VxObjectCounter().at(u"TPerson"), VxObjectCounter().at(u"TVxDataId")}), "2 0");
   }
   early = nullptr, DoCountObjects = false;
   for (const auto& [name, count] : VxObjectCounter()) EXPECT_EQ(count, name == u"TBare" ? -1 : 0) << name.ToUtf8();
@@ -176,34 +174,27 @@ TEST(ObjectStructure, WalksLinksToTheDepthAsked) {
   const String person = u"TPerson[" + fields + u"Kinder:" + shut + u"]", ward = u"W:TWard*[-9003:TWard[+] Nr Pflege:";
   const String marker = u"-9002:TNurse[+] ", lohn = u"Lohn Chef:", end = u" Fremd:TFremd[+]]";
   const String open = ward + u"TNurse[" + marker + fields + u"Kinder:";
-  const TVxClass &base = TVxObject::Class(), &self = TPerson::Class(), &sub = TNurse::Class(), &wards = TWard::Class();
   using TAsked = const TVxClass*;
-  const struct {
-    TAsked Class;
-    String Name;
-    TAsked OwnType;
-    int Depth;
-    TAsked Deepest;
-    String Tree;
-  } rows[] = {
+  TAsked base = &TVxObject::Class(), one = &TPerson::Class(), sub = &TNurse::Class(), wards = &TWard::Class();
+  const TCases<TAsked, String, TAsked, int, TAsked, String> rows = {
       {&TRoom::Class(), u"", nullptr, 0, nullptr, u":TRoom[Haus:THouse[:TRoom[Haus:THouse[+]]]]"},
       {&TRoom::Class(), u"Haus", nullptr, 0, nullptr, u"Haus:TRoom[Haus:THouse[:TRoom[+]]]"},
-      {&self, u"P", nullptr, -1, nullptr, u"P:" + person},
-      {&self, u"a\u00FFP", &base, 0, nullptr, u"P:TPerson[" + fields + u"Kinder:" + person + u"]"},
-      {&self, u"Kinder", nullptr, 1, nullptr, child + child + u"Kinder:" + person + u"]]"},
-      {&sub, u"", nullptr, -1, &self, u":TNurse[" + marker + lohn + shut + end},
-      {&sub, u"", nullptr, -1, &base, u":TNurse[" + fields + u"Kinder:" + shut + u" " + marker + lohn + shut + end},
-      {&sub, u"", nullptr, -1, &sub, u":TNurse[]"},
-      {&wards, u"W", nullptr, -1, nullptr, ward + u"TNurse[+]]"},
-      {&wards, u"W", &self, 0, nullptr, open + person + u" " + lohn + person + end + u"]"},
-      {&wards, u"W", &sub, 0, nullptr, open + shut + u" " + lohn + shut + end + u"]"}};
+      {one, u"P", nullptr, -1, nullptr, u"P:" + person},
+      {one, u"a\u00FFP", base, 0, nullptr, u"P:TPerson[" + fields + u"Kinder:" + person + u"]"},
+      {one, u"Kinder", nullptr, 1, nullptr, child + child + u"Kinder:" + person + u"]]"},
+      {sub, u"", nullptr, -1, one, u":TNurse[" + marker + lohn + shut + end},
+      {sub, u"", nullptr, -1, base, u":TNurse[" + fields + u"Kinder:" + shut + u" " + marker + lohn + shut + end},
+      {sub, u"", nullptr, -1, sub, u":TNurse[]"},
+      {wards, u"W", nullptr, -1, nullptr, ward + u"TNurse[+]]"},
+      {wards, u"W", one, 0, nullptr, open + person + u" " + lohn + person + end + u"]"},
+      {wards, u"W", sub, 0, nullptr, open + shut + u" " + lohn + shut + end + u"]"}};
   for (const auto& row : rows) {
+    const auto& [self, name, ownType, depth, deepest, text] = row;
     TVxStringList visited;
-    const auto tree = row.Class->GetObjectStructur(visited, row.Name, row.OwnType, row.Depth, row.Deepest);
-    EXPECT_EQ(Drawn(*tree), row.Tree);
-    EXPECT_TRUE(tree->GetParentClass() == row.Class && tree->GetOwnType() == row.OwnType);
+    const auto tree = self->GetObjectStructur(visited, name, ownType, depth, deepest);
+    EXPECT_EQ(std::tuple(tree->GetParentClass(), name, tree->GetOwnType(), depth, deepest, Drawn(*tree)), row);
     EXPECT_EQ(tree->GetSize(), tree->GetPropertyList()->GetCount());
-    EXPECT_EQ(row.Class->GetObjectStructur(visited, row.Name, nullptr, row.Depth, row.Deepest)->GetName(), u"LeerOBJ");
+    EXPECT_EQ(self->GetObjectStructur(visited, name, nullptr, depth, deepest)->GetName(), u"LeerOBJ");
   }
 }
 
@@ -211,19 +202,20 @@ TEST(ObjectStructure, ListsCopiesAndCompares) {
   TVxParserObject outer(nullptr, u"Out", u"T"), copy, other;
   auto* node = new TVxParserObject(&TPerson::Class(), u"In", u"T");
   outer.Add(std::unique_ptr<TVxParserEntryObject>(node));
-  EXPECT_TRUE(node->Add(Leaf(u"Leaf")) && outer.Add(Leaf(u"Last")) && !outer.Add(nullptr));
+  EXPECT_EQ((TFacts{node->Add(Leaf(u"Leaf")), outer.Add(Leaf(u"Last")), outer.Add(nullptr)}), "yes yes no");
   node->SetIsList(true), node->SetIsBridge(true);
   const auto list = outer.GetPropertyList();
   EXPECT_EQ(list->GetText() + outer.GetShortPropertyList()->GetText(), u"-<>-|[] In|Leaf\r\nLastIn\r\nLast");
   EXPECT_EQ(list->GetObject(0), node->GetData()[0].get());
   for (TVxParserObject* target : {&copy, &outer, static_cast<TVxParserObject*>(nullptr)}) outer.Assignto(target);
   EXPECT_EQ(Drawn(copy), Drawn(outer));
-  EXPECT_TRUE(copy.GetData()[0]->Equals(node) && node->Equals(copy.GetData()[0].get()) && outer.Equals(&copy));
-  EXPECT_TRUE(other.Add(Leaf(u"a")) && other.Add(Leaf(u"b")));
+  EXPECT_EQ((TFacts{copy.GetData()[0]->Equals(node), node->Equals(copy.GetData()[0].get()), outer.Equals(&copy)}),
+            "yes yes yes");
+  EXPECT_EQ((TFacts{other.Add(Leaf(u"a")), other.Add(Leaf(u"b"))}), "yes yes");
   outer.TVxParserEntryObject::Assignto(&other);
   EXPECT_TRUE(outer.Equals(&other)) << "children are not compared";
   other.SetIsBridge(true);
-  EXPECT_FALSE(outer.Equals(&other) || outer.Equals(nullptr));
+  EXPECT_EQ((TFacts{outer.Equals(&other), outer.Equals(nullptr)}), "no no");
   EXPECT_EQ((node->Assignto(&outer), Drawn(outer)), u"In:T*[Leaf]") << "from a node that is in it";
 }
 

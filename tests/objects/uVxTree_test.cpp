@@ -1,17 +1,8 @@
 #include "objects/uVxTree.h"
 
-#include <gtest/gtest.h>
-
-#include <functional>
-#include <map>
-#include <random>
-
 #include "objects/uVxClasses/TVxStringList.h"
 #include "platform/Collation.h"
-#include "platform/Dialogs.h"
-#include "platform/Numbers.h"
-#include "tests/support/Print.h"
-#include "tests/support/Raised.h"
+#include "tests/support/Test.h"
 
 namespace vx {
 namespace {
@@ -53,43 +44,18 @@ TVxTreeNode* Find(const TVxTree& tree, char name) {
 TEST(TVxTree, PutsNodesInPlace) {
   // "tree work tree", "!" where it is refused. A<mode><node> adds N, M<mode><target><node> moves; Delete, Children
   // freed, Sort, aPpend N, m<index><node>; - is no node.
-  for (const std::string cells : {"a(12)b A2aN a(12N)b",
-                                  "a(12)b A3aN a(N12)b",
-                                  "a(12)b A01N a(12N)b",
-                                  "a(12)b A12N a(N12)b",
-                                  "a(12)b A1bN Na(12)b",
-                                  "a(12)b A42N a(1N2)b",
-                                  "a(12)b A2-N a(12)bN",
-                                  "a(12)b A3-N Na(12)b",
-                                  "a(12)b A4-N a(12)b",
-                                  "a(12)b A0-N !a(12)b",
-                                  "a(12)b A1-N !a(12)b",
-                                  "a(1(x)2) A2xN a(1(x(N))2)",
-                                  " A3-N N",
-                                  "a(1(xy)2)b M2b1 a(2)b(1(xy))",
-                                  "a(1(xy)2)b M3ba b(a(1(xy)2))",
-                                  "a(1(xy)2)b M2a1 a(21(xy))b",
-                                  "a(1(xy)2)b M4b1 a(2)1(xy)b",
-                                  "a(1(xy)2)b M2-1 a(2)b1(xy)",
-                                  "a(1(xy)2)b M411 a(1(xy)2)b",
-                                  "ab M2b- !ab",
-                                  "ab M2aa !ab",
-                                  "a(1)b M01a !a(1)b",
-                                  "ab M4-a !ab",
-                                  "ab M0-a !ab",
-                                  "a(1)b M21a !a(1)b",
-                                  "a(12)b Da b",
-                                  "a(1(xy)2)b D1 a(2)b",
-                                  "a(1)b D- a(1)b",
-                                  "a(1)b Ca ab",
-                                  "b(2(yx)1)a S- ab(12(xy))",
-                                  "b(2(yx)1)a Sb b(12(xy))a",
-                                  "bBab(2)B(1) S- aB(1)b(2)Bb",
-                                  "a(12)b Pa a(12)b(N)",
-                                  "ab m2a ba",
-                                  "ab m0b ba",
-                                  "ab m3a !ab",
-                                  "a m0- !a"}) {
+  const std::string cases[] = {
+      "a(12)b A2aN a(12N)b", "a(12)b A1bN Na(12)b",      "a(1(x)2) A2xN a(1(x(N))2)",    " A3-N N",
+      "a(12)b A3aN a(N12)b", "a(12)b A42N a(1N2)b",      "a(1(xy)2)b M2b1 a(2)b(1(xy))", "ab M2b- !ab",
+      "a(12)b A01N a(12N)b", "a(12)b A2-N a(12)bN",      "a(1(xy)2)b M3ba b(a(1(xy)2))", "ab M2aa !ab",
+      "a(12)b A12N a(N12)b", "a(12)b A3-N Na(12)b",      "a(1(xy)2)b M2a1 a(21(xy))b",   "ab M4-a !ab",
+      "a(12)b A4-N a(12)b",  "a(12)b A0-N !a(12)b",      "a(1(xy)2)b M4b1 a(2)1(xy)b",   "ab M0-a !ab",
+      "a(1)b M01a !a(1)b",   "a(12)b A1-N !a(12)b",      "a(1(xy)2)b M2-1 a(2)b1(xy)",   "ab m2a ba",
+      "a(1)b M21a !a(1)b",   "a(1(xy)2)b D1 a(2)b",      "a(1(xy)2)b M411 a(1(xy)2)b",   "ab m0b ba",
+      "a(12)b Da b",         "b(2(yx)1)a S- ab(12(xy))", "b(2(yx)1)a Sb b(12(xy))a",     "ab m3a !ab",
+      "a(1)b D- a(1)b",      "a(12)b Pa a(12)b(N)",      "bBab(2)B(1) S- aB(1)b(2)Bb",   "a m0- !a",
+      "a(1)b Ca ab"};
+  for (const std::string& cells : cases) {
     const size_t blank = cells.find(' ');
     TVxTree tree;
     Build(tree, cells.substr(0, blank));
@@ -99,36 +65,22 @@ TEST(TVxTree, PutsNodesInPlace) {
     const auto mode = static_cast<TNodeAttachMode>(*at - '0');
     if (hasMode) ++at;
     TVxTreeNode *node = Find(tree, *at), *other = Find(tree, at[1]), *added = nullptr;
-    const String raised = RaisedBy<Exception>([&] {
-      constexpr decltype(&TVxTree::AddObject) kAdds[] = {&TVxTree::AddObject, &TVxTree::AddObjectFirst,
-                                                         &TVxTree::AddChildObject, &TVxTree::AddChildObjectFirst,
-                                                         &TVxTree::InsertObject};
-      switch (work) {
-        case 'A':
-          added = (tree.*kAdds[mode])(node, u"N", &value);
-          break;
-        case 'P':
-          tree.Append(node, u"N");
-          break;
-        case 'M':
-          tree.MoveTo(other, node, mode);
-          break;
-        case 'm':
-          tree.Move(node, mode);
-          break;
-        case 'D':
-          tree.Delete(node);
-          break;
-        case 'C':
-          node->DeleteChildren();
-          break;
-        case 'S':
-          node ? node->AlphaSort() : tree.AlphaSort();
-      }
-    });
+    constexpr decltype(&TVxTree::AddObject) kAdds[] = {&TVxTree::AddObject, &TVxTree::AddObjectFirst,
+                                                       &TVxTree::AddChildObject, &TVxTree::AddChildObjectFirst,
+                                                       &TVxTree::InsertObject};
+    const std::map<char, std::function<void()>> works = {
+        {'A', [&] { added = (tree.*kAdds[mode])(node, u"N", &value); }},
+        {'P', [&] { tree.Append(node, u"N"); }},
+        {'M', [&] { tree.MoveTo(other, node, mode); }},
+        {'m', [&] { tree.Move(node, mode); }},
+        {'D', [&] { tree.Delete(node); }},
+        {'C', [&] { node->DeleteChildren(); }},
+        {'S', [&] { node ? node->AlphaSort() : tree.AlphaSort(); }}};
+    const String raised = RaisedBy<Exception>(works.at(work));
     EXPECT_EQ((raised.empty() ? "" : "!") + ShapeOf(tree), cells.substr(cells.rfind(' ') + 1)) << cells;
-    EXPECT_TRUE(!added || added->GetData() == &value);
-    EXPECT_TRUE(raised.empty() || raised == (work == 'm' && node ? u"List index out of bounds (3)" : kBadNode.view()));
+    const String refused = work == 'm' && node ? u"List index out of bounds (3)" : kBadNode;
+    EXPECT_EQ(raised, raised.empty() ? String() : refused) << cells;
+    EXPECT_EQ(added ? added->GetData() : &value, &value) << cells;
   }
 }
 
@@ -148,40 +100,39 @@ TEST(TVxTree, RefusesWhatIsNotItsOwn) {
   }
   for (const auto& call : TCalls{[&] { loose.GetOwner(); }, [&] { loose.GetNext(); }, [&] { loose.GetIndex(); }})
     EXPECT_EQ(RaisedBy<EBad>(call), u"Parent Zeiger des Treenode ungültig!");
-  EXPECT_TRUE(tree.IndexOf(foreign) == -1 && tree.IndexOf(nullptr) == -1 && !TVxTree().GetFirstNode());
-  EXPECT_TRUE(node->GetOwner() == &tree && !node->GetNextChild(nullptr) && node->IndexOf(foreign) == -1);
+  EXPECT_EQ((TFacts{tree.IndexOf(foreign), tree.IndexOf(nullptr), node->IndexOf(foreign)}), "-1 -1 -1");
+  EXPECT_EQ(node->GetOwner(), &tree);
+  for (TVxTreeNode* none : {TVxTree().GetFirstNode(), node->GetNextChild(nullptr)}) EXPECT_EQ(none, nullptr);
 }
 
 TEST(TVxTree, CopiesAndMerges) {
   // = Assign, i InsertTree into the node i, + and - AssignOn with and without what is missing; image of the first
-  const struct {
-    const char *Own, *Other;
-    char Work;
-    const char* After;
-    int Image;
-  } cases[] = {{"x(y)", "a(12)b", '=', "a(12)b", 1},
-               {"x", "", '=', "", 0},
-               {"i(1)j", "a(2)b", 'i', "a(1a(2)b)j", 1},
-               {"i(1)", "", 'i', "i(1)", -1},
-               {"a(1)b", "b(2)a(13(4))c(5)", '+', "a(13(4))b(2)c(5)", 3},
-               {"a", "A", '+', "aA", -1},
-               {"a(1)b", "b(2)a(13(4))c(5)", '-', "a(1)b", 3},
-               {"aa(1)", "a(1)a(2)d(1)d(2)", '+', "a(12)a(1)d(12)", 3}};
-  for (const auto& c : cases) {
+  const TCases<const char*, const char*, char, const char*, int> cases = {
+      {"x(y)", "a(12)b", '=', "a(12)b", 1},
+      {"x", "", '=', "", 0},
+      {"i(1)j", "a(2)b", 'i', "a(1a(2)b)j", 1},
+      {"i(1)", "", 'i', "i(1)", -1},
+      {"a(1)b", "b(2)a(13(4))c(5)", '+', "a(13(4))b(2)c(5)", 3},
+      {"a", "A", '+', "aA", -1},
+      {"a(1)b", "b(2)a(13(4))c(5)", '-', "a(1)b", 3},
+      {"aa(1)", "a(1)a(2)d(1)d(2)", '+', "a(12)a(1)d(12)", 3}};
+  for (const auto& [before, from, work, after, image] : cases) {
     TVxTree own, other;
-    Build(own, c.Own), Build(other, c.Other);
-    int image = 0;
-    while (auto* node = other.GetItem(image)) node->SetImageIndex(++image), node->SetData(&own);
-    if (c.Work == '=')
+    Build(own, before), Build(other, from);
+    int count = 0;
+    while (auto* node = other.GetItem(count)) node->SetImageIndex(++count), node->SetData(&own);
+    if (work == '=')
       own.Assign(&other), own.Assign(&own);
-    else if (c.Work == 'i')
+    else if (work == 'i')
       own.InsertTree(&other, Find(own, 'i'));
     else
-      own.AssignOn(&other, c.Work == '+');
+      own.AssignOn(&other, work == '+');
     own.InsertTree(nullptr, own.GetFirstNode()), own.InsertTree(&other, nullptr), own.AssignOn(nullptr, true);
-    EXPECT_EQ(ShapeOf(own), c.After) << c.Own << c.Work << c.Other;
-    TVxTreeNode* first = own.GetFirstNode();
-    EXPECT_TRUE(!first || (first->GetImageIndex() == c.Image && first->GetData() == (c.Image > 0 ? &own : nullptr)));
+    EXPECT_EQ(ShapeOf(own), after) << before << work << from;
+    if (TVxTreeNode* first = own.GetFirstNode()) {
+      EXPECT_EQ(first->GetImageIndex(), image) << before << work << from;
+      EXPECT_EQ(first->GetData(), image > 0 ? &own : nullptr) << before << work << from;
+    }
   }
   TVxTree tree;
   Build(tree, "a(1)b");
@@ -282,17 +233,20 @@ void ExpectSame(const TVxTree& tree, const TPlainTree& plain, const std::map<TPl
     for (TPlain* c : plain.Children(p)) children.push_back(pair(c));
     for (int c = 0; c < node->GetCount(); ++c) held.push_back(node->GetItems(c));
     for (TPlain* up = p->Parent; up; up = up->Parent) level += node->HasAsParent(pair(up)) ? 1 : 99;
-    ASSERT_TRUE(node == pair(p) && node->GetParent() == pair(p->Parent) && node->GetLevel() == level);
-    ASSERT_TRUE(node->GetNext() == pair(next) && node->GetPrev() == tree.GetItem(i - 1));
-    ASSERT_EQ(node->getNextSibling(), pair(plain.Sibling(p, 1)));
-    ASSERT_EQ(node->getPrevSibling(), pair(plain.Sibling(p, -1)));
-    ASSERT_EQ(node->GetFirstChild(), next && next->Parent == p ? pair(next) : nullptr);
-    ASSERT_TRUE(held == children && node->GetHasChildren() == !held.empty());
-    ASSERT_EQ(node->GetLastChild(), held.empty() ? nullptr : held.back());
-    ASSERT_EQ(node->GetAbsoluteIndex(), i);
-    ASSERT_EQ(node->IndexOf(node->GetLastChild()), node->GetCount() - 1);
-    ASSERT_TRUE(node->GetIndex() == plain.At(plain.Children(p->Parent), p) && !node->HasAsParent(node));
-    ASSERT_TRUE(node->GetText() == p->Text && node->GetImageIndex() == p->Image && node->GetStateIndex() == p->State);
+    ASSERT_EQ(held, children) << i;
+    ASSERT_EQ((std::array{node, node->GetParent(), node->GetNext(), node->GetPrev(), node->getNextSibling(),
+                          node->getPrevSibling(), node->GetFirstChild(), node->GetLastChild()}),
+              (std::array{pair(p), pair(p->Parent), pair(next), tree.GetItem(i - 1), pair(plain.Sibling(p, 1)),
+                          pair(plain.Sibling(p, -1)), next && next->Parent == p ? pair(next) : nullptr,
+                          held.empty() ? nullptr : held.back()}))
+        << i;
+    ASSERT_EQ(std::tuple(node->GetLevel(), node->GetAbsoluteIndex(), node->GetIndex(),
+                         node->IndexOf(node->GetLastChild()), node->GetHasChildren(), node->HasAsParent(node)),
+              std::tuple(level, i, plain.At(plain.Children(p->Parent), p), node->GetCount() - 1, !held.empty(), false))
+        << i;
+    ASSERT_EQ(std::tuple(node->GetText(), node->GetImageIndex(), node->GetStateIndex()),
+              std::tuple(p->Text, p->Image, p->State))
+        << i;
     for (auto mode : {naAdd, naAddFirst, naAddChild, naAddChildFirst, naInsert})
       ASSERT_EQ(tree.newIndex(node, mode), plain.NewIndex(p, mode)) << int{mode} << " at " << i;
   }
@@ -371,10 +325,10 @@ TEST(TVxTree, StandsManyNodes) {
       seen += node->GetAbsoluteIndex() == seen && node->GetLevel() == (isDeep ? seen : seen > 0);
       sum += (node->GetFirstChild() ? 1 : 0) + (node->getNextSibling() ? 2 : 0) + node->GetIndex() % 2;
     }
-    EXPECT_TRUE(seen == kMany && sum == (isDeep ? kMany - 1 : 2 * (kMany - 2) + kMany / 2));
+    EXPECT_EQ(std::pair(seen, sum), std::pair(kMany, isDeep ? kMany - 1 : 2 * (kMany - 2) + kMany / 2));
     const String text = tree.GetSerialize();
     copy.Assign(&tree), merged.AssignOn(&tree, true), read.SetSerialize(text), tree.AlphaSort();
-    EXPECT_TRUE(copy.GetSerialize() == text && merged.GetSerialize() == text && read.GetSerialize() == text);
+    for (const TVxTree* same : {&copy, &merged, &read}) EXPECT_TRUE(same->GetSerialize() == text) << same - &copy;
     TVxTreeNode* middle = copy.GetItem(kMany / 2);
     copy.InsertTree(&tree, middle), middle->DeleteChildren();
     for (int i = kMany / 2; i > 0; --i) copy.AddChild(copy.GetItem(i), u"y")->MoveTo(nullptr, naAddChildFirst);
@@ -432,7 +386,8 @@ TEST(TVxTextNode, AgreesWithMapsOfTexts) {
         node = node->GetItems(Pick(random, node->GetCount())), path.Add(node->GetText());
         above = p, p = &p->Child(node->GetText());
       }
-      EXPECT_TRUE(tree.Exists(path) && tree.ValidateNodes(path) == node && node->Level() == path.GetCount());
+      EXPECT_EQ(std::tuple(tree.Exists(path), tree.ValidateNodes(path), node->Level()),
+                std::tuple(true, node, path.GetCount()));
     }
     TVxTextNode *node = nodes[0], probe(nullptr, text);
     TMapNode *p = maps[0], other = *maps[1];
@@ -467,11 +422,11 @@ TEST(TVxTextNode, AgreesWithMapsOfTexts) {
         break;
       default:
         if (auto taken = node->NodeToTree()) {
-          EXPECT_TRUE(taken->isRoot() && taken->NodeCount() == p->Count());
+          EXPECT_EQ(std::pair(taken->isRoot(), taken->NodeCount()), std::pair(true, p->Count()));
           above->Below.erase(taken->GetText());
         }
     }
-    ASSERT_TRUE(tree.GetSerialize() == plain.Write() && tree.NodeCount() == plain.Count()) << step;
+    ASSERT_EQ(std::pair(tree.GetSerialize(), tree.NodeCount()), std::pair(plain.Write(), plain.Count())) << step;
   }
 }
 
@@ -480,22 +435,19 @@ TEST(TVxTextNode, KeepsItsRules) {
   TVxTextNode root(nullptr, u"a"), target;
   TObject plain;
   for (const char16_t* text : {u"b", u"d", u"C", u"ä"}) root.Add(new TVxTextNode(nullptr, text));
-  const struct {
-    const char16_t* Text;
-    int Place;
-    bool Found;
-  } places[] = {{u"", 0, false},   {u"Ä", 0, true}, {u"aa", 1, false}, {u"B", 1, true},
-                {u"bb", 2, false}, {u"c", 2, true}, {u"D", 3, true},   {u"e", 4, false}};
-  for (const auto& c : places) {
+  const TCases<String, int, bool> places = {{u"", 0, false},   {u"Ä", 0, true}, {u"aa", 1, false}, {u"B", 1, true},
+                                            {u"bb", 2, false}, {u"c", 2, true}, {u"D", 3, true},   {u"e", 4, false}};
+  for (const auto& [text, place, found] : places) {
     int index = -7;
-    EXPECT_TRUE(root.Find(c.Text, index) == c.Found && index == c.Place);
-    EXPECT_EQ(root.IndexOf(c.Text), c.Found ? index : -1);
+    EXPECT_EQ(root.Find(text, index), found) << text;
+    EXPECT_EQ(std::pair(index, root.IndexOf(text)), std::pair(place, found ? index : -1)) << text;
   }
   TVxTextNode* node = root.GetNewItem(u"B");
-  EXPECT_TRUE(root.GetCount() == 4 && root.GetItems(1) == node);
+  EXPECT_EQ(std::pair(root.GetCount(), root.GetItems(1)), std::pair(4, node));
   EXPECT_EQ(node->Validate(u"c")->TextToRoot(u"\\"), u"a\\B\\c");
   auto shared = root.DuplicateVirtual();
-  EXPECT_TRUE(shared->GetItems(1) == node && node->GetParent() == &root && !shared->GetOwnsObjects());
+  EXPECT_EQ((std::array{shared->GetItems(1), node->GetParent()}), (std::array{node, &root}));
+  EXPECT_FALSE(shared->GetOwnsObjects());
   shared->Exchange(0, 1), root.Move(0, 1);
   ASSERT_EQ(dialogs.Shown.size(), 2u);
   EXPECT_EQ(root.GetItems(1), node);
@@ -506,39 +458,44 @@ TEST(TVxTextNode, KeepsItsRules) {
   target.AddMergeFree(std::move(shared));
   EXPECT_EQ(target.GetSerialize(), root.GetSerialize());
   auto taken = node->NodeToTree();
-  EXPECT_TRUE(!root.NodeToTree() && taken.get() == node && root.GetCount() == 3);
+  EXPECT_EQ(root.NodeToTree(), nullptr);
+  EXPECT_EQ(std::pair(taken.get(), root.GetCount()), std::pair(node, 3));
   EXPECT_EQ(RaisedBy<EAccessViolation>([&] { node->GetItems(0)->AddMergeFree(std::move(taken)); }), kBadNode);
   node->GetItems(0)->AddMerge(*node), node->AddMerge(*node);  // its child takes its text
   EXPECT_EQ(node->GetSerialize(), u"1°B8°1°B3°1°c");
   root.Init();
-  EXPECT_TRUE(root.isEmpty() && root.GetSerialize().empty() && root.GetLightText().empty());
+  EXPECT_EQ((TFacts{root.isEmpty(), root.GetSerialize(), root.GetLightText()}), "yes  ");
 }
 
 TEST(TTreeViewNode, CarriesItsFieldsInItsTexts) {
   TTreeViewNode node(nullptr, u"a"), tree, read;
   node.SetImageIndex(1), node.SetOverlayIndex(2), node.SetSelectedIndex(3), node.SetStateIndex(4), node.SetData(&node);
-  const struct {
-    const char16_t *Text, *Read;
-  } cases[] = {{u"b", u"b|ÿTTreeViewNode|1|2|3|4"},
-               {u"b|more|ÿTTreeViewNode|5|x", u"b|ÿTTreeViewNode|5|-1|3|4"},
-               {u"", u""},
-               {u"ÿTTreeViewNode|5", u"ÿTTreeViewNode|ÿTTreeViewNode|1|2|3|4"},
-               {u"|ÿTTreeViewNode|-1|-1|-1|-1", u""},
-               {u"b|ÿTTreeViewNode|9|8|ÿTTreeViewNode|7|6|5|4|3", u"b|ÿTTreeViewNode|7|6|5|4"}};
-  for (const auto& c : cases) {
+  const TCases<String, String> cases = {
+      {u"b", u"b|ÿTTreeViewNode|1|2|3|4"},
+      {u"b|more|ÿTTreeViewNode|5|x", u"b|ÿTTreeViewNode|5|-1|3|4"},
+      {u"", u""},
+      {u"ÿTTreeViewNode|5", u"ÿTTreeViewNode|ÿTTreeViewNode|1|2|3|4"},
+      {u"|ÿTTreeViewNode|-1|-1|-1|-1", u""},
+      {u"b|ÿTTreeViewNode|9|8|ÿTTreeViewNode|7|6|5|4|3", u"b|ÿTTreeViewNode|7|6|5|4"}};
+  for (const auto& [text, back] : cases) {
     auto copy = node.Duplicate(nullptr);
-    copy->SetLightText(c.Text);
-    EXPECT_EQ(copy->GetLightText(), c.Read);
+    copy->SetLightText(text);
+    EXPECT_EQ(copy->GetLightText(), back);
   }
   tree.Validate(u"x")->AddMerge(node), read.SetSerialize(tree.GetSerialize());
-  EXPECT_TRUE(read.GetSerialize() == tree.GetSerialize() && !read.isEmpty());
+  EXPECT_EQ(read.GetSerialize(), tree.GetSerialize());
+  EXPECT_FALSE(read.isEmpty());
   EXPECT_EQ(static_cast<TTreeViewNode*>(tree.GetItems(0))->GetData(), &node);
   node.Assign(TVxTextNode(nullptr, u"p"));
-  EXPECT_TRUE(!node.GetData() && node.GetLightText() == u"p|ÿTTreeViewNode|-1|-1|-1|-1");
+  EXPECT_EQ(node.GetData(), nullptr);
+  EXPECT_EQ(node.GetLightText(), u"p|ÿTTreeViewNode|-1|-1|-1|-1");
   TVxStringList marks;
   marks.SetLighttext(u"m|m|x|m");
   int index = 4;
-  for (int place : {3, 1, 1}) EXPECT_TRUE(TVxTextNode::FindClassname(marks, u"m", index) == place && index == place);
+  for (int place : {3, 1, 1}) {
+    EXPECT_EQ(TVxTextNode::FindClassname(marks, u"m", index), place);
+    EXPECT_EQ(index, place);
+  }
 }
 
 TEST(TVxTextNode, StandsManyNodes) {
@@ -546,13 +503,13 @@ TEST(TVxTextNode, StandsManyNodes) {
   std::u16string nested, wide(u"0");
   TVxTree tree;
   for (int i = 0; i < kMany; ++i) broad.Validate(IntToStr(Scattered(i))), node = node->Validate(u"x");
-  EXPECT_TRUE(broad.GetCount() == kMany && node->Level() == kMany && node->TextToRoot(u"").size() == kMany);
+  EXPECT_EQ((TFacts{broad.GetCount(), node->Level(), node->TextToRoot(u"").size()}), "100000 100000 100000");
   for (TVxTextNode* from : {&broad, &deep}) {
     const String text = from->GetSerialize();
     TVxTextNode read;
     read.SetSerialize(text);
     auto copy = from->DuplicateDeep(nullptr);
-    EXPECT_TRUE(read.GetSerialize() == text && copy->GetSerialize() == text);
+    for (TVxTextNode* same : {&read, copy.get()}) EXPECT_TRUE(same->GetSerialize() == text) << text.size();
     copy->AddMergeFree(read.DuplicateDeep(nullptr)), merged.AddMerge(read), merged.AddMergeFree(std::move(copy));
   }
   EXPECT_EQ(merged.NodeCount(), 2 * kMany);
@@ -562,7 +519,8 @@ TEST(TVxTextNode, StandsManyNodes) {
     TVxTextNode read;
     deep.SetSerialize(hostile), tree.SetSerialize(hostile);
     again.SetSerialize(tree.GetSerialize()), read.SetSerialize(deep.GetSerialize());
-    EXPECT_TRUE(again.GetSerialize() == tree.GetSerialize() && read.GetSerialize() == deep.GetSerialize());
+    EXPECT_TRUE(again.GetSerialize() == tree.GetSerialize()) << hostile.size();
+    EXPECT_TRUE(read.GetSerialize() == deep.GetSerialize()) << hostile.size();
   }
 }
 

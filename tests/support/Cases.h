@@ -25,8 +25,8 @@ namespace vx {
 template <typename... T>
 using TCases = std::vector<std::tuple<T...>>;
 
-// The values in their order as one text with blanks between: numbers in the shortest form that is exact, "yes" and
-// "no", texts as UTF-8, items of a list with commas between.
+// Values, made in their order, as one text with blanks between: numbers in the shortest form that is exact, "yes" and
+// "no", texts as UTF-8, items of a list with commas between. A variable that some of them change is read behind all.
 class TFacts {
  public:
   template <typename... T>
