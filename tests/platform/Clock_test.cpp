@@ -22,7 +22,7 @@ TEST(ClockTest, ManualClockMovesByAdvanceAndSleepOnly) {
   EXPECT_EQ(Now(), 46000.5625);
   for (int pause : {100, -7}) Sleep(pause);
   for (int pause : {43200000 - 100, -5}) clock.Advance(pause);
-  EXPECT_TRUE(GetTickCount() == 43200000 && LocalToUtc(Now()) == 46001 && clock.GetSleeps() == 2);
+  EXPECT_EQ((TFacts{GetTickCount(), LocalToUtc(Now()), clock.GetSleeps()}), "43200000 46001 2");
 }
 
 TEST(ClockTest, SystemClockTellsTheTimeToTheMicrosecond) {
@@ -31,7 +31,8 @@ TEST(ClockTest, SystemClockTellsTheTimeToTheMicrosecond) {
   clock_gettime(CLOCK_REALTIME, &t);
   double late = (SystemClock().UtcNow() - 25569 - static_cast<double>(t.tv_sec / 86400)) * 86400;
   late -= static_cast<double>(t.tv_sec % 86400) + static_cast<double>(t.tv_nsec) / 1e9;
-  EXPECT_TRUE(late >= -1e-6 && late < 1) << late;
+  EXPECT_GE(late, -1e-6);
+  EXPECT_LT(late, 1);
 }
 
 TEST(ClockTest, SystemSleepIsNotCutShortBySignals) {

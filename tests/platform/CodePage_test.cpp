@@ -18,7 +18,8 @@ TEST(CodePageTest, EveryPageHoldsItsCharactersAndMapsEveryByteBack) {
   for (auto [number, expected] : pages) {
     SCOPED_TRACE(number);
     const TCodePage* page = TCodePage::Find(number);
-    ASSERT_TRUE(page != nullptr && page->GetNumber() == number);
+    ASSERT_NE(page, nullptr) << number;
+    EXPECT_EQ(page->GetNumber(), number);
     String text = page->Decode(bytes);
     EXPECT_EQ(page->Encode(text), bytes);
     uint32_t checksum = 0x811C9DC5;
@@ -28,7 +29,7 @@ TEST(CodePageTest, EveryPageHoldsItsCharactersAndMapsEveryByteBack) {
     for (unsigned unit = 0; unit < 0x10000; ++unit) {
       bool can = page->CanEncode(static_cast<char16_t>(unit));
       encodable += can;
-      ASSERT_TRUE(can || page->EncodeUnit(static_cast<char16_t>(unit)) == '?') << unit;
+      ASSERT_EQ(can ? '?' : page->EncodeUnit(static_cast<char16_t>(unit)), '?') << unit;
     }
     EXPECT_EQ(encodable, 256);
   }
@@ -48,7 +49,8 @@ std::vector<TOut> RunLoop(TLoop Loop, const TTable* Table, bool Latin, const TIn
   std::vector<TIn> in(From, From + Offset + Count);
   std::vector<TOut> out(Offset + Count + 1, TOut{0x55});
   Loop(Table, Latin, in.data() + Offset, Count, out.data() + Offset);
-  EXPECT_TRUE(out[Count + Offset] == TOut{0x55} && (Offset == 0 || out[Offset - 1] == TOut{0x55}));
+  EXPECT_EQ(out[Count + Offset], TOut{0x55});
+  EXPECT_EQ(Offset == 0 ? TOut{0x55} : out[Offset - 1], TOut{0x55});
   return out;
 }
 

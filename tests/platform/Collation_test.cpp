@@ -61,12 +61,14 @@ TEST(Collation, StrictWeakOrderOnAnyInput) {
     std::u16string a = make(), b = make(), c = random() % 2 ? a + make() : make();
     int text = Sign(AnsiCompareText(a, b)), str = Sign(AnsiCompareStr(a, b));
     ASSERT_EQ(text == 0, LowerCase(String(a)) == LowerCase(String(b))) << Utf8(a + u" | " + b);
-    ASSERT_TRUE((str == 0) == (a == b) && (text == 0 || str == text)) << Utf8(a + u" | " + b);
+    ASSERT_EQ(str == 0, a == b) << Utf8(a + u" | " + b);
+    ASSERT_EQ(text == 0 ? 0 : str, text) << Utf8(a + u" | " + b);
     for (auto compare : {AnsiCompareText, AnsiCompareStr}) {
       int ab = Sign(compare(a, b)), bc = Sign(compare(b, c)), ac = Sign(compare(a, c));
       ASSERT_EQ(ab, -Sign(compare(b, a))) << Utf8(a + u" | " + b);
-      ASSERT_TRUE((ab != bc && bc != 0) || ac == ab) << Utf8(a + u" | " + b + u" | " + c);
-      ASSERT_TRUE(ab != 0 || ac == bc) << Utf8(a + u" | " + b + u" | " + c);
+      // Who stands between two others or beside an equal one tells how these stand.
+      const int expected = ab == 0 ? bc : bc == 0 || bc == ab ? ab : ac;
+      ASSERT_EQ(ac, expected) << Utf8(a + u" | " + b + u" | " + c);
     }
   }
 }
@@ -88,7 +90,7 @@ void ExpectKeysOrdered(const TKeyed& A, const TKeyed& B) {
   a.resize(A.Key.size() + B.Key.size());
   b.resize(a.size());
   ASSERT_EQ((a > b) - (a < b), key) << "padded: " << Utf8(A.Text + u" | " + B.Text);
-  ASSERT_TRUE(key == text || (key == 0 && !(A.Whole && B.Whole))) << Utf8(A.Text + u" | " + B.Text);
+  ASSERT_EQ(key, key != 0 || (A.Whole && B.Whole) ? text : 0) << Utf8(A.Text + u" | " + B.Text);
   ASSERT_EQ(AnsiSameText(A.Text, B.Text), text == 0) << Utf8(A.Text + u" | " + B.Text);
 }
 

@@ -35,8 +35,9 @@ TEST(DialogsTest, ScriptRecordsAnswersInOrderAndPutsThePreviousBack) {
   EXPECT_EQ(MessageDlg(u"c", mtError, {mbOK}), mrAbort);
   ShowWarning(u"d");
   ASSERT_EQ(dialogs.Shown.size(), 3u);
-  EXPECT_TRUE(dialogs.Shown[0].Text == u"a" && dialogs.Shown[0].Buttons == TMsgDlgButtons({mbYes, mbNo}));
-  EXPECT_TRUE(dialogs.Shown[2].Kind == mtWarning && dialogs.Shown[2].Buttons == TMsgDlgButtons({mbOK}));
+  EXPECT_EQ(std::pair(dialogs.Shown[0].Text, dialogs.Shown[0].Buttons),
+            std::pair(String(u"a"), TMsgDlgButtons{mbYes, mbNo}));
+  EXPECT_EQ(std::pair(dialogs.Shown[2].Kind, dialogs.Shown[2].Buttons), std::pair(mtWarning, TMsgDlgButtons{mbOK}));
 }
 
 // An own directory with an opener that tells on a pipe what it was given.
@@ -71,22 +72,18 @@ TEST_F(ShellTest, ReportsWhatCannotBeStarted) {
   setenv("PATH", "/nowhere", 1);
   EXPECT_FALSE(OpenDocument(FFile, u"")) << "no opener";
   SetOpenDocument([](const String& file, const String& directory) { return file == u"D:\\a" && directory == u"D:\\"; });
-  EXPECT_TRUE(OpenDocument(u"D:\\a", u"D:\\") && SetOpenDocument({}));
+  EXPECT_TRUE(OpenDocument(u"D:\\a", u"D:\\"));
+  EXPECT_TRUE(SetOpenDocument({}));
 }
 
 TEST(ColorTest, NamesAndNumbers) {
-  struct {
-    std::u16string_view Text, Written;
-    TColor Color;
-  } cases[] = {{u"CLBLUE", u"clBlue", 0xFF0000},
-               {u"$123abc", u"$00123ABC", 0x123ABC},
-               {u"$ff000008", u"clWindowText", 0xFF000008},
-               {u"$00000000000FF", u"clRed", 0xFF},
-               {u"-16777208", u"clWindowText", 0xFF000008},
-               {u"4294967295", u"$FFFFFFFF", 0xFFFFFFFF},
-               {u"-2147483648", u"$80000000", 0x80000000}};
-  for (const auto& c : cases)
-    EXPECT_TRUE(StringToColor(c.Text) == c.Color && ColorToString(c.Color) == c.Written) << String(c.Text).ToUtf8();
+  const TCases<std::u16string_view, std::u16string_view, TColor> cases = {
+      {u"$123abc", u"$00123ABC", 0x123ABC},        {u"CLBLUE", u"clBlue", 0xFF0000},
+      {u"$ff000008", u"clWindowText", 0xFF000008}, {u"$00000000000FF", u"clRed", 0xFF},
+      {u"4294967295", u"$FFFFFFFF", 0xFFFFFFFF},   {u"-16777208", u"clWindowText", 0xFF000008},
+      {u"-2147483648", u"$80000000", 0x80000000}};
+  for (const auto& [text, written, color] : cases)
+    EXPECT_EQ(std::pair(StringToColor(text), ColorToString(color)), std::pair(color, String(written))) << String(text);
   for (uint64_t value = 0; value <= 0xFFFFFFFF; value += value < 0xFEFF0000 || value > 0xFF000100 ? 99991 : 1)
     ASSERT_EQ(StringToColor(ColorToString(static_cast<TColor>(value))), value);
   for (std::u16string_view text : {u"", u"$", u"-", u"clRe", u"clRedd", u" 1", u"1 ", u"0x1", u"$-1", u"-$1", u"1A",

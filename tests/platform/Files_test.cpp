@@ -79,21 +79,18 @@ TEST_F(Files, ReadsAndWritesAtItsPosition) {
 
 TEST_F(Files, FailuresNameThePathAndTheReason) {
   const String readOnly = Make("ro", "x"), none = Dir.Path("none"), dir = Dir.Path(), nul = u"a" + String(1, u'\0');
-  ASSERT_TRUE(SetReadOnly(readOnly, true) && Opens(readOnly, fmOpenRead));
-  struct {
-    String Path;
-    uint32_t Mode;
-    int Error;
-  } cases[] = {{none, fmOpenRead, ENOENT},      {none + u"/a", fmCreate, ENOENT}, {dir, fmOpenRead, EISDIR},
-               {dir, fmCreate, EISDIR},         {nul, fmOpenRead, EINVAL},        {u"", fmOpenRead, ENOENT},
-               {readOnly, fmOpenWrite, EACCES}, {readOnly, fmCreate, EACCES},     {u"Q:\\a", fmCreate, ENOTDIR}};
-  for (const auto& c : cases) {
-    auto open = [&] { TFileStream file(c.Path, c.Mode); };
-    const bool create = c.Mode == fmCreate;
-    const String text = u" file \"" + c.Path + u"\". " + SysErrorMessage(c.Error);
+  ASSERT_EQ((TFacts{SetReadOnly(readOnly, true), Opens(readOnly, fmOpenRead)}), "yes yes");
+  const TCases<String, uint32_t, int> cases = {
+      {none, fmOpenRead, ENOENT},      {none + u"/a", fmCreate, ENOENT}, {dir, fmOpenRead, EISDIR},
+      {dir, fmCreate, EISDIR},         {nul, fmOpenRead, EINVAL},        {u"", fmOpenRead, ENOENT},
+      {readOnly, fmOpenWrite, EACCES}, {readOnly, fmCreate, EACCES},     {u"Q:\\a", fmCreate, ENOTDIR}};
+  for (const auto& [path, mode, error] : cases) {
+    auto open = [&] { TFileStream file(path, mode); };
+    const bool create = mode == fmCreate;
+    const String text = u" file \"" + path + u"\". " + SysErrorMessage(error);
     EXPECT_EQ(create ? RaisedBy<EFCreateError>(open) : RaisedBy<EFOpenError>(open),
               (create ? u"Cannot create" : u"Cannot open") + text);
-    EXPECT_EQ(GetLastError(), c.Error);
+    EXPECT_EQ(GetLastError(), error);
   }
 }
 
@@ -102,38 +99,31 @@ TEST_F(Files, StampsAreLocalAndExactToAMicrosecond) {
   TFileStream file(Make("a", "x"), fmOpenRead);
   for (TDateTime stamp : {46000.5, 46000.123456789, 29221.0, 25568.75}) {
     TFileInfo info;
-    EXPECT_TRUE(file.SetLastWrite(stamp) && GetFileInfo(file.GetPath(), info) && info.LastWrite == stamp) << stamp;
+    EXPECT_EQ((TFacts{file.SetLastWrite(stamp), GetFileInfo(file.GetPath(), info)}), "yes yes") << stamp;
+    EXPECT_EQ(info.LastWrite, stamp);
   }
   struct stat info;
-  ASSERT_TRUE(file.SetLastWrite(25570) && ::stat(file.GetPath().ToUtf8().c_str(), &info) == 0);
-  EXPECT_EQ(info.st_mtim.tv_sec, 86400 - 7200);
+  EXPECT_EQ((TFacts{file.SetLastWrite(25570), ::stat(file.GetPath().ToUtf8().c_str(), &info), info.st_mtim.tv_sec}),
+            "yes 0 79200");
   for (TDateTime bad : {std::numeric_limits<double>::quiet_NaN(), 1e300, -1e6}) EXPECT_FALSE(file.SetLastWrite(bad));
 }
 
 TEST_F(Files, FindsByMask) {
   for (const char* name : {"b.csv", "A.CSV", "c.txt", "noext", ".hidden", "Müller.csv", "x.y.z"}) Make(name, "1");
-  ASSERT_TRUE(DirectoryCreate(Dir.Path("dir.csv")) && ::symlink("nowhere", Dir.Path("link").ToUtf8().c_str()) == 0);
+  ASSERT_TRUE(DirectoryCreate(Dir.Path("dir.csv")));
+  std::filesystem::create_symlink("nowhere", Dir.GetPath() + "/link");
   const char* all = ".hidden,A.CSV,Müller.csv,b.csv,c.txt,dir.csv,link,noext,x.y.z,";
-  const std::pair<const char*, std::string> cases[] = {{"*", all},
-                                                       {"*.*", all},
-                                                       {"*.csv", "A.CSV,Müller.csv,b.csv,dir.csv,"},
-                                                       {"?.C*", "A.CSV,b.csv,"},
-                                                       {"?", ""},
-                                                       {"mÜ*", "Müller.csv,"},
-                                                       {"noe*.*", "noext,"},
-                                                       {"*.z", "x.y.z,"},
-                                                       {"c.txt", "c.txt,"},
-                                                       {"C.TXT", ""},
-                                                       {"", ""},
-                                                       {"none/*", ""},
-                                                       {"link", ""},
-                                                       {"*i*k*", "link,"},
-                                                       {"**?**.t?t**", "c.txt,"}};
+  const std::pair<const char*, std::string> cases[] = {
+      {"*", all},    {"*.z", "x.y.z,"},   {"?.C*", "A.CSV,b.csv,"}, {"*.csv", "A.CSV,Müller.csv,b.csv,dir.csv,"},
+      {"*.*", all},  {"c.txt", "c.txt,"}, {"mÜ*", "Müller.csv,"},   {"?", ""},
+      {"C.TXT", ""}, {"none/*", ""},      {"noe*.*", "noext,"},     {"", ""},
+      {"link", ""},  {"*i*k*", "link,"},  {"**?**.t?t**", "c.txt,"}};
   for (const auto& [mask, names] : cases) {
     std::string found;
     for (const TFileInfo& info : FindFiles(Dir.Path() + u"/" + String::FromUtf8(mask))) {
       found += info.Name.ToUtf8() + ",";
-      EXPECT_TRUE(info.IsDirectory == (info.Name == u"dir.csv") && info.IsHidden == (info.Name == u".hidden"));
+      EXPECT_EQ(std::pair(info.IsDirectory, info.IsHidden),
+                std::pair(info.Name == u"dir.csv", info.Name == u".hidden"));
     }
     EXPECT_EQ(found, names) << mask;
   }
@@ -141,56 +131,54 @@ TEST_F(Files, FindsByMask) {
 
 TEST_F(Files, CopyMoveReplaceDelete) {
   const String a = Make("a", "new"), b = Make("b", "old"), c = Dir.Path("c"), ro = Make("ro", "kept");
-  ASSERT_TRUE(TFileStream(ro, fmOpenRead).SetLastWrite(40000.25) && SetReadOnly(ro, true));
-  EXPECT_FALSE(FileDelete(ro) || FileCopy(a, ro) || FileReplace(a, ro) || FileMove(a, b) || FileCopy(a, a));
-  EXPECT_FALSE(FileCopy(Dir.Path(), c) || FileCopy(Dir.Path("none"), b) || FileDelete(Dir.Path()));
+  ASSERT_EQ((TFacts{TFileStream(ro, fmOpenRead).SetLastWrite(40000.25), SetReadOnly(ro, true)}), "yes yes");
+  EXPECT_EQ((TFacts{FileDelete(ro), FileCopy(a, ro), FileReplace(a, ro), FileMove(a, b), FileCopy(a, a)}),
+            "no no no no no");
+  EXPECT_EQ((TFacts{FileCopy(Dir.Path(), c), FileCopy(Dir.Path("none"), b), FileDelete(Dir.Path())}), "no no no");
   EXPECT_TRUE(FileMove(a, Dir.Path("./a")));
   EXPECT_EQ(GetText(a) + GetText(b) + GetText(c) + GetText(ro), "newold<none>kept");
   TFileInfo info;
-  EXPECT_TRUE(FileCopy(ro, b) && FileMove(b, c) && GetFileInfo(c, info));
-  EXPECT_TRUE(info.IsReadOnly && info.LastWrite == 40000.25);
-  EXPECT_EQ(GetText(b) + GetText(c), "<none>kept");
-  EXPECT_TRUE(SetReadOnly(c, false) && FileDelete(c));
+  EXPECT_EQ((TFacts{FileCopy(ro, b), FileMove(b, c), GetFileInfo(c, info)}), "yes yes yes");
+  EXPECT_EQ((TFacts{info.IsReadOnly, info.LastWrite, GetText(b), GetText(c)}), "yes 40000.25 <none> kept");
+  EXPECT_EQ((TFacts{SetReadOnly(c, false), FileDelete(c)}), "yes yes");
   const String link = Dir.Path("link"), real = Make("real", "old");
   ASSERT_EQ(::symlink("real", link.ToUtf8().c_str()) + ::chmod(real.ToUtf8().c_str(), 0640), 0);
-  EXPECT_TRUE(FileCopy(ro, link) && SetReadOnly(real, false));
-  EXPECT_EQ(GetText(real), "kept");
-  EXPECT_TRUE(FileReplace(a, link));
-  EXPECT_EQ(GetText(real) + GetText(a), "new<none>");
+  EXPECT_EQ((TFacts{FileCopy(ro, link), SetReadOnly(real, false), GetText(real)}), "yes yes kept");
+  EXPECT_EQ((TFacts{FileReplace(a, link), GetText(real), GetText(a)}), "yes new <none>");
   struct stat status;
-  EXPECT_TRUE(::stat(link.ToUtf8().c_str(), &status) == 0 && (status.st_mode & 0777) == 0640);
+  EXPECT_EQ(::stat(link.ToUtf8().c_str(), &status), 0);
+  EXPECT_EQ(status.st_mode & 0777, 0640);
 }
 
 TEST_F(Files, AFailedCopyLeavesTheOldTarget) {
   const String source = Make("a", std::string(700000, 'n')), target = Make("b", "old");
-  auto failsWith = [&](int error) { return !FileCopy(source, target) && GetLastError() == error; };
   {
     TFileFaults faults;
     faults.LimitSpace(300000);
-    EXPECT_TRUE(failsWith(ENOSPC));
+    EXPECT_EQ((std::pair{FileCopy(source, target), GetLastError()}), std::pair(false, ENOSPC));
   }
   for (const String& held : {source, target}) {
     TFileStream holder(held, fmOpenReadWrite | fmShareExclusive);
-    EXPECT_TRUE(failsWith(EBUSY));
+    EXPECT_EQ((std::pair{FileCopy(source, target), GetLastError()}), std::pair(false, EBUSY));
   }
-  EXPECT_TRUE(GetText(target) == "old" && FindFiles(Dir.Path("*")).size() == 2);
-  EXPECT_TRUE(FileCopy(source, target) && GetText(target) == std::string(700000, 'n'));
+  EXPECT_EQ((TFacts{GetText(target), FindFiles(Dir.Path("*")).size()}), "old 2");
+  EXPECT_TRUE(FileCopy(source, target));
+  EXPECT_TRUE(GetText(target) == std::string(700000, 'n'));
 }
 
 TEST_F(Files, CopiesDirectories) {
   const String s = Dir.Path("s"), t = Dir.Path("t");
-  ASSERT_TRUE(DirectoryCreate(s) && DirectoryCreate(s + u"/sub"));
+  ASSERT_EQ((TFacts{DirectoryCreate(s), DirectoryCreate(s + u"/sub")}), "yes yes");
   Make("s/1", "one"), Make("s/sub/2", "two");
-  ASSERT_EQ(::symlink("1", Dir.Path("s/link").ToUtf8().c_str()), 0);
-  EXPECT_FALSE(DirectoryCopy(s, s + u"/sub/t") || DirectoryCopy(Dir.Path("none"), t));
+  std::filesystem::create_symlink("1", Dir.GetPath() + "/s/link");
+  EXPECT_EQ((TFacts{DirectoryCopy(s, s + u"/sub/t"), DirectoryCopy(Dir.Path("none"), t)}), "no no");
   TFileFaults faults;
   faults.Fail(foWrite, ENOSPC, 1, 0, "/2");
-  EXPECT_FALSE(DirectoryCopy(s, t) || DirectoryExists(t));
-  EXPECT_TRUE(DirectoryCopy(s, t + u"/"));
+  EXPECT_EQ((TFacts{DirectoryCopy(s, t), DirectoryExists(t), DirectoryCopy(s, t + u"/")}), "no no yes");
   Make("s/1", "changed");
   EXPECT_TRUE(DirectoryCopy(s, t));
   EXPECT_EQ(GetText(Dir.Path("t/link")) + GetText(Dir.Path("t/sub/2")), "changedtwo");
-  EXPECT_FALSE(DirectoryCreate(t) || DirectoryRemove(t));
+  EXPECT_EQ((TFacts{DirectoryCreate(t), DirectoryRemove(t)}), "no no");
 }
 
 TEST_F(Files, FaultsStrikeWhereTheyAreTold) {
@@ -209,14 +197,14 @@ TEST_F(Files, FaultsStrikeWhereTheyAreTold) {
     {
       TFileFaults faults;
       faults.Fail(operation, EROFS, 2);
-      EXPECT_TRUE(!run() && GetLastError() == EROFS && !run() && run());
+      EXPECT_EQ((std::array<int, 4>{run(), GetLastError(), run(), run()}), (std::array{0, EROFS, 0, 1}));
       faults.Fail(operation, EROFS, 99);
     }
     EXPECT_TRUE(run());
   }
   TFileFaults faults;
   faults.Fail(foFlush, EIO, 1, 2);
-  EXPECT_TRUE(file.Flush() && file.Flush() && !file.Flush() && file.Flush());
+  EXPECT_EQ((TFacts{file.Flush(), file.Flush(), file.Flush(), file.Flush()}), "yes yes no yes");
 }
 
 }  // namespace

@@ -8,60 +8,33 @@ using namespace vx;
 
 // Searches of a list against those of a plain one, under random changes of both.
 TEST(HashedStringList, FindsTheFirstWhateverChanges) {
-  const String names[] = {u"",
-                          u"a",
-                          u"A",
-                          u"ä",
-                          u"Ä",
-                          u"ß",
-                          u"zZ[{`@",
-                          u"Straße",
-                          u"STRAßE",
-                          u"Überschrift 1234567",
-                          u"überschrift 1234567",
-                          u"überschrift 1234568",
-                          u"Überschrift 12345",
-                          u"a",
-                          u"öab",
-                          u"abcd"};
+  const std::vector<String> names({u"", u"a", u"A", u"ä", u"Ä", u"ß", u"zZ[{`@", u"Straße", u"STRAßE",
+                                   u"Überschrift 1234567", u"überschrift 1234567", u"überschrift 1234568",
+                                   u"Überschrift 12345", u"a", u"öab", u"abcd"});
   std::mt19937 random(7);
   auto below = [&](int count) { return static_cast<int>(random() % static_cast<unsigned>(count)); };
   auto item = [&] {
-    const String& name = names[below(16)];
-    return below(4) == 0 ? name : name + u"=" + names[below(4)] + (below(3) == 0 ? u"=" : u"");
+    const String& name = names.begin()[below(16)];
+    return below(4) == 0 ? name : name + u"=" + names.begin()[below(4)] + (below(3) == 0 ? u"=" : u"");
   };
   THashedStringList list;
   std::vector<String> plain;
   for (int round = 1; round <= 20000; ++round) {
     const int count = static_cast<int>(plain.size()), at = below(count + 1), to = below(count + 1);
     const String text = item();
-    switch (const bool inside = at < count && to<count; count> 90 ? 0 : below(inside ? 9 : 3)) {
-      case 0:
-        list.Clear(), list.Add(text), plain.assign(1, text);
-        break;
-      case 1:
-        list.Add(text), plain.push_back(text);
-        break;
-      case 2:
-        list.Insert(at, text), plain.insert(plain.begin() + at, text);
-        break;
-      case 3:
-        list.Delete(at), plain.erase(plain.begin() + at);
-        break;
-      case 4:
-        list.Exchange(at, to), std::swap(plain.begin()[at], plain.begin()[to]);
-        break;
-      case 5:
-        list.Put(at, text), plain.begin()[at] = text;
-        break;
-      case 6:
-        list.Put(at, list.GetNames(at) + u"=x"), plain.begin()[at] = list.View(at);
-        break;
-      default:
-        list.PutObject(at, nullptr), list.SetCapacity(count + 3);
-    }
+    const std::function<void()> works[] = {
+        [&] { list.Clear(), list.Add(text), plain.assign(1, text); },
+        [&] { list.Add(text), plain.push_back(text); },
+        [&] { list.Insert(at, text), plain.insert(plain.begin() + at, text); },
+        [&] { list.Delete(at), plain.erase(plain.begin() + at); },
+        [&] { list.Exchange(at, to), std::swap(plain.begin()[at], plain.begin()[to]); },
+        [&] { list.Put(at, text), plain.begin()[at] = text; },
+        [&] { list.Put(at, list.GetNames(at) + u"=x"), plain.begin()[at] = list.View(at); },
+        [&] { list.PutObject(at, nullptr), list.SetCapacity(count + 3); }};
+    const bool isInside = at < count && to < count;
+    works[std::min(count > 90 ? 0 : below(isInside ? 9 : 3), 7)]();
     ASSERT_EQ(list.GetCount(), static_cast<int>(plain.size()));
-    const String wanted = UpperCase(below(2) == 0 ? item() : names[below(16)]);
+    const String wanted = UpperCase(below(2) == 0 ? item() : names.begin()[below(16)]);
     int first = -1, firstName = -1;
     for (int i = list.GetCount() - 1; i >= 0; --i) {
       const String& own = plain.begin()[i];
@@ -131,34 +104,22 @@ TEST(HashedStringList, LosesManyItems) {
 
 TEST(CustomIniFile, TypedValuesGoThroughTheirTexts) {
   TTextsIni ini;
-  struct {
-    String Text;
-    int Integer;
-    double Date, DateTime, Time, Float;
-  } cases[] = {{u"12", 12, 9, 0.5, 0.5, 12},
-               {u"0x1F", 31, 9, 9, 9, 9},
-               {u"0XFF", 255, 9, 9, 9, 9},
-               {u"0x", 7, 9, 9, 9, 9},
-               {u"$a", 10, 9, 9, 9, 9},
-               {u"0x1G", 7, 9, 9, 9, 9},
-               {u"0xFFFFFFFF", -1, 9, 9, 9, 9},
-               {u"0x-1", 7, 9, 9, 9, 9},
-               {u"99999999999", 7, 9, 9, 9, 99999999999},
-               {u"1.2.2015", 7, 42036, 42036, 9, 9},
-               {u"", 7, 9, 9, 9, 9},
-               {u"0", 0, 9, 0, 0, 0},
-               {u"1.2.2015 6:00", 7, 9, 42036.25, 9, 9},
-               {u"18:00", 7, 9, 0.75, 0.75, 9},
-               {u"1,5", 7, 9, 9, 9, 1.5}};
-  for (const auto& c : cases) {
-    ini.WriteString(u"s", u"d", c.Text);
+  const TCases<String, int, double, double, double, double> cases = {
+      {u"0x1F", 31, 9, 9, 9, 9}, {u"12", 12, 9, 0.5, 0.5, 12},         {u"0x", 7, 9, 9, 9, 9},
+      {u"$a", 10, 9, 9, 9, 9},   {u"0XFF", 255, 9, 9, 9, 9},           {u"99999999999", 7, 9, 9, 9, 99999999999},
+      {u"0x1G", 7, 9, 9, 9, 9},  {u"0xFFFFFFFF", -1, 9, 9, 9, 9},      {u"", 7, 9, 9, 9, 9},
+      {u"0x-1", 7, 9, 9, 9, 9},  {u"1.2.2015", 7, 42036, 42036, 9, 9}, {u"0", 0, 9, 0, 0, 0},
+      {u"1,5", 7, 9, 9, 9, 1.5}, {u"18:00", 7, 9, 0.75, 0.75, 9},      {u"1.2.2015 6:00", 7, 9, 42036.25, 9, 9}};
+  for (const auto& [text, integer, date, dateTime, time, float_] : cases) {
+    ini.WriteString(u"s", u"d", text);
     EXPECT_EQ((std::vector{ini.ReadDate(u"s", u"d", 9), ini.ReadDateTime(u"s", u"d", 9), ini.ReadTime(u"s", u"d", 9),
                            static_cast<double>(ini.ReadFloat(u"s", u"d", 9)), ini.ReadInteger(u"s", u"d", 7) + 0.0}),
-              (std::vector{c.Date, c.DateTime, c.Time, c.Float, c.Integer + 0.0}))
-        << c.Text.ToUtf8();
-    EXPECT_EQ(ini.ReadBool(u"s", u"d", true), c.Integer != 0);
+              (std::vector{date, dateTime, time, float_, integer + 0.0}))
+        << text;
+    EXPECT_EQ(ini.ReadBool(u"s", u"d", true), integer != 0);
   }
-  EXPECT_TRUE(ini.ReadDate(u"s", u"-", 42036.25) == 42036 && ini.ReadTime(u"s", u"-", 42036.25) == 0.25) << "as texts";
+  EXPECT_EQ((TFacts{ini.ReadDate(u"s", u"-", 42036.25), ini.ReadTime(u"s", u"-", 42036.25)}), "42036 0.25")
+      << "as texts";
   EXPECT_THROW(ini.ReadDate(u"s", u"list", 0), EStringListError);
   ini.WriteInteger(u"s", u"i", -1), ini.WriteBool(u"s", u"b", true), ini.WriteDate(u"s", u"d", 42036.25);
   ini.WriteDateTime(u"s", u"dt", 42036.25), ini.WriteTime(u"s", u"t", 42036.25), ini.WriteFloat(u"s", u"f", 1.5);

@@ -33,8 +33,8 @@ TEST(TObjectList, FreesExactlyWhatItOwns) {
       TObjectList list(owns);
       for (TObject* probe : probes) list.Add(probe);
       list.Delete(1), list.Put(0, nullptr);
-      EXPECT_TRUE(list.Extract(probes[2]) == probes[2] && list.Extract(probes[2]) == nullptr);
-      EXPECT_TRUE(list.Remove(probes[3]) == 1 && list.Remove(probes[3]) == -1);
+      EXPECT_EQ((TFacts{list.Extract(probes[2]) == probes[2], !list.Extract(probes[2])}), "yes yes");
+      EXPECT_EQ((TFacts{list.Remove(probes[3]), list.Remove(probes[3])}), "1 -1");
     }
     EXPECT_EQ(gone, owns ? (std::vector<int>{1, 0, 3, 4}) : std::vector<int>{});
     for (int i = 0; i < 5; ++i)
@@ -139,13 +139,10 @@ TEST(TStrings, TextCutsAtEveryKindOfLineEnd) {
 }
 
 TEST(TStrings, CommaTextQuotesAndReadsBack) {
-  const std::pair<String, String> cases[] = {{u"a b", u"a,b"},
-                                             {u"\"a \"\"b\"\"\", c", u"\"a \"\"b\"\"\",c"},
-                                             {u"a,", u"a,"},
-                                             {u",", u","},
-                                             {u"\"\"", u"\"\""},
-                                             {u"  ", u""},
-                                             {u"\"open, end", u"\"open, end\""}};
+  const std::pair<String, String> cases[] = {{u"a b", u"a,b"},   {u"\"a \"\"b\"\"\", c", u"\"a \"\"b\"\"\",c"},
+                                             {u"a,", u"a,"},     {u",", u","},
+                                             {u"\"\"", u"\"\""}, {u"\"open, end", u"\"open, end\""},
+                                             {u"  ", u""}};
   for (const auto& [text, back] : cases) {
     TPlainList list;
     list.SetCommaText(text);
@@ -175,11 +172,11 @@ TEST(TStrings, MovesExchangesAssignsAndCompares) {
   TPlainList a, b;
   a.SetCommaText(u"0,1,2,3"), a.Move(0, 2), a.Exchange(0, 3);
   b.Assign(a), b.AddStrings(a);
-  EXPECT_TRUE(b.GetCommaText() == u"3,2,0,1,3,2,0,1" && !b.Equals(a));
+  EXPECT_EQ((TFacts{b.GetCommaText(), b.Equals(a)}), "3,2,0,1,3,2,0,1 no");
   a.Assign(b);
   EXPECT_TRUE(a.Equals(b));
   b.SetText(u"Straße\nÄrger\n");
-  EXPECT_TRUE(b.IndexOf(u"ärger") == 1 && b.IndexOf(u"Strasse") == -1);
+  EXPECT_EQ((TFacts{b.IndexOf(u"ärger"), b.IndexOf(u"Strasse")}), "1 -1");
 }
 
 TEST(Sorts, LoseNothingWhateverTheComparisonSays) {

@@ -14,66 +14,50 @@ using namespace std::literals;
 TEST(Encoding, DetectsDecodesAndEncodes) {
   const TEncoding &page = TEncoding::Default(), &utf8 = TEncoding::Utf8();
   const TEncoding &low = TEncoding::Utf16(), &high = TEncoding::Utf16BigEndian();
-  struct {
-    std::string Bytes;
-    const TEncoding& Kind;
-    size_t Mark;
-    String Text;
-    bool Returns;
-  } cases[] = {{"", page, 0, u"", true},
-               {"a=\xFC\x80", page, 0, u"a=ü€", true},
-               {"\xEF\xBB", page, 0, u"ï»", true},
-               {"\xEF\xBB\xBF", utf8, 3, u"", true},
-               {"\xEF\xBB\xBFü\xF0\x9F\x98\x80", utf8, 3, u"ü😀", true},
-               {"\xEF\xBB\xBF"
-                "a\xC3(\xE2\x82",
-                utf8, 3, u"a\uFFFD(\uFFFD", false},
-               {"\xFF\xFE"s, low, 2, u"", true},
-               {"\xFF\xFE\xFC\0\xAC "s, low, 2, u"ü€", true},
-               {"\xFF\xFE"
-                "a\0b"s,
-                low, 2, u"a", false},
-               {"\xFE\xFF\0\xFC \xAC"s, high, 2, u"ü€", true},
-               {"\xFE\xFF\xD8\0\0"s, high, 2, u"\xD800", false},
-               {"\xFF", page, 0, u"ÿ", true}};
-  for (const auto& c : cases) {
-    size_t mark = 99;
-    const TEncoding& found = TEncoding::Detect(c.Bytes, mark, page);
-    EXPECT_TRUE(&found == &c.Kind && mark == c.Mark && found.Mark().size() == mark) << c.Text.ToUtf8();
-    EXPECT_EQ(found.Decode(std::string_view(c.Bytes).substr(mark)), c.Text);
-    EXPECT_EQ(std::string(found.Mark()) + found.Encode(c.Text) == c.Bytes, c.Returns) << c.Text.ToUtf8();
+  // The bytes, behind them a mark of so many; the text; and whether the bytes come back.
+  const TCases<std::string, const TEncoding*, size_t, String, bool> cases = {
+      {"", &page, 0, u"", true},
+      {"\xEF\xBB\xBF\x61\xC3(\xE2\x82", &utf8, 3, u"a\uFFFD(\uFFFD", false},
+      {"\xFF", &page, 0, u"ÿ", true},
+      {"\xEF\xBB\xBFü\xF0\x9F\x98\x80", &utf8, 3, u"ü😀", true},
+      {"\xEF\xBB", &page, 0, u"ï»", true},
+      {"a=\xFC\x80", &page, 0, u"a=ü€", true},
+      {"\xFF\xFE"s, &low, 2, u"", true},
+      {"\xEF\xBB\xBF", &utf8, 3, u"", true},
+      {"\xFF\xFE\x61\0b"s, &low, 2, u"a", false},
+      {"\xFF\xFE\xFC\0\xAC "s, &low, 2, u"ü€", true},
+      {"\xFE\xFF\xD8\0\0"s, &high, 2, u"\xD800", false},
+      {"\xFE\xFF\0\xFC \xAC"s, &high, 2, u"ü€", true}};
+  for (const auto& row : cases) {
+    const auto& [bytes, kind, mark, text, returns] = row;
+    size_t skipped = 99;
+    const TEncoding& found = TEncoding::Detect(bytes, skipped, page);
+    const String decoded = found.Decode(std::string_view(bytes).substr(mark));
+    const bool isBack = std::string(found.Mark()) + found.Encode(text) == bytes;
+    EXPECT_EQ(std::tuple(bytes, &found, skipped, decoded, isBack), row);
+    EXPECT_EQ(found.Mark().size(), mark) << text;
   }
   EXPECT_EQ(page.Encode(u"Ж") + utf8.Encode(u"\xDC00z"), "?\xEF\xBF\xBDz");
   String all;
   for (int unit = 0; unit < 0x10000; ++unit) all += static_cast<char16_t>(unit);
-  EXPECT_TRUE(low.Decode(low.Encode(all)) == all && high.Decode(high.Encode(all)) == all);
+  for (const TEncoding* each : {&low, &high}) EXPECT_TRUE(each->Decode(each->Encode(all)) == all);
   SetSystemCodePage(437);
   EXPECT_EQ(page.Decode("\x81") + String::FromUtf8(page.Encode(u"é") == "\x82" ? "é" : ""), u"üé");
   SetSystemCodePage(1252);
 }
 
 TEST(IniLine, KindsAndLineEnds) {
-  struct {
-    std::u16string_view Line;
-    TIniLine Said;
-  } cases[] = {{u"", {}},
-               {u" \t\0"sv, {}},
-               {u" ;a=b", {}},
-               {u" [ a b ] ", {ilSection, u"a b", {}}},
-               {u"[]", {ilSection, {}, {}}},
-               {u"[", {ilPlain, u"[", {}}},
-               {u"[a]b", {ilPlain, u"[a]b", {}}},
-               {u"[a]=b", {ilValue, u"[a]", u"b"}},
-               {u"[a=b]", {ilSection, u"a=b", {}}},
-               {u" a = b = c ", {ilValue, u"a", u"b = c"}},
-               {u"=v", {ilValue, {}, u"v"}},
-               {u"a=", {ilValue, u"a", {}}},
-               {u"a b;c", {ilPlain, u"a b;c", {}}},
-               {u"a\0b=c\0d"sv, {ilValue, u"a\0b"sv, u"c\0d"sv}}};
-  for (const auto& c : cases) {
-    const TIniLine line = ParseIniLine(c.Line);
-    EXPECT_TRUE(line.Kind == c.Said.Kind && line.Name == c.Said.Name && line.Value == c.Said.Value)
-        << String(c.Line).ToUtf8();
+  const TCases<std::u16string_view, TIniLine> cases = {
+      {u"[]", {ilSection, {}, {}}},        {u"", {}},
+      {u"[", {ilPlain, u"[", {}}},         {u" \t\0"sv, {}},
+      {u"[a]b", {ilPlain, u"[a]b", {}}},   {u" ;a=b", {}},
+      {u"[a]=b", {ilValue, u"[a]", u"b"}}, {u" [ a b ] ", {ilSection, u"a b", {}}},
+      {u"[a=b]", {ilSection, u"a=b", {}}}, {u" a = b = c ", {ilValue, u"a", u"b = c"}},
+      {u"=v", {ilValue, {}, u"v"}},        {u"a b;c", {ilPlain, u"a b;c", {}}},
+      {u"a=", {ilValue, u"a", {}}},        {u"a\0b=c\0d"sv, {ilValue, u"a\0b"sv, u"c\0d"sv}}};
+  for (const auto& [line, said] : cases) {
+    const auto [kind, name, value] = ParseIniLine(line);
+    EXPECT_EQ(std::tuple(kind, name, value), std::tuple(said.Kind, said.Name, said.Value)) << String(line);
   }
   String lines;
   ForEachLine(u"a\rb\n\r\nc\r\n\n d", [&](std::u16string_view line) { lines += u"<" + String(line) + u">"; });
@@ -103,12 +87,11 @@ TEST_F(MemIniFile, FindsWhatStandsFirst) {
   EXPECT_EQ(Names(ini), u"Größe,two,GRÖßE,Two,");
   EXPECT_EQ(Names(ini, u"GRÖßE") + u"|" + Names(ini, u"TWO") + u"|" + Names(ini, u"") + u"|" + Names(ini, u"none"),
             u"Ä,b,B,,leer|k\0ey|in|"sv);
-  struct {
-    const char16_t *Section, *Key, *Value;
-  } cases[] = {{u"größe", u"ä", u"1"},   {u"Größe", u"B", u"x = y"}, {u"Größe", u"", u"v"}, {u"Größe", u"LEER", u""},
-               {u"Größe", u"new", u"?"}, {u"Größe", u"plain", u"?"}, {u"", u"lost", u"?"},  {u"", u"IN", u"none"},
-               {u"GRÖSSE", u"b", u"?"},  {u"Größe", u"b ", u"?"},    {u"no", u"b", u"?"}};
-  for (const auto& c : cases) EXPECT_EQ(ini.ReadString(c.Section, c.Key, u"?"), c.Value) << String(c.Key).ToUtf8();
+  const TCases<String, String, String> cases = {
+      {u"größe", u"ä", u"1"},   {u"Größe", u"B", u"x = y"}, {u"Größe", u"", u"v"}, {u"Größe", u"LEER", u""},
+      {u"Größe", u"new", u"?"}, {u"Größe", u"plain", u"?"}, {u"", u"lost", u"?"},  {u"", u"IN", u"none"},
+      {u"GRÖSSE", u"b", u"?"},  {u"Größe", u"b ", u"?"},    {u"no", u"b", u"?"}};
+  for (const auto& [section, key, value] : cases) EXPECT_EQ(ini.ReadString(section, key, u"?"), value) << key;
   EXPECT_EQ(ini.ReadString(u"TWO", u"K\0EY"sv, u"?"), u"1"sv);
 }
 

@@ -36,25 +36,22 @@ class SafeFiles : public testing::Test {
 };
 
 TEST_F(SafeFiles, ReplacesTheContentAndKeepsTheRest) {
-  struct {
-    const char* Name;
-    std::function<void()> Prepare;
-    bool IsNewFile;
-  } cases[] = {{"rights", [] { ::chmod("a", 0641); }, true},
-               {"what a killed process left", [] { PutText(u".a.vxnew", "longer than new"); }, true},
-               {"a link there", [] { fs::create_symlink("other", ".a.vxnew"); }, true},
-               {"another file there", [] { fs::create_hard_link("other", ".a.vxnew"); }, true},
-               {"special rights", [] { ::chmod("a", 01755); }, false},
-               {"two names", [] { PutText(u".a.vxnew", "left"), fs::create_hard_link("a", "a2"); }, false}};
+  const TCases<const char*, std::function<void()>, bool> cases = {
+      {"rights", [] { ::chmod("a", 0641); }, true},
+      {"what a killed process left", [] { PutText(u".a.vxnew", "longer than new"); }, true},
+      {"a link there", [] { fs::create_symlink("other", ".a.vxnew"); }, true},
+      {"another file there", [] { fs::create_hard_link("other", ".a.vxnew"); }, true},
+      {"special rights", [] { ::chmod("a", 01755); }, false},
+      {"two names", [] { PutText(u".a.vxnew", "left"), fs::create_hard_link("a", "a2"); }, false}};
   fs::create_symlink("a", "link");
-  for (const auto& c : cases) {
-    PutText(u"a", "old content"), PutText(u"other", "other"), c.Prepare();
+  for (const auto& [name, prepare, isNewFile] : cases) {
+    PutText(u"a", "old content"), PutText(u"other", "other"), prepare();
     struct stat old, now;
     ASSERT_EQ(::stat("a", &old), 0);
     ReplaceFileContent(u"link", "new");
-    EXPECT_EQ(GetText(u"a") + GetText(u"other") + GetText(u".a.vxnew"), "newother<none>") << c.Name;
-    EXPECT_TRUE(::stat("a", &now) == 0 && now.st_mode == old.st_mode && fs::is_symlink("link")) << c.Name;
-    EXPECT_EQ(now.st_ino != old.st_ino, c.IsNewFile) << c.Name;
+    EXPECT_EQ(GetText(u"a") + GetText(u"other") + GetText(u".a.vxnew"), "newother<none>") << name;
+    EXPECT_EQ((TFacts{::stat("a", &now), fs::is_symlink("link")}), "0 yes") << name;
+    EXPECT_EQ(std::pair(now.st_mode, now.st_ino != old.st_ino), std::pair(old.st_mode, isNewFile)) << name;
   }
   for (const char* name : {"a", "a2", "other"}) fs::remove(name);
   for (const String& path : {String(u"b"), String(u"link"), String(255, u'n')}) ReplaceFileContent(path, "12");
@@ -63,22 +60,19 @@ TEST_F(SafeFiles, ReplacesTheContentAndKeepsTheRest) {
 
 TEST_F(SafeFiles, FaultsLeaveTheOldContentOrAreWrittenAround) {
   PutText(u"old", "old");
-  struct {
-    TFileOperation Operation;
-    int Error;
-    std::string On, Content;
-  } cases[] = {{foSetSize, ENOSPC, "", "old"},      {foWrite, EIO, "", "old"},
-               {foFlush, EIO, "", "old"},           {foRename, EACCES, "", "old"},
-               {foCreate, EDQUOT, ".vxnew", "old"}, {foCreate, EACCES, ".vxnew", "1"},
-               {foCreate, EROFS, ".vxnew", "22"},   {foAttributes, EPERM, ".vxnew", "3"},
-               {foRename, EBUSY, ".vxnew", "4"}};
-  for (const auto& c : cases) {
-    const bool fails = c.Content == "old";
+  const TCases<TFileOperation, int, std::string, std::string> cases = {
+      {foSetSize, ENOSPC, "", "old"},      {foWrite, EIO, "", "old"},
+      {foFlush, EIO, "", "old"},           {foRename, EACCES, "", "old"},
+      {foCreate, EDQUOT, ".vxnew", "old"}, {foCreate, EACCES, ".vxnew", "1"},
+      {foCreate, EROFS, ".vxnew", "22"},   {foAttributes, EPERM, ".vxnew", "3"},
+      {foRename, EBUSY, ".vxnew", "4"}};
+  for (const auto& [operation, error, on, content] : cases) {
+    const bool fails = content == "old";
     TFileFaults faults;
-    c.Operation == foSetSize ? faults.LimitSpace(2) : faults.Fail(c.Operation, c.Error, 1, 0, c.On);
-    EXPECT_EQ(RaisedBy<EWriteError>([&] { ReplaceFileContent(u"old", fails ? "new" : c.Content); }),
-              fails ? u"Cannot write file \"old\". " + SysErrorMessage(c.Error) : String());
-    EXPECT_TRUE(GetText(u"old") == c.Content && Entries() == 1) << c.Content;
+    operation == foSetSize ? faults.LimitSpace(2) : faults.Fail(operation, error, 1, 0, on);
+    EXPECT_EQ(RaisedBy<EWriteError>([&] { ReplaceFileContent(u"old", fails ? "new" : content); }),
+              fails ? u"Cannot write file \"old\". " + SysErrorMessage(error) : String());
+    EXPECT_EQ(std::pair(GetText(u"old"), Entries()), std::pair(content, 1));
   }
   TFileFaults faults;
   faults.LimitSpace(2);
@@ -104,7 +98,9 @@ TEST_F(SafeFiles, StampsGrow) {
   for (int i = 0; i < 50; ++i) {
     if (i == 30) fs::create_hard_link("a", "b");
     const TDateTime stamp = ReplaceFileContent(u"a", "x");
-    EXPECT_TRUE(stamp > last && GetFileInfo(u"a", info) && info.LastWrite == stamp) << i;
+    EXPECT_GT(stamp, last) << i;
+    EXPECT_TRUE(GetFileInfo(u"a", info)) << i;
+    EXPECT_EQ(info.LastWrite, stamp) << i;
     last = stamp;
   }
   TFileStream(u"a", fmOpenReadWrite).SetLastWrite(Now() + 1);
@@ -124,7 +120,7 @@ TEST_F(SafeFiles, AKilledProcessLeavesTheOldOrTheNewContent) {
     EXPECT_NE(std::find(texts, texts + 3, text), texts + 3) << text.size();
   }
   ReplaceFileContent(u"a", "end");
-  EXPECT_TRUE(GetText(u"a") == "end" && Entries() == 1);
+  EXPECT_EQ((TFacts{GetText(u"a"), Entries()}), "end 1");
 }
 
 TEST_F(SafeFiles, AppendsWholePieces) {
@@ -222,12 +218,13 @@ TEST_F(SafeFiles, ATurnIsOneProcessAfterTheOther) {
     test::TClockAt clock(46000);
     TFileTurn turn, other;
     for (const char16_t* bad : {u"", u"ro", u"none/none", u"."}) EXPECT_FALSE(turn.Take(bad, 10));
-    EXPECT_TRUE(turn.Take(u"none", 0) && !other.Take(u"none", 0)) << "the right to make a file";
-    EXPECT_TRUE(turn.Take(u"a", 0) && turn.Take(u"a", 0) && !other.Take(u"a", 0) && !other.Take(u"a", 100));
+    EXPECT_EQ((TFacts{turn.Take(u"none", 0), other.Take(u"none", 0)}), "yes no") << "the right to make a file";
+    EXPECT_EQ((TFacts{turn.Take(u"a", 0), turn.Take(u"a", 0), other.Take(u"a", 0), other.Take(u"a", 100)}),
+              "yes yes no no");
     EXPECT_EQ(clock.Ticks(), 100);
     for (int i = 0; i < 2; ++i) ReplaceFileContent(u"a", "0");
     EXPECT_FALSE(other.Take(u"a", 5)) << "the turn goes with the name";
-    EXPECT_TRUE(FileReplace(u"b", u"a") && other.Take(u"a", 0)) << "but for a file of another making";
+    EXPECT_EQ((TFacts{FileReplace(u"b", u"a"), other.Take(u"a", 0)}), "yes yes") << "but for a file of another making";
   }
   EXPECT_TRUE(InProcesses(3, [](int) {
     for (int i = 0; i < 20; ++i) {

@@ -20,11 +20,13 @@ TEST(String, KeepsTextsOfEveryLengthThroughCopyMoveAndSlice) {
   for (size_t length : {0, 1, 2, 7, 8, 10, 11, 12, 13, 16, 40, 1000}) {
     std::u16string text = Letters(length);
     String a = std::u16string_view(text), copy = a, moved = std::move(copy);
-    EXPECT_TRUE(moved.view() == text && copy.empty() && moved == a);
+    EXPECT_EQ(moved.view(), text);
+    EXPECT_EQ(std::pair(copy, moved), std::pair(String(), a));
     for (size_t first = 0; first <= length; first += 1 + length / 7) {
       for (size_t count = 0; count <= length - first; count += 1 + length / 5) {
         String slice = a.Slice(static_cast<int>(first), static_cast<int>(count));
-        EXPECT_TRUE(slice.view() == text.substr(first, count) && slice.Detached() == slice) << length << " " << first;
+        EXPECT_EQ(slice.view(), text.substr(first, count)) << length << " " << first;
+        EXPECT_EQ(slice.Detached(), slice) << length << " " << first;
       }
     }
     EXPECT_EQ(a.Slice(-3), a);
@@ -34,10 +36,11 @@ TEST(String, KeepsTextsOfEveryLengthThroughCopyMoveAndSlice) {
 
 TEST(String, SharesLongTextsAndDetachesBeforeWriting) {
   String a = std::u16string_view(Letters(100)), b = a, slice = a.Slice(10, 50);
-  EXPECT_TRUE(b.data() == a.data() && slice.data() == a.data() + 10);
+  EXPECT_EQ((std::array{b.data(), slice.data()}), (std::array{a.data(), a.data() + 10}));
   b.SetUnit(0, u'X');
   slice += u"!";
-  EXPECT_TRUE(a.view() == Letters(100) && b.view().substr(1) == Letters(100).substr(1));
+  EXPECT_EQ(a.view(), Letters(100));
+  EXPECT_EQ(b.view().substr(1), Letters(100).substr(1));
   EXPECT_EQ(slice.view(), Letters(60).substr(10) + u"!");
   EXPECT_LT(String(slice.Slice(0, 20)).Detached().BlockBytes(), 64u);
 }
@@ -54,7 +57,8 @@ TEST(String, AppendsLikeAPlainText) {
     std::u16string kept(earlier.view());
     text += part;
     expected += part;
-    ASSERT_TRUE(text.view() == expected && earlier.view() == kept) << i;
+    ASSERT_EQ(text.view(), expected) << i;
+    ASSERT_EQ(earlier.view(), kept) << i;
   }
 }
 
@@ -73,7 +77,7 @@ TEST(String, ComparesByCodeUnitsWhateverTheForm) {
     for (const auto& b : texts) {
       String sa = std::u16string_view(a), sb = std::u16string_view(b);
       sb.Reserve(50);  // in a block, even if it would fit into the value
-      EXPECT_TRUE((sa == sb) == (a == b) && (sa < sb) == (a < b));
+      EXPECT_EQ(std::pair(sa == sb, sa < sb), std::pair(a == b, a < b)) << sa << " | " << sb;
     }
   }
 }

@@ -26,10 +26,10 @@ class SystemTest : public testing::Test {
 };
 
 TEST_F(SystemTest, ProcessSessionAndScreenAreReadFromTheirFiles) {
-  EXPECT_TRUE(ResidentBytes() == 0 && ScreenDepth() == 0 && !IsRemoteLogin()) << "no files";
+  EXPECT_EQ((TFacts{ResidentBytes(), ScreenDepth(), IsRemoteLogin()}), "0 0 no") << "no files";
   Put("/proc/self/status", "Name:\tVmRSS\nVmHWM:\t99999999999999999999 kB\nVmRSS:\t    1024 kB\nThreads:\t1\n");
   Put("/sys/class/graphics/fb0/bits_per_pixel", "32\n");
-  EXPECT_TRUE(ResidentBytes() == 1 << 20 && PeakResidentBytes() == 0 && ScreenDepth() == 32);
+  EXPECT_EQ((TFacts{ResidentBytes(), PeakResidentBytes(), ScreenDepth()}), "1048576 0 32");
   Put("/run/systemd/sessions/7", "UID=0\nREMOTE=1\n");
   Put("/run/systemd/sessions/8", "REMOTE=0\nREMOTE_HOST=REMOTE=1\n");
   for (const char* session : {"7", "8", "9", "4294967295", ""}) {
@@ -56,12 +56,10 @@ TEST_F(SystemTest, ProgramsAreFoundByTheTypeOfTheName) {
   Put(share + "hide.desktop", entry + "ed\nHidden=true\n");
   for (const char* program : {"/bin/ed", "/opt/cc", "/opt/my \"cc"}) Put(program, "", 0755);
   Put("/usr/bin/ed", "no program");
-  struct {
-    String File, Program;
-  } cases[] = {
+  const TCases<String, String> cases = {
       {u"a.TXT", u"/bin/ed"}, {u"/a.c", u"/opt/cc"}, {u"make", u""},       {u"", u""},   {u"a.C", u"/opt/my \"cc"},
       {u"a.gz", u"/bin/ed"},  {u"a.tar.gz", u""},    {u"a.b", u"/opt/cc"}, {u"txt", u""}};
-  for (const auto& c : cases) EXPECT_EQ(ProgramOfFile(c.File), c.Program) << c.File.ToUtf8();
+  for (const auto& [file, program] : cases) EXPECT_EQ(ProgramOfFile(file), program) << file;
   Put(share + "mimeapps.list", "[Added Associations]\ntext=ed.desktop\n[Default Applications]\ntext=no;cc.desktop\n");
   EXPECT_EQ(ProgramOfFile(u"a.txt"), u"/opt/cc") << "the system's choice before the cache";
   Put("/home/anna/.config/mimeapps.list", "[Default Applications]\ntext=q.desktop\n");
@@ -84,20 +82,17 @@ std::string Font(const std::string& Version, uint64_t Platform, uint64_t Kind, c
 
 TEST_F(SystemTest, FontsAreTrueTypeByTheirOutlinesAndNamedByTheirFamily) {
   const std::string sans{"\0S\0\xE4\0n", 6}, version = Big(0x10000, 4);
-  struct {
-    std::string Bytes;
-    String Family;
-    bool Found;
-  } cases[] = {{Font(version, 3, 1, sans), u"sÄN", true},
-               {Font("true", 0, 16, sans), u"Sän", true},
-               {Font("OTTO", 3, 1, sans), u"Sän", false},
-               {Font(version, 1, 1, "S\xE4n"), u"Sän", false},
-               {Font(version, 3, 4, sans), u"Sän", false},
-               {Font(version, 3, 1, sans), u"Sä", false},
-               {"ttcf" + version + Big(1, 4) + Big(16, 4) + Font(version, 3, 1, sans, 16), u"Sän", true}};
-  for (const auto& c : cases) {
-    Put("/usr/share/fonts/a/b.ttf", c.Bytes);
-    EXPECT_EQ(HasTrueTypeFont(c.Family), c.Found) << c.Bytes;
+  const TCases<std::string, String, bool> cases = {
+      {Font(version, 3, 1, sans), u"sÄN", true},
+      {Font("true", 0, 16, sans), u"Sän", true},
+      {Font("OTTO", 3, 1, sans), u"Sän", false},
+      {Font(version, 1, 1, "S\xE4n"), u"Sän", false},
+      {Font(version, 3, 4, sans), u"Sän", false},
+      {Font(version, 3, 1, sans), u"Sä", false},
+      {"ttcf" + version + Big(1, 4) + Big(16, 4) + Font(version, 3, 1, sans, 16), u"Sän", true}};
+  for (const auto& [bytes, family, found] : cases) {
+    Put("/usr/share/fonts/a/b.ttf", bytes);
+    EXPECT_EQ(HasTrueTypeFont(family), found) << bytes;
   }
   const std::string font = Font(version, 1, 1, "Own");
   for (size_t at = 0; at <= font.size(); ++at) {

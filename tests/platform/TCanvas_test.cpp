@@ -22,67 +22,52 @@ void Font(TCanvas& Canvas, int Size, TFontStyles Style = {}, TColor Color = clWi
   Canvas.SetFont({u"Tahoma", Color, Style, Size});
 }
 
+constexpr TRect Box(int Left, int Top, int Right, int Bottom) { return {Left, Top, Right, Bottom}; }
+void Pen(TCanvas& Canvas, TColor Color, int Width = 1, TPenStyle Style = psSolid) {
+  Canvas.SetPen({Color, Width, Style});
+}
+void Brush(TCanvas& Canvas, TColor Color, TBrushStyle Style = bsSolid) { Canvas.SetBrush({Color, Style}); }
+
 TEST(TCanvas, OperationsReachTheDevice) {
-  const struct {
-    const char* Name;
-    TStep Step;
-    const char16_t* Lines;
-  } cases[] = {
+  const TCases<const char*, TStep, String> cases = {
       {"a line leaves out its end, the pen goes on from there",
        [](TCanvas& c) { c.MoveTo(1, 2), c.LineTo(5, 2), c.LineTo(5, 2), c.LineTo(5, 9); },
        u"line 1,2 to 5,2 clBlack\nline 5,2 to 5,9 clBlack"},
       {"a clear pen moves only",
-       [](TCanvas& c) {
-         c.SetPen({clRed, 1, psClear}), c.LineTo(5, 5), c.SetPen({clRed, 0, psDot}), c.LineTo(6, 5);
-       },
+       [](TCanvas& c) { Pen(c, clRed, 1, psClear), c.LineTo(5, 5), Pen(c, clRed, 0, psDot), c.LineTo(6, 5); },
        u"line 5,5 to 6,5 clRed dot"},
       {"a rectangle: inside the brush, border the pen, sides turned round",
-       [](TCanvas& c) {
-         c.SetPen({clRed, 2}), c.Rectangle({20, 10, 0, 0});
-       },
+       [](TCanvas& c) { Pen(c, clRed, 2), c.Rectangle(Box(20, 10, 0, 0)); },
        u"fill 2,2 16x6 clWhite\nframe 0,0 20x10 clRed 2"},
-      {"one colour, one fill",
-       [](TCanvas& c) {
-         c.SetPen({clWhite}), c.Rectangle({0, 0, 9, 9});
-       },
+      {"one colour, one fill", [](TCanvas& c) { Pen(c, clWhite), c.Rectangle(Box(0, 0, 9, 9)); },
        u"fill 0,0 9x9 clWhite"},
       {"only the border, only the inside",
        [](TCanvas& c) {
-         c.SetBrush({clRed, bsClear}), c.Rectangle({0, 0, 9, 9});
-         c.SetBrush({clRed}), c.SetPen({clRed, 1, psClear}), c.Rectangle({0, 0, 9, 9});
+         Brush(c, clRed, bsClear), c.Rectangle(Box(0, 0, 9, 9));
+         Brush(c, clRed), Pen(c, clRed, 1, psClear), c.Rectangle(Box(0, 0, 9, 9));
        },
        u"frame 0,0 9x9 clBlack\nfill 0,0 9x9 clRed"},
-      {"a pen wider than the rectangle",
-       [](TCanvas& c) {
-         c.SetPen({clRed, 5}), c.Rectangle({0, 0, 9, 9});
-       },
+      {"a pen wider than the rectangle", [](TCanvas& c) { Pen(c, clRed, 5), c.Rectangle(Box(0, 0, 9, 9)); },
        u"frame 0,0 9x9 clRed 5"},
-      {"the ground shows between dashes",
-       [](TCanvas& c) {
-         c.SetPen({clRed, 1, psDash}), c.Rectangle({0, 0, 9, 9});
-       },
+      {"the ground shows between dashes", [](TCanvas& c) { Pen(c, clRed, 1, psDash), c.Rectangle(Box(0, 0, 9, 9)); },
        u"fill 0,0 9x9 clWhite\nframe 0,0 9x9 clRed dash"},
       {"FrameRect by the brush, nothing by a clear one",
-       [](TCanvas& c) {
-         c.FrameRect({0, 0, 9, 9}), c.SetBrush({clRed, bsClear}), c.FrameRect({0, 0, 9, 9});
-       },
+       [](TCanvas& c) { c.FrameRect(Box(0, 0, 9, 9)), Brush(c, clRed, bsClear), c.FrameRect(Box(0, 0, 9, 9)); },
        u"frame 0,0 9x9 clWhite"},
       {"an ellipse",
-       [](TCanvas& c) {
-         c.Ellipse({0, 0, 9, 5}), c.SetBrush({clRed, bsClear}), c.Ellipse({9, 5, 0, 0});
-       },
+       [](TCanvas& c) { c.Ellipse(Box(0, 0, 9, 5)), Brush(c, clRed, bsClear), c.Ellipse(Box(9, 5, 0, 0)); },
        u"ellipse 0,0 9x5 fill clWhite pen clBlack\nellipse 0,0 9x5 pen clBlack"},
       {"gradients",
        [](TCanvas& c) {
-         c.GradientRect({0, 0, 9, 5}, {clWhite, 0x00F4F2F1});
-         c.GradientEllipse({0, 0, 9, 5}, {clWhite, clBtnFace, gdHorizontal, true});
+         c.GradientRect(Box(0, 0, 9, 5), {clWhite, 0x00F4F2F1});
+         c.GradientEllipse(Box(0, 0, 9, 5), {clWhite, clBtnFace, gdHorizontal, true});
        },
        u"gradient 0,0 9x5 clWhite to $00F4F2F1 down\ngradient 0,0 9x5 clWhite to clBtnFace right bell ellipse"},
       {"pictures",
        [](TCanvas& c) {
          const TBitmap bitmap(pf24bit, 8, 6);
-         c.Draw(3, 4, bitmap), c.StretchDraw({0, 0, 16, 6}, bitmap),
-             c.TransparentBlt({0, 0, 4, 4}, bitmap, {4, 4, 99, 99}, clFuchsia);
+         c.Draw(3, 4, bitmap), c.StretchDraw(Box(0, 0, 16, 6), bitmap),
+             c.TransparentBlt(Box(0, 0, 4, 4), bitmap, {4, 4, 99, 99}, clFuchsia);
        },
        u"picture 3,4 8x6\npicture 0,0 16x6 of 0,0 8x6\npicture 0,0 4x4 of 4,4 4x2 without clFuchsia"},
       {"a text on its ground, then without one",
@@ -91,60 +76,53 @@ TEST(TCanvas, OperationsReachTheDevice) {
        u"text 3,4 29x14 \"M\\\"\\x0A\\\\\" clWindowText Tahoma 8"},
       {"on the base line, upward, in styles",
        [](TCanvas& c) {
-         c.SetBrush({clWhite, bsClear}), c.SetTextVertical(tvBaseline), Font(c, 12, {fsBold, fsUnderline}, clRed);
+         Brush(c, clWhite, bsClear), c.SetTextVertical(tvBaseline), Font(c, 12, {fsBold, fsUnderline}, clRed);
          c.TextOut(50, 50, u"ab"), c.SetTextUpward(true), c.TextOut(50, 50, u"ab");
-         c.SetTextVertical(tvTop), c.SetBrush({clWhite}), c.TextOut(50, 50, u"ab");
+         c.SetTextVertical(tvTop), Brush(c, clWhite), c.TextOut(50, 50, u"ab");
        },
        u"text 50,34 22x20 \"ab\" clRed Tahoma 12 bold underline\n"
        u"text 34,28 20x22 \"ab\" clRed Tahoma 12 bold underline upward\nfill 50,28 20x22 clWhite\n"
        u"text 50,28 20x22 \"ab\" clRed Tahoma 12 bold underline upward"},
       {"TextRect fills its rectangle and clips to it",
-       [](TCanvas& c) {
-         c.TextRect({0, 0, 20, 9}, 2, 1, u"ab"), c.FillRect({0, 0, 5, 5});
-       },
+       [](TCanvas& c) { c.TextRect(Box(0, 0, 20, 9), 2, 1, u"ab"), c.FillRect(Box(0, 0, 5, 5)); },
        u"fill 0,0 20x9 clWhite\ntext 2,1 14x14 \"ab\" clWindowText Tahoma 8 in 0,0 20x9\nfill 0,0 5x5 clWhite"},
       {"clips meet, an empty one hides all",
        [](TCanvas& c) {
-         c.SetClip({0, 0, 50, 50}), c.IntersectClip({10, 10, 90, 20}), c.FillRect({0, 0, 5, 5});
-         c.TextRect({40, 0, 60, 15}, 40, 0, u"a"), c.IntersectClip({90, 90, 99, 99}), c.FillRect({0, 0, 99, 99});
-         c.ResetClip(), c.SetScale(1.5), c.FillRect({0, 0, 5, 5});
+         c.SetClip(Box(0, 0, 50, 50)), c.IntersectClip(Box(10, 10, 90, 20)), c.FillRect(Box(0, 0, 5, 5));
+         c.TextRect(Box(40, 0, 60, 15), 40, 0, u"a"), c.IntersectClip(Box(90, 90, 99, 99)),
+             c.FillRect(Box(0, 0, 99, 99));
+         c.ResetClip(), c.SetScale(1.5), c.FillRect(Box(0, 0, 5, 5));
        },
        u"fill 0,0 5x5 clWhite in 10,10 40x10\nfill 40,0 20x15 clWhite in 10,10 40x10\n"
        u"text 40,0 7x14 \"a\" clWindowText Tahoma 8 in 40,10 10x5\nfill 0,0 5x5 clWhite scale 1,5"},
       {"nothing to draw",
        [](TCanvas& c) {
-         c.FillRect({5, 0, 5, 9}), c.FrameRect({9, 9, 0, 0}), c.Rectangle({3, 0, 3, 9}), c.TextOut(0, 0, u"");
-         c.GradientRect({0, 0, 0, 0}, {}), c.StretchDraw({0, 0, 9, 9}, TBitmap()), c.Ellipse({0, 1, 9, 1});
-         c.FillRect({INT_MIN, INT_MIN, INT_MAX, INT_MAX});
+         c.FillRect(Box(5, 0, 5, 9)), c.FrameRect(Box(9, 9, 0, 0)), c.Rectangle(Box(3, 0, 3, 9)), c.TextOut(0, 0, u"");
+         c.GradientRect(Box(0, 0, 0, 0), {}), c.StretchDraw(Box(0, 0, 9, 9), TBitmap()), c.Ellipse(Box(0, 1, 9, 1));
+         c.FillRect(Box(INT_MIN, INT_MIN, INT_MAX, INT_MAX));
        },
-       u"fill -134217728,-134217728 268435456x268435456 clWhite"},
-  };
-  for (const auto& c : cases) EXPECT_EQ(Drawn(c.Step), c.Lines) << c.Name;
+       u"fill -134217728,-134217728 268435456x268435456 clWhite"}};
+  for (const auto& [name, step, lines] : cases) EXPECT_EQ(Drawn(step), lines) << name;
 }
 
 TEST(TCanvas, MeasuresByTheRulesOfItsMetrics) {
   TRecordingCanvas canvas;
-  const struct {
-    const char16_t* Text;
-    int Size;
-    TFontStyles Style;
-    int Width, Ascent, Descent, Overhang;
-  } cases[] = {
-      {u"", 8, {}, 0, 11, 3, 0},
-      {u"Müll", 8, {}, 26, 11, 3, 0},
-      {u"Müll", 8, {fsBold}, 30, 11, 3, 1},
-      {u"a\u0301", 8, {}, 7, 11, 3, 0},
-      {u"😀", 8, {fsUnderline}, 7, 11, 3, 0},
-      {u"..", 12, {fsItalic}, 10, 16, 4, 1},
-      {u"\r\n\t", 8, {}, 12, 11, 3, 0},
-      {u"ab", 0, {}, 2, 1, 0, 0},
-      {u"a", -5, {}, 1, 1, 0, 0},
-  };
-  for (const auto& c : cases) {
-    Font(canvas, c.Size, c.Style);
-    EXPECT_EQ(canvas.TextWidth(c.Text), c.Width) << String(c.Text).ToUtf8() << c.Size;
-    EXPECT_EQ(canvas.GetFontMetrics(), (TFontMetrics{c.Ascent, c.Descent, c.Overhang})) << c.Size;
-    EXPECT_EQ(canvas.TextHeight(c.Text), *c.Text ? c.Ascent + c.Descent : 0);
+  const TCases<String, int, TFontStyles, int, int, int, int> cases = {{u"", 8, {}, 0, 11, 3, 0},
+                                                                      {u"Müll", 8, {}, 26, 11, 3, 0},
+                                                                      {u"Müll", 8, {fsBold}, 30, 11, 3, 1},
+                                                                      {u"a\u0301", 8, {}, 7, 11, 3, 0},
+                                                                      {u"😀", 8, {fsUnderline}, 7, 11, 3, 0},
+                                                                      {u"..", 12, {fsItalic}, 10, 16, 4, 1},
+                                                                      {u"\r\n\t", 8, {}, 12, 11, 3, 0},
+                                                                      {u"ab", 0, {}, 2, 1, 0, 0},
+                                                                      {u"a", -5, {}, 1, 1, 0, 0}};
+  for (const auto& row : cases) {
+    const auto& [text, size, style, width, ascent, descent, overhang] = row;
+    Font(canvas, size, style);
+    const auto metrics = canvas.GetFontMetrics();
+    EXPECT_EQ(std::tuple(text, size, style, canvas.TextWidth(text), metrics.Ascent, metrics.Descent, metrics.Overhang),
+              row);
+    EXPECT_EQ(canvas.TextHeight(text), text.empty() ? 0 : ascent + descent) << text << size;
   }
   Font(canvas, 8);
   for (const auto& [count, width] : {std::pair(-1, 0), {0, 0}, {1, 11}, {3, 22}, {4, 26}, {99, 26}}) {
@@ -190,16 +168,13 @@ TEST(TCanvas, AScopePutsAllStateBack) {
 
 TEST(TCanvas, FontsTakeThePixelsPerInchOfTheCanvas) {
   const TPoint screen = GetScreenPixelsPerInch();
-  const struct {
-    TDeviceKind Kind;
-    int PixelsPerInch, Width;
-  } cases[] = {{dkScreen, 96, 7}, {dkPrinter, 600, 40}, {dkMetafile, 96, 7}};
-  for (const auto& c : cases) {
-    TRecordingCanvas canvas({{0, 0, 100, 100}, c.Kind == dkScreen ? screen : TPoint{300, 600}, c.Kind});
+  const TCases<TDeviceKind, int, int> cases = {{dkScreen, 96, 7}, {dkPrinter, 600, 40}, {dkMetafile, 96, 7}};
+  for (const auto& [kind, pixelsPerInch, width] : cases) {
+    TRecordingCanvas canvas({{0, 0, 100, 100}, kind == dkScreen ? screen : TPoint{300, 600}, kind});
     canvas.SetFont({u"Tahoma", clBlack, {}, 8, 72});
-    EXPECT_EQ(canvas.GetKind(), c.Kind);
-    EXPECT_EQ(canvas.GetFont().PixelsPerInch, c.PixelsPerInch);
-    EXPECT_EQ(canvas.TextWidth(u"a"), c.Width) << "of " << c.PixelsPerInch;
+    EXPECT_EQ(canvas.GetKind(), kind);
+    EXPECT_EQ(canvas.GetFont().PixelsPerInch, pixelsPerInch);
+    EXPECT_EQ(canvas.TextWidth(u"a"), width) << "of " << pixelsPerInch;
   }
 }
 

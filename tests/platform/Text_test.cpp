@@ -7,44 +7,40 @@ namespace {
 using namespace vx;
 
 TEST(Text, TrimsUnitsUpTo32AtTheEndsOnly) {
-  struct {
-    String Text, Both, Left, Right;
-  } cases[] = {{u"", u"", u"", u""},
-               {std::u16string_view(u" \t\r\n\0 ", 6), u"", u"", u""},
-               {u" \x01 ä b\t ", u"ä b", u"ä b\t ", u" \x01 ä b"},
-               {u"\u00A0x!", u"\u00A0x!", u"\u00A0x!", u"\u00A0x!"}};
-  for (const auto& c : cases) {
-    EXPECT_TRUE(Trim(c.Text) == c.Both && TrimView(c.Text) == c.Both.view()) << c.Text.ToUtf8();
-    EXPECT_TRUE(TrimLeft(c.Text) == c.Left && TrimRight(c.Text) == c.Right) << c.Text.ToUtf8();
+  const TCases<String, String, String, String> cases = {{u"", u"", u"", u""},
+                                                        {std::u16string_view(u" \t\r\n\0 ", 6), u"", u"", u""},
+                                                        {u" \x01 ä b\t ", u"ä b", u"ä b\t ", u" \x01 ä b"},
+                                                        {u"\u00A0x!", u"\u00A0x!", u"\u00A0x!", u"\u00A0x!"}};
+  for (const auto& row : cases) {
+    const auto& [text, both, left, right] = row;
+    EXPECT_EQ(std::tuple(text, Trim(text), TrimLeft(text), TrimRight(text)), row);
+    EXPECT_EQ(TrimView(text), both.view()) << text;
   }
 }
 
 TEST(Text, CaseOfLettersOneUnitToOne) {
-  struct {
-    String Text, Upper, Lower;
-  } cases[] = {{u"Größe äöü ÄÖÜ éŁđ", u"GRÖßE ÄÖÜ ÄÖÜ ÉŁĐ", u"größe äöü äöü éłđ"},
-               {u"Ωώς Жђё", u"ΩΏς ЖЂЁ", u"ωώς жђё"},
-               {u"ẞß ÿŸ ıİ ſ µ", u"ẞß ŸŸ ıİ ſ µ", u"ßß ÿÿ ıİ ſ µ"},
-               {u"ǅ ȺⱥƏə Ệệ ắ", u"Ǆ ȺȺƏƏ ỆỆ Ắ", u"ǆ ⱥⱥəə ệệ ắ"},
-               {u"@[`{×÷ªº \xD83D", u"@[`{×÷ªº \xD83D", u"@[`{×÷ªº \xD83D"}};
-  for (const auto& c : cases) EXPECT_EQ(UpperCase(c.Text) + LowerCase(c.Text), c.Upper + c.Lower);
+  const TCases<String, String, String> cases = {{u"Größe äöü ÄÖÜ éŁđ", u"GRÖßE ÄÖÜ ÄÖÜ ÉŁĐ", u"größe äöü äöü éłđ"},
+                                                {u"Ωώς Жђё", u"ΩΏς ЖЂЁ", u"ωώς жђё"},
+                                                {u"ẞß ÿŸ ıİ ſ µ", u"ẞß ŸŸ ıİ ſ µ", u"ßß ÿÿ ıİ ſ µ"},
+                                                {u"ǅ ȺⱥƏə Ệệ ắ", u"Ǆ ȺȺƏƏ ỆỆ Ắ", u"ǆ ⱥⱥəə ệệ ắ"},
+                                                {u"@[`{×÷ªº \xD83D", u"@[`{×÷ªº \xD83D", u"@[`{×÷ªº \xD83D"}};
+  for (const auto& [text, upper, lower] : cases) EXPECT_EQ(UpperCase(text) + LowerCase(text), upper + lower);
   int letters = 0;
   for (int i = 0; i <= 0xFFFF; ++i) {
     char16_t unit = static_cast<char16_t>(i), lower = LowerCase(unit), upper = UpperCase(unit);
     letters += lower != unit;
-    EXPECT_TRUE(LowerCase(lower) == lower && UpperCase(upper) == upper && LowerCase(upper) == lower) << i;
-    EXPECT_EQ(UpperCase(lower), unit == u'ẞ' ? u'ß' : upper) << i;
+    EXPECT_EQ((std::array{LowerCase(lower), LowerCase(upper), UpperCase(upper), UpperCase(lower)}),
+              (std::array{lower, lower, upper, unit == u'ẞ' ? u'ß' : upper}))
+        << i;
   }
   EXPECT_EQ(letters, 675 + 4 + 1);  // pairs, digraphs such as ǅ, and ẞ
 }
 
 TEST(Text, CopyHoldsBothNumbersToTheText) {
-  struct {
-    int Index, Count;
-    const char16_t* Part;
-  } cases[] = {{1, 2, u"ab"},        {0, 2, u"ab"}, {INT_MIN, 1, u"a"}, {4, 9, u"d"},           {5, 1, u""},
-               {2, INT_MAX, u"bcd"}, {2, 0, u""},   {2, -1, u""},       {INT_MAX, INT_MAX, u""}};
-  for (const auto& c : cases) EXPECT_EQ(Copy(u"abcd", c.Index, c.Count), c.Part) << c.Index << "," << c.Count;
+  const TCases<int, int, String> cases = {{1, 2, u"ab"}, {0, 2, u"ab"}, {INT_MIN, 1, u"a"},
+                                          {4, 9, u"d"},  {5, 1, u""},   {2, INT_MAX, u"bcd"},
+                                          {2, 0, u""},   {2, -1, u""},  {INT_MAX, INT_MAX, u""}};
+  for (const auto& [index, count, part] : cases) EXPECT_EQ(Copy(u"abcd", index, count), part) << index << "," << count;
 }
 
 TEST(Text, PosFindsEveryPartThatAPlainSearchFinds) {
@@ -68,11 +64,10 @@ TEST(Text, PosFindsEveryPartThatAPlainSearchFinds) {
 }
 
 TEST(Text, ReplaceAll) {
-  struct {
-    const char16_t *Text, *From, *To, *Result;
-  } cases[] = {{u"aaa", u"aa", u"b", u"ba"}, {u"a,b,", u",", u", ", u"a, b, "}, {u"abc", u"", u"x", u"abc"},
-               {u"", u"a", u"x", u""},       {u"aXbX", u"X", u"", u"ab"},       {u"aa", u"a", u"aa", u"aaaa"}};
-  for (const auto& c : cases) EXPECT_EQ(ReplaceAll(c.Text, c.From, c.To), c.Result);
+  const TCases<String, String, String, String> cases = {{u"aaa", u"aa", u"b", u"ba"}, {u"a,b,", u",", u", ", u"a, b, "},
+                                                        {u"abc", u"", u"x", u"abc"},  {u"", u"a", u"x", u""},
+                                                        {u"aXbX", u"X", u"", u"ab"},  {u"aa", u"a", u"aa", u"aaaa"}};
+  for (const auto& [text, from, to, result] : cases) EXPECT_EQ(ReplaceAll(text, from, to), result);
 }
 
 }  // namespace
