@@ -1,4 +1,5 @@
 #include "core/uVxFunctionsSerialize.h"
+
 #include "objects/uVxClasses.h"
 #include "tests/support/Test.h"
 

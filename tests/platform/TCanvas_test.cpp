@@ -3,12 +3,14 @@
 #include "platform/Drawing.h"
 #include "platform/TBitmap.h"
 #include "platform/TRecordingCanvas.h"
+#include "tests/support/Canvas.h"
 #include "tests/support/Test.h"
 
 namespace vx {
 namespace {
 
 using TStep = void (*)(TCanvas&);
+using test::Box, test::Brush, test::Pen;
 
 // What the steps leave in the lines, without the last line break.
 String Drawn(TStep Step, const TRecordingSurface& Surface = {}) {
@@ -21,12 +23,6 @@ String Drawn(TStep Step, const TRecordingSurface& Surface = {}) {
 void Font(TCanvas& Canvas, int Size, TFontStyles Style = {}, TColor Color = clWindowText) {
   Canvas.SetFont({u"Tahoma", Color, Style, Size});
 }
-
-constexpr TRect Box(int Left, int Top, int Right, int Bottom) { return {Left, Top, Right, Bottom}; }
-void Pen(TCanvas& Canvas, TColor Color, int Width = 1, TPenStyle Style = psSolid) {
-  Canvas.SetPen({Color, Width, Style});
-}
-void Brush(TCanvas& Canvas, TColor Color, TBrushStyle Style = bsSolid) { Canvas.SetBrush({Color, Style}); }
 
 TEST(TCanvas, OperationsReachTheDevice) {
   const TCases<const char*, TStep, String> cases = {

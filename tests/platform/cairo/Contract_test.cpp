@@ -3,6 +3,7 @@
 
 #include "platform/cairo/CairoDrawing.h"
 #include "tests/platform/cairo/Devices.h"
+#include "tests/support/Canvas.h"
 #include "tests/support/Test.h"
 
 namespace vx::test {
@@ -121,92 +122,54 @@ TEST_P(Contract, StateComesBack) {
   EXPECT_EQ(Rows(after), Rows(plain));
 }
 
+constexpr TRect kSquare{10, 20, 30, 40}, kPlace{20, 30, 30, 40}, kCross{0, 0, 10, 10};
+
 TEST_P(Contract, ShapesCoverTheirPixels) {
-  const struct {
-    const char* Name;
-    void (*Draw)(TCanvas&);
-    TRect Ink;
-    std::vector<TPoint> Black, White;
-  } cases[] = {
-      {"fill",
-       [](TCanvas& c) {
-         c.FillRect({10, 20, 30, 25});
-       },
-       {10, 20, 30, 25},
-       {{10, 20}, {29, 24}},
-       {}},
+  const TCases<const char*, void (*)(TCanvas&), TRect, std::vector<TPoint>, std::vector<TPoint>> cases = {
+      {"fill", [](TCanvas& c) { c.FillRect(Box(10, 20, 30, 25)); }, {10, 20, 30, 25}, {{10, 20}, {29, 24}}, {}},
       {"line to the right", [](TCanvas& c) { c.MoveTo(10, 20), c.LineTo(15, 20); }, {10, 20, 15, 21}, {{14, 20}}, {}},
       {"line to the left", [](TCanvas& c) { c.MoveTo(15, 20), c.LineTo(10, 20); }, {11, 20, 16, 21}, {{15, 20}}, {}},
       {"line upward", [](TCanvas& c) { c.MoveTo(15, 20), c.LineTo(15, 10); }, {15, 11, 16, 21}, {{15, 11}}, {}},
       {"broad line",
-       [](TCanvas& c) {
-         c.SetPen({clBlack, 3}), c.MoveTo(15, 20), c.LineTo(25, 20);
-       },
+       [](TCanvas& c) { Pen(c, clBlack, 3), c.MoveTo(15, 20), c.LineTo(25, 20); },
        {15, 19, 25, 22},
        {{15, 19}},
        {}},
-      {"frame",
-       [](TCanvas& c) {
-         c.FrameRect({10, 20, 30, 40});
-       },
-       {10, 20, 30, 40},
-       {{10, 20}, {29, 39}},
-       {{11, 21}, {28, 38}}},
+      {"frame", [](TCanvas& c) { c.FrameRect(kSquare); }, kSquare, {{10, 20}, {29, 39}}, {{11, 21}, {28, 38}}},
       {"rectangle",
-       [](TCanvas& c) {
-         c.SetBrush({clWhite}), c.SetPen({clBlack, 2}), c.Rectangle({10, 20, 30, 40});
-       },
-       {10, 20, 30, 40},
+       [](TCanvas& c) { Brush(c, clWhite), Pen(c, clBlack, 2), c.Rectangle(kSquare); },
+       kSquare,
        {{11, 21}, {28, 38}},
        {{12, 22}, {27, 37}}},
-      {"picture",
-       [](TCanvas& c) { c.Draw(20, 30, Cross()); },
-       {20, 30, 30, 40},
-       {{24, 30}, {25, 39}},
-       {{20, 30}, {23, 33}}},
+      {"picture", [](TCanvas& c) { c.Draw(20, 30, Cross()); }, kPlace, {{24, 30}, {25, 39}}, {{20, 30}, {23, 33}}},
       {"part of a picture",
-       [](TCanvas& c) {
-         c.TransparentBlt({20, 30, 22, 40}, Cross(), {4, 0, 6, 10}, clWhite);
-       },
+       [](TCanvas& c) { c.TransparentBlt(Box(20, 30, 22, 40), Cross(), Box(4, 0, 6, 10), clWhite); },
        {20, 30, 22, 40},
        {{20, 30}},
        {}},
       {"left-out colour",
-       [](TCanvas& c) {
-         c.FillRect({20, 30, 24, 34}), c.TransparentBlt({20, 30, 30, 40}, Cross(), {0, 0, 10, 10}, clWhite);
-       },
-       {20, 30, 30, 40},
+       [](TCanvas& c) { c.FillRect(Box(20, 30, 24, 34)), c.TransparentBlt(kPlace, Cross(), kCross, clWhite); },
+       kPlace,
        {{20, 30}, {24, 36}},
        {{27, 37}}},
-      {"ellipse",
-       [](TCanvas& c) {
-         c.Ellipse({10, 20, 30, 40});
-       },
-       {10, 20, 30, 40},
-       {{20, 30}, {20, 21}},
-       {{10, 20}, {29, 39}}},
+      {"ellipse", [](TCanvas& c) { c.Ellipse(kSquare); }, kSquare, {{20, 30}, {20, 21}}, {{10, 20}, {29, 39}}},
       {"scaled fill",
-       [](TCanvas& c) {
-         c.SetScale(2), c.FillRect({5, 10, 15, 12});
-       },
+       [](TCanvas& c) { c.SetScale(2), c.FillRect(Box(5, 10, 15, 12)); },
        {10, 20, 30, 24},
        {{29, 23}},
        {}},
       {"gradient",
        [](TCanvas& c) {
-         c.GradientRect({10, 20, 30, 40}, {clBlack, 0x00404040, gdHorizontal});
+         c.GradientRect(kSquare, TGradient{clBlack, 0x00404040, gdHorizontal});
        },
-       {10, 20, 30, 40},
+       kSquare,
        {{10, 30}, {29, 30}},
        {}}};
-  for (const auto& c : cases) {
-    SEEN_OR_SKIP(seen, [&](TCanvas& canvas) {
-      canvas.SetBrush({clBlack});
-      c.Draw(canvas);
-    });
-    EXPECT_EQ(InkOf(seen), c.Ink) << c.Name;
-    for (const TPoint at : c.Black) EXPECT_LT(PixelAt(seen, at.X, at.Y) & 255, 80U) << c.Name << at.X << "," << at.Y;
-    for (const TPoint at : c.White) EXPECT_GT(PixelAt(seen, at.X, at.Y) & 255, 200U) << c.Name << at.X << "," << at.Y;
+  for (const auto& [name, draw, ink, blacks, whites] : cases) {
+    SEEN_OR_SKIP(seen, [draw = draw](TCanvas& canvas) { Brush(canvas, clBlack), draw(canvas); });
+    EXPECT_EQ(InkOf(seen), ink) << name;
+    for (const TPoint at : blacks) EXPECT_LT(PixelAt(seen, at.X, at.Y) & 255, 80U) << name << at.X << "," << at.Y;
+    for (const TPoint at : whites) EXPECT_GT(PixelAt(seen, at.X, at.Y) & 255, 200U) << name << at.X << "," << at.Y;
   }
 }
 

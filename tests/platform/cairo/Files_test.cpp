@@ -36,7 +36,8 @@ TEST_F(DrawingFiles, TahomaIsAboutAsWideWhereSomethingStandsInForIt) {
        4921},
       {u"Müller, Hans-Jürgen 12.03.1956 Große Morgenpflege Königswinter 1.234,56 Straße Wohnbereich Schmidt Anna",
        {fsBold},
-       5625}};
+       5625},
+  };
   TBitmap bitmap(pf24bit, 1, 1);
   TCanvas& canvas = bitmap.GetCanvas();
   for (const auto& c : cases) {
