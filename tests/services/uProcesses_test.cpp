@@ -4,6 +4,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <iomanip>
+#include <sstream>
+
 #include "platform/CommandLine.h"
 #include "platform/Desktop.h"
 #include "platform/Processes.h"
@@ -386,29 +389,24 @@ TEST_F(ProcessTest, VersionsOfProgramsComeFromTheirResources) {
 TEST(WindowsVersionTest, NamesFollowTheRecord) {
   const TOSVersionInfoEx before = OSVersionEx();
   EXPECT_EQ(GetWinVersion(), u"Unbekannte Windows-Version " + SystemName());
-  const TCases<uint32_t, uint32_t, uint32_t, uint8_t, uint16_t, bool, String> cases = {
-      {0, 9, 9, 0, 0, false, u"Win32s"},
-      {1, 4, 0, 0, 512, false, u"Windows 95"},
-      {1, 4, 10, 0, 0, false, u"Windows 98"},
-      {1, 4, 90, 0, 0, false, u"Windows Millennium Edition"},
-      {1, 5, 0, 0, 0, false, u"?"},
-      {3, 5, 1, 0, 0, false, u"?"},
-      {2, 4, 0, 0, 0, false, u"Windows NT+"},
-      {2, 5, 0, 0, 512, false, u"Windows 2000 Home Edition"},
-      {2, 5, 1, 0, 0xFDFF, false, u"Windows XP+"},
-      {2, 5, 2, 1, 0, true, u"Windows Server 2003 \"R2\"+"},
-      {2, 5, 2, 1, 0, false, u"Windows XP x64+"},
-      {2, 5, 2, 3, 32768, false, u"Windows Home Server+"},
-      {2, 5, 2, 3, 0, false, u"Windows Server 2003+"},
-      {2, 6, 0, 1, 0, false, u"Windows Vista+"},
-      {2, 6, 0, 2, 0, false, u"Windows Server 2008+"},
-      {2, 6, 1, 1, 512, false, u"Windows 7 Home Edition"},
-      {2, 6, 1, 3, 0, false, u"Windows Server 2008 R2+"},
-      {2, 10, 0, 1, 0, false, u"?+"},
-      {2, 0x60000, 0x10006, 1, 512, false, u"? Home Edition"}};
-  for (const auto& [platform, major, minor, product, suite, isR2, told] : cases) {
-    OSVersionEx() = {major, minor, 0, platform, {}, 0, 0, suite, product, isR2};
-    const String name = ReplaceAll(ReplaceAll(told, u"?", u"Unbekannte Windows-Version"), u"+", u" Professional");
+  // platform, version, kind of product, suite, whether it is an R2, and the name: "?" is unknown, "+" professional
+  for (const char* text :
+       {"0 9 9 0 0 0 Win32s", "1 4 0 0 512 0 Windows 95", "1 4 10 0 0 0 Windows 98",
+        "1 4 90 0 0 0 Windows Millennium Edition", "1 5 0 0 0 0 ?", "3 5 1 0 0 0 ?", "2 4 0 0 0 0 Windows NT+",
+        "2 5 0 0 512 0 Windows 2000 Home Edition", "2 5 1 0 0xFDFF 0 Windows XP+",
+        "2 5 2 1 0 1 Windows Server 2003 \"R2\"+", "2 5 2 1 0 0 Windows XP x64+",
+        "2 5 2 3 32768 0 Windows Home Server+", "2 5 2 3 0 0 Windows Server 2003+", "2 6 0 1 0 0 Windows Vista+",
+        "2 6 0 2 0 0 Windows Server 2008+", "2 6 1 1 512 0 Windows 7 Home Edition",
+        "2 6 1 3 0 0 Windows Server 2008 R2+", "2 10 0 1 0 0 ?+", "2 0x60000 0x10006 1 512 0 ? Home Edition"}) {
+    SCOPED_TRACE(text);
+    uint32_t platform, major, minor, product, suite, isR2;
+    std::string told;
+    std::istringstream stream(text);
+    std::getline(stream >> std::setbase(0) >> platform >> major >> minor >> product >> suite >> isR2 >> std::ws, told);
+    OSVersionEx() = {
+        major, minor, 0, platform, {}, 0, 0, static_cast<uint16_t>(suite), static_cast<uint8_t>(product), isR2 == 1};
+    const String name =
+        ReplaceAll(ReplaceAll(String::FromUtf8(told), u"?", u"Unbekannte Windows-Version"), u"+", u" Professional");
     EXPECT_EQ(GetWinVersion(), name);
     OSVersionEx().CSDVersion = u"Service Pack 2 ";
     EXPECT_EQ(GetWinVersion(), name + u" Service Pack 2");

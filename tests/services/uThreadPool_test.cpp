@@ -28,6 +28,8 @@ struct TWorker : TVxThread {
     AfterConstruction();
   }
   ~TWorker() override { Finish(); }
+  // Starts it and waits for its end, which it outlives.
+  void RunOnce() { SetFreeOnTerminate(false), Start(), WaitFor(); }
   void doExecute() override { Work(*this); }
   std::function<void(TWorker&)> Work;
 };
@@ -129,9 +131,7 @@ TEST_F(Threads, StartStopSleepAndEnd) {
   EXPECT_TRUE(Comes([] { return TVxThread::GetThreadCount() == 1; })) << "the others have freed themselves";
 
   TWorker failing(true, [](TWorker&) { throw std::runtime_error("no"); });
-  failing.SetFreeOnTerminate(false);
-  failing.Start();
-  failing.WaitFor();
+  failing.RunOnce();
   EXPECT_THROW(std::rethrow_exception(failing.GetFatalException()), std::runtime_error);
 }
 
@@ -145,9 +145,7 @@ TEST_F(Threads, RunMethodsInTheMainThread) {
     EXPECT_EQ((TFacts{CheckSynchronize(), IsMainThread()}), "no no");
     self.Terminate();
   });
-  thread.SetFreeOnTerminate(false);
-  thread.Start();
-  thread.WaitFor();
+  thread.RunOnce();
   EXPECT_EQ(order, (TSizes{1, 2}));
   TThread::Queue([&] { TThread::Queue([&] { order.push_back(4); }), throw EConvertError(u"q"); });
   TThread::Queue([&] { order.push_back(3); });

@@ -6,76 +6,54 @@ namespace {
 
 using namespace vx;
 
+// Each case has "<", "=" or ">" between its cells.
 TEST(uSort, ComparesCellsByTheirType) {
-  const struct {
-    TVxFieldType Type;
-    String A, B;
-    int Expected;
-    String Format{};
-  } rows[] = {
-      {vftBoolean, u"ja", u"nein", 1},
-      {vftBoolean, u"x", u"", 0},
-      {vftBoolean, u"0", u"1", -1},
-      {vftInteger, u"Rest", u"5", -5},
-      {vftStatus, u"12", u"3", 9},
-      {vftInteger, u"-2147483648", u"1", INT_MIN},
-      {vftInteger, u"2147483647", u"-1", INT_MAX},
-      {vftFloat, u"1,5", u"1,50", 0},
-      {vftFraction, u"x", u"-1", 1},
-      {vftFloat, u"0,1234567890123456789", u"0,1234567890123456788", 1},
-      {vftHour, u"100:00", u"99:59", 1},
-      {vftHour, u"1:30", u"-1:30", 1},
-      {vftCurrency, u"1.234,56", u"1234,57", -1},
-      {vftString, u"Muller", u"MÜLLER", -1},
-      {vftUnknown, u"a", u"A", 0},
-      {vftCommatext, u"a,\"b\"", u"\"a\",B", 0},
-      {vftCommatext, u"a,b", u"a", 1},
-      // dates: by year, month and day where both have points, else by what is read
-      {vftDate, u"01.02.2014", u"31.01.2014", 1},
-      {vftDate, u"01.02.2014 x", u"01.02.2014", 0},
-      {vftDate, u"99.99.2014", u"01.01.2015", -1},
-      {vftDate, u"20140201", u"01.02.2014", 0},
-      {vftDate, u"31.02.2014", u"", 0},
-      {vftDate, u"31.02.2014", u"01.01.2014", 1},
-      {vftDate, u"", u"01.01.1800", 1},
-      {vftDate, u"01.02.2014", u"02.01.2015", 1, u"mmdd"},
-      {vftDate, u"20140131", u"01.02.2014", -1},
-      {vftDate, u"\u0131\u0131.01.2014", u"31.01.2014", 1},
-      {vftDate, u"01-02-2014", u"31.12.1899", -1},
-      // times: by the first other character where colons stand at their places
-      {vftTime, u"09:30", u"10:00", -1},
-      {vftTime, u"9:30", u"10:00", 1},
-      {vftTime, u"09:30", u"09:30:15", -1},
-      {vftTime, u"09:30", u"09:30:00", 0},
-      {vftTime, u"", u"00:00", -1},
-      {vftTime, u"", u"", 0},
-      {vftTime, u"09", u"0930", -1},
-      {vftTime, u"0930", u"0945", -1},
-      {vftTime, u"09:3", u"09:30", -1},
-      {vftTime, u"09:30:15:9", u"09:30:15:1", 0},
-      {vftTime, u"09:30:15", u"09:30:15:1", 0},
-      {vftTime, u"09:75", u"09:75:30", 0},
-      {vftTime, u"0x", u"0", 1},
-      {vftTime, u"x", u"10", 1},
-      {vftTime, u"09:45", u"10:30", 1, u"nn"},
-      // both
-      {vftDateTime, u"11.02.2015 09:30", u"10.02.2015 10:00", 1},
-      {vftDateTime, u"11.02.2015 09:30", u"11.02.2015", 1},
-      {vftDateTime, u"11.02.2015", u"12.02.2015", -1},
-      {vftDateTime, u"11.02.2015", u"", 0},
-      {vftDateTime, u"11.02.2015 09:30", u"11.02.2015 09:30:15", -1},
-      {vftDateTime, u"", u"30.12.1899 00:00", 0},
-      {vftDateTime, u"11.02.2015 09:30", u"11.02.2015x09:31", -1},
-      {vftDateTime, u"11.02.2015 9:30", u"11.02.2015", 1},
-      {vftDateTime, u"20150211 0930", u"11.02.2015 09:30", 0},
-      {vftDateTime, u"11.02.2015 09:30", u"12.01.2015 09:31", -1, u"dd"},
-  };
-  for (const auto& row : rows) {
-    const int result = Compare(row.A, row.B, row.Type, row.Format);
-    EXPECT_EQ(result, row.Expected) << row.A.ToUtf8() << " / " << row.B.ToUtf8();
-    const int reverse = Compare(row.B, row.A, row.Type, row.Format);
-    EXPECT_EQ((reverse > 0) - (reverse < 0), (result < 0) - (result > 0)) << row.A;
+  const TCases<TVxFieldType, const char16_t*, TCells> cases = {
+      {vftBoolean, u"", {u"ja > nein", u"x = ", u"0 < 1"}},
+      {vftFloat, u"", {u"1,5 = 1,50", u"0,1234567890123456789 > 0,1234567890123456788"}},
+      {vftFraction, u"", {u"x > -1"}},
+      {vftHour, u"", {u"100:00 > 99:59", u"1:30 > -1:30"}},
+      {vftCurrency, u"", {u"1.234,56 < 1234,57"}},
+      {vftString, u"", {u"Muller < MÜLLER"}},
+      {vftUnknown, u"", {u"a = A"}},
+      {vftCommatext, u"", {u"a,\"b\" = \"a\",B", u"a,b > a"}},
+      // by year, month and day where both have points, else by what is read
+      {vftDate,
+       u"",
+       {u"01.02.2014 > 31.01.2014", u"01.02.2014 x = 01.02.2014", u"99.99.2014 < 01.01.2015", u"20140201 = 01.02.2014",
+        u"31.02.2014 = ", u"31.02.2014 > 01.01.2014", u" > 01.01.1800", u"20140131 < 01.02.2014",
+        u"\u0131\u0131.01.2014 > 31.01.2014", u"01-02-2014 < 31.12.1899"}},
+      {vftDate, u"mmdd", {u"01.02.2014 > 02.01.2015"}},
+      // by the first other character where colons stand at their places
+      {vftTime,
+       u"",
+       {u"09:30 < 10:00", u"9:30 > 10:00", u"09:30 < 09:30:15", u"09:30 = 09:30:00", u" < 00:00", u" = ", u"09 < 0930",
+        u"0930 < 0945", u"09:3 < 09:30", u"09:30:15:9 = 09:30:15:1", u"09:30:15 = 09:30:15:1", u"09:75 = 09:75:30",
+        u"0x > 0", u"x > 10"}},
+      {vftTime, u"nn", {u"09:45 > 10:30"}},
+      {vftDateTime,
+       u"",
+       {u"11.02.2015 09:30 > 10.02.2015 10:00", u"11.02.2015 09:30 > 11.02.2015", u"11.02.2015 < 12.02.2015",
+        u"11.02.2015 = ", u"11.02.2015 09:30 < 11.02.2015 09:30:15", u" = 30.12.1899 00:00",
+        u"11.02.2015 09:30 < 11.02.2015x09:31", u"11.02.2015 9:30 > 11.02.2015", u"20150211 0930 = 11.02.2015 09:30"}},
+      {vftDateTime, u"dd", {u"11.02.2015 09:30 < 12.01.2015 09:31"}}};
+  for (const auto& [type, format, comparisons] : cases) {
+    for (const String& comparison : comparisons) {
+      const size_t at = comparison.view().find_first_of(u"<=>");
+      const String a = comparison.view().substr(0, at - 1), b = comparison.view().substr(at + 2);
+      const int wanted = static_cast<int>(std::u16string_view(u"<=>").find(comparison.view()[at])) - 1;
+      EXPECT_EQ(Compare(a, b, type, format), wanted) << comparison;
+      EXPECT_EQ(Compare(b, a, type, format), -wanted) << comparison;
+    }
   }
+  const TCases<TVxFieldType, String, String, std::string> differences = {
+      // and the other way round
+      {vftInteger, u"Rest", u"5", "-5 5"},
+      {vftStatus, u"12", u"3", "9 -9"},
+      {vftInteger, u"-2147483648", u"1", "-2147483648 2147483647"},
+      {vftInteger, u"2147483647", u"-1", "2147483647 -2147483648"}};
+  for (const auto& [type, a, b, results] : differences)
+    EXPECT_EQ((TFacts{Compare(a, b, type, u""), Compare(b, a, type, u"")}), results);
   EXPECT_EQ(CompareTime(String(1, u'\0'), u"", u"hhnnss"), 0);
   EXPECT_EQ(CompareTime(u"9:30", u"10:00", u"HHNNSS"), -1) << "another format: both are read, and 9:30 is no time";
   EXPECT_EQ(CompareDate(u"31.02.2014", u"01.01.1800", u"yyyymmdd "), 1);
