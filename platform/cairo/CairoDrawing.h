@@ -79,7 +79,7 @@ class TSvgFile {
 };
 
 namespace CairoDrawing {
-// Frees the fonts that no canvas holds any more.
+// Frees the fonts that no canvas holds any more, and the texts that this thread keeps shaped.
 void FreeBuffersForLeakPrevention() noexcept;
 }  // namespace CairoDrawing
 

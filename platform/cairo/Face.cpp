@@ -10,6 +10,7 @@
 #include <tuple>
 
 #include "platform/Drawing.h"
+#include "platform/FreeBuffers.h"
 #include "platform/TCanvasDevice.h"
 #include "platform/Text.h"
 #include "platform/cairo/CairoDrawing.h"
@@ -108,11 +109,12 @@ struct TFaceCache {
   std::map<TFaceKey, TCachedFace> Faces;
   uint64_t Uses = 0;
 };
-constexpr size_t kMostFaces = 64;
-
 // Lives until the program's very end, since canvases may do so.
 TFaceCache& Cache() {
-  static auto* cache = new TFaceCache;
+  static auto* cache = [] {
+    OnFreeBuffers(foServices, &CairoDrawing::FreeBuffersForLeakPrevention);
+    return new TFaceCache;
+  }();
   return *cache;
 }
 
@@ -139,7 +141,7 @@ std::shared_ptr<TFace> TFace::Of(const TFont& Font) {
   std::lock_guard lock(cache.Mutex);
   auto found = cache.Faces.find(key);
   if (found == cache.Faces.end()) {
-    if (cache.Faces.size() >= kMostFaces) {
+    if (cache.Faces.size() >= MostFaces) {
       cache.Faces.erase(std::min_element(cache.Faces.begin(), cache.Faces.end(), [](const auto& a, const auto& b) {
         return a.second.LastUse < b.second.LastUse;
       }));
@@ -240,6 +242,13 @@ const TGlyph& TFace::LearnGlyph(char16_t Unit) {
   auto glyph = std::make_unique<TGlyph>();
   glyph->Index = GlyphIndex(Unit < u' ' ? u' ' : Unit);
   if (FEm <= LargestMaskEm) MakeMask(*glyph);
+  const size_t bytes = static_cast<size_t>(glyph->Width) * static_cast<size_t>(glyph->Height);
+  if (bytes > MostMaskBytes - FMaskBytes) {
+    thread_local std::unique_ptr<TGlyph> spare;
+    spare = std::move(glyph);
+    return *spare;
+  }
+  FMaskBytes += bytes;
   FOwnGlyphs.push_back(std::move(glyph));
   place.store(FOwnGlyphs.back().get(), std::memory_order_release);
   return *FOwnGlyphs.back();

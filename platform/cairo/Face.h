@@ -2,6 +2,10 @@
 // letters as advances and coverage masks. Of use to this component only.
 //
 // Any thread may measure and take glyphs at any time; what is known already is read without a lock.
+//
+// What is kept is bounded: TFace::MostFaces faces, those used last, beside those that canvases hold; of each the
+// letters of 40 pages of 256 and TFace::MostMaskBytes of masks, in all less than 2 MiB a face. Cairo, Pango and
+// fontconfig bound what they keep of fonts themselves.
 #pragma once
 
 #include <cairo.h>
@@ -56,10 +60,13 @@ class TFace {
  public:
   // The largest em square in pixels; larger fonts count as this one.
   static constexpr int LargestEm = 4096;
+  // How many faces are kept for the next canvas, and how many bytes of masks for each.
+  static constexpr size_t MostFaces = 64;
+  static constexpr size_t MostMaskBytes = 1 << 20;
   // Up to this size glyphs have masks.
   static constexpr int LargestMaskEm = 72;
 
-  // The face of the font's name, style and size, from the cache or made; at most 64 are kept beside those in use.
+  // The face of the font's name, style and size, from the cache or made.
   static std::shared_ptr<TFace> Of(const TFont& Font);
   static void FreeUnused() noexcept;
 
@@ -80,7 +87,8 @@ class TFace {
   int SimpleWidth(std::u16string_view Text);
   // The advance of a unit of a simple text, in pixels.
   int Advance(char16_t Unit) { return StoredAdvance(Unit) - kStored; }
-  // The glyph of a unit of a simple text; without a mask if the face is larger than LargestMaskEm.
+  // The glyph of a unit of a simple text; without a mask if the face is larger than LargestMaskEm. It may end with this
+  // thread's next call.
   const TGlyph& Glyph(char16_t Unit);
 
  private:
@@ -115,6 +123,7 @@ class TFace {
   std::array<std::atomic<TPage*>, kPages> FPages{};
   std::vector<std::unique_ptr<TPage>> FOwnPages;
   std::vector<std::unique_ptr<TGlyph>> FOwnGlyphs;
+  size_t FMaskBytes = 0;
 };
 
 }  // namespace vx::drawing

@@ -2,6 +2,7 @@
 #include "platform/cairo/CairoDrawing.h"
 #include "platform/cairo/Face.h"
 #include "platform/cairo/PictureFiles.h"
+#include "platform/cairo/Shaping.h"
 
 namespace vx {
 
@@ -20,6 +21,9 @@ class TCairoBackend final : public TDrawingBackend {
 
 void InstallDrawing() { SetDrawingBackend(std::make_shared<TCairoBackend>()); }
 
-void CairoDrawing::FreeBuffersForLeakPrevention() noexcept { drawing::TFace::FreeUnused(); }
+void CairoDrawing::FreeBuffersForLeakPrevention() noexcept {
+  drawing::FreeShapedTexts();
+  drawing::TFace::FreeUnused();
+}
 
 }  // namespace vx

@@ -21,11 +21,19 @@ struct TShaped {
 // What this thread shaped last; a text has one place, which it takes from the one before.
 struct TShapedTexts {
   TContext Context;
-  std::array<TShaped, 256> Texts;
+  std::array<TShaped, 256> Short;
+  std::array<TShaped, 8> Long;
+  TShaped& Place(size_t Hash, bool IsLong) noexcept {
+    return IsLong ? Long[Hash % Long.size()] : Short[Hash % Short.size()];
+  }
 };
 
-TShapedTexts& Texts() {
+TShapedTexts& Held() {
   thread_local TShapedTexts texts;
+  return texts;
+}
+TShapedTexts& Texts() {
+  TShapedTexts& texts = Held();
   if (!texts.Context) {
     texts.Context.reset(pango_font_map_create_context(pango_cairo_font_map_get_default()));
     pango_cairo_context_set_font_options(texts.Context.get(), PixelFontOptions().get());
@@ -36,7 +44,7 @@ TShapedTexts& Texts() {
 const TShaped& Shape(const TFace& Face, std::u16string_view Text) {
   TShapedTexts& texts = Texts();
   const size_t hash = std::hash<std::u16string_view>()(Text) ^ (Face.Id() * 0x9E3779B97F4A7C15u >> 40);
-  TShaped& place = texts.Texts[hash % texts.Texts.size()];
+  TShaped& place = texts.Place(hash, Text.size() > 256);
   if (place.Layout && place.Face == Face.Id() && place.Text == Text) return place;
   place.Layout.reset();
   TLayout layout(pango_layout_new(texts.Context.get()));
@@ -76,6 +84,8 @@ String WithoutControls(std::u16string_view Text) {
         Text.begin(), Text.end(), units, [](char16_t unit) { return unit < u' '; }, u' ');
   });
 }
+
+void FreeShapedTexts() noexcept { Held() = {}; }
 
 int ShapedWidth(const TFace& Face, std::u16string_view Text) {
   int64_t width = 0;

@@ -1,4 +1,7 @@
-// Texts that Pango shapes, each kept for the next time. Of use to this component only.
+// Texts that Pango shapes. Of use to this component only.
+//
+// Each thread keeps 256 texts of at most 256 code units, and 8 parts, of at most 4096 units, of longer ones; a text
+// takes the place of another one.
 #pragma once
 
 #include <pango/pangocairo.h>
@@ -10,6 +13,9 @@
 #include "platform/cairo/Face.h"
 
 namespace vx::drawing {
+
+// Lets go of what this thread keeps.
+void FreeShapedTexts() noexcept;
 
 // The width of Text in Face by shaping, in whole pixels, at most 2^27.
 int ShapedWidth(const TFace& Face, std::u16string_view Text);

@@ -69,6 +69,22 @@ TEST_F(DrawingFiles, LongTextsAreMeasuredAndDrawn) {
   EXPECT_EQ(InkOf(bitmap).Width(), 200);
 }
 
+TEST_F(DrawingFiles, LettersThatAreNotKeptAreDrawnAlike) {
+  std::u16string all;
+  for (char16_t letter = u' '; letter < 0x300; ++letter) all += letter;
+  const auto drawn = [](const std::u16string& before) {
+    TBitmap bitmap(pf24bit, 200, 100);
+    bitmap.GetCanvas().SetFont({u"Tahoma", clBlack, {}, 54});
+    for (char16_t letter : before) bitmap.GetCanvas().TextOut(0, 0, {&letter, 1});
+    for (int x : {0, 100}) bitmap.GetCanvas().TextRect({x, 0, x + 100, 100}, x, 0, u"Ж");
+    return EncodeBitmap(bitmap);
+  };
+  CairoDrawing::FreeBuffersForLeakPrevention();
+  const std::string fresh = drawn(u"");
+  CairoDrawing::FreeBuffersForLeakPrevention();
+  EXPECT_EQ(drawn(all), fresh);
+}
+
 TEST_F(DrawingFiles, PdfTextsComeBack) {
   const TClockAt clock(46000);
   const char16_t* lines[] = {u"Weiß-Müller, Jörg Ägidius",
