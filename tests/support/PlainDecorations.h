@@ -5,6 +5,7 @@
 //   EXPECT_EQ(Items(*list.VirtualListForCell(2, 3)), plain.All(2, 3));
 #pragma once
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -45,8 +46,12 @@ class TPlainDecorations {
     }
     Look(last + 1, FList.GetIndexFirstCell() - 1, Col, Row, found);
     AddCell(Col, Row, found);
+    // A run that has come to stand among cells finds them before others.
+    const auto cells = std::stable_partition(found.begin(), found.end(), [](auto* i) { return !IsCell(*i); });
+    std::sort(cells, found.end(), [](auto* a, auto* b) { return a->IndexSort() < b->IndexSort(); });
     return found;
   }
+  static bool IsCell(const TDecoration& Item) { return Item.GetRangeType() == rtCell; }
 
   bool Applies(const TDecoration& Item, int Col, int Row) const {
     const TRect range = Normal(Item);
@@ -91,7 +96,7 @@ class TPlainDecorations {
   void AddCell(int Col, int Row, TItems& Found) const {
     for (TDecoration* item : FItems) {
       const TRect& range = item->GetRange();
-      if (item->GetRangeType() != rtCell || range.Left != Col || range.Top != Row) continue;
+      if (!IsCell(*item) || range.Left != Col || range.Top != Row) continue;
       if (std::find(Found.begin(), Found.end(), item) == Found.end()) Found.push_back(item);
     }
   }
