@@ -11,6 +11,10 @@ add_test(NAME structure.include_check COMMAND ${CMAKE_COMMAND} -DCHECK=${vx_cmak
 add_test(NAME structure.headers COMMAND sh ${vx_cmake}/CheckHeaders.sh ${CMAKE_CXX_COMPILER} ${PROJECT_SOURCE_DIR}
   core objects tables services rendering controls platform tools examples tests fuzz)
 add_test(NAME structure.readme COMMAND ${CMAKE_COMMAND} -P ${vx_cmake}/CheckReadme.cmake)
+add_test(NAME structure.examples COMMAND sh ${vx_cmake}/CheckExamples.sh ${CMAKE_CXX_COMPILER} ${PROJECT_SOURCE_DIR}
+  ${PROJECT_BINARY_DIR}/examples_of_headers $<TARGET_FILE:vxlib> -lpthread)
+add_test(NAME structure.examples_check COMMAND sh ${PROJECT_SOURCE_DIR}/tests/cmake/CheckExamples_test.sh
+  ${vx_cmake}/CheckExamples.sh ${CMAKE_CXX_COMPILER} ${PROJECT_BINARY_DIR}/examples_check)
 # What the component's own headers need is told in a variable; without it they are left out.
 if(TARGET vxlib_drawing)
   list(TRANSFORM VX_DRAWING_LIBS_INCLUDE_DIRS PREPEND "-I" OUTPUT_VARIABLE vx_drawing_includes)

@@ -17,7 +17,7 @@
 //   vx::Currency amount = vx::StrToCurrDef(u"1.234,565", 0);
 //   vx::VxCurrToStr(amount, {vx::ctsThousendDivider}, 2);      // u"1.234,57"
 //   vx::TDateTime birthday = vx::StrToDateDef(u"19350211", 0);
-//   bool isMatch = vx::StrMatch(u"Meier, Max", u"m*, *", false);
+//   bool isMatch = vx::StrMatch(u"Meier, Max", u"m*, *", false);   // true
 //
 // Routines in Def give their default for a text that is no such value; routines in Heavy repair the text
 // first. Pitfall: some repairs look odd, such as StrToIntHeavy(u"-12", 0) being 12. They are wanted: all

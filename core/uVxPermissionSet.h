@@ -8,7 +8,7 @@
 // Example:
 //   vx::PermissionSetToInt({vx::ppRead, vx::ppExport});      // 9
 //   vx::PermissionSetToStr({vx::ppRead, vx::ppExport});      // u"Lesen/Ausführen,Exportieren"
-//   vx::IntToPermissionSet(3);                               // {ppRead, ppWrite}
+//   vx::IntToPermissionSet(3);                               // {vx::ppRead, vx::ppWrite}
 //
 // Pitfalls:
 //   - A number tells what a set implies (delete implies write, everything implies read), so a set does

@@ -7,7 +7,7 @@
 // Example:
 //   vx::TDateTime shift = vx::EncodeDate(2015, 2, 11) + vx::EncodeTime(6, 30, 0, 0);
 //   vx::DayOfWeek(shift);            // 4: Wednesday
-//   vx::IncMonth(shift, -12);        // 11.02.2014 06:30
+//   vx::DateTimeToStr(vx::IncMonth(shift, -12));   // u"11.02.2014 06:30:00"
 //
 // A date-time counts days since 30.12.1899; its fraction is the time of day also where it is negative:
 // -1.25 is 29.12.1899 06:00. The Gregorian calendar holds for all years, 1 to 9999.

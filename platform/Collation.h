@@ -17,9 +17,9 @@
 // Two texts are equal for AnsiCompareStr only if they are the same code units.
 //
 // Example:
-//   vx::AnsiCompareStr(u"Müller", u"Muller") > 0;     // the accent decides
-//   vx::AnsiCompareStr(u"Müller", u"Mulle") > 0;      // letters first
-//   vx::AnsiCompareText(u"MÜLLER", u"müller") == 0;
+//   vx::AnsiCompareStr(u"Müller", u"Muller") > 0;     // true: the accent decides
+//   vx::AnsiCompareStr(u"Müller", u"Mulle") > 0;      // true: letters first
+//   vx::AnsiCompareText(u"MÜLLER", u"müller");        // 0
 //
 // Both are strict weak orders on any input, lone surrogates and code units 0 among it, allocate
 // nothing and never raise.

@@ -4,8 +4,8 @@
 //   QuoteArgument    an argument as it has to stand in it
 //
 // Example:
-//   vx::SplitArguments(u"-o \"Liste Mai.csv\" a\\b");              // -o, Liste Mai.csv, a\b
-//   vx::SplitArguments(vx::QuoteArgument(anyText)).front();        // anyText
+//   vx::SplitArguments(u"-o \"Liste Mai.csv\" a\\b");                   // {u"-o", u"Liste Mai.csv", u"a\\b"}
+//   vx::SplitArguments(vx::QuoteArgument(anyText)).front() == anyText;   // true
 //
 // The rules:
 //   - Blanks and tabs outside double quotes end an argument; line breaks and all else belong to it.

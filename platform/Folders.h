@@ -4,7 +4,7 @@
 //   LibraryPath   a native path in the library's grammar
 //
 // Example:
-//   vx::FolderPath(vx::flDesktop);      // u"C:\\home\\anna\\Schreibtisch"
+//   vx::FolderPath(vx::flDesktop);      // such as u"C:\\home\\anna\\Schreibtisch"
 //
 // The user's own are told by the file of the desktop that names them in the user's language. All are looked for
 // as System.h says. No environment variable is read.

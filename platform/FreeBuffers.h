@@ -7,7 +7,7 @@
 // Example:
 //   TReports& Reports() {
 //     return Held.Get([] {
-//       OnFreeBuffers(foReports, &FreeReports);
+//       vx::OnFreeBuffers(vx::foReports, &FreeReports);
 //       return std::make_unique<TReports>();
 //     });
 //   }

@@ -3,7 +3,7 @@
 //   THook<F>   holds a std::function; empty stands for the library's own way
 //
 // Example:
-//   THook<TDialogSink> hook;
+//   vx::THook<vx::TDialogSink> hook;
 //   if (auto sink = hook.Get()) return (*sink)(dialog);
 //
 // Any thread may read and replace. What Get gave stays callable after a replacement, and it is

@@ -3,7 +3,7 @@
 //   TLazy<T>   holds it
 //
 // Example:
-//   constinit TLazy<TPrices> Prices;
+//   constinit vx::TLazy<TPrices> Prices;
 //   double Price(int Article) { return Prices.Get().Of(Article); }
 //   void FreePrices() noexcept { Prices.Free(); }
 //

@@ -14,7 +14,8 @@
 //   vx::RunForOutput(start, code, [&](std::string_view bytes) {
 //     text += bytes;
 //     return true;
-//   });                                                     // "a b;$x;"
+//   });
+//   text;                                                   // "a b;$x;"
 //
 // Programs are started by the system's own calls with a list of arguments: no shell comes between, and every
 // argument reaches the child byte by byte. The child has a session of its own, no blocked signals and all

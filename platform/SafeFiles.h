@@ -8,7 +8,7 @@
 // Example:
 //   vx::TFileTurn turn;
 //   if (!turn.Take(path, 1000)) return false;       // waits for others who take it
-//   ... read the file, work out new content ...
+//   std::string bytes = Edited(path);               // nobody else who takes the turn is at it
 //   vx::ReplaceFileContent(path, bytes, turn);
 //
 // Locks are advisory, as those of TFileStream. What each kind of drive gets:

@@ -4,7 +4,7 @@
 //   PartitionSort              the sort of string lists and object lists, whose every step is fixed
 //
 // Example:
-//   std::vector<int> order = StableOrder(rows.size(), [&](int a, int b) { return Compare(rows[a], rows[b]) < 0; });
+//   std::vector<size_t> order = vx::StableOrder(rows.size(), [&](size_t a, size_t b) { return rows[a] < rows[b]; });
 //
 // A comparison over odd data may contradict itself, and it may raise. No order is promised in the first case and the
 // error is passed on in the second, but no sort here loses an item, has one twice, or looks beyond the items.

@@ -8,7 +8,7 @@
 //   vx::String name = u"Müller";
 //   vx::String copy = name;                    // shares, copies no character
 //   copy += u"-Lüdenscheid";                   // detaches first; name stays as it was
-//   vx::String town = copy.Slice(7);           // u"Lüdenscheid", shares where it is long
+//   vx::String town = copy.Slice(7);           // u"Lüdenscheid"; shares where it is long
 //   std::string bytes = town.ToUtf8();
 //
 // Texts of up to 11 code units stand inside the value; longer ones in a counted block, and a text

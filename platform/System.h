@@ -10,7 +10,7 @@
 //
 // Example (a test):
 //   vx::TSystemRoots before = vx::SetSystemRoots({dir.GetPath(), "/home/anna"});
-//   vx::String program = vx::ProgramOfFile(u"letter.txt");    // u"/usr/bin/editor"
+//   vx::String program = vx::ProgramOfFile(u"letter.txt");    // such as u"/usr/bin/editor"
 //   vx::SetSystemRoots(before);
 //
 // What is missing, can't be read or has not the form that it should have counts as not there; nothing

@@ -3,7 +3,7 @@
 //   TCanvasDevice    the base of all surfaces
 //   TTextRun         a text to draw
 //
-// Example (a surface that only counts):
+// Example (a surface that only counts), in outline:
 //   class TCounter final : public vx::TCanvasDevice { ... void Fill(const TRect&, TColor) override { ++Fills; } ... };
 //   vx::TCanvas canvas(std::make_unique<TCounter>());
 //

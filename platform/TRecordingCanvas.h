@@ -10,7 +10,7 @@
 //   canvas.TextRect({0, 0, 90, 16}, 2, 1, u"Müller");
 //   canvas.GetText();
 //   // fill 0,0 90x16 clWhite
-//   // text 2,1 39x14 "Müller" clWindowText Tahoma 8 in 0,0 90x16
+//   // text 2,1 37x14 "Müller" clWindowText Tahoma 8 in 0,0 90x16
 //
 // The lines, each with its line break; a place is "X,Y", a rectangle "Left,Top WidthxHeight", a pen its
 // colour, its width unless that is 1, and "dash" or "dot":

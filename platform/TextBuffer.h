@@ -3,7 +3,7 @@
 //   TTextBuffer   the pieces; on the stack as long as they are short
 //
 // Example:
-//   TTextBuffer text;
+//   vx::TTextBuffer text;
 //   text.AddNumber(7, 2);
 //   text.Add(u" Uhr");
 //   text.ToString();      // u"07 Uhr"

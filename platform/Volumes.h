@@ -7,7 +7,7 @@
 //
 // Example:
 //   vx::GetPathMap().SetDrive(u'D', "/mnt/daten");    // mounted from //nordvale/daten
-//   vx::NetworkPath(u"D:\\");                         // u"\\\\nordvale\\daten"
+//   vx::NetworkPath(u"D:\\");                         // such as u"\\\\nordvale\\daten"
 //
 // Told by the system's table of mounts, which is looked for as System.h says. Paths are in the library's or
 // the native grammar. What is missing or has not the form that it should have counts as not there; nothing

@@ -7,7 +7,7 @@
 //
 // Example:
 //   vx::PaintGradient(canvas, rect, 0x00FAF8F7, 1, 0x00F4F2F1);   // the lower half of a column's head
-//   vx::TColor light = vx::ColorAdjustLuma(0x00808080, 30);       // 3 per cent lighter
+//   vx::TColor light = vx::ColorAdjustLuma(0x00808080, 30);       // by 3 per cent lighter
 #pragma once
 
 #include "platform/Graphics.h"

@@ -6,11 +6,11 @@
 //   Animate      the list of the program
 //
 // Example:
-//   vx::Animate()->Start(u"Import", this, path);
-//   vx::Animate()->Start(u"Lesen", this);
+//   vx::Animate()->Start(u"Import", &view, path);
+//   vx::Animate()->Start(u"Lesen", &view);
 //   table.LoadFromFile(path);
-//   vx::Animate()->Stop(u"Lesen", this);
-//   vx::Animate()->Stop(u"Import", this);
+//   vx::Animate()->Stop(u"Lesen", &view);
+//   vx::Animate()->Stop(u"Import", &view);
 //   vx::Animate()->ShowStatistic();
 //
 // Spans are told apart by a tag, any object or nullptr. The statistic, with a row for each name:

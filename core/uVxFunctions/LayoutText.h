@@ -7,7 +7,7 @@
 //
 // Example:
 //   vx::AlignSetToString({vx::alTop, vx::alLeft});    // u"LT"
-//   vx::StringToAlign(u"rechts");                     // alRight
+//   vx::StringToAlign(u"rechts");                     // vx::alRight
 //
 // Pitfall: only StringToAlign takes letters in any case, and only AlignToStr keeps alCustom.
 #pragma once

@@ -4,8 +4,9 @@
 //   StrFind    a text in a buffer, from a place on in either direction
 //
 // Example:
-//   TVxStringList parts;
-//   vx::StrMatch(u"width=\"80\"", u"*=\"*\"", false, &parts);    // true; parts: u"width=", u"80"
+//   vx::TVxStringList parts;
+//   vx::StrMatch(u"width=\"80\"", u"*=\"*\"", false, &parts);    // true
+//   parts.GetLighttext();                                        // u"width=|80"
 //
 // The time grows with the lengths of both texts together, whatever they hold.
 // Pitfall: where several characters stand between two "*", the capture in front of them ends with all

@@ -9,7 +9,7 @@
 //
 // Example:
 //   vx::TRect outer = vx::RectMargins(cell, 1, 4, 2);
-//   if (vx::InRect(x, y, outer)) ...
+//   bool isOver = vx::InRect(x, y, outer);
 //
 // Pitfall: InRect counts all four sides as inside, Right and Bottom too.
 #pragma once

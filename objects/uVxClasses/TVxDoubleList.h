@@ -5,9 +5,11 @@
 //
 // Example:
 //   vx::TVxDoubleSortList list;
-//   for (double value : {2.0, 1.0, 1.0}) list.Add(value);   // 1, 1, 2
-//   list.SetUnique(true);                                   // 1, 2
-//   list.Get(7);                                            // 0, and Notify(4, lnError)
+//   for (double value : {2.0, 1.0, 1.0}) list.Add(value);
+//   list.GetCommatext();     // u"1,1,2"
+//   list.SetUnique(true);
+//   list.GetCommatext();     // u"1,2"
+//   list.Get(7);             // 0; and Notify(4, lnError)
 //
 // Pitfalls:
 //   - Faults pass unseen unless a derived class looks at Notify.

@@ -4,8 +4,9 @@
 //
 // Example:
 //   vx::TVxIdList ids;
-//   ids.SetCommatext(u"5,3,5");           // 3, 5
-//   ids.Add(4);                           // 1, where it stands now
+//   ids.SetCommatext(u"5,3,5");
+//   ids.GetCommatext();                   // u"3,5"
+//   ids.Add(4);                           // 1: where it stands now
 //   bool common = ids.Intersects(u"7,5");  // true
 #pragma once
 

@@ -6,9 +6,10 @@
 //
 // Example:
 //   vx::TVxIntegerList list;
-//   list.SetCommatext(u"3,x,1");           // 3, 0, 1: what is no number is 0
+//   list.SetCommatext(u"3,x,1");
+//   list.GetCommatext();                   // u"3,0,1": what is no number is 0
 //   list.Sort();
-//   for (int item : list) Use(item);       // 0, 1, 3
+//   for (int item : list) Use(item);       // first 0, then 1 and 3
 //
 // Pitfall: range-for and Items() look at the list's own memory and end with its next change; the
 // enumerator asks the list each time.

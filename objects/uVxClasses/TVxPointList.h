@@ -5,7 +5,7 @@
 // Example:
 //   vx::TVxPointList list;
 //   list.Add({5, 1});
-//   list.Add({2, 9});                        // 0, where it stands now
+//   list.Add({2, 9});                        // 0: where it stands now
 //   auto changes = list.Changes(&earlier);   // the points that came or went
 #pragma once
 

@@ -3,7 +3,7 @@
 // Example:
 //   vx::TVxDataIdList patients;                       // owns
 //   patients.Add(new TPatient(4711));
-//   if (vx::TVxDataId* patient = patients.GetItem(4711)) ...
+//   vx::TVxDataId* patient = patients.GetItem(4711);   // null if there is none
 #pragma once
 
 #include <atomic>

@@ -25,7 +25,7 @@ using TDuplicateIniOptions = Set<TDuplicateIniOption>;
 // Example:
 //   vx::TDuplicateIni ini(local, central, {vx::dioInstantSourceRead, vx::dioInstantSourceWrite});
 //   ini.WriteString(u"Fenster", u"Breite", u"800");
-//   ini.Store();                          // in both files, merged into each
+//   bool isStored = ini.Store();          // in both files, merged into each
 class TDuplicateIni : public TSharedIni {
  public:
   // Without options nothing is fetched.
