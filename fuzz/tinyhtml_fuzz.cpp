@@ -159,9 +159,9 @@ void CheckRtf(const String& Rtf, const TDecoLines& Lines) {
     } else if (std::u16string_view(u"\\{}").find(rtf[pos]) != rtf.npos) {
       held += rtf[pos++];
     } else if (rtf[pos] == u'u' && (rtf[pos + 1] == u'-' || (rtf[pos + 1] >= u'0' && rtf[pos + 1] <= u'9'))) {
-      const size_t end = std::min(rtf.find(u'?', pos), rtf.size());
+      const size_t end = std::min(rtf.find(u"\\'3f", pos), rtf.size());
       held += static_cast<char16_t>(StrToInt(rtf.substr(pos + 1, end - pos - 1)));
-      pos = end + 1;
+      pos = end + 4;
     } else {
       const size_t end = std::min(rtf.find_first_of(u" \\}", pos), rtf.size());
       const std::u16string_view word = rtf.substr(pos, end - pos);
@@ -188,8 +188,8 @@ FUZZ(Input) {
   const Extended scale = (Input.Byte() % 40) / 8.0L;
   const int size = std::max(Extent(Input), -1);
   String text = Input.Text();
-  if (shape >= 240) {
-    for (int doubled = 0; doubled < 6; ++doubled) text += String(text);
+  if (shape >= 250) {
+    for (int doubled = 0; doubled < 5; ++doubled) text += String(text);
   }
 
   auto owned = std::make_unique<TDevice>(overhang);

@@ -23,8 +23,9 @@ enum TRtfText : uint8_t {
   // As they stand, which is how old data was written: backslashes and braces in them are commands to the reader, and
   // characters above 127 are left to its good will.
   rfAsIs,
-  // So that every reader gets the same text: backslash and braces escaped, tabs as \tab, characters above 127 as \u
-  // and their number, other code units below 32 as the blanks that they are drawn as. For new programs.
+  // So that every reader gets the same text: backslash and braces escaped, tabs as \tab, characters above 126 as \u
+  // and their number with a "?" behind it that readers of Unicode leave out, other code units below 32 as the blanks
+  // that they are drawn as. For new programs.
   rfEscaped
 };
 

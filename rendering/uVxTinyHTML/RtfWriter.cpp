@@ -15,7 +15,8 @@ constexpr std::u16string_view kHead =
     u"\\rtf1\\ansi\\ansicpg0\\uc0\\deff0\\deflang0\\deflangfe0\\paperw12240\\paperh15480\\margl850\\margr567"
     u"\\margt567\\margb567\\headery720\\footery720\\viewscale100\\viewzk0";
 // Overrides the \uc0 of the head: behind the number of a character stands one that readers without Unicode take
-// instead. Many others leave out one as well, whatever is told.
+// instead. Many others leave out one as well, whatever is told, and some of them with all letters that follow a plain
+// "?".
 constexpr std::u16string_view kOneStandIn = u"\\uc1";
 constexpr std::u16string_view kParagraph = u"\\pard\\fi0\\li0\\ql\\ri0\\sb0\\sa0\\itap0";
 
@@ -85,7 +86,7 @@ class TRtfWriter {
         Rtf += u"\\tab ";
       } else if (unit > 126) {
         // The number is one of 16 bits with a sign.
-        Rtf += Concat({u"\\u", IntToStr(static_cast<int16_t>(unit)), u"?"});
+        Rtf += Concat({u"\\u", IntToStr(static_cast<int16_t>(unit)), u"\\'3f"});
       } else {
         Rtf += std::max(unit, u' ');
       }

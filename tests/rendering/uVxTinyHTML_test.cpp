@@ -284,7 +284,8 @@ TEST(uVxTinyHTML, WritesRtf) {
        u"\\plain \\f0\\fs16 \\plain \\f0\\fs16\\cf2 a\\plain \\f0\\fs16 \\plain \\f0\\fs16\\cf3 b\\plain \\f0\\fs16 "
        u"\\plain \\f0\\fs16\\cf2 c"},
       {u"\\{ü}\t€\x7F\U0001F600\r", rfEscaped, kWide, black,
-       u"\\plain \\f0\\fs16 \\\\\\{\\u252?\\}\\plain \\f0\\fs16 \\tab \\u8364?\\u127?\\u-10179?\\u-8704?\\plain "
+       u"\\plain \\f0\\fs16 \\\\\\{\\u252\\'3f\\}\\plain \\f0\\fs16 \\tab "
+       u"\\u8364\\'3f\\u127\\'3f\\u-10179\\'3f\\u-8704\\'3f\\plain "
        u"\\f0\\fs16  "},
   };
   for (const auto& c : cases) {
