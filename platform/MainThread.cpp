@@ -170,7 +170,7 @@ void DrainUntil(FunctionRef<bool()> IsOver) noexcept {
       if (IsOver()) return;
     }
     try {
-      (void)RunOne(queue, std::numeric_limits<uint64_t>::max());
+      RunOne(queue, std::numeric_limits<uint64_t>::max());
     } catch (...) {
       std::lock_guard lock(queue.Mutex);
       queue.Raised.push_back(std::current_exception());

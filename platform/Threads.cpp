@@ -120,7 +120,7 @@ TThread::TKeep::TKeep(const TThread& Thread) : FState(Thread.FState) { FState->M
 TThread::TKeep::~TKeep() { FState->Mutex.unlock(); }
 
 TThread::TThread(bool CreateSuspended) : FState(std::make_shared<TState>()), FCreateSuspended(CreateSuspended) {
-  (void)IsMainThread();
+  IsMainThread();  // who makes the first thread is the main thread, unless told otherwise
 }
 
 TThread::~TThread() {

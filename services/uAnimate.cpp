@@ -29,7 +29,7 @@ void TStopWatch::Start(TObject* tag, const String& text) {
   period->SetSText(text);
   period->SetStart(Now());
   Add(period.get());
-  (void)period.release();
+  (void)period.release();  // the list has it
 }
 
 bool TStopWatch::Finish(TObject* tag, const String& text) {

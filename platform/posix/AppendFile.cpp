@@ -49,6 +49,7 @@ class TAppender {
     size_t done = 0;
     if (WriteBytes(FFile.Get(), FNative, Bytes.data(), Bytes.size(), -1, done) && IsSafe(Bytes)) return true;
     const int error = GetLastError();
+    // A piece that can't be taken back stays a line of its own.
     if (done > 0 && done < Bytes.size() && S_ISREG(FInfo.st_mode)) (void)!::ftruncate(FFile.Get(), FInfo.st_size);
     return Fail(error);
   }

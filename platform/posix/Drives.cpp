@@ -58,7 +58,8 @@ TDriveKind DriveOf(int Handle, const struct stat& Info) noexcept {
   return type == 0 ? dkUnknown : type == kFuse ? TryLocks(Handle) : dkCreation;
 }
 
-// A name that is to be made is always looked up at the server. Nothing is made, as the other end lies elsewhere.
+// A name that is to be made is always looked up at the server. Nothing is made, as the other end lies elsewhere, so
+// that failing is what is wanted.
 void RefreshName(const std::string& Native) noexcept { (void)!::link("/proc/self", Native.c_str()); }
 
 bool RefreshInfo(int Handle, struct stat& Info) noexcept {

@@ -113,7 +113,7 @@ THandle TLockDir::OpenAnew(const std::string& Place) {
   const std::string name = FContent + "." + std::to_string(FNames++);
   if (!Check(::link(Place.c_str(), name.c_str()) == 0)) return THandle();
   THandle result(::open(name.c_str(), O_RDONLY | O_CLOEXEC));
-  (void)Check(result.Get() >= 0);
+  (void)Check(result.Get() >= 0);  // notes the error for the caller, who sees the empty handle
   return result;
 }
 

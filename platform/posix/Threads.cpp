@@ -12,7 +12,7 @@ TThreadId CurrentThreadId() noexcept { return ::syscall(SYS_gettid); }
 
 void SetPriority(TThreadId Thread, TThreadPriority Priority) noexcept {
   static constexpr int kNice[] = {19, 10, 5, 0, -5, -10, -20};
-  (void)::setpriority(PRIO_PROCESS, static_cast<id_t>(Thread), kNice[Priority]);
+  (void)::setpriority(PRIO_PROCESS, static_cast<id_t>(Thread), kNice[Priority]);  // a wish: not all may rise
 }
 
 }  // namespace vx::os

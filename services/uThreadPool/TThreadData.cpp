@@ -75,7 +75,7 @@ void TThreadData::Done(TThreadJob* job, TThreadQueue&, int) {
 
 void TThreadData::Failed(TThreadJob* job, const std::exception_ptr& error) {
   TThread::Queue([text = TextOf(error), sender = job != nullptr ? job->ClassName() : ClassName()] {
-    (void)TMsgReport()(Error(text, sender), false);
+    TMsgReport()(Error(text, sender), false);
   });
 }
 

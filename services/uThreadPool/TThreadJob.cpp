@@ -53,7 +53,7 @@ void TThreadJobList::Take(TThreadQueue& queue, int count) {
 }
 
 void TThreadJobs::Add(TThreadJob* job) {
-  if (job != nullptr) (void)iList.Add(job);
+  if (job != nullptr) iList.Add(job);
 }
 
 // Where one job ends the next one begins, so that a short job costs one look at the clock, and a cheap one.

@@ -27,7 +27,7 @@ TThreadWorker::~TThreadWorker() {
 void TThreadWorker::doExecute() {
   iExchange(iJob);
   if (iJob == nullptr) {
-    (void)Sleep(kRoundTicks);
+    Sleep(kRoundTicks);
   } else {
     iJob->ExecuteCaught(iData);
   }
@@ -84,7 +84,7 @@ void TThreadPool::ThreadsDestroy(bool terminateOnly) {
       const bool isSelf = worker.get() == CurrentThread();
       worker->SetFreeOnTerminate(isSelf);
       if (worker->GetStarted()) worker->Terminate();
-      if (isSelf) (void)worker.release();
+      if (isSelf) (void)worker.release();  // frees itself
     }
     std::erase(FEnding, nullptr);
     if (!terminateOnly) ended.swap(FEnding);
@@ -162,12 +162,12 @@ void TThreadPool::ReportFailure(TThreadJob* job, const std::exception_ptr& error
 
 void TThreadPool::doExecute() {
   try {
-    if (iData.HaveToSync()) (void)TThread::Synchronize([this] { iData.Synchronize(); });
+    if (iData.HaveToSync()) TThread::Synchronize([this] { iData.Synchronize(); });
     LookForWork();
   } catch (...) {
     ReportFailure(nullptr, std::current_exception());
   }
-  (void)Sleep(kRoundTicks);
+  Sleep(kRoundTicks);
 }
 
 void TThreadPool::LookForWork() {

@@ -17,7 +17,7 @@ constexpr int kRoundTicks = 10;
 
 void RunRound() {
   SystemClock().Sleep(kRoundTicks);
-  (void)CheckSynchronize();
+  CheckSynchronize();
 }
 
 }  // namespace

@@ -102,7 +102,7 @@ int TSignal<THandler>::Add(TEvent Event) {
   if (index >= 0) return index;
   auto handler = std::make_unique<THandler>(Event);
   HandlerList.Insert(0, handler.get());
-  (void)handler.release();
+  (void)handler.release();  // the list has it
   return 0;
 }
 
@@ -137,7 +137,7 @@ class TNotifySignal : public TSignal<TNotifyEventHandler> {
  public:
   String ClassName() const override { return u"TNotifySignal"; }
   void Emit(TObject* Sender) { DoEvent(Sender); }
-  void DoEvent(TObject* Sender) { (void)Dispatch(Sender); }
+  void DoEvent(TObject* Sender) { Dispatch(Sender); }
 };
 
 class TSimpleSignal : public TSignal<TSimpleEventHandler> {
@@ -166,7 +166,7 @@ class TProgressSignal : public TSignal<TProgressEventHandler> {
     DoEvent(Sender, step, max, doStop, EventArgs);
   }
   void DoEvent(TObject* Sender, int step, int max, bool& doStop, TObject* EventArgs) {
-    (void)Dispatch(Sender, step, max, doStop, EventArgs);
+    Dispatch(Sender, step, max, doStop, EventArgs);
   }
 };
 
@@ -174,7 +174,7 @@ class TIdSignal : public TSignal<TIdEventHandler> {
  public:
   String ClassName() const override { return u"TIdSignal"; }
   void Emit(TObject* Sender, int id) { DoEvent(Sender, id); }
-  void DoEvent(TObject* Sender, int id) { (void)Dispatch(Sender, id); }
+  void DoEvent(TObject* Sender, int id) { Dispatch(Sender, id); }
 };
 
 }  // namespace vx

@@ -259,7 +259,7 @@ class TFileCsv : public TObjectList {
     FetchAhead(Get(Row), Col);
     const TVxStringList* line = GetLines(Row);
     std::span<const String> cells = line->Items();
-    if (Col < 0) (void)line->Get(Col);
+    if (Col < 0) (void)line->Get(Col);  // raises what a list raises
     return static_cast<size_t>(Col) < cells.size() ? &cells[static_cast<size_t>(Col)] : nullptr;
   }
   // Rows and their texts are mostly allocated one behind the other, so that the processor can fetch a

@@ -34,7 +34,7 @@ bool TFileCsvList::ImportFromString(std::u16string_view Text) {
   for (int row = 0; row < work->GetCount(); ++row) {
     std::unique_ptr<TFileCsv> table = work->ItemToCsv(row, 1);
     tables.AddObject(work->GetLines(row)->Get(0), table.get());
-    (void)table.release();
+    (void)table.release();  // the list has it
   }
   Clear();
   // Tables that one with the same key replaces would be lost: only this routine knows of them.

@@ -124,7 +124,7 @@ bool TSortCsv::IsInOrder() const {
 int TSortCsv::AddInPlace(std::unique_ptr<TVxStringList> Row) {
   try {
     const int index = TFileCsv::Add(Row.get());
-    (void)Row.release();
+    (void)Row.release();  // the table has it
     return index;
   } catch (...) {
     if (IndexOf(Row.get()) >= 0) (void)Row.release();  // it came in before a derived class raised
@@ -196,7 +196,7 @@ void TSortCsv::Merge(std::vector<TFreeRow>& Rows) {
     SetCount(count);
     throw;
   }
-  for (size_t row : plan.InTable) (void)Rows[row].release();
+  for (size_t row : plan.InTable) (void)Rows[row].release();  // the table has them
   std::exchange(Rows, {}).clear();
 }
 
@@ -213,7 +213,7 @@ void TSortCsv::TakeOut(std::vector<TFreeRow>& Rows, size_t& Out) {
 
 void TSortCsv::SetSortColumn(int Value) {
   Merge(FPending);
-  for (TObject* entry : Items()) (void)KeyOf(*AsRow(entry), Value);
+  for (TObject* entry : Items()) (void)KeyOf(*AsRow(entry), Value);  // raises before anything is changed
   std::vector<TFreeRow> rows(static_cast<size_t>(GetCount()));
   const int oldColumn = std::exchange(iSortColumn, Value);
   size_t out = rows.size();  // the first that has left
@@ -235,7 +235,7 @@ void TSortCsv::SetSortColumn(int Value) {
     if (IndexOf(rows[i].get()) >= 0) (void)rows[i++].release();  // it never left, or came before a derived class raised
     for (; i < rows.size(); ++i) {
       TFileCsv::Add(rows[i].get());
-      (void)rows[i].release();
+      (void)rows[i].release();  // the table has it
     }
     throw;
   }

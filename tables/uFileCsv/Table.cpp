@@ -305,7 +305,7 @@ int TFileCsv::AddNew(std::unique_ptr<TVxStringList> Row) {
     int index = Add(Row.get());
     // A derived class may have put its cells into another row; one that it does not own is freed here then.
     bool isTaken = GetOwnsObjects() || index < 0 || Get(index) == Row.get();
-    if (isTaken) (void)Row.release();
+    if (isTaken) (void)Row.release();  // the table has it
     return index;
   } catch (...) {
     if (IndexOf(Row.get()) >= 0) (void)Row.release();  // it came in before a derived class raised

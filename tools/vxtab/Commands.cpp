@@ -143,7 +143,7 @@ TCellText ReadCellOption(const std::string& Value) {
 }
 
 void RunSet(const TContext& Context) {
-  (void)Context.Args.Needed("cell");
+  (void)Context.Args.Needed("cell");  // an error if it is missing
   std::vector<TCellText> cells;
   for (const std::string& value : Context.Args.Values("cell")) cells.push_back(ReadCellOption(value));
   LoadChangeSave(Context, [&](TFileCsv& table) {
@@ -160,7 +160,7 @@ void RunSet(const TContext& Context) {
 void RunSum(const TContext& Context) {
   static constexpr TVxFieldType kTypes[] = {vftInteger, vftFloat,    vftTime,    vftDateTime,
                                             vftHour,    vftCurrency, vftFraction};
-  (void)Context.Args.Needed("type");
+  (void)Context.Args.Needed("type");  // errors if they are missing
   const TVxFieldType type = TypeOption(Context.Args, kTypes, vftUnknown);
   (void)Context.Args.Needed("col");
   const int col = Context.Args.Number("col", 0);

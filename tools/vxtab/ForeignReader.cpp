@@ -65,7 +65,7 @@ struct TTableSink {
     row->TakeCells(Cells);
     Cells.clear();
     Table.Add(row.get());
-    (void)row.release();
+    (void)row.release();  // the table has it
     return true;
   }
 };

@@ -171,7 +171,7 @@ void RunGet(const TContext& Context) {
   const auto [name, value] = CutKey(file->Table, String::FromUtf8(args.File(1)));
   const String resultName = String::FromUtf8(args.File(2));
   const int column = ColumnNamed(Context, *file, 0, name);
-  (void)ColumnNamed(Context, *file, 0, resultName);
+  (void)ColumnNamed(Context, *file, 0, resultName);  // an error if there is none
   if (file->Table.ItemForField(name, value) == nullptr) {
     std::string text = args.File(0) + ": no row has exactly " + Quoted(value) + " in the column " + Quoted(name);
     const int alike = file->Table.IndexForColKey(column, value);
@@ -218,7 +218,7 @@ void RunMerge(const TContext& Context) {
   CheckTarget(args.File(2));
   auto into = Load(Context, 0);
   auto from = Load(Context, 1);
-  (void)ColumnNamed(Context, *into, 0, name);
+  (void)ColumnNamed(Context, *into, 0, name);  // an error if there is none
   NoteLosses(Context, into->Table, from->Table, ColumnNamed(Context, *from, 1, name));
   // A cell that a row has not could not take a value.
   into->Table.DoAll({camBalanceColcount});

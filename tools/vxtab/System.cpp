@@ -67,7 +67,7 @@ bool CreateNewFile(const String& Path, bool ForOwner) noexcept {
     return false;
   }
   const timespec longAgo[2] = {{946684800, 0}, {946684800, 0}};
-  (void)::futimens(handle, longAgo);
+  (void)::futimens(handle, longAgo);  // at worst the save waits for its stamp to change
   ::close(handle);
   return true;
 }

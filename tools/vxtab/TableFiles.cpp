@@ -122,7 +122,7 @@ void LoadOwn(TLoadedFile& File, const String& Path, bool WithDetails) {
 void LoadIni(TLoadedFile& File, TInput& Input, bool IsForeign) {
   const std::string bytes = ReadBytes(Input.Path());
   size_t mark = 0;
-  (void)TEncoding::Detect(bytes, mark, TEncoding::Default());
+  (void)TEncoding::Detect(bytes, mark, TEncoding::Default());  // for the mark alone
   File.Encoding = GuessEncoding(bytes);
   File.Bytes = static_cast<int64_t>(bytes.size());
   if (IsForeign) {
