@@ -1,10 +1,6 @@
 #include <thread>
 
-#include "objects/uVxClasses/TArrayStrStr.h"
-#include "objects/uVxClasses/TPop.h"
-#include "objects/uVxClasses/TVxStringIndex.h"
-#include "objects/uVxClasses/TVxStringTree.h"
-#include "objects/uVxClasses/TvxDateRange.h"
+#include "objects/uVxClasses.h"
 #include "objects/uVxGenerics.h"
 #include "objects/uVxObjects.h"
 #include "tests/support/Test.h"

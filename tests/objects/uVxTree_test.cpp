@@ -391,40 +391,27 @@ TEST(TVxTextNode, AgreesWithMapsOfTexts) {
     }
     TVxTextNode *node = nodes[0], probe(nullptr, text);
     TMapNode *p = maps[0], other = *maps[1];
-    switch (plain.Count() > 60 ? 7 : Pick(random, 9)) {
-      case 0:
-      case 1:
-        EXPECT_EQ(node->Validate(text)->GetParent(), node);
-        p->Child(text);
-        break;
-      case 2:
-        node->GetNewItem(text), p->Put({text, {}});
-        break;
-      case 3:
-        node->Insert(99, nodes[1]->DuplicateDeep(nullptr).release()), p->Put(other);
-        break;
-      case 4:
-      case 5:
-        if (node != &tree) {
-          auto copy = nodes[1]->DuplicateDeep(nullptr);
-          other.Text = p->Text, copy->SetText(p->Text);
-          if (step % 2) node->AddMerge(*copy);
-          node->AddMergeFree(std::move(copy)), p->Merge(other);
-          break;
-        } else {
-          String serial = nodes[1]->GetSerialize();
-          EXPECT_EQ(serial, other.Write());
-          serial = Changed(random, serial), tree.SetSerialize(serial), plain.Read(serial);
-          break;
-        }
-      case 6:
-        EXPECT_EQ(node->Remove(&probe) >= 0, p->Below.erase(text) > 0);
-        break;
-      default:
-        if (auto taken = node->NodeToTree()) {
-          EXPECT_EQ(std::pair(taken->isRoot(), taken->NodeCount()), std::pair(true, p->Count()));
-          above->Below.erase(taken->GetText());
-        }
+    const int work = plain.Count() > 60 ? 7 : Pick(random, 9);
+    if (work < 2) {
+      EXPECT_EQ((p->Child(text), node->Validate(text)->GetParent()), node);
+    } else if (work == 2) {
+      node->GetNewItem(text), p->Put({text, {}});
+    } else if (work == 3) {
+      node->Insert(99, nodes[1]->DuplicateDeep(nullptr).release()), p->Put(other);
+    } else if (work < 6 && node != &tree) {
+      auto copy = nodes[1]->DuplicateDeep(nullptr);
+      other.Text = p->Text, copy->SetText(p->Text);
+      if (step % 2) node->AddMerge(*copy);
+      node->AddMergeFree(std::move(copy)), p->Merge(other);
+    } else if (work < 6) {
+      String serial = nodes[1]->GetSerialize();
+      EXPECT_EQ(serial, other.Write());
+      serial = Changed(random, serial), tree.SetSerialize(serial), plain.Read(serial);
+    } else if (work == 6) {
+      EXPECT_EQ(node->Remove(&probe) >= 0, p->Below.erase(text) > 0);
+    } else if (auto taken = node->NodeToTree()) {
+      EXPECT_EQ(std::pair(taken->isRoot(), taken->NodeCount()), std::pair(true, p->Count()));
+      above->Below.erase(taken->GetText());
     }
     ASSERT_EQ(std::pair(tree.GetSerialize(), tree.NodeCount()), std::pair(plain.Write(), plain.Count())) << step;
   }

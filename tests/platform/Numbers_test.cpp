@@ -81,23 +81,17 @@ TEST(Numbers, FormsWithPrecisionAndDigits) {
 
 TEST(Numbers, ReadsDecimalTexts) {
   const Extended none = LDBL_MAX;
-  const TCases<String, Extended, int64_t> cases = {{u"  -1,5  ", -1.5, -15000},
-                                                   {u"+,5", 0.5, 5000},
-                                                   {u"1,5e+3", 1500, 15000000},
-                                                   {u"0E99999999999", 0, 0},
-                                                   {u"4E-4951", LDBL_TRUE_MIN, 0},
-                                                   {u"18446744073709551617," + Digits(10000) + u"1", 0x1p64L + 2, kMin},
-                                                   {u"1E" + Digits(10000, u'9'), none, kMin},
-                                                   {u"1" + Digits(10000) + u"E-10000", 1, 10000},
-                                                   {u"," + Digits(10000) + u"1E10001", 1, 10000},
-                                                   {Digits(10000) + u"1", 1, 10000},
-                                                   {u"1E" + Digits(10000) + u"2", 100, 1000000},
-                                                   {u"-1,00015", -1.00015L, -10002},
-                                                   {u"1" + Digits(10000), none, kMin},
-                                                   {u"0," + Digits(10000) + u"1", 0, 0},
-                                                   {u"1,00005", 1.00005L, 10000},
-                                                   {u"1,00005" + Digits(10000) + u"1", 1.00005L, 10001},
-                                                   {u"922337203685477,5807", 922337203685477.5807L, kMax}};
+  const String zeros = Digits(10000), nines = Digits(10000, u'9');
+  const TCases<String, Extended, int64_t> cases = {
+      {u"  -1,5  ", -1.5, -15000},      {u"+,5", 0.5, 5000},
+      {u"1,5e+3", 1500, 15000000},      {u"0E99999999999", 0, 0},
+      {u"4E-4951", LDBL_TRUE_MIN, 0},   {u"18446744073709551617," + zeros + u"1", 0x1p64L + 2, kMin},
+      {u"1E" + nines, none, kMin},      {u"1" + zeros + u"E-10000", 1, 10000},
+      {zeros + u"1", 1, 10000},         {u"," + zeros + u"1E10001", 1, 10000},
+      {u"-1,00015", -1.00015L, -10002}, {u"1E" + zeros + u"2", 100, 1000000},
+      {u"1" + zeros, none, kMin},       {u"1,00005" + zeros + u"1", 1.00005L, 10001},
+      {u"0," + zeros + u"1", 0, 0},     {u"922337203685477,5807", 922337203685477.5807L, kMax},
+      {u"1,00005", 1.00005L, 10000}};
   TFormatSettings german;
   for (const auto& [text, number, units] : cases) {
     Extended value = none;
