@@ -194,6 +194,10 @@ if [ -n "$drawings" ]; then
   if [ -x "$programs/name_list" ]; then
     mkdir -p "$drawings"
     "$programs/name_list" "$drawings/names.png" "$drawings/names.pdf" "$drawings/names.svg"
+    say "The picture of the names in at most 6 colours, and how often each occurs"
+    "$programs/reduce_colours" "$drawings/names.png" 6 "$drawings/names6.bmp" | tee "$dir/colours"
+    [ "$(wc -l <"$dir/colours")" -le 7 ] || die "there are more than 6 colours"
+    echo "in $drawings/names6.bmp"
   else
     echo "skipped: the component vxlib::drawing was not built, since what it needs is not installed"
   fi
