@@ -9,6 +9,9 @@
 #include "objects/uVxClasses.h"
 #include "platform/StringArena.h"
 #include "tests/support/Test.h"
+#if defined(__SANITIZE_ADDRESS__)
+#include <sanitizer/asan_interface.h>
+#endif
 
 namespace {
 
@@ -46,6 +49,25 @@ TEST(BulkMemory, PiecesKeepWhatStandsInThemAndGoBackWithTheLastOne) {
   std::jthread(free, 0), free(1);
   EXPECT_LT(ResidentBytes(), before + kAll / 4);
 }
+
+#if defined(__SANITIZE_ADDRESS__)
+TEST(BulkMemory, IsForbiddenBesidePiecesAndInReturnedOnes) {
+  TBulkMemory memory;
+  for (int size : {1, 8, 21, 4096}) {
+    auto* piece = static_cast<char*>(memory.Take(static_cast<size_t>(size)));
+    const auto forbidden = [&] {
+      std::string told;
+      for (int at : {-1, 0, size - 1, size}) {
+        told += __asan_address_is_poisoned(piece + at) ? 'x' : '-';
+      }
+      return told;
+    };
+    EXPECT_EQ(forbidden(), "x--x") << size;
+    TBulkMemory::Return(piece);
+    EXPECT_EQ(forbidden(), "xxxx") << size;
+  }
+}
+#endif
 
 TEST(BulkMemory, PiecesThatComeAndGoNeedNoMore) {
   TBulkMemory memory;
