@@ -5,5 +5,7 @@ namespace vx::bench {
 
 // Finding and merging the decorations of a cell, and the serial form of a list, at two sizes a factor of ten apart.
 void RunLists();
+// A paragraph of rich text read, wrapped and drawn, beside Pango and Qt.
+void RunRichText();
 
 }  // namespace vx::bench

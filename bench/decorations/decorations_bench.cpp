@@ -1,4 +1,4 @@
-// Runs the benchmarks of decorations, or one of them: lists.
+// Runs the benchmarks of decorations, or one of them: lists or richtext.
 #include <cstring>
 
 #include "bench/decorations/Topics.h"
@@ -6,4 +6,5 @@
 int main(int argc, char** argv) {
   const auto wants = [&](const char* topic) { return argc < 2 || std::strcmp(argv[1], topic) == 0; };
   if (wants("lists")) vx::bench::RunLists();
+  if (wants("richtext")) vx::bench::RunRichText();
 }
