@@ -198,6 +198,10 @@ if [ -n "$drawings" ]; then
     "$programs/reduce_colours" "$drawings/names.png" 6 "$drawings/names6.bmp" | tee "$dir/colours"
     [ "$(wc -l <"$dir/colours")" -le 7 ] || die "there are more than 6 colours"
     echo "in $drawings/names6.bmp"
+    say "A note with marks: drawn, with enough room and cut off; as plain text; as RTF for other programs"
+    "$programs/rich_text" "$drawings/note.png" | tee "$dir/note"
+    grep -q '^Frau Müller-Lüdenscheid$' "$dir/note" || die "the plain text is wrong"
+    grep -q '^{.rtf1.* M.u252.*}$' "$dir/note" || die "the RTF is wrong"
   else
     echo "skipped: the component vxlib::drawing was not built, since what it needs is not installed"
   fi
