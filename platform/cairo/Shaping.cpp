@@ -45,19 +45,21 @@ const TShaped& Shape(const TFace& Face, std::u16string_view Text) {
   TShapedTexts& texts = Texts();
   const size_t hash = std::hash<std::u16string_view>()(Text) ^ (Face.Id() * 0x9E3779B97F4A7C15u >> 40);
   TShaped& place = texts.Place(hash, Text.size() > 256);
-  if (place.Layout && place.Face == Face.Id() && place.Text == Text) return place;
-  place.Layout.reset();
-  TLayout layout(pango_layout_new(texts.Context.get()));
-  pango_layout_set_single_paragraph_mode(layout.get(), TRUE);
-  pango_layout_set_font_description(layout.get(), Face.PangoFont());
+  if (place.Face == Face.Id() && place.Text == Text) return place;
+  place.Face = 0;  // of no face until all of it is set
+  if (!place.Layout) {
+    place.Layout.reset(pango_layout_new(texts.Context.get()));
+    pango_layout_set_single_paragraph_mode(place.Layout.get(), TRUE);
+  }
+  PangoLayout* layout = place.Layout.get();
+  pango_layout_set_font_description(layout, Face.PangoFont());
   const std::string utf8 = WithoutControls(Text).ToUtf8();
-  pango_layout_set_text(layout.get(), utf8.data(), static_cast<int>(utf8.size()));
+  pango_layout_set_text(layout, utf8.data(), static_cast<int>(utf8.size()));
   PangoRectangle logical;
-  pango_layout_line_get_extents(pango_layout_get_line_readonly(layout.get(), 0), nullptr, &logical);
+  pango_layout_line_get_extents(pango_layout_get_line_readonly(layout, 0), nullptr, &logical);
   place.Text = Text;
-  place.Face = Face.Id();
   place.Width = std::max(PANGO_PIXELS_CEIL(logical.width), 0);
-  place.Layout = std::move(layout);
+  place.Face = Face.Id();
   return place;
 }
 
