@@ -9,7 +9,7 @@
 //   EInvalidGraphicOperation              drawing that can't be done
 //
 // Example:
-//   vx::InstallDrawing();                          // platform/cairo/Cairo.h
+//   vx::InstallDrawing();                          // platform/cairo/CairoDrawing.h
 //   vx::TBitmap bitmap;
 //   vx::LoadPictureFile(u"logo.png", bitmap);
 //   std::unique_ptr<vx::TCanvas> canvas = vx::NewBitmapCanvas(bitmap);
