@@ -32,7 +32,8 @@
 namespace vx {
 
 // Sets the drawing backend of Cairo, Pango and gdk-pixbuf: canvases of bitmaps of every format, pictures
-// of the forms that gdk-pixbuf knows on this machine (PNG, JPEG, ICO and others), PNG out. May be called again.
+// of the forms that gdk-pixbuf knows on this machine (PNG, JPEG, ICO and others; WMF with the packages of the group
+// "pictures" in cmake/debian-packages.txt), PNG out. May be called again.
 void InstallDrawing();
 
 // The families that are tried for a font, in this order, behind its own name: for "Tahoma" and for every

@@ -213,6 +213,24 @@ TEST_F(DrawingFiles, WhatIsNoPictureIsRefusedByName) {
   EXPECT_NE(RaisedBy<EFOpenError>([&] { LoadPictureFile(Dir.Path("none.png"), loaded); }), u"");
 }
 
+// A window of 200 x 100, a red brush, and a rectangle, behind a header that tells the size at 96 pixels per inch.
+TEST_F(DrawingFiles, MetafilesAreReadWhereThereIsALoader) {
+  const uint16_t words[] = {0xCDD7, 0x9AC6, 0,     0,     0,     200, 100,   96, 0, 0, 0x57DD, 1,
+                            9,      0x300,  44,    0,     1,     8,   0,     0,  // header
+                            4,      0,      0x103, 8,     5,     0,   0x20B, 0,  0, 5, 0,      0x20C,
+                            100,    200,    7,     0,     0x2FC, 0,   0xFF,  0,  0, 4, 0,      0x12D,
+                            0,      7,      0,     0x41B, 80,    180, 20,    20, 3, 0, 0};
+  PutText(Dir.Path("a.wmf"), {reinterpret_cast<const char*>(words), sizeof words});
+  TBitmap bitmap;
+  const String fault = RaisedBy<EInvalidGraphic>([&] { bitmap.LoadFromFile(Dir.Path("a.wmf")); });
+  if (!fault.empty()) {
+    EXPECT_TRUE(fault.view().starts_with(Dir.Path("a.wmf") + u": ")) << fault.ToUtf8();
+    GTEST_SKIP() << "no loader, or no fonts for it: " << fault.ToUtf8();
+  }
+  EXPECT_EQ(bitmap.GetWidth(), 2 * bitmap.GetHeight());
+  EXPECT_EQ(PixelAt(bitmap, bitmap.GetWidth() / 2, bitmap.GetHeight() / 2), 0xFF0000U);
+}
+
 TEST_F(DrawingFiles, ABitmapMayChangeUnderItsCanvas) {
   TBitmap bitmap(pf24bit, 10, 10);
   TCanvas& canvas = bitmap.GetCanvas();
