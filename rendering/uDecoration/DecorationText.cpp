@@ -40,7 +40,8 @@ String TDecoration::GetCommatext() const {
 void TDecoration::SetCommatext(std::u16string_view aText) {
   const TCells cells = ReadCommatext(aText);
   if (cells.size() < kLeastCells) {
-    detail::TellRefused(u"Die Dekoration", Concat({u"hat ", IntToStr(cells.size()), u" statt 22 Felder:"}), cells);
+    detail::TellRefused(u"Die Dekoration",
+                        Concat({u"hat ", IntToStr(static_cast<int>(cells.size())), u" statt 22 Felder:"}), cells);
     return;
   }
   detail::TRecordReader reader(cells);

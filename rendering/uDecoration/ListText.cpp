@@ -67,7 +67,8 @@ void TDecorationList::SetCommatext(std::u16string_view aText) {
   }
   if (separator < kLeastCells) {
     Init();
-    detail::TellRefused(u"Die Dekorationsliste", Concat({u"hat ", IntToStr(separator), u" statt 19 Felder:"}), cells);
+    detail::TellRefused(u"Die Dekorationsliste",
+                        Concat({u"hat ", IntToStr(static_cast<int>(separator)), u" statt 19 Felder:"}), cells);
     return;
   }
   const std::span<const String> all(cells);
@@ -104,7 +105,7 @@ void TDecorationList::ReadItems(std::span<const String> Texts) {
       cells.push_back(std::move(item));
     } else {
       TObjectList::Insert(iIndexFirstCell++, item.get());
-      item.release();
+      static_cast<void>(item.release());
     }
   }
   const auto isBefore = [&](size_t a, size_t b) { return cells[a]->IndexSort() < cells[b]->IndexSort(); };
@@ -115,7 +116,7 @@ void TDecorationList::ReadItems(std::span<const String> Texts) {
       CompressDecoration(*item, *last);
     } else {
       TObjectList::Add(item.get());
-      item.release();
+      static_cast<void>(item.release());
     }
   }
 }

@@ -127,11 +127,11 @@ TObject* TDecorationList::Extract(TObject* Object) {
 }
 
 void TDecorationList::Exchange(int A, int B) {
-  if (std::min(A, B) >= 0 && std::max(A, B) < iIndexFirstCell) TObjectList::Exchange(A, B);
+  if (A < iIndexFirstCell && B < iIndexFirstCell) TObjectList::Exchange(A, B);
 }
 
 void TDecorationList::Move(int From, int To) {
-  if (std::min(From, To) >= 0 && std::max(From, To) < iIndexFirstCell) TObjectList::Move(From, To);
+  if (From < iIndexFirstCell && To < iIndexFirstCell) TObjectList::Move(From, To);
 }
 
 TDecoration* TDecorationList::CreateRange(TRangeType aType, int Left, int Top, int Right, int Bottom) {

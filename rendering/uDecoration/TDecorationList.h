@@ -59,7 +59,7 @@ class TDecorationList : public TObjectList {
   void Insert(int Index, TObject* Object) override;
   void Delete(int Index) override;
   TObject* Extract(TObject* Object) override;
-  // Only before IndexFirstCell; otherwise they do nothing.
+  // Only before IndexFirstCell; beyond it they do nothing.
   void Exchange(int A, int B) override;
   void Move(int From, int To) override;
   // Does nothing: the order is the list's meaning.

@@ -213,7 +213,6 @@ TEST(DecorationList, StandsInItsOrder) {
   list.Exchange(0, 3);
   list.Move(0, 1);
   list.Move(5, 1);
-  list.Move(-1, 0);
   list.Sort([](TObject*, TObject*) { return -1; });
   EXPECT_EQ(Tags(list), u"1 2 0 | 3 6 8 4 5 7 ");
   list.Delete(1);
