@@ -18,16 +18,18 @@ const String kAdvice =
 const String kNotMade =
     u"Das Laufwerk steht zur Verfügung,\r\naber folgendes Verzeichnis konnten nicht angelegt werden:\r\n\r\n";
 
-// Drive V: is the temporary directory, W: its directory "w".
+// Drive V: is the temporary directory, which is the current one, too; W: its directory "w".
 class HandleFile : public testing::Test {
  protected:
   HandleFile() {
     GetPathMap().SetDrive(u'V', Dir.GetPath());
     GetPathMap().SetDrive(u'W', Dir.GetPath() + "/w");
     DirectoryCreate(Dir.Path("w"));
+    std::filesystem::current_path(Dir.GetPath());
   }
   ~HandleFile() override {
     for (char16_t drive : {u'V', u'W'}) GetPathMap().SetDrive(drive, "");
+    std::filesystem::current_path(Before);
   }
   static String Make(const String& path, const std::string& bytes, bool readOnly = false) {
     test::PutText(path, bytes);
@@ -51,6 +53,7 @@ class HandleFile : public testing::Test {
     return (GetFileInfo(path, info) && info.IsReadOnly ? "!" : "") + GetText(path);
   }
 
+  const std::filesystem::path Before = std::filesystem::current_path();
   test::TTempDir Dir;
   TScriptedDialogs Dialogs;
 };
@@ -132,6 +135,7 @@ TEST_F(HandleFile, ForcesDirectories) {
     EXPECT_EQ(VxForceDirectoriesOld(path), toldOld.empty()) << path;
     EXPECT_EQ(Told(), toldOld) << path;
   }
+  EXPECT_TRUE(DirectoryExists(Dir.Path("\"V:/1/x\""))) << "the old routine takes quotes for letters of a name";
   EXPECT_EQ((TFacts{VxForceDirectoriesOld(u" V:\\older\\x\r\n"), DirectoryExists(u"V:\\older\\x")}), "yes yes");
   EXPECT_FALSE(VxForceDirectories(u"V:" + ReplaceAll(String(500000, u'x'), u"x", u"\\x")));
   TFileFaults faults;
