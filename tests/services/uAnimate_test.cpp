@@ -7,8 +7,7 @@ namespace {
 
 using namespace vx;
 
-class AnimateTest : public testing::Test {
- protected:
+struct AnimateTest : testing::Test {
   ~AnimateTest() override { uAnimate::FreeBuffersForLeakPrevention(); }
   // The statistic without its head, cells joined by "|" and rows by "/".
   static String Show(const TSWList& watches) {

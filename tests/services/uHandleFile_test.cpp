@@ -19,8 +19,7 @@ const String kNotMade =
     u"Das Laufwerk steht zur Verfügung,\r\naber folgendes Verzeichnis konnten nicht angelegt werden:\r\n\r\n";
 
 // Drive V: is the temporary directory, which is the current one, too; W: its directory "w".
-class HandleFile : public testing::Test {
- protected:
+struct HandleFile : testing::Test {
   HandleFile() {
     GetPathMap().SetDrive(u'V', Dir.GetPath());
     GetPathMap().SetDrive(u'W', Dir.GetPath() + "/w");
@@ -263,15 +262,10 @@ TEST(HandleFileNames, SizesAsText) {
 
 TEST(HandleFileNames, Checks) {
   const std::function<bool(const String&)> checks[] = {CheckFileName, CheckPath, VxFilenameOk, FilenameIs83};
-  const std::pair<String, std::string> cases[] = {{u"", "--++"},
-                                                  {u"  ", "-+++"},
-                                                  {u" Liste.csv ", "+++-"},
-                                                  {u"C:\\v1.2345\\Liste.csv", "+-++"},
-                                                  {u"a/b", "---+"},
-                                                  {u"C:a:b", "---+"},
-                                                  {u"\u00DC\u2026\u4E2D", "++++"},
-                                                  {u"tab\there", "---+"},
-                                                  {u"12345678.abcd", "+++-"}};
+  const std::pair<String, std::string> cases[] = {
+      {u"", "--++"},         {u" Liste.csv ", "+++-"},        {u"  ", "-+++"},    {u"12345678.abcd", "+++-"},
+      {u"a/b", "---+"},      {u"\u00DC\u2026\u4E2D", "++++"}, {u"C:a:b", "---+"}, {u"C:\\v1.2345\\Liste.csv", "+-++"},
+      {u"tab\there", "---+"}};
   for (const auto& [name, marks] : cases) {
     std::string found;
     for (const auto& check : checks) found += check(name) ? '+' : '-';
@@ -299,13 +293,10 @@ TEST(HandleFileNames, MendsNames) {
 
 TEST_F(HandleFile, DecoratesNames) {
   for (const char16_t* name : {u"V:\\a.b.txt", u"V:\\a.b_1.txt", u"V:\\a.b_2.txt", u"V:\\a.b-001.txt"}) Make(name, "x");
-  const TCases<String, String, String> cases = {{u"", u"_%d", u"_3.txt"},
-                                                {u"-", u"%.3d", u"-002.txt"},
-                                                {u"_x", u"fix", u"_x.txt"},
-                                                {u"", u"%s%%", u".txt"},
-                                                {u"", u"%", u".txt"},
-                                                {u"", u"%d %d", u".txt"},
-                                                {u" neu", u"(%%%3u|%0:-3d|%0:X)", u" neu(%  1|1  |1).txt"}};
+  const TCases<String, String, String> cases = {
+      {u"", u"%d %d", u".txt"},   {u"", u"%", u".txt"},    {u" neu", u"(%%%3u|%0:-3d|%0:X)", u" neu(%  1|1  |1).txt"},
+      {u"_x", u"fix", u"_x.txt"}, {u"", u"%s%%", u".txt"}, {u"-", u"%.3d", u"-002.txt"},
+      {u"", u"_%d", u"_3.txt"}};
   for (const auto& [decoration, format, result] : cases)
     EXPECT_EQ(DecorateFilename(u"V:\\a.b.txt", decoration, format), u"V:\\a.b" + result);
 }

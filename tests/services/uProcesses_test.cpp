@@ -23,8 +23,7 @@ using namespace vx;
 
 const String kNul(1, u'\0');
 
-class ProcessTest : public testing::Test {
- protected:
+struct ProcessTest : testing::Test {
   ~ProcessTest() override {
     EXPECT_EQ(::waitpid(-1, nullptr, WNOHANG), -1) << "a process is left behind";
     ::setenv("PATH", FPath.c_str(), 1);
@@ -274,9 +273,8 @@ TEST_F(ProcessTest, WindowsAndProcessesAreFoundByTheirPrograms) {
   EXPECT_EQ((TFacts{VxProcessExists(::getpid(), u""), VxProcessExists(INT32_MAX, u"")}), "yes no");
   SetSystemRoots({FDirectory, "/home/anna"});
   EXPECT_FALSE(VxProcessExists(0, u"")) << "no processes";
-  const TCases<std::string, std::string> stats = {{"7", "7 (kind) of) Z 1"}, {"8", "8 (a) b) S 1"},
-                                                  {"9x", "9 (c) S 1"},       {"12", "12 ("},
-                                                  {"13", "13 )("},           {"14", "14 (d)"}};
+  const TCases<std::string, std::string> stats = {{"12", "12 ("},  {"14", "14 (d)"},    {"8", "8 (a) b) S 1"},
+                                                  {"13", "13 )("}, {"9x", "9 (c) S 1"}, {"7", "7 (kind) of) Z 1"}};
   for (const auto& [file, text] : stats) Put("proc/" + file + "/stat", text);
   std::filesystem::create_symlink("/opt/Größe (deleted)", FDirectory + "/proc/8/exe");
   const TCases<int64_t, String, bool> processes = {
@@ -320,15 +318,12 @@ TEST_F(ProcessTest, DrivesAreThoseOfTheTableOfMounts) {
   Put("dev/disk/by-label/y", "");
   std::filesystem::create_symlink("../../sdb1", FDirectory + "/dev/disk/by-label/MEIN\\x20STICK");
   // kind, network path and label
-  const TCases<char16_t, std::string, std::string> cases = {{u'D', "/mnt/a b/sub", R"(4 \\srv\daten\sub )"},
-                                                            {u'E', "/mnt/nfs", R"(4 \\nas\vol\x )"},
-                                                            {u'F', "/mnt/ram", "6  "},
-                                                            {u'G', "/mnt/cd", "5  "},
-                                                            {u'H', "/mnt/stick", "2  MEIN STICK"},
-                                                            {u'I', "/none", "1  "},
-                                                            {u'J', "/dev", "3  "},
-                                                            {u'K', "/mnt/old", R"(4 \\[::1]\v )"},
-                                                            {u'L', "/mnt", "3  "}};
+  const TCases<char16_t, std::string, std::string> cases = {
+      {u'J', "/dev", "3  "},    {u'H', "/mnt/stick", "2  MEIN STICK"},
+      {u'L', "/mnt", "3  "},    {u'K', "/mnt/old", R"(4 \\[::1]\v )"},
+      {u'I', "/none", "1  "},   {u'E', "/mnt/nfs", R"(4 \\nas\vol\x )"},
+      {u'G', "/mnt/cd", "5  "}, {u'D', "/mnt/a b/sub", R"(4 \\srv\daten\sub )"},
+      {u'F', "/mnt/ram", "6  "}};
   for (const auto& [letter, directory, told] : cases) {
     if (directory != "/none") std::filesystem::create_directories(FDirectory + directory);
     GetPathMap().SetDrive(letter, directory);

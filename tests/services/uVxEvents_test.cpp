@@ -25,6 +25,15 @@ struct Signals : testing::Test {
   TListener& Make(int number) {
     return *Listeners.emplace(number, std::make_unique<TListener>(number, Calls)).first->second;
   }
+  void Add(int number) { Signal->Add(Make(number).Event()); }
+  void Remove(int number) { Signal->Remove(Make(number).Event()); }
+  // Whoever hears of it acts so; before and behind it all do as they did.
+  void Emit(const std::function<void()>& act) {
+    const auto before = Listeners[0]->Act;
+    for (auto& [number, listener] : Listeners) listener->Act = act;
+    Signal->Emit(nullptr, 0);
+    for (auto& [number, listener] : Listeners) listener->Act = before;
+  }
   TCalls Emit() {
     Calls.clear();
     Signal->Emit(nullptr, 0);
@@ -63,69 +72,57 @@ TEST_F(Signals, BearWhateverHandlersDo) {
 // The rules as they are told: each walk has a copy of its own, from which removals are taken out.
 struct TModel {
   struct TWalk {
-    std::vector<int> Copy;
+    TCalls Copy;
     int Index;
   };
-  std::vector<int> List;
-  std::vector<TWalk*> Walks;
   void Add(int n) {
-    if (std::find(List.begin(), List.end(), n) == List.end()) List.insert(List.begin(), n);
+    if (std::ranges::find(List, n) == List.end()) List.insert(List.begin(), n);
   }
   void Remove(int n) {
     if (std::erase(List, n) == 0) return;
     for (TWalk* walk : Walks) {
-      auto at = std::find(walk->Copy.begin(), walk->Copy.end(), n);
-      auto place = static_cast<int>(at - walk->Copy.begin());
+      const auto at = std::ranges::find(walk->Copy, n);
+      const auto place = static_cast<int>(at - walk->Copy.begin());
       if (at == walk->Copy.end() || place > walk->Index) continue;
       walk->Copy.erase(at);
       if (place < walk->Index) --walk->Index;
     }
   }
-  void Emit(const std::function<void(int)>& call) {
+  void Emit(const std::function<void()>& act) {
     TWalk walk{List, static_cast<int>(List.size())};
     Walks.push_back(&walk);
-    while (walk.Index >= 0 && --walk.Index >= 0) call(walk.Copy[static_cast<size_t>(walk.Index)]);
+    while (walk.Index >= 0 && --walk.Index >= 0) Calls.push_back(walk.Copy[static_cast<size_t>(walk.Index)]), act();
     Walks.pop_back();
   }
+  TCalls List, Calls;
+  std::vector<TWalk*> Walks;
 };
 
-TEST_F(Signals, FollowTheToldWalkUnderRandomChanges) {
+// The same decisions for each side, drawn by the same generator in the same order of calls.
+template <typename T>
+TCalls CallsOf(T& side, unsigned seed) {
   constexpr int kListeners = 8;
+  std::mt19937 random(seed);
+  int budget = 60;
+  const std::function<void(int)> act = [&](int depth) {
+    for (int i = static_cast<int>(random() % 3); i > 0 && budget > 0; --i, --budget) {
+      const int who = static_cast<int>(random() % kListeners);
+      const unsigned what = random() % 5;
+      if (what < 4) what < 2 ? side.Add(who) : side.Remove(who);
+      if (what == 4 && depth < 3) side.Emit([&act, depth] { act(depth + 1); });
+    }
+  };
+  for (int i = 0; i < kListeners; ++i) side.Add(i);
+  for (int i = 0; i < 5; ++i) side.Emit([&act] { act(0); });
+  return side.Calls;
+}
+
+TEST_F(Signals, FollowTheToldWalkUnderRandomChanges) {
   for (unsigned seed = 0; seed < 300; ++seed) {
     Signal = std::make_unique<TIdSignal>();
-    Listeners.clear();
-    // The same decisions on both sides, drawn by the same generator in the same order of calls.
-    auto run = [&](auto add, auto remove, auto emit) {
-      std::mt19937 random(seed);
-      int budget = 60;
-      std::function<void(int)> act = [&](int depth) {
-        for (int i = static_cast<int>(random() % 3); i > 0 && budget > 0; --i, --budget) {
-          int who = static_cast<int>(random() % kListeners);
-          unsigned what = random() % 5;
-          if (what < 4) what < 2 ? add(who) : remove(who);
-          if (what == 4 && depth < 3) emit([&act, depth] { act(depth + 1); });
-        }
-      };
-      for (int i = 0; i < kListeners; ++i) add(i);
-      for (int i = 0; i < 5; ++i) emit([&act] { act(0); });
-    };
-    TCalls expected;
+    Listeners.clear(), Calls.clear();
     TModel model;
-    run([&](int n) { model.Add(n); }, [&](int n) { model.Remove(n); },
-        [&](const std::function<void()>& act) { model.Emit([&](int n) { expected.push_back(n), act(); }); });
-    Calls.clear();
-    for (int i = 0; i < kListeners; ++i) Make(i);
-    auto actAll = [&](const std::function<void()>& act) {
-      for (auto& [n, l] : Listeners) l->Act = act;
-    };
-    run([&](int n) { Signal->Add(Listeners[n]->Event()); }, [&](int n) { Signal->Remove(Listeners[n]->Event()); },
-        [&](const std::function<void()>& act) {
-          auto before = Listeners[0]->Act;
-          actAll(act);
-          Signal->Emit(nullptr, 0);
-          actAll(before);
-        });
-    ASSERT_EQ(Calls, expected) << "seed " << seed;
+    ASSERT_EQ(CallsOf<Signals>(*this, seed), CallsOf(model, seed)) << "seed " << seed;
   }
 }
 

@@ -12,8 +12,7 @@ using namespace vx;
 
 using test::GetText, test::PutText, test::ReadPlainly, test::Rows;
 
-class TableFiles : public ::testing::Test {
- protected:
+struct TableFiles : testing::Test {
   std::vector<TCells> Load(const std::string& Bytes) {
     PutText(dir.Path("in.txt"), Bytes);
     TFileCsv table;

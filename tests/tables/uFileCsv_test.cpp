@@ -217,10 +217,9 @@ TEST(TFileCsv, RowsThatHoldTables) {
 }
 
 TEST(TFileCsv, LinesOfFiles) {
-  const TCases<String, char16_t> guesses = {
-      {u"", u','},        {u"abc", u','},         {u"a;b,c", u','},
-      {u"a;b,c;d", u';'}, {u"a\033b", 27},        {u"a\tb;c\033d", 9},
-      {u"a\tb\tc;d", 9},  {u"\"a;b;c\",d", u','}, {u"\"a;\r\nb\";c\nd,e,f", u';'}};
+  const TCases<String, char16_t> guesses = {{u"", u','},     {u"a;b,c", u','},   {u"a\tb;c\033d", 9},
+                                            {u"abc", u','},  {u"a\tb\tc;d", 9},  {u"\"a;b;c\",d", u','},
+                                            {u"a\033b", 27}, {u"a;b,c;d", u';'}, {u"\"a;\r\nb\";c\nd,e,f", u';'}};
   for (const auto& [text, separator] : guesses)
     EXPECT_EQ(TFileCsv::AnalyseToParse(text.view()), String(1, separator)) << text;
   TVxStringList strings;

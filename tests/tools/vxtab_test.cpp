@@ -16,8 +16,7 @@ struct TResult {
   std::string Out, Err;
 };
 
-class VxtabTest : public testing::Test {
- protected:
+struct VxtabTest : testing::Test {
   // Words parted by blanks: "@name" stands for a file of the test's directory, "~" for a blank.
   TResult Run(const std::string& Line, const std::string& Input = {}, int Width = 0) {
     std::vector<std::string> words;
@@ -242,9 +241,6 @@ TEST_F(VxtabTest, ShowAlignsByWhatIsSeenAndKeepsToTheWidth) {
       EXPECT_LE(seen, width) << line;
     }
   }
-}
-
-TEST_F(VxtabTest, VisibleTextIsCutByColumns) {
   int width;
   const TCases<String, int, std::string> cases = {
       {u"abcdef", 6, "abcdef 6"}, {u"日本語", 4, "日… 3"}, {u"a\x1B\x7F\x85", 20, "a␛␡‹85› 7"}};
@@ -285,16 +281,11 @@ TEST_F(VxtabTest, SortKeepsTheHeadAndEveryRow) {
   std::string bytes = "Id,Zeit,Datum,Name,Betrag\r\n";
   for (const char* row : kRows) bytes += std::string(row) + "\r\n";
   Put("t.csv", bytes);
-  const std::pair<std::string, std::string> kCases[] = {
-      // the order of kRows
-      {"id", "14023"},
-      {"Name", "31204"},
-      {"Datum --type vftDate", "23410"},
-      {"Datum --type Datum --desc", "01423"},
-      {"Datum --type date --format mmdd --stable-with Id", "40231"},
-      {"Betrag --type währung --desc", "40231"},
-      {"Betrag --type Integer --stable-with=Name --stable-with Id", "13240"}};
-  for (const auto& [options, order] : kCases) {
+  for (const std::string text :  // the order of kRows and the options
+       {"14023 id", "31204 Name", "23410 Datum --type vftDate", "01423 Datum --type Datum --desc",
+        "40231 Datum --type date --format mmdd --stable-with Id", "40231 Betrag --type währung --desc",
+        "13240 Betrag --type Integer --stable-with=Name --stable-with Id"}) {
+    const std::string order = text.substr(0, 5), options = text.substr(6);
     std::string expected = bytes.substr(0, bytes.find('\n') + 1);
     for (char row : order) expected += std::string(kRows[row - '0']) + "\r\n";
     EXPECT_EQ(Out("sort @t.csv @out.csv --by " + options), "");
