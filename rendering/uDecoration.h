@@ -1,12 +1,12 @@
 // Decorations: how the regions of a table look, and how the raw texts of their cells are to be read.
 //
-//   TDecoration       the look of one region: colours, font, field type, format, images, limits
-//   uDecoration/TDecoration.h TDecorationList   all decorations of a table, in their order of precedence, and the look
-//   of the whole
-//                                                                                     uDecoration/TDecorationList.h
-//   TDLRange, TDLRangeList   long runs of column or row decorations, searched by bisection  uDecoration/TDLRange.h
-//   TButtonInfo       the button that a cell of the type vftButton shows              uDecoration/TButtonInfo.h
-//   TRangeType, TTrimModes, TColorRect ...   the small types                          uDecoration/DecorationTypes.h
+//   TDecoration, TDecorationList   the look of one region: colours, font, field type, format, images, limits; all of a
+//                                  table, in their order of precedence, and the look of the whole
+//   TDLRange, TDLRangeList         long runs of column or row decorations, searched by bisection
+//   TDecorator                     the text that a cell shows, and the room that it needs
+//   TSortedTable                   what a decorator asks of a table that can be sorted
+//   TButtonInfo                    the button that a cell of the type vftButton shows
+//   TRangeType, TTrimModes, TColorRect ...    the small types
 //
 // Example:
 //   vx::TDecorationList list;                                     // owns; everything is a string at first
@@ -33,3 +33,5 @@
 #include "rendering/uDecoration/TDLRange.h"
 #include "rendering/uDecoration/TDecoration.h"
 #include "rendering/uDecoration/TDecorationList.h"
+#include "rendering/uDecoration/TDecorator.h"
+#include "rendering/uDecoration/TSortedTable.h"
