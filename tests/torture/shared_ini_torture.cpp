@@ -6,8 +6,8 @@
 // Each round has a fresh directory, every other one, where mounting is allowed, on a disk of 64 KB that is filled again
 // and again; some operations have little space in any case. There are 2, 4 or 8 writers of one file, some through
 // mirrors of it, two readers and two writers of a log. Writers and one logger are killed at random and begin again;
-// the logger's lines are long, so that many a kill falls into the middle of one. Writers are stopped, too, for longer
-// than others are ready to wait, and some of them don't wait at all.
+// the logger's lines are long, and it is killed as soon as the log is seen to grow, mostly in the middle of one.
+// Writers are stopped, too, for longer than others are ready to wait, and some of them don't wait at all.
 //
 // Every operation draws a ticket, which all values that it writes carry, with check digits. It is acknowledged, in
 // memory that all processes share, when Store has succeeded and no warning was reported. Of a log line a killed logger
@@ -282,7 +282,7 @@ void Read(unsigned Seed) {
 
 // Those of logger 1 go over many pages: the system writes one after the other, and a kill comes between them.
 String LogText(int Logger, uint64_t Ticket) {
-  const std::string padding(Logger == 0 ? 0 : 40000 + Ticket * 997 % 20000, 'p');
+  const std::string padding(Logger == 0 ? 0 : 100000 + Ticket * 997 % 20000, 'p');
   return Wide(Value("log", Logger, Ticket) + padding);
 }
 
@@ -411,6 +411,17 @@ void CheckLog() {
   }
 }
 
+// Waits, not for long, until the log grows by more than short lines.
+void AwaitLongLine() {
+  auto size = [] {
+    std::error_code missing;
+    const uintmax_t result = std::filesystem::file_size(LogPath(), missing);
+    return missing ? 0 : result;
+  };
+  const uintmax_t before = size();
+  for (const int64_t end = GetTickCount() + 50; size() < before + 4096 && GetTickCount() < end;) continue;
+}
+
 void Round(int Number, unsigned Seed, int64_t Milliseconds) {
   std::mt19937 random(Seed + static_cast<unsigned>(Number) * 1000003);
   const bool isSmall = HasSmallDisk && Number % 2 == 1;
@@ -438,6 +449,7 @@ void Round(int Number, unsigned Seed, int64_t Milliseconds) {
       ::kill(pid, SIGSTOP);
       ++Totals[Stops];
     } else if (kind < 6) {
+      if (victim == Writers) AwaitLongLine();
       ::kill(pid, SIGKILL);
       Await(pid);
       ++Totals[Kills];
