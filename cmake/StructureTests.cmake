@@ -30,9 +30,9 @@ endif()
 # A stranger's project: against the installed package, and with the tree as a part of its own.
 set(vx_consumer ${PROJECT_SOURCE_DIR}/tests/consumer)
 set(vx_scratch ${PROJECT_BINARY_DIR}/consumer)
-# vx_consumer_test(<name> <options of the configuration>)
-function(vx_consumer_test name)
-  add_test(NAME consumer.${name} COMMAND ${CMAKE_CTEST_COMMAND} --build-and-test ${vx_consumer} ${vx_scratch}/${name}
+# vx_consumer_test(<name> <build directory> <options of the configuration>)
+function(vx_consumer_test name directory)
+  add_test(NAME consumer.${name} COMMAND ${CMAKE_CTEST_COMMAND} --build-and-test ${vx_consumer} ${directory}
     --build-generator ${CMAKE_GENERATOR} --build-options -DCMAKE_CXX_COMPILER=${CMAKE_CXX_COMPILER}
     -DCMAKE_CXX_COMPILER_LAUNCHER=${CMAKE_CXX_COMPILER_LAUNCHER} ${ARGN} --test-command consumer)
 endfunction()
@@ -42,8 +42,11 @@ add_test(NAME consumer.install COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY
 if(TARGET vxlib_drawing)
   set(vx_consumer_drawing -DDRAWING=ON)
 endif()
-vx_consumer_test(find_package ${vx_consumer_drawing} -DCMAKE_PREFIX_PATH=${vx_scratch}/prefix -DCMAKE_BUILD_TYPE=Release)
-vx_consumer_test(add_subdirectory ${vx_consumer_drawing} -DVXLIB_SOURCE_DIR=${PROJECT_SOURCE_DIR} -DCMAKE_BUILD_TYPE=Debug)
+vx_consumer_test(find_package ${vx_scratch}/find_package ${vx_consumer_drawing}
+  -DCMAKE_PREFIX_PATH=${vx_scratch}/prefix -DCMAKE_BUILD_TYPE=Release)
+# Compiles the library as this build does, and as deep below the sources, so that a compiler cache knows all of it.
+vx_consumer_test(add_subdirectory ${PROJECT_BINARY_DIR}_in_a_tree ${vx_consumer_drawing}
+  -DVXLIB_SOURCE_DIR=${PROJECT_SOURCE_DIR} -DCMAKE_BUILD_TYPE=${CMAKE_BUILD_TYPE} -DCMAKE_CXX_FLAGS_RELEASE=${CMAKE_CXX_FLAGS_RELEASE} -DVX_STRICT=${VX_STRICT})
 set_tests_properties(consumer.install PROPERTIES FIXTURES_SETUP vx_installed)
 set_tests_properties(consumer.find_package PROPERTIES FIXTURES_REQUIRED vx_installed)
 set_tests_properties(structure.headers consumer.add_subdirectory PROPERTIES PROCESSORS 2 COST 100)

@@ -1,6 +1,6 @@
 // What the comparisons of values_oracle share.
 //
-//   TReport          whether to talk, and how many differences there were in all
+//   TReport          whether to talk, what part of the random cases is drawn, how many differences there were in all
 //   TComparison      counts the checks, the explained cases and the differences of one comparison
 //   Wide, Print      a short text of ASCII characters as code units
 //   TRandom          numbers that are the same in every run
@@ -20,6 +20,7 @@ namespace vx::oracle {
 
 struct TReport {
   bool Verbose = false;
+  int Part = 1;  // 10: a tenth
   int64_t Differences = 0;
 };
 

@@ -177,14 +177,14 @@ void CompareWhole(TComparison& To, const std::string& Text, int Default) {
 void CompareNumbers(TReport& Report) {
   TComparison printing(Report, "numbers-printed"), floats(Report, "TextToFloat"), wholes(Report, "StrToIntDef");
   TRandom random(80);
-  for (int i = 0; i < 2000000; ++i) {
+  for (int i = 0; i < 2000000 / Report.Part; ++i) {
     ComparePrinting(printing, random);
     const std::string text = NumberText(random);
     CompareFloat(floats, text, std::strtold(text.c_str(), nullptr));
     CompareWhole(wholes, WholeText(random), random.Int(-1000, 1000));
   }
   // Some have thousands of digits, of which each counts.
-  for (int i = 0; i < 300000; ++i) {
+  for (int i = 0; i < 300000 / Report.Part; ++i) {
     const int most = i % 10000 == 0 ? 6000 : i % 1000 == 0 ? 1000 : i % 10 == 0 ? 100 : 25;
     CompareMiddle(floats, random, random.Int(0, most), random.Int(0, 3) > 0);
   }

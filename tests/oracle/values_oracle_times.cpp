@@ -119,7 +119,7 @@ void CompareMinutes(TComparison& To, int Minutes) {
 void CompareTimes(TReport& Report) {
   TComparison times(Report, "time-texts"), hours(Report, "hour-texts"), minutes(Report, "minutes");
   TRandom random(1440);
-  for (int i = 0; i < 100000; ++i) {
+  for (int i = 0; i < 100000 / Report.Part; ++i) {
     const int64_t hour = random.Range(-1000000 * kHour, 1000000 * kHour) >> random.Range(0, 40);
     const int64_t minute = (i % 5761 - 2880) * kMinute, time = random.Range(0, 2 * kDay);
     for (TDateTimeFormats formats : kFormats) {
