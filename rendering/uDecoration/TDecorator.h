@@ -5,8 +5,8 @@
 //   bool fraction;
 //   vx::TDecorator::FormatText(u"11.02.2015", vx::vftDate, u"d. mmmm", fraction);     // u"11. Februar"
 //   vx::TDecorator::FormatText(u"1500", vx::vftInteger, u"kb ", fraction);            // u"2 KB"
-//   vx::TDecorator::FormatText(u"1,5", vx::vftFraction, u"", fraction);               // u"150", fraction: one and a
-//   half
+//   vx::TDecorator::FormatText(u"1,5", vx::vftFraction, u"", fraction);               // u"150"
+//   // fraction is true then: the last two digits are to be drawn as one half
 //
 //   auto cell = list.VirtualListForCell(2, 7);
 //   vx::TPoint size = decorator.Calculate(canvas, text, nullptr, *cell);              // pixels
