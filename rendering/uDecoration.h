@@ -1,12 +1,12 @@
 // Decorations: how the regions of a table look, and how the raw texts of their cells are to be read.
 //
-//   TDecoration, TDecorationList   the look of one region: colours, font, field type, format, images, limits; all of a
-//                                  table, in their order of precedence, and the look of the whole
-//   TDLRange, TDLRangeList         long runs of column or row decorations, searched by bisection
-//   TDecorator                     the text that a cell shows, and the room that it needs
-//   TSortedTable                   what a decorator asks of a table that can be sorted
-//   TButtonInfo                    the button that a cell of the type vftButton shows
-//   TRangeType, TTrimModes, TColorRect ...    the small types
+//   TDecoration              the look of one region: colours, font, field type, format, images, limits
+//   TDecorationList          all decorations of a table by their precedence, and the look of the whole table
+//   TDLRange, TDLRangeList   long runs of column or row decorations, which are searched by bisection
+//   TDecorator               the text that a cell shows, and the room that it needs
+//   TSortedTable             what a decorator asks of a table that can be sorted
+//   TButtonInfo              the button that a cell of the type vftButton shows
+//   DecorationTypes.h        the kinds of regions, sets of options, TColorRect, callbacks
 //
 // Example:
 //   vx::TDecorationList list;                                     // owns; everything is a string at first
@@ -14,8 +14,11 @@
 //   list.SetRowCount(200);
 //   list.CreateRange(vx::rtColumn, 2, -1, 2, -1)->SetFieldType(vx::vftDate);
 //   list.GetCell(2, 7, true)->SetColor(vx::clYellow);
-//   auto cell = list.VirtualListForCell(2, 7);                    // the three that apply
-//   auto look = cell->Compress();                                 // one: vftDate, yellow
+//   auto cell = list.VirtualListForCell(2, 7);                    // a list of the decorations that apply
+//   cell->GetCount();                                             // 3
+//   auto look = cell->Compress();                                 // one decoration of all three
+//   look->GetFieldType();                                         // vx::vftDate
+//   look->GetColor();                                             // vx::clYellow
 //   vx::String text = list.GetCommatext();                        // the whole list, to be kept
 //
 // Coordinates are cells, the column first; a negative one counts from the end of the table: -1 is the last one.

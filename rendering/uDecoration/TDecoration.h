@@ -52,7 +52,7 @@ class TDecoration : public TObject {
   // The range with the parent's count added to the negative coordinates that the type uses; as it was given without a
   // parent. A coordinate that is too low stays negative.
   void CalculateRange(TRect& aRect) const noexcept;
-  // The cells that are covered, Right and Bottom among them: u"(-1, -1, -1, -1)" of rtUnknown. rtRect may end with a
+  // The cells that are covered, Right and Bottom among them: (-1, -1, -1, -1) for rtUnknown. rtRect may end with a
   // negative side, which is open. Pitfall: rtFixed gives the content, which is all that it does not cover; that is
   // wanted.
   void RangeRect(TRect& aRect) const noexcept;

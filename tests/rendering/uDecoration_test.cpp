@@ -160,7 +160,8 @@ TEST(Decoration, CoversCells) {
       each->RangeRect(cells);
       EXPECT_EQ(cells, each == &item ? c.Cells : c.WithoutList) << c.Type;
     }
-    const TPlainDecorations plain(list), nothing{TDecorationList(false)};
+    const TDecorationList empty(false);
+    const TPlainDecorations plain(list), nothing(empty);
     for (int col = -3; col < 12; ++col) {
       for (int row = -5; row < 22; ++row) {
         EXPECT_EQ(item.Responsible(col, row), plain.Applies(item, col, row)) << c.Type << ' ' << col << ' ' << row;
@@ -343,7 +344,7 @@ TEST(DecorationList, FindsWhatAppliesToACell) {
       }
     }
   };
-  for (int round = 0; round < 150; ++round) {
+  for (int round = 0; round < 100; ++round) {
     MakeDecorations(list, round % 2 != 0, next);
     compare(true);
     list.SetColCount(next(13));
@@ -394,7 +395,7 @@ TEST(DecorationList, MergesWhatIsSet) {
       u"-1|-5|0|4", u"0|1|2",        u"|0|8",   u"|0|8",   u"|0|8",   u"|0|8"};
   std::mt19937 random(3);
   TImageList images, others;
-  for (int round = 0; round < 500; ++round) {
+  for (int round = 0; round < 200; ++round) {
     TDecorationList list(false);
     list.SetImageList(round % 2 ? &images : nullptr);
     std::vector<std::unique_ptr<TDecoration>> items;
@@ -442,6 +443,7 @@ TEST(DecorationList, SaysAllInItsText) {
     EXPECT_EQ(list.GetPrintPageColumns(), separator[0] == u'7' ? 7 : 0);
     EXPECT_EQ(list.GetFixedColor(), clBtnFace);
   }
+  TScriptedDialogs dialogs;
   list.SetCommatext(Concat({kHead, u"'#255,x,ÿ"}));
   EXPECT_EQ(list.GetCount(), 0) << "the usual separator counts before the older ones";
 }
