@@ -3,13 +3,11 @@
 //
 // Example, with German settings:
 //   bool fraction;
-//   vx::TDecorator::FormatText(u"11.02.2015", vx::vftDate, u"d. mmmm", fraction);     // u"11. Februar"
-//   vx::TDecorator::FormatText(u"1500", vx::vftInteger, u"kb ", fraction);            // u"2 KB"
-//   vx::TDecorator::FormatText(u"1,5", vx::vftFraction, u"", fraction);               // u"150"
-//   // fraction is true then: the last two digits are to be drawn as one half
-//
+//   vx::TDecorator::FormatText(u"11.02.2015", vx::vftDate, u"d. mmmm", fraction);  // u"11. Februar"
+//   vx::TDecorator::FormatText(u"1500", vx::vftInteger, u"kb ", fraction);         // u"2 KB"
+//   vx::TDecorator::FormatText(u"1,5", vx::vftFraction, u"", fraction);            // u"150": to be drawn as a fraction
 //   auto cell = list.VirtualListForCell(2, 7);
-//   vx::TPoint size = decorator.Calculate(canvas, text, nullptr, *cell);              // pixels
+//   vx::TPoint size = grid.Calculate(canvas, u"Müller", nullptr, *cell);           // pixels
 //
 // Pitfalls:
 //   - Without a format a text is shown as it is: a boolean "1" is "1", and only "ja" with a format of at most one line.
