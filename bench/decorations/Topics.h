@@ -5,6 +5,8 @@ namespace vx::bench {
 
 // Finding and merging the decorations of a cell, and the serial form of a list, at two sizes a factor of ten apart.
 void RunLists();
+// The texts that cells of each type show, beside their parsers and formatters.
+void RunFormats();
 // A paragraph of rich text read, wrapped and drawn, beside Pango and Qt.
 void RunRichText();
 
