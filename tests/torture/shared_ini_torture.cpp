@@ -25,6 +25,7 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <algorithm>
 #include <atomic>
 #include <filesystem>
 #include <fstream>
@@ -308,11 +309,19 @@ void WriteLog(int Logger, unsigned Seed) {
   for (uint64_t n = 0; Logger == 0 && !isFull && n + 1 < Shared->LinesBegun[0]; ++n) lines[n] = 1;
 }
 
+// Whether the file is there, or what its first writer had made of it when it was killed.
+bool IsBegun(const std::string& Path) {
+  const std::string name = std::filesystem::path(Path).filename();
+  const std::filesystem::directory_iterator files(Dir);
+  return std::any_of(begin(files), end(files),
+                     [&](const auto& file) { return file.path().filename().string().find(name) != name.npos; });
+}
+
 // A fresh process stores in every file, which clears away what killed ones left, and all mirrors become equal.
 void StoreOnce() {
   for (int w = -1; w < 2 * Writers; ++w) {
     const std::string path = w < 0 ? Central() : Local(w % Writers), name = "Ende|e" + std::to_string(w);
-    if (w >= 0 && !std::filesystem::exists(path)) continue;
+    if (w >= 0 && !IsBegun(path)) continue;
     TDuplicateIniOptions options;
     if (w >= 0) options = {dioInstantSourceRead, dioInstantSourceWrite};
     TDuplicateIni ini(Wide(path), Wide(Central()), options);
