@@ -85,7 +85,7 @@ TEST_F(Files, FailuresNameThePathAndTheReason) {
       {dir, fmCreate, EISDIR},         {nul, fmOpenRead, EINVAL},        {u"", fmOpenRead, ENOENT},
       {readOnly, fmOpenWrite, EACCES}, {readOnly, fmCreate, EACCES},     {u"Q:\\a", fmCreate, ENOTDIR}};
   for (const auto& [path, mode, error] : cases) {
-    auto open = [&] { TFileStream file(path, mode); };
+    auto open = [&name = path, how = mode] { TFileStream file(name, how); };
     const bool create = mode == fmCreate;
     const String text = u" file \"" + path + u"\". " + SysErrorMessage(error);
     EXPECT_EQ(create ? RaisedBy<EFCreateError>(open) : RaisedBy<EFOpenError>(open),

@@ -70,7 +70,8 @@ TEST_F(SafeFiles, FaultsLeaveTheOldContentOrAreWrittenAround) {
     const bool fails = content == "old";
     TFileFaults faults;
     operation == foSetSize ? faults.LimitSpace(2) : faults.Fail(operation, error, 1, 0, on);
-    EXPECT_EQ(RaisedBy<EWriteError>([&] { ReplaceFileContent(u"old", fails ? "new" : content); }),
+    const std::string replacement = fails ? "new" : content;
+    EXPECT_EQ(RaisedBy<EWriteError>([&] { ReplaceFileContent(u"old", replacement); }),
               fails ? u"Cannot write file \"old\". " + SysErrorMessage(error) : String());
     EXPECT_EQ(std::pair(GetText(u"old"), Entries()), std::pair(content, 1));
   }
