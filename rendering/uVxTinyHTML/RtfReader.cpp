@@ -98,14 +98,18 @@ class TRtfReader {
   // The word behind a backslash, in small letters.
   String ReadWord() {
     if (iPos < iText.size() && iText[iPos] == u'\'') {
-      const size_t end = std::min(iPos + 3, iText.size());
-      return LowerCase(String(iText.substr(std::exchange(iPos, end), end - iPos)));
+      return LowerCase(String(Take(std::min(iPos + 3, iText.size()))));
     }
-    const size_t end = std::min(iText.find_first_of(kWordEnds, iPos), iText.size());
-    const std::u16string_view word = iText.substr(iPos, end - iPos);
-    iPos = end;
+    const std::u16string_view word = Take(std::min(iText.find_first_of(kWordEnds, iPos), iText.size()));
     SkipWordEnd();
     return LowerCase(String(TrimView(word)));
+  }
+
+  // The text up to End, where reading goes on.
+  std::u16string_view Take(size_t End) {
+    const std::u16string_view taken = iText.substr(iPos, End - iPos);
+    iPos = End;
+    return taken;
   }
 
   void Obey(const String& Word) {

@@ -127,9 +127,9 @@ TYPED_TEST(AnyObjectList, GrowsByItsSteps) {
 
 TYPED_TEST(AnyObjectList, MayBeChangedByWhatItTells) {
   for (bool byDestructor : {false, true}) {
+    int depth = 0;
     TTold<TypeParam> list;
     this->Fill(list, 6);
-    int depth = 0;
     auto& told = byDestructor ? OnGone : list.OnNotify;
     told = [&] { ++depth == 1 && list.GetCount() > 1 ? list.Delete(0) : void(), --depth; };
     EXPECT_EQ((list.SetCount(3), IdsOf(list)), "34") << "no objects are left where the fourth one was";
