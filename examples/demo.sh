@@ -200,6 +200,7 @@ if [ -n "$drawings" ]; then
     echo "in $drawings/names6.bmp"
     say "A note with marks: drawn, with enough room and cut off; as plain text; as RTF for other programs"
     "$programs/rich_text" "$drawings/note.png" | tee "$dir/note"
+    echo "in $drawings/note.png"
     grep -q '^Frau Müller-Lüdenscheid$' "$dir/note" || die "the plain text is wrong"
     grep -q '^{.rtf1.* M.u252.*}$' "$dir/note" || die "the RTF is wrong"
   else
