@@ -357,6 +357,32 @@ double MeasureDeletions(int Count, bool IsOfSections) {
   return Medians(3, work)[0] * 1e9 / Count;
 }
 
+// Nanoseconds for each of so many sections, all of which are erased or changed, to be stored.
+double MeasureSectionStore(const TDirectory& Directory, int Count, bool IsErasing) {
+  const std::string path = Directory.Path("sections.ini");
+  const std::string bytes = MakeIniText(Count, 1);
+  const TWithoutFlushes without;
+  auto work = [&] {
+    WriteFile(path, bytes);
+    const std::unique_ptr<TSharedIni> ini = LoadOurs(path, {});
+    for (int i = 0; i < Count; ++i) {
+      const String section = Text(SectionName(i));
+      IsErasing ? ini->EraseSection(section) : ini->WriteString(section, Text(KeyName(0)), section);
+    }
+    return Time([&] { Expect(ini->Store(), "services/ini_store_sections"); });
+  };
+  return Medians(3, work)[0] * 1e9 / Count;
+}
+
+void MeasureSectionStores(const TDirectory& Directory) {
+  for (bool isErasing : {false, true}) {
+    const double few = MeasureSectionStore(Directory, 5000, isErasing);
+    const double many = MeasureSectionStore(Directory, 50000, isErasing);
+    const char* const what = isErasing ? "services/ini_store_erased_sections" : "services/ini_store_changed_sections";
+    ReportGrowth(what, "at_50k", many, "at_5k", few, "ns", TBar::AtMost(3));
+  }
+}
+
 void MeasureDeletions() {
   for (bool isOfSections : {false, true}) {
     const double few = MeasureDeletions(5000, isOfSections), many = MeasureDeletions(50000, isOfSections);
@@ -549,6 +575,7 @@ int main(int argc, char** argv) {
       MeasureStore(directory, big, peer);
     }
     MeasureDeletions();
+    MeasureSectionStores(directory);
   }
   if (is("stores")) {
     MeasureLockedStores(directory, "20_keys", MakeIniText(kSmallSections, kSmallKeys), kSmallKeys, 500);
