@@ -117,28 +117,26 @@ String HourAmountText(const String& Text, std::u16string_view Mask) {
   return Mask == kAsHours && VxStrToHour(Text, hours) ? HourText(hours) : Text;
 }
 
-// The texts that ForEach hands over, with Glue between them; with IsClosed also behind the last one. Allocates once.
+// The texts that ForEach hands over, with Glue between them. Allocates once.
 template <typename F>
-String Joined(F ForEach, std::u16string_view Glue, bool IsClosed) {
+String Joined(F ForEach, std::u16string_view Glue) {
   size_t size = 0, count = 0;
   ForEach([&](std::u16string_view text) {
     size += text.size();
     ++count;
   });
-  size_t glues = IsClosed || count == 0 ? count : count - 1;
-  return String::Build(size + glues * Glue.size(), [&](char16_t* target) {
+  if (count > 0) size += (count - 1) * Glue.size();
+  return String::Build(size, [&](char16_t* target) {
     ForEach([&](std::u16string_view text) {
       target = std::copy(text.begin(), text.end(), target);
-      if (glues == 0) return;
-      --glues;
-      target = std::copy(Glue.begin(), Glue.end(), target);
+      if (--count > 0) target = std::copy(Glue.begin(), Glue.end(), target);
     });
   });
 }
 
 template <typename F>
 String LinesOf(F ForEach, bool SingleLine) {
-  if (!SingleLine) return Joined(ForEach, u"\r\n", true);
+  if (!SingleLine) return Joined(ForEach, u"\r\n");
   String first;
   bool isFirst = true;
   ForEach([&](std::u16string_view text) {
@@ -152,7 +150,7 @@ String ImageNames(std::u16string_view Indices, const TVxImageList& Images, bool 
   const auto forEach = [&](auto Take) {
     detail::ForEachCell(Indices, [&](std::u16string_view index) { Take(Images.GetItems(StrToIntDef(index, -1))); });
   };
-  return SingleLine ? Joined(forEach, u", ", false) : Joined(forEach, u"\r\n", true);
+  return Joined(forEach, SingleLine ? u", " : u"\r\n");
 }
 
 // The whole number at or below Value, which is below 2^63: a rounding and a look are faster than a conversion that

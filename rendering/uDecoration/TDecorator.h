@@ -52,8 +52,8 @@ class TDecorator : public TObject {
   static String FormatText(const String& aValue, TVxFieldType aFieldType, std::u16string_view aFormat, bool& aFraction);
   // What a cell holds in words, for lists, hints and exports: for the indices of images their names, if the decoration
   // has a TVxImageList, joined by ", " in a single line; of a vftCommatext or vftTinyHTML the first of its lines in a
-  // single line. Where that is not asked for, they are lines with a line break (carriage return and line feed) behind
-  // each, also the last. All else as FormatText.
+  // single line. Where that is not asked for, they are lines with carriage return and line feed between them and none
+  // behind the last one. All else as FormatText.
   static String GetText(const String& aValue, const TDecoration& aDecoration, bool aSingleLine);
 
   // The scale from the screen to the list's device: how much finer the printer is, also for a metafile.

@@ -77,14 +77,14 @@ TEST(Decorator, TellsACellInWords) {
   for (int i = 0; i < 3; ++i) images.SetItems(i, String(i + 1, static_cast<char16_t>(u'a' + i)));
   TImageList nameless;
   for (const auto& [type, list, value, single, lines] : TCases<TVxFieldType, TImageList*, String, String, String>{
-           {vftImage, &images, u"2,0", u"ccc, a", u"ccc\r\na\r\n"},
-           {vftToggle, &images, u"1,x,7", u"bb, , ", u"bb\r\n\r\n\r\n"},
+           {vftImage, &images, u"2,0", u"ccc, a", u"ccc\r\na"},
+           {vftToggle, &images, u"1,x,7", u"bb, , ", u"bb\r\n\r\n"},
            {vftButton, &images, u"", u"", u""},
            {vftImage, &nameless, u"2,0", u"", u""},
-           {vftCommatext, nullptr, u"\"a \"\"b\"\"\",,c", u"a \"b\"", u"a \"b\"\r\n\r\nc\r\n"},
-           {vftCommatext, nullptr, u",c", u"", u"\r\nc\r\n"},
+           {vftCommatext, nullptr, u"\"a \"\"b\"\"\",,c", u"a \"b\"", u"a \"b\"\r\n\r\nc"},
+           {vftCommatext, nullptr, u",c", u"", u"\r\nc"},
            {vftCommatext, nullptr, u"", u"", u""},
-           {vftTinyHTML, nullptr, u"<b>a\rb", u"<b>a", u"<b>a\r\nb\r\n"},
+           {vftTinyHTML, nullptr, u"<b>a\rb", u"<b>a", u"<b>a\r\nb"},
            {vftInteger, &images, u"7", u"007", u"007"},
        }) {
     TDecoration look;
