@@ -20,7 +20,8 @@ namespace vx {
 //
 // Pitfalls:
 //   - Some look-ups match values exactly and others without regard to case; each says which.
-//   - Even reading notes the last hit: one thread at a time.
+//   - Reading notes the last hit, so that the next look-up may begin there; several threads may read all the same, as
+//     long as none changes the table.
 class THeadCsv : public TFileCsv {
  public:
   explicit THeadCsv(bool OwnsObjects = true) noexcept : TFileCsv(OwnsObjects) {}
