@@ -37,14 +37,12 @@ TEST(BulkMemory, PiecesKeepWhatStandsInThemAndGoBackWithTheLastOne) {
     }
   }
   EXPECT_GT(ResidentBytes(), before + kAll / 2);
-  for (size_t i = 0; i < pieces.size(); ++i) {
-    const auto [piece, size] = pieces[i];
-    const auto mark = static_cast<unsigned char>((i + 1) % 251);
-    ASSERT_EQ(std::count(piece, piece + size, mark), static_cast<std::ptrdiff_t>(size));
+  for (size_t i = 0; const auto& [piece, size] : pieces) {
+    ASSERT_EQ(std::count(piece, piece + size, ++i % 251), static_cast<std::ptrdiff_t>(size));
     ASSERT_EQ(reinterpret_cast<uintptr_t>(piece) % 8, 0U);
   }
-  auto free = [&](size_t first) {
-    for (size_t i = first; i < pieces.size(); i += 2) TBulkMemory::Return(pieces[i].first);
+  auto free = [&](size_t i) {
+    for (; i < pieces.size(); i += 2) TBulkMemory::Return(pieces[i].first);
   };
   std::jthread(free, 0), free(1);
   EXPECT_LT(ResidentBytes(), before + kAll / 4);
@@ -57,9 +55,7 @@ TEST(BulkMemory, IsForbiddenBesidePiecesAndInReturnedOnes) {
     auto* piece = static_cast<char*>(memory.Take(static_cast<size_t>(size)));
     const auto forbidden = [&] {
       std::string told;
-      for (int at : {-1, 0, size - 1, size}) {
-        told += __asan_address_is_poisoned(piece + at) ? 'x' : '-';
-      }
+      for (int at : {-1, 0, size - 1, size}) told += __asan_address_is_poisoned(piece + at) ? 'x' : '-';
       return told;
     };
     EXPECT_EQ(forbidden(), "x--x") << size;

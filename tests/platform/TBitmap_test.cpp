@@ -54,11 +54,9 @@ struct TForm {
   std::string Fields = {};  // in longer headers
 };
 std::string FileOf(const TForm& Form) {
-  std::string header =
-      Form.Header == 12
-          ? W(static_cast<uint32_t>(Form.Width)) + W(static_cast<uint32_t>(Form.Height)) + W(1) + W(Form.Bits)
-          : L(static_cast<uint32_t>(Form.Width)) + L(static_cast<uint32_t>(Form.Height)) + W(1) + W(Form.Bits) +
-                L(Form.Compression) + L(0) + L(0) + L(0) + L(Form.Colors) + L(0) + Form.Fields;
+  const int size = Form.Header == 12 ? 2 : 4;
+  std::string header = N(static_cast<uint32_t>(Form.Width), size) + N(static_cast<uint32_t>(Form.Height), size) + W(1) +
+                       W(Form.Bits) + L(Form.Compression) + L(0) + L(0) + L(0) + L(Form.Colors) + L(0) + Form.Fields;
   header.resize(Form.Header - 4);
   const auto start = static_cast<uint32_t>(18 + header.size() + Form.Behind.size());
   return "BM" + L(0) + L(0) + L(start) + L(Form.Header) + header + Form.Behind + Form.Pixels;
@@ -71,36 +69,30 @@ TEST(Bitmap, PixelsKeepTheirPlaceInEveryFormat) {
     const TBitmap small = Random(format, 13, 3, 7);
     TBitmap larger = small;
     larger.SetSize(21, 5);
+    const TPixels pixels = PixelsOf(small);
     TPixels expected(21 * 5, 0xFFFFFFFF);
-    for (int y = 0; y < 3; ++y) {
-      for (int x = 0; x < 13; ++x)
-        expected[static_cast<size_t>(21 * y + x)] = PixelsOf(small)[static_cast<size_t>(13 * y + x)];
-    }
+    for (int y = 0; y < 3; ++y) std::copy_n(&pixels[13u * y], 13, &expected[21u * y]);
     EXPECT_EQ(PixelsOf(larger), expected) << format;
     larger.SetSize(13, 3);
-    EXPECT_EQ(PixelsOf(larger), PixelsOf(small)) << format;
-    TBitmap wide = small;
-    wide.SetPixelFormat(pf32bit);
-    EXPECT_EQ(PixelsOf(wide), PixelsOf(small)) << format;
-    wide.SetPixelFormat(format);
-    EXPECT_EQ(PixelsOf(wide), PixelsOf(small)) << format;
+    EXPECT_EQ(PixelsOf(larger), pixels) << format;
+    for (TPixelFormat other : {pf32bit, format}) {
+      larger.SetPixelFormat(other);
+      EXPECT_EQ(PixelsOf(larger), pixels) << format << ' ' << other;
+    }
     EXPECT_EQ(small.GetStride() % 4, 0);
   }
 }
 
 TEST(Bitmap, ColoursBecomeTheNearestOnes) {
   const TPixels source = {0xFF000000, 0xFFFFFFFF, 0xFF0A85FB, 0xFF7F7F7F, 0xFFC00001};
-  const struct {
-    TPixelFormat Format;
-    TPixels Pixels;
-  } cases[] = {{pf1bit, {0xFF000000, 0xFFFFFFFF, 0xFFFFFFFF, 0xFF000000, 0xFF000000}},
-               {pf4bit, {0xFF000000, 0xFFFFFFFF, 0xFF00FFFF, 0xFF808080, 0xFFFF0000}},
-               {pf8bit, {0xFF000000, 0xFFFFFFFF, 0xFF0099FF, 0xFF7F7F7F, 0xFFCC0000}},
-               {pf15bit, {0xFF000000, 0xFFFFFFFF, 0xFF0884FF, 0xFF7B7B7B, 0xFFBD0000}},
-               {pf16bit, {0xFF000000, 0xFFFFFFFF, 0xFF0886FF, 0xFF7B7D7B, 0xFFBD0000}},
-               {pf24bit, source}};
-  for (const auto& c : cases) EXPECT_EQ(PixelsOf(Made(c.Format, 5, source)), c.Pixels) << c.Format;
-
+  for (const auto& [format, pixels] :
+       TCases<TPixelFormat, TPixels>{{pf1bit, {0xFF000000, 0xFFFFFFFF, 0xFFFFFFFF, 0xFF000000, 0xFF000000}},
+                                     {pf4bit, {0xFF000000, 0xFFFFFFFF, 0xFF00FFFF, 0xFF808080, 0xFFFF0000}},
+                                     {pf8bit, {0xFF000000, 0xFFFFFFFF, 0xFF0099FF, 0xFF7F7F7F, 0xFFCC0000}},
+                                     {pf15bit, {0xFF000000, 0xFFFFFFFF, 0xFF0884FF, 0xFF7B7B7B, 0xFFBD0000}},
+                                     {pf16bit, {0xFF000000, 0xFFFFFFFF, 0xFF0886FF, 0xFF7B7D7B, 0xFFBD0000}},
+                                     {pf24bit, source}})
+    EXPECT_EQ(PixelsOf(Made(format, 5, source)), pixels) << format;
   TBitmap alpha = Made(pf32bit, 1, {0x00FF8040});
   EXPECT_EQ(PixelsOf(alpha), TPixels{0xFFFF8040});
   alpha.SetAlphaFormat(afPremultiplied);
@@ -112,11 +104,10 @@ TEST(Bitmap, ColoursBecomeTheNearestOnes) {
 TEST(Bitmap, CopiesShareUntilOneChanges) {
   TBitmap first(pf24bit, 3, 2);
   TBitmap second = first;
-  const TBitmap& reader = second;
-  const uint8_t* shared = reader.GetScanline(1);
+  const uint8_t* shared = std::as_const(second).GetScanline(1);
   EXPECT_EQ(std::as_const(first).GetScanline(1), shared);
   first.GetScanline(1)[0] = 7;
-  EXPECT_EQ(reader.GetScanline(1), shared);
+  EXPECT_EQ(std::as_const(second).GetScanline(1), shared);
   EXPECT_EQ(PixelsOf(second), TPixels(6, 0xFFFFFFFF));
   second = std::move(first);
   EXPECT_EQ(PixelsOf(second)[3], 0xFFFFFF07);
@@ -131,7 +122,7 @@ TEST(Bitmap, SizesAndRowsAreChecked) {
   EXPECT_EQ(RaisedBy<EInvalidGraphicOperation>([&] { bitmap.SetSize(1 << 20, 1 << 20); }),
             u"A bitmap can not be 1048576 x 1048576 pixels large");
   EXPECT_NE(RaisedBy<EInvalidGraphicOperation>([&] { bitmap.SetPixelFormat(pfCustom); }), u"");
-  EXPECT_EQ(bitmap.GetWidth() * 10 + bitmap.GetHeight(), 22);
+  EXPECT_EQ((TFacts{bitmap.GetWidth(), bitmap.GetHeight()}), "2 2");
   EXPECT_EQ(TBitmap().GetTransparentColor(), clWhite);
   EXPECT_EQ(Made(pf24bit, 1, {0xFF010203, 0xFF0A0B0C}).GetTransparentColor(), 0x0C0B0Au);
 }
@@ -159,83 +150,69 @@ TEST(Bitmap, FilesOfEveryFormatComeBack) {
 
 TEST(Bitmap, ReadsAllForms) {
   constexpr uint32_t k = 0xFF0A0B0C, w = 0xFFF1F2F3, z = 0xFF000000;
-  const struct {
-    TForm Form;
-    TPixelFormat Format;
-    TPixels Pixels;
-  } cases[] = {
-      {{2, 2, 24, 0, 0, "", "abcdef" + W(0) + "ghijkl" + W(0)},
-       pf24bit,
-       {0xFF696867, 0xFF6C6B6A, 0xFF636261, 0xFF666564}},
-      {{2, -2, 24, 0, 0, "", "abcdef" + W(0) + "ghijkl" + W(0)},
-       pf24bit,
-       {0xFF636261, 0xFF666564, 0xFF696867, 0xFF6C6B6A}},
-      {{3, 1, 1, 0, 0, kTwoColors, Rest({0x40, 0, 0, 0})}, pf1bit, {k, w, k}},
-      {{3, 1, 4, 0, 2, kTwoColors, Rest({0x10, 0x10, 0, 0})}, pf4bit, {w, k, w}},
-      {{2, 1, 8, 0, 2, kTwoColors, Rest({1, 9, 0, 0})}, pf8bit, {w, z}},
-      {{2, 1, 8, 0, 0, "abc", Rest({0, 1, 0, 0}), 12}, pf8bit, {0xFF636261, z}},
-      {{2, 1, 16, 0, 0, "", W(0x7C00) + W(0x801F)}, pf15bit, {0xFFFF0000, 0xFF0000FF}},
-      {{2, 1, 16, 3, 0, kFields565, W(0xF800) + W(0x07E0)}, pf16bit, {0xFFFF0000, 0xFF00FF00}},
-      {{2, 1, 16, 6, 0, L(0xF00) + L(0xF0) + L(0xF) + L(0xF000), W(0x8F10) + W(0x000F)},
-       pf32bit,
-       {0x88FF1100, 0x000000FF}},
-      {{1, 1, 32, 0, 0, "", L(0x12345678)}, pf32bit, {0xFF345678}},
-      {{1, 1, 32, 3, 0, L(0xFF) + L(0x3FF00) + L(0xFFC00000), L(0xFFC3FF80)}, pf32bit, {0xFF80FFFF}},
-      {{1, 1, 32, 3, 0, "", L(0x80FF0102), 124, L(0xFF0000) + L(0xFF00) + L(0xFF) + L(0xFF000000)},
-       pf32bit,
-       {0x80FF0102}},
-      // A run, an escape that leads up and to the right, and single pixels; what is not met is index 0.
-      {{4, 3, 8, 1, 2, kTwoColors, Rest({2, 1, 0, 2, 1, 1, 1, 1, 0, 0, 0, 3, 1, 0, 1, 0, 0, 1})},
-       pf8bit,
-       {w, k, w, k, k, k, k, w, w, w, k, k}},
-      {{5, 1, 4, 2, 2, kTwoColors, Rest({3, 0x10, 0, 3, 0x11, 0, 0, 1})}, pf4bit, {w, k, w, w, w}},
-  };
-  for (const auto& c : cases) {
-    const TBitmap bitmap = DecodeBitmap(FileOf(c.Form), u"a.bmp");
-    EXPECT_EQ(bitmap.GetPixelFormat(), c.Format);
-    EXPECT_EQ(PixelsOf(bitmap), c.Pixels) << &c - cases;
+  const std::string rows = "abcdef" + W(0) + "ghijkl" + W(0);
+  for (const auto& [format, form, pixels] : TCases<TPixelFormat, TForm, TPixels>{
+           {pf24bit, {2, 2, 24, 0, 0, "", rows}, {0xFF696867, 0xFF6C6B6A, 0xFF636261, 0xFF666564}},
+           {pf24bit, {2, -2, 24, 0, 0, "", rows}, {0xFF636261, 0xFF666564, 0xFF696867, 0xFF6C6B6A}},
+           {pf1bit, {3, 1, 1, 0, 0, kTwoColors, Rest({0x40, 0, 0, 0})}, {k, w, k}},
+           {pf4bit, {3, 1, 4, 0, 2, kTwoColors, Rest({0x10, 0x10, 0, 0})}, {w, k, w}},
+           {pf8bit, {2, 1, 8, 0, 2, kTwoColors, Rest({1, 9, 0, 0})}, {w, z}},
+           {pf8bit, {2, 1, 8, 0, 0, "abc", Rest({0, 1, 0, 0}), 12}, {0xFF636261, z}},
+           {pf15bit, {2, 1, 16, 0, 0, "", W(0x7C00) + W(0x801F)}, {0xFFFF0000, 0xFF0000FF}},
+           {pf16bit, {2, 1, 16, 3, 0, kFields565, W(0xF800) + W(0x07E0)}, {0xFFFF0000, 0xFF00FF00}},
+           {pf32bit,
+            {2, 1, 16, 6, 0, L(0xF00) + L(0xF0) + L(0xF) + L(0xF000), W(0x8F10) + W(0x000F)},
+            {0x88FF1100, 0x000000FF}},
+           {pf32bit, {1, 1, 32, 0, 0, "", L(0x12345678)}, {0xFF345678}},
+           {pf32bit, {1, 1, 32, 3, 0, L(0xFF) + L(0x3FF00) + L(0xFFC00000), L(0xFFC3FF80)}, {0xFF80FFFF}},
+           {pf32bit,
+            {1, 1, 32, 3, 0, "", L(0x80FF0102), 124, L(0xFF0000) + L(0xFF00) + L(0xFF) + L(0xFF000000)},
+            {0x80FF0102}},
+           // A run, an escape that leads up and to the right, and single pixels; what is not met is index 0.
+           {pf8bit,
+            {4, 3, 8, 1, 2, kTwoColors, Rest({2, 1, 0, 2, 1, 1, 1, 1, 0, 0, 0, 3, 1, 0, 1, 0, 0, 1})},
+            {w, k, w, k, k, k, k, w, w, w, k, k}},
+           {pf4bit, {5, 1, 4, 2, 2, kTwoColors, Rest({3, 0x10, 0, 3, 0x11, 0, 0, 1})}, {w, k, w, w, w}}}) {
+    const TBitmap bitmap = DecodeBitmap(FileOf(form), u"a.bmp");
+    EXPECT_EQ(bitmap.GetPixelFormat(), format) << testing::PrintToString(FileOf(form));
+    EXPECT_EQ(PixelsOf(bitmap), pixels) << testing::PrintToString(FileOf(form));
   }
 }
 
 TEST(Bitmap, HostileFilesAreRefused) {
-  const String cut = u"a.bmp: the BMP file is cut off",
-               out = u"a.bmp: the runs of the BMP file lead out of the picture";
-  const struct {
-    TForm Form;
-    String Text;
-  } cases[] = {
-      {{INT_MAX, 1, 24, 0, 0, "", "abc"}, cut},
-      {{1, INT_MIN, 1, 0, 0, kTwoColors, "abcd"}, u"a.bmp: the BMP file has no size that a picture can have"},
-      {{0, 1, 24, 0, 0, "", "abcd"}, u"a.bmp: the BMP file has no size that a picture can have"},
-      {{65535, 65535, 8, 1, 0, std::string(1024, 0), Rest({0, 1})}, cut},
-      {{2, 1, 8, 0, UINT32_MAX, kTwoColors, "abcd"}, u"a.bmp: the BMP file has a larger palette than it holds"},
-      {{2, 1, 24, 0, UINT32_MAX, "", "abcdefgh"}, u"a.bmp: the BMP file has a larger palette than it holds"},
-      {{2, 1, 30000, 0, 0, "", "abcdefgh"}, u"a.bmp: BMP files of 30000 bits can not be read"},
-      {{2, 1, 8, 2, 2, kTwoColors, "abcdefgh"}, u"a.bmp: BMP files with compression 2 of 8 bits can not be read"},
-      {{2, -1, 8, 1, 2, kTwoColors, "abcdefgh"}, u"a.bmp: BMP files with compression 1 of 8 bits can not be read"},
-      {{2, 1, 16, 3, 0, L(0) + L(0) + L(0), "abcd"}, u"a.bmp: the BMP file has bit fields without colours"},
-      {{2, 1, 16, 3, 0, L(0x1F0000) + L(1) + L(2), "abcd"}, u"a.bmp: the BMP file has bit fields that are none"},
-      {{2, 1, 32, 3, 0, L(0x101) + L(1) + L(2), "abcdefgh"}, u"a.bmp: the BMP file has bit fields that are none"},
-      {{2, 1, 8, 1, 2, kTwoColors, Rest({2, 1})}, cut},
-      {{2, 1, 8, 1, 2, kTwoColors, Rest({5, 1, 0, 1})}, out},
-      {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 2, 9, 0, 0, 1})}, out},
-      {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 2, 0, 2, 0, 1})}, out},
-      {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 0, 2, 1, 0, 1})}, out},
-      {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 0, 0, 0, 0, 1})}, out},
-      {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 4, 1, 1, 1, 1, 0, 1})}, u""},  // within what pads the row
-      {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 4, 1, 1})}, cut},
-      {{2, 1, 24, 0, 0, "", "abcdefgh", 44}, u"a.bmp: the BMP file has a header of unknown size"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_EQ(RaisedBy<EInvalidGraphic>([&] { DecodeBitmap(FileOf(c.Form), u"a.bmp"); }), c.Text) << &c - cases;
+  const String cut = u"the BMP file is cut off", out = u"the runs of the BMP file lead out of the picture";
+  for (const auto& [form, text] : TCases<TForm, String>{
+           {{INT_MAX, 1, 24, 0, 0, "", "abc"}, cut},
+           {{1, INT_MIN, 1, 0, 0, kTwoColors, "abcd"}, u"the BMP file has no size that a picture can have"},
+           {{0, 1, 24, 0, 0, "", "abcd"}, u"the BMP file has no size that a picture can have"},
+           {{65535, 65535, 8, 1, 0, std::string(1024, 0), Rest({0, 1})}, cut},
+           {{2, 1, 8, 0, UINT32_MAX, kTwoColors, "abcd"}, u"the BMP file has a larger palette than it holds"},
+           {{2, 1, 24, 0, UINT32_MAX, "", "abcdefgh"}, u"the BMP file has a larger palette than it holds"},
+           {{2, 1, 30000, 0, 0, "", "abcdefgh"}, u"BMP files of 30000 bits can not be read"},
+           {{2, 1, 8, 2, 2, kTwoColors, "abcdefgh"}, u"BMP files with compression 2 of 8 bits can not be read"},
+           {{2, -1, 8, 1, 2, kTwoColors, "abcdefgh"}, u"BMP files with compression 1 of 8 bits can not be read"},
+           {{2, 1, 16, 3, 0, L(0) + L(0) + L(0), "abcd"}, u"the BMP file has bit fields without colours"},
+           {{2, 1, 16, 3, 0, L(0x1F0000) + L(1) + L(2), "abcd"}, u"the BMP file has bit fields that are none"},
+           {{2, 1, 32, 3, 0, L(0x101) + L(1) + L(2), "abcdefgh"}, u"the BMP file has bit fields that are none"},
+           {{2, 1, 8, 1, 2, kTwoColors, Rest({2, 1})}, cut},
+           {{2, 1, 8, 1, 2, kTwoColors, Rest({5, 1, 0, 1})}, out},
+           {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 2, 9, 0, 0, 1})}, out},
+           {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 2, 0, 2, 0, 1})}, out},
+           {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 0, 2, 1, 0, 1})}, out},
+           {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 0, 0, 0, 0, 1})}, out},
+           {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 4, 1, 1, 1, 1, 0, 1})}, u""},  // within what pads the row
+           {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 4, 1, 1})}, cut},
+           {{2, 1, 24, 0, 0, "", "abcdefgh", 44}, u"the BMP file has a header of unknown size"}}) {
+    EXPECT_EQ(RaisedBy<EInvalidGraphic>([&] { DecodeBitmap(FileOf(form), u"a.bmp"); }),
+              text.empty() ? text : u"a.bmp: " + text)
+        << testing::PrintToString(FileOf(form));
   }
   std::vector<std::string> whole = {FileOf({4, 1, 8, 1, 2, kTwoColors, Rest({4, 1, 0, 0, 0, 1})})};
   for (TPixelFormat format : kFormats) whole.push_back(EncodeBitmap(Random(format, 5, 3, 1)));
   for (const std::string& file : whole) {
     EXPECT_NO_THROW(DecodeBitmap(file, u"a"));
-    for (size_t size = 0; size < file.size(); ++size) {
+    for (size_t size = 0; size < file.size(); ++size)
       EXPECT_THROW(DecodeBitmap(std::string_view(file).substr(0, size), u"a"), EInvalidGraphic) << size;
-    }
   }
 }
 
@@ -279,26 +256,20 @@ TEST(Bitmap, ResourcesAreFoundByName) {
 TEST(ImageList, KeepsImagesNamesAndTransparency) {
   TVxImageList images(2, 2);
   EXPECT_EQ(images.AddMasked(Made(pf24bit, 3, {0xFF112233, 0xFFFF00FF, 0xFF445566}), clFuchsia), 0);
-  EXPECT_EQ(images.Add(Made(pf24bit, 2, {0xFF010203, 0xFFFF00FF})), 2);
-  EXPECT_EQ(images.Add(TBitmap()), -1);
-  EXPECT_EQ(PixelsOf(images.GetImage(0)), (TPixels{0xFF112233, 0, 0, 0}));
-  EXPECT_EQ(PixelsOf(images.GetImage(1)), (TPixels{0xFF445566, 0, 0, 0}));
-  EXPECT_EQ(PixelsOf(images.GetImage(2)), (TPixels{0xFF010203, 0xFFFF00FF, 0, 0}));
+  EXPECT_EQ((TFacts{images.Add(Made(pf24bit, 2, {0xFF010203, 0xFFFF00FF})), images.Add(TBitmap())}), "2 -1");
+  const TPixels wanted[] = {{0xFF112233, 0, 0, 0}, {0xFF445566, 0, 0, 0}, {0xFF010203, 0xFFFF00FF, 0, 0}};
+  for (int i : {0, 1, 2}) EXPECT_EQ(PixelsOf(images.GetImage(i)), wanted[i]) << i;
   EXPECT_THROW(images.GetImage(3), EListError);
 
   TBitmap image;
-  EXPECT_TRUE(images.GetBitmap(0, image, clBlue));
+  EXPECT_EQ((TFacts{images.GetBitmap(0, image, clBlue), images.GetBitmap(3, image)}), "yes no");
   EXPECT_EQ(PixelsOf(image), (TPixels{0xFF112233, 0xFF0000FF, 0xFF0000FF, 0xFF0000FF}));
-  EXPECT_FALSE(images.GetBitmap(3, image));
-
   images.SetItems(1, u"offen");
   images.SetItems(9, u"zu");
   images.Delete(0);
-  EXPECT_EQ(images.GetItems(0), u"offen");
-  EXPECT_EQ(images.IndexOf(u"OFFEN"), 0);
-  EXPECT_EQ(images.GetItems(-1), u"");
+  EXPECT_EQ((TFacts{images.GetItems(0), images.IndexOf(u"OFFEN"), images.GetItems(-1)}), "offen 0 ");
   images.SetSize(4, 4);
-  EXPECT_EQ(images.GetCount() + images.IndexOf(u"offen"), -1);
+  EXPECT_EQ((TFacts{images.GetCount(), images.IndexOf(u"offen")}), "0 -1");
   EXPECT_THROW(images.SetSize(0, 4), EArgumentException);
 }
 

@@ -23,6 +23,13 @@ String Tags(const TDecorationList& List) {
   return text;
 }
 
+// What dialogs told, "/" for the ends of lines.
+std::vector<String> Told(const TScriptedDialogs& Dialogs) {
+  std::vector<String> texts;
+  for (const auto& dialog : Dialogs.Shown) texts.push_back(ReplaceAll(dialog.Text, u"\r\n", u"/"));
+  return texts;
+}
+
 TDecoration* Make(TRangeType Type, TRect Range, int Tag = 0) {
   auto* item = new TDecoration;
   item->SetRangeType(Type);
@@ -80,18 +87,17 @@ TCells With(int Cell, const String& Text) {
 }
 
 TEST(Decoration, IsEmptyUnlessSomethingShows) {
+  String empty;
   // Each the number of a cell of the text, and what stands there.
-  const std::u16string_view full[] = {u"5|L",  u"6|clRed", u"7|2",  u"8|,,,8", u"9|x",  u"10|C", u"11|C",
-                                      u"12|0", u"15|0",    u"16|1", u"19|-1",  u"20|N", u"21|0", u"21|-2"};
-  const std::u16string_view empty[] = {u"0|5", u"1|4", u"22|1", u"23|0", u"26|0"};
-  for (bool isEmpty : {true, false}) {
-    for (std::u16string_view text : isEmpty ? std::span<const std::u16string_view>(empty) : full) {
-      const TCells cell = ReadLighttext(text);
-      TDecoration item;
-      item.SetCommatext(WriteCommatext(With(StrToInt(cell[0]), cell[1])));
-      EXPECT_EQ(item.Empty(), isEmpty) << String(text).ToUtf8();
-    }
+  for (std::u16string_view text :
+       {u"5|L", u"6|clRed", u"7|2", u"8|,,,8", u"9|x", u"10|C", u"11|C", u"12|0", u"15|0", u"16|1", u"19|-1", u"20|N",
+        u"21|0", u"21|-2", u"0|5", u"1|4", u"22|1", u"23|0", u"26|0"}) {
+    const TCells cell = ReadLighttext(text);
+    TDecoration item;
+    item.SetCommatext(WriteCommatext(With(StrToInt(cell[0]), cell[1])));
+    if (item.Empty()) empty += String(text) + u" ";
   }
+  EXPECT_EQ(empty, u"0|5 1|4 22|1 23|0 26|0 ");
 }
 
 TEST(Decoration, WhatCannotBeReadIsAsAtFirst) {
@@ -105,68 +111,65 @@ TEST(Decoration, WhatCannotBeReadIsAsAtFirst) {
     const int index = StrToInt(cell[0]);
     EXPECT_EQ(Reread(With(index, cell[1])), WriteCommatext(With(index, cell[2]))) << String(text).ToUtf8();
   }
-  constexpr std::u16string_view trims = u"NCIHGEMORSWTDPFU", options = u"FIVHGCRNDB";
   TDecorationList list;
-  for (size_t i = 0; i < trims.size(); ++i) {
+  std::vector<String> ofItem, ofList, options;
+  for (int i = 0; i < 16; ++i) {
     TDecoration item;
     item.SetTrimModes({static_cast<TTrimMode>(i)});
     list.SetTrimModes(item.GetTrimModes());
     list.SetOptions({static_cast<TDecorationListOption>(i)});
-    EXPECT_EQ(ReadCommatext(item.GetCommatext())[20], trims.substr(i, 1));
-    EXPECT_EQ(ReadCommatext(list.GetCommatext())[16], trims.substr(i, 1));
-    EXPECT_EQ(ReadCommatext(list.GetCommatext())[17], i < 10 ? options.substr(i, 1) : u"");
+    ofItem.push_back(ReadCommatext(item.GetCommatext())[20]);
+    ofList.push_back(ReadCommatext(list.GetCommatext())[16]);
+    options.push_back(ReadCommatext(list.GetCommatext())[17]);
   }
+  EXPECT_EQ((TFacts{ofItem}), "N,C,I,H,G,E,M,O,R,S,W,T,D,P,F,U");
+  EXPECT_EQ(ofList, ofItem);
+  EXPECT_EQ((TFacts{options}), "F,I,V,H,G,C,R,N,D,B,,,,,,");
 }
 
 TEST(Decoration, OlderTextsEndBefore) {
   TCells cells = ReadCommatext(u"2,1,-1,1,-1,,,0,,,,,,,,,0,0,0,0,,-1,2,5,6,7,8");
-  const char16_t* ends[] = {u"2,5,6,7,8", u"2,5,6,7,", u"2,5,6,,", u"2,5,,,", u"2,,,,", u"1,,,,"};
-  for (const char16_t* end : ends) {
+  for (auto end : {u"2,5,6,7,8", u"2,5,6,7,", u"2,5,6,,", u"2,5,,,", u"2,,,,", u"1,,,,"}) {
     EXPECT_EQ(Reread(cells), String(u"2,1,-1,1,-1,,,0,,,,,,,,,0,0,0,0,,-1,") + end);
     cells.pop_back();
   }
   TScriptedDialogs dialogs;
   EXPECT_EQ(Reread(cells), kPlain);
-  ASSERT_EQ(dialogs.Shown.size(), 1u);
-  EXPECT_EQ(dialogs.Shown[0].Text,
-            u"Die Dekoration konnte nicht zugewiesen werden!\r\n\r\nDer folgende Datensatz hat 21 statt 22 "
-            u"Felder:\r\n\r\n2\r\n1\r\n-1\r\n1\r\n-1\r\n\r\n\r\n0\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n0\r\n0\r\n0\r\n0"
-            u"\r\n");
+  EXPECT_EQ(Told(dialogs),
+            std::vector<String>{u"Die Dekoration konnte nicht zugewiesen werden!//Der folgende Datensatz "
+                                u"hat 21 statt 22 Felder://2/1/-1/1/-1///0/////////0/0/0/0/"});
 }
 
 TEST(Decoration, CoversCells) {
   TDecorationList list;
+  const TDecorationList empty(false);
   list.SetColCount(10);
   list.SetRowCount(20);
   list.SetFixed(1, 2, 3, 4);
-  const struct {
-    TRangeType Type;
-    TRect Range, Cells, WithoutList;
-  } cases[] = {{rtUnknown, {1, 2, 3, 4}, {-1, -1, -1, -1}, {-1, -1, -1, -1}},
-               {rtCell, {-1, -2, 5, 6}, {9, 18, 9, 18}, {-1, -2, -1, -2}},
-               {rtColumn, {-3, 5, -1, 7}, {7, 0, 9, 19}, {-3, 0, -1, 7}},
-               {rtRow, {5, -3, 7, -1}, {0, 17, 9, 19}, {0, -3, 7, -1}},
-               {rtRect, {-2, -4, -1, -20}, {8, 16, 9, 0}, {-2, -4, -1, -20}},
-               {rtRect, {0, 1, -11, -30}, {0, 1, -1, -10}, {0, 1, -11, -30}},
-               {rtAll, {1, 2, 3, 4}, {0, 0, 9, 19}, {0, 0, 3, 4}},
-               {rtFixed, {1, 2, 3, 4}, {1, 2, 6, 15}, {1, 2, 3, 4}},
-               {rtContent, {-1, 2, 3, 4}, {1, 2, 6, 15}, {-1, 2, 3, 4}}};
-  for (const auto& c : cases) {
+  const TPlainDecorations plain(list), nothing(empty);
+  for (const auto& [type, range, cells, withoutList] :
+       TCases<TRangeType, TRect, TRect, TRect>{{rtUnknown, {1, 2, 3, 4}, {-1, -1, -1, -1}, {-1, -1, -1, -1}},
+                                               {rtCell, {-1, -2, 5, 6}, {9, 18, 9, 18}, {-1, -2, -1, -2}},
+                                               {rtColumn, {-3, 5, -1, 7}, {7, 0, 9, 19}, {-3, 0, -1, 7}},
+                                               {rtRow, {5, -3, 7, -1}, {0, 17, 9, 19}, {0, -3, 7, -1}},
+                                               {rtRect, {-2, -4, -1, -20}, {8, 16, 9, 0}, {-2, -4, -1, -20}},
+                                               {rtRect, {0, 1, -11, -30}, {0, 1, -1, -10}, {0, 1, -11, -30}},
+                                               {rtAll, {1, 2, 3, 4}, {0, 0, 9, 19}, {0, 0, 3, 4}},
+                                               {rtFixed, {1, 2, 3, 4}, {1, 2, 6, 15}, {1, 2, 3, 4}},
+                                               {rtContent, {-1, 2, 3, 4}, {1, 2, 6, 15}, {-1, 2, 3, 4}}}) {
     TDecoration item(&list), loose;
     for (TDecoration* each : {&item, &loose}) {
-      each->SetRangeType(c.Type);
-      each->SetRange(c.Range);
-      TRect cells;
-      each->RangeRect(cells);
-      EXPECT_EQ(cells, each == &item ? c.Cells : c.WithoutList) << c.Type;
+      each->SetRangeType(type);
+      each->SetRange(range);
+      TRect covered;
+      each->RangeRect(covered);
+      EXPECT_EQ(covered, each == &item ? cells : withoutList) << type;
     }
-    const TDecorationList empty(false);
-    const TPlainDecorations plain(list), nothing(empty);
+    const bool hasNone = type == rtFixed || type == rtContent;
     for (int col = -3; col < 12; ++col) {
       for (int row = -5; row < 22; ++row) {
-        EXPECT_EQ(item.Responsible(col, row), plain.Applies(item, col, row)) << c.Type << ' ' << col << ' ' << row;
-        const bool hasNone = c.Type == rtFixed || c.Type == rtContent;
-        EXPECT_EQ(loose.Responsible(col, row), !hasNone && nothing.Applies(loose, col, row)) << c.Type;
+        EXPECT_EQ(item.Responsible(col, row), plain.Applies(item, col, row)) << type << ' ' << col << ' ' << row;
+        EXPECT_EQ(loose.Responsible(col, row), !hasNone && nothing.Applies(loose, col, row)) << type;
       }
     }
   }
@@ -196,28 +199,25 @@ TEST(Decoration, FontsAreItsOwnOrTheLists) {
 
 TEST(DecorationList, StandsInItsOrder) {
   TDecorationList list;
-  EXPECT_EQ(list.Add(Make(rtRow, {0, 1, 0, 1}, 1)), 1);
-  const struct {
-    int Col, Row, Tag, Index;
-  } cells[] = {{2, 5, 5, 2}, {2, -1, 4, 2}, {-1, 9, 3, 2}, {0, 0, 6, 3}, {7, 0, 7, 6}};
-  for (const auto& c : cells) EXPECT_EQ(list.Add(Make(rtCell, {c.Col, c.Row, 0, 0}, c.Tag)), c.Index);
-  EXPECT_EQ(Tags(list), u"0 1 | 3 6 4 5 7 ");
+  const auto add = [&](TRangeType type, int col, int row, int tag) {
+    return list.Add(Make(type, {col, row, 0, 1}, tag));
+  };
+  EXPECT_EQ((TFacts{add(rtRow, 0, 1, 1), add(rtCell, 2, 5, 5), add(rtCell, 2, -1, 4), add(rtCell, -1, 9, 3),
+                    add(rtCell, 0, 0, 6), add(rtCell, 7, 0, 7), Tags(list)}),
+            "1 2 2 2 3 6 0 1 | 3 6 4 5 7 ");
   auto* again = Make(rtCell, {2, 5, 9, 9}, 99);
   again->SetColor(clRed);
   EXPECT_EQ(list.Add(again), 5);
   EXPECT_EQ(list.GetCell(2, 5, false)->GetColor(), clRed);
   EXPECT_EQ(list.CreateRange(rtCell, 2, 5, 1, 1), list.GetItems(5));
-  EXPECT_EQ(list.Add(Make(rtRect, {-1, 9, 0, 0}, 2)), 2) << "a region is never merged into the cell at its corner";
+  EXPECT_EQ(add(rtRect, -1, 9, 2), 2) << "a region is never merged into the cell at its corner";
   list.Insert(0, Make(rtCell, {1, 1, 0, 0}, 8));
   EXPECT_EQ(Tags(list), u"0 1 2 | 3 6 8 4 5 7 ");
-  list.Exchange(0, 2);
-  list.Exchange(0, 3);
-  list.Move(0, 1);
-  list.Move(5, 1);
+  for (int cell : {2, 3}) list.Exchange(0, cell);
+  for (int from : {0, 5}) list.Move(from, 1);
   list.Sort([](TObject*, TObject*) { return -1; });
   EXPECT_EQ(Tags(list), u"1 2 0 | 3 6 8 4 5 7 ");
-  list.Delete(1);
-  list.Delete(3);
+  for (int index : {1, 3}) list.Delete(index);
   list.Remove(list.GetItems(0));
   delete list.Extract(list.GetItems(0));
   list.Remove(list.GetItems(3));
@@ -238,75 +238,68 @@ TEST(DecorationList, FindsItems) {
   list.SetRowCount(20);
   TDecoration* column = list.CreateRange(rtColumn, -2, -1, -1, -1);
   column->SetFieldType(vftCurrency);
-  EXPECT_EQ(list.GetRange(rtColumn, 8, 3, 9, 4, false), column);
-  EXPECT_EQ(list.GetRange(rtColumn, 8, 3, 8, 4, false), nullptr);
+  EXPECT_EQ((TItems{list.GetRange(rtColumn, 8, 3, 9, 4, false), list.GetRange(rtColumn, 8, 3, 8, 4, false)}),
+            (TItems{column, nullptr}));
   TDecoration* later = list.GetRange(rtColumn, 8, 0, 8, 0, true);
   EXPECT_EQ(later->GetRange(), (TRect{8, 0, 8, 0}));
   list.CreateRange(rtAll, 0, 0, 0, 0)->SetFieldType(vftDate);
-  EXPECT_EQ(list.GetFirst(rtColumn), column);
-  EXPECT_EQ(list.GetFirst(rtCell), nullptr);
+  EXPECT_EQ((TItems{list.GetFirst(rtColumn), list.GetFirst(rtCell)}), (TItems{column, nullptr}));
   TDecoration* cell = list.GetRange(rtCell, 8, 1, 0, 0, true);
   cell->SetFieldType(vftHour);
-  EXPECT_EQ(list.GetFirst(rtCell), cell);
-  EXPECT_EQ(list.GetCell(8, 2, false), nullptr);
+  EXPECT_EQ((TItems{list.GetFirst(rtCell), list.GetCell(8, 2, false)}), (TItems{cell, nullptr}));
   EXPECT_EQ(list.GetColumnFieldType(8), vftCurrency);
   EXPECT_EQ(list.GetColumnFieldType(7), vftUnknown);
   later->SetFieldType(vftHour);
   EXPECT_EQ(list.GetColumnFieldType(8), vftHour);
-  EXPECT_TRUE(list.ContainsType(vftDate));
-  EXPECT_FALSE(list.ContainsType(vftButton));
-  EXPECT_TRUE(list.ContainsTypeForCell(vftCurrency, 9, 0));
-  EXPECT_FALSE(list.ContainsTypeForCell(vftCurrency, 7, 0));
+  EXPECT_EQ((TFacts{list.ContainsType(vftDate), list.ContainsType(vftButton)}), "yes no");
+  EXPECT_EQ((TFacts{list.ContainsTypeForCell(vftCurrency, 9, 0), list.ContainsTypeForCell(vftCurrency, 7, 0)}),
+            "yes no");
   column->SetOptions({doCoupled});
   EXPECT_FALSE(list.ContainsTypeForCell(vftHour, 8, 1)) << "the coupled one decides alone";
-  const int tags[] = {4, 6, 4, 1, INT_MIN};
-  for (int i = 0; i < 5; ++i) list.GetItems(i)->SetTag(tags[i]);
+  for (int i = 0; int tag : {4, 6, 4, 1, INT_MIN}) list.GetItems(i++)->SetTag(tag);
   EXPECT_EQ(list.DeleteTags(INT_MIN), 0) << "the result has to be positive";
-  EXPECT_EQ(list.DeleteTag(4), 2);
-  EXPECT_EQ(Tags(list), u"6 1 | -2147483648 ");
-  EXPECT_EQ(list.DeleteTags(2), 1);
-  EXPECT_EQ(Tags(list), u"1 | -2147483648 ");
+  EXPECT_EQ((TFacts{list.DeleteTag(4), Tags(list)}), "2 6 1 | -2147483648 ");
+  EXPECT_EQ((TFacts{list.DeleteTags(2), Tags(list)}), "1 1 | -2147483648 ");
 }
 
 TEST(DecorationList, KnowsTheFixedBorder) {
   TDecorationList list;
   list.SetColCount(10);
   list.SetRowCount(20);
-  // Each the fixed border, the sides asked for, a cell, and whether that is in them.
-  for (std::u16string_view text : {u"1,0,0,0,,0,5,1", u"1,0,0,0,,1,5,0", u"1,0,0,0,T,0,5,0", u"0,2,0,0,T,5,1,1",
-                                   u"0,0,0,0,,9,19,0", u"0,0,0,0,,10,0,1", u"0,0,0,0,R,10,0,0", u"0,0,1,0,R,9,0,1",
-                                   u"0,0,1,0,R,8,0,0", u"0,0,0,2,B,0,18,1", u"0,0,0,0,B,0,20,0", u"0,0,0,2,L,0,18,0"}) {
+  String inside;
+  // Each the fixed border, the sides asked for, and a cell.
+  for (std::u16string_view text : {u"1,0,0,0,,0,5", u"1,0,0,0,,1,5", u"1,0,0,0,T,0,5", u"0,2,0,0,T,5,1",
+                                   u"0,0,0,0,,9,19", u"0,0,0,0,,10,0", u"0,0,0,0,R,10,0", u"0,0,1,0,R,9,0",
+                                   u"0,0,1,0,R,8,0", u"0,0,0,2,B,0,18", u"0,0,0,0,B,0,20", u"0,0,0,2,L,0,18"}) {
     const TCells cells = ReadCommatext(text);
     const auto number = [&](size_t i) { return StrToInt(cells[i]); };
     list.SetFixed(number(0), number(1), number(2), number(3));
-    EXPECT_EQ(list.FixedCell(number(5), number(6), StringToAlignSet(cells[4])), number(7) == 1)
-        << String(text).ToUtf8();
+    if (list.FixedCell(number(5), number(6), StringToAlignSet(cells[4]))) inside += String(text) + u" ";
   }
+  EXPECT_EQ(inside, u"1,0,0,0,,0,5 0,2,0,0,T,5,1 0,0,0,0,,10,0 0,0,1,0,R,9,0 0,0,0,2,B,0,18 ");
 }
 
 TEST(DecorationList, RunsOfFiveAndMore) {
   // Each item by its type (all, column, row, rectangle, cell) and its first and last position.
-  const struct {
-    std::u16string_view Items, Text;
-  } cases[] = {{u"c00 c11 c22 c33 ", u""},
-               {u"a00 c00 c11 t22 c35 c59 ", u"Right,1,5,Column"},
-               {u"t00 r99 r77 r59 r49 r00 x00 ", u"Up,1,5,Row"},
-               {u"r11 r11 r22 r22 r33 c44 ", u"Down,0,4,Row"},
-               {u"r11 r11 r11 r11 r11 r23 ", u"Down,0,5,Row"},
-               {u"r11 r11 r11 r11 r11 r11 ", u"Equal,0,5,Row"},
-               {u"r11 r11 r11 r11 r13 r00 ", u"Up,0,5,Row"},
-               {u"c02 c13 c24 c35 c46 ", u""},
-               {u"c00 r00 r11 r22 r33 r44 r33 r22 r11 r00 r00 ", u"Down,1,5,Row\r\nUp,6,10,Row"}};
-  for (const auto& c : cases) {
+  for (const auto& [items, text] : TCases<std::u16string_view, String>{
+           {u"c00 c11 c22 c33 ", u""},
+           {u"a00 c00 c11 t22 c35 c59 ", u"Right,1,5,Column"},
+           {u"t00 r99 r77 r59 r49 r00 x00 ", u"Up,1,5,Row"},
+           {u"r11 r11 r22 r22 r33 c44 ", u"Down,0,4,Row"},
+           {u"r11 r11 r11 r11 r11 r23 ", u"Down,0,5,Row"},
+           {u"r11 r11 r11 r11 r11 r11 ", u"Equal,0,5,Row"},
+           {u"r11 r11 r11 r11 r13 r00 ", u"Up,0,5,Row"},
+           {u"c02 c13 c24 c35 c46 ", u""},
+           {u"c00 r00 r11 r22 r33 r44 r33 r22 r11 r00 r00 ", u"Down,1,5,Row\r\nUp,6,10,Row"}}) {
     TDecorationList list;
     list.Clear();
-    for (size_t i = 0; i < c.Items.size(); i += 4) {
-      const int first = c.Items[i + 1] - u'0', last = c.Items[i + 2] - u'0';
-      const TRangeType types[] = {rtAll, rtColumn, rtRow, rtRect, rtCell};
-      list.CreateRange(types[std::u16string_view(u"acrtx").find(c.Items[i])], first, first, last, last);
+    for (size_t i = 0; i < items.size(); i += 4) {
+      constexpr TRangeType types[] = {rtAll, rtColumn, rtRow, rtRect, rtCell};
+      const int first = items[i + 1] - u'0', last = items[i + 2] - u'0';
+      list.CreateRange(types[std::u16string_view(u"acrtx").find(items[i])], first, first, last, last);
     }
     list.RefreshRangeList();
-    EXPECT_EQ(list.GetRanges().GetText(), c.Text) << &c - cases;
+    EXPECT_EQ(list.GetRanges().GetText(), text) << String(items);
   }
   TDecorationList list;
   TDLRangeList& ranges = list.GetRanges();
@@ -318,9 +311,8 @@ TEST(DecorationList, RunsOfFiveAndMore) {
   TScriptedDialogs dialogs;
   ranges.Exchange(0, 1);
   ranges.Move(0, 1);
-  ASSERT_EQ(dialogs.Shown.size(), 2u);
-  EXPECT_EQ(dialogs.Shown[0].Text, u"[TDLRangeList] : Die Funktion Exchange ist nicht unterstützt.");
-  EXPECT_EQ(dialogs.Shown[1].Text, u"[TDLRangeList] : Die Funktion Move ist nicht unterstützt.");
+  EXPECT_EQ(Told(dialogs), (std::vector<String>{u"[TDLRangeList] : Die Funktion Exchange ist nicht unterstützt.",
+                                                u"[TDLRangeList] : Die Funktion Move ist nicht unterstützt."}));
 }
 
 TEST(DecorationList, FindsWhatAppliesToACell) {
@@ -333,10 +325,8 @@ TEST(DecorationList, FindsWhatAppliesToACell) {
       for (int row = -2; row < 15; row += 1 + next(3)) {
         const TItems wanted = isFresh ? plain.All(col, row) : plain.ByRuns(col, row);
         TDecoration* coupled = nullptr;
-        for (TDecoration* item : wanted) {
-          // A cell of its own is never the coupled one.
-          if (item->GetRangeType() != rtCell && item->GetOptions().Has(doCoupled)) coupled = item;
-        }
+        // A cell of its own is never the coupled one.
+        for (auto* item : wanted) coupled = !plain.IsCell(*item) && item->GetOptions().Has(doCoupled) ? item : coupled;
         list.VirtualListForCell(col, row, buffer);
         ASSERT_EQ(Items(buffer), wanted) << list.GetCommatext().ToUtf8() << ' ' << col << ' ' << row;
         ASSERT_EQ(buffer.GetCell(), (TPoint{col, row}));
@@ -368,8 +358,7 @@ TEST(DecorationList, ListsOfCellsAreBuffers) {
   const auto fresh = list.VirtualListForCell(3, 3);
   EXPECT_EQ(Items(*fresh), (TItems{list.GetItems(0), list.GetItems(4), cell}));
   EXPECT_EQ(fresh->GetParent(), &list);
-  EXPECT_EQ(fresh->GetTitle(), u"Dienst");
-  EXPECT_EQ(fresh->GetHoverIndex(), 7);
+  EXPECT_EQ((TFacts{fresh->GetTitle(), fresh->GetHoverIndex()}), "Dienst 7");
   const auto memory = fresh->Items().data();
   list.RefreshRangeList();
   for (int i = 0; i < 40; ++i) list.VirtualListForCell(i, 3, *fresh);
@@ -382,8 +371,7 @@ TEST(DecorationList, ListsOfCellsAreBuffers) {
   EXPECT_EQ(list.GetRanges().GetCount(), 1);
   list.SetCount(20);
   list.VirtualListForCell(3, 3, *fresh);
-  EXPECT_EQ(list.GetRanges().GetCount(), 0) << "runs that point beyond the list are dropped";
-  EXPECT_EQ(fresh->GetCount(), 2);
+  EXPECT_EQ((TFacts{list.GetRanges().GetCount(), fresh->GetCount()}), "0 2") << "runs beyond the list are dropped";
 }
 
 TEST(DecorationList, MergesWhatIsSet) {
@@ -396,9 +384,9 @@ TEST(DecorationList, MergesWhatIsSet) {
   std::mt19937 random(3);
   TImageList images, others;
   for (int round = 0; round < 200; ++round) {
-    TDecorationList list(false);
+    TDecorationList list;
+    list.Clear();
     list.SetImageList(round % 2 ? &images : nullptr);
-    std::vector<std::unique_ptr<TDecoration>> items;
     TDecoration merged;
     String wanted = kPlain;
     for (int i = 0; i < 3; ++i) {
@@ -407,17 +395,16 @@ TEST(DecorationList, MergesWhatIsSet) {
         const TCells choice = ReadLighttext(pool);
         cells.push_back(choice[random() % choice.size()]);
       }
-      items.push_back(std::make_unique<TDecoration>());
-      items.back()->SetCommatext(WriteCommatext(cells));
-      items.back()->SetImageList(round % 3 == i ? &others : nullptr);
+      auto* item = new TDecoration;
+      list.TObjectList::Add(item);
+      item->SetCommatext(WriteCommatext(cells));
+      item->SetImageList(round % 3 == i ? &others : nullptr);
       merged.SetCommatext(wanted);
-      wanted = MergedText(*items.back(), merged);
-      list.TObjectList::Add(items.back().get());
+      wanted = MergedText(*item, merged);
     }
     const auto look = list.Compress();
     ASSERT_EQ(look->GetCommatext(), wanted);
-    EXPECT_EQ(look->GetParent(), &list);
-    EXPECT_EQ(look->GetImageList(), &others);
+    EXPECT_EQ(std::pair(look->GetParent(), look->GetImageList()), std::pair(&list, &others));
     TDecorationList::CompressDecoration(*look, *look);
     EXPECT_EQ(look->GetCommatext(), wanted);
     list.SetCount(0);
@@ -430,8 +417,7 @@ TEST(DecorationList, SaysAllInItsText) {
   EXPECT_EQ(list.GetCommatext(),
             u",,,0,0,0,0,clWhite,\",,,10\",1,1,0,0,0,0,,,FIVHGC,0,0,ÿ,"
             u"\"5,-1,-1,-1,-1,,,2,,,,,,,,,0,0,0,0,,-1,0,,,,\"");
-  EXPECT_EQ(list.GetCell(), (TPoint{-1, -1}));
-  EXPECT_EQ(list.GetHoverIndex(), -1);
+  EXPECT_EQ((TFacts{list.GetCell().X, list.GetCell().Y, list.GetHoverIndex()}), "-1 -1 -1");
   const String head = u"\"a, b\",c,clRed,1,2,3,4,clBlue,\"Arial,,,9\",5,6,7,8,9,10,clGreen,NU,FB,11,12,ÿ";
   list.SetCommatext(head);
   EXPECT_EQ(list.GetCommatext(), head);
@@ -440,8 +426,8 @@ TEST(DecorationList, SaysAllInItsText) {
   EXPECT_EQ(list.GetCommatext(), u",,,0,0,0,0,,\"Arial,,,9\",1,1,0,0,0,0,,,,0,0,ÿ") << "no font leaves the font";
   for (const char16_t* separator : {u"ÿ", u"'#255'", u"'#255", u"7,ÿ,'#255'", u"7,more,ÿ"}) {
     list.SetCommatext(Concat({u",,,0,0,0,0,,\",,,10\",1,1,0,0,0,0,,,FIVHGC,0,", separator, u",\"", kPlain, u"\""}));
-    EXPECT_EQ(list.GetPrintPageColumns(), separator[0] == u'7' ? 7 : 0);
-    EXPECT_EQ(list.GetFixedColor(), clBtnFace);
+    EXPECT_EQ(list.GetPrintPageColumns(), separator[0] == u'7' ? 7 : 0) << String(separator);
+    EXPECT_EQ(list.GetFixedColor(), clBtnFace) << String(separator);
   }
   TScriptedDialogs dialogs;
   list.SetCommatext(Concat({kHead, u"'#255,x,ÿ"}));
@@ -452,23 +438,18 @@ TEST(DecorationList, RefusesTextsWithADialog) {
   TScriptedDialogs dialogs;
   TDecorationList list;
   list.SetTitle(u"Titel");
-  const char16_t* lead = u"Die Dekorationsliste konnte nicht zugewiesen werden!\r\n\r\nDer folgende Datensatz ";
   list.SetCommatext(u"a,b");
-  EXPECT_EQ(list.GetCount(), 0);
-  EXPECT_EQ(list.GetTitle(), u"Titel");
+  EXPECT_EQ((TFacts{list.GetCount(), list.GetTitle()}), "0 Titel");
   list.SetCommatext(u"1,2,3,4,5,6,7,8,9,0,1,2,3,4,5,6,7,8,ÿ,x");
   EXPECT_EQ(list.GetCommatext(), TDecorationList().GetCommatext());
   list.SetCommatext(Concat({kHead, u"ÿ,\"3,5,5,5,5\",\"", kPlain, u"\""}));
   EXPECT_EQ(list.GetCommatext(), Concat({kHead, u"ÿ,\"", kPlain, u"\",\"", kPlain, u"\""}));
-  const String texts[] = {
-      Concat({lead, u"enthält keinen Trenner:\r\n\r\na\r\nb"}),
-      Concat({lead,
-              u"hat 18 statt 19 Felder:\r\n\r\n1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n9\r\n0\r\n1\r\n2\r\n3\r\n4"
-              u"\r\n5\r\n6\r\n7\r\n8\r\nÿ\r\nx"}),
-      u"Die Dekoration konnte nicht zugewiesen werden!\r\n\r\nDer folgende Datensatz hat 5 statt 22 "
-      u"Felder:\r\n\r\n3\r\n5\r\n5\r\n5\r\n5"};
-  ASSERT_EQ(dialogs.Shown.size(), std::size(texts));
-  for (size_t i = 0; i < std::size(texts); ++i) EXPECT_EQ(dialogs.Shown[i].Text, texts[i]);
+  const String lead = u"Die Dekorationsliste konnte nicht zugewiesen werden!//Der folgende Datensatz ";
+  EXPECT_EQ(Told(dialogs),
+            (std::vector<String>{lead + u"enthält keinen Trenner://a/b",
+                                 lead + u"hat 18 statt 19 Felder://1/2/3/4/5/6/7/8/9/0/1/2/3/4/5/6/7/8/ÿ/x",
+                                 u"Die Dekoration konnte nicht zugewiesen werden!//Der folgende Datensatz hat 5 statt "
+                                 u"22 Felder://3/5/5/5/5"}));
 }
 
 TEST(DecorationList, ReadsInAnyOrderAsIfAdded) {
@@ -513,15 +494,12 @@ TEST(DecorationList, Copies) {
   head->CreateRange(rtRow, 0, 0, 0, 0);
   EXPECT_EQ(head->GetCommatext(), list.GetCommatext());
   for (const TDecorationList* each : {copy.get(), head.get()}) {
+    EXPECT_EQ((TFacts{each->GetColCount(), each->GetRowCount(), each->GetCell().X, each->GetCell().Y,
+                      each->GetDevice() == ddPrinter, each->GetHoverIndex(), each->GetOwnsObjects()}),
+              "3 4 1 2 yes -1 yes");
     EXPECT_EQ(each->GetImageList(), &images);
-    EXPECT_EQ(each->GetColCount(), 3);
-    EXPECT_EQ(each->GetRowCount(), 4);
-    EXPECT_EQ(each->GetCell(), (TPoint{1, 2}));
-    EXPECT_EQ(each->GetDevice(), ddPrinter);
-    EXPECT_EQ(each->GetHoverIndex(), -1);
     EXPECT_EQ(each->GetCallbackPreDraw(), list.GetCallbackPreDraw());
     EXPECT_EQ(each->GetCoupled(), nullptr);
-    EXPECT_TRUE(each->GetOwnsObjects());
     EXPECT_EQ(each->GetItems(0)->ParentTypeCsv(), &table);
   }
   TObject other;
@@ -536,23 +514,18 @@ TEST(DecorationList, Copies) {
 }
 
 TEST(DecorationList, GivesFontsToAll) {
-  const struct {
-    const char16_t *Name, *Own;
-    int Size;
-    const char16_t *List, *Result;
-  } cases[] = {{u"Arial", u"Courier,,B,12", 8, u"Arial,,,8", u"Arial,,B,10"},
-               {u"Arial", u"Courier,,,7", 12, u"Arial,,,12", u"Arial,,,9"},
-               {u"Arial", u"Courier,,,7", 0, u"Arial,,,10", u"Arial,,,7"},
-               {u"Arial", u"Courier,,,7", 10, u"Arial,,,10", u"Arial,,,7"},
-               {u"tahoma", u"Courier,,,7", 10, u",,,10", u"Courier,,,7"},
-               {u"Arial", u"wingDings,,,7", 5, u"Arial,,,5", u"wingDings,,,7"}};
-  for (const auto& c : cases) {
+  for (const auto& [name, own, size, ofList, result] :
+       TCases<String, String, int, String, String>{{u"Arial", u"Courier,,B,12", 8, u"Arial,,,8", u"Arial,,B,10"},
+                                                   {u"Arial", u"Courier,,,7", 12, u"Arial,,,12", u"Arial,,,9"},
+                                                   {u"Arial", u"Courier,,,7", 0, u"Arial,,,10", u"Arial,,,7"},
+                                                   {u"Arial", u"Courier,,,7", 10, u"Arial,,,10", u"Arial,,,7"},
+                                                   {u"tahoma", u"Courier,,,7", 10, u",,,10", u"Courier,,,7"},
+                                                   {u"Arial", u"wingDings,,,7", 5, u"Arial,,,5", u"wingDings,,,7"}}) {
     TDecorationList list;
-    list.GetItems(0)->SetCommatext(u"5,0,0,0,0,,,0,\"" + String(c.Own) + u"\",,,,,,,,0,0,0,0,,-1");
-    list.SetGlobalFont(c.Name, c.Size);
+    list.GetItems(0)->SetCommatext(u"5,0,0,0,0,,,0,\"" + own + u"\",,,,,,,,0,0,0,0,,-1");
+    list.SetGlobalFont(name, size);
     const TCells cells = ReadCommatext(list.GetCommatext());
-    EXPECT_EQ(cells[8], c.List);
-    EXPECT_EQ(ReadCommatext(cells[21])[8], c.Result);
+    EXPECT_EQ((std::array{cells[8], ReadCommatext(cells[21])[8]}), (std::array{ofList, result})) << name << own << size;
   }
 }
 
@@ -561,44 +534,37 @@ TEST(DecorationList, IsAConstantOfAProgram) {
   TVxStringList lines;
   list.ExportPasFormat(nullptr);
   list.ImportPasFormat(nullptr);
-  const struct {
-    String Title;
-    std::vector<const char16_t*> Lines;
-  } cases[] = {{u"",
-                {u"        ',,,0,0,0,0,clWhite,\",,,10\",1,1,0,0,0,0,,,FIVHGC,0,0,ÿ,\"5,-1,-1,-1,-1,,,'",
-                 u"      + '2,,,,,,,,,0,0,0,0,,-1,0,,,,\"';"}},
-               {u"a\r\nb",
-                {u"        '\"a'+#13+#10+'b\",,,0,0,0,0,clWhite,\",,,10\",1,1,0,0,0,0,,,FIVHGC,0,0,ÿ,\"5,-1,-1,'",
-                 u"      + '-1,-1,,,2,,,,,,,,,0,0,0,0,,-1,0,,,,\"';"}},
-               {String(75, u'x'),
-                {u"        'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx'",
-                 u"      + 'xxxx,,,0,0,0,0,clWhite,\",,,10\",1,1,0,0,0,0,,,FIVHGC,0,0,ÿ,\"5,-1,-1,-1,'",
-                 u"      + '-1,,,2,,,,,,,,,0,0,0,0,,-1,0,,,,\"';"}}};
-  for (const auto& c : cases) {
-    list.SetTitle(c.Title);
+  for (const auto& [title, text] : TCases<String, String>{
+           {u"",
+            u"        ',,,0,0,0,0,clWhite,\",,,10\",1,1,0,0,0,0,,,FIVHGC,0,0,ÿ,\"5,-1,-1,-1,-1,,,'\r\n"
+            u"      + '2,,,,,,,,,0,0,0,0,,-1,0,,,,\"';"},
+           {u"a\r\nb",
+            u"        '\"a'+#13+#10+'b\",,,0,0,0,0,clWhite,\",,,10\",1,1,0,0,0,0,,,FIVHGC,0,0,ÿ,\"5,-1,-1,'\r\n"
+            u"      + '-1,-1,,,2,,,,,,,,,0,0,0,0,,-1,0,,,,\"';"},
+           {String(75, u'x'),
+            u"        'xxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxxx'\r\n"
+            u"      + 'xxxx,,,0,0,0,0,clWhite,\",,,10\",1,1,0,0,0,0,,,FIVHGC,0,0,ÿ,\"5,-1,-1,-1,'\r\n"
+            u"      + '-1,,,2,,,,,,,,,0,0,0,0,,-1,0,,,,\"';"}}) {
+    list.SetTitle(title);
     list.ExportPasFormat(&lines);
-    EXPECT_EQ(lines.Get(0), u"   Decorationsliste =");
-    ASSERT_EQ(lines.GetCount(), static_cast<int>(c.Lines.size()) + 1);
-    for (size_t i = 0; i < c.Lines.size(); ++i) EXPECT_EQ(lines.Get(static_cast<int>(i) + 1), c.Lines[i]);
-    lines.Add(u" ");
-    lines.Add(u"'not read'");
+    EXPECT_EQ(lines.GetText(), u"   Decorationsliste =\r\n" + text);
+    for (auto line : {u" ", u"'not read'"}) lines.Add(line);
     TDecorationList read;
     read.ImportPasFormat(&lines);
-    EXPECT_EQ(read.GetCommatext(), list.GetCommatext());
+    EXPECT_EQ(read.GetCommatext(), list.GetCommatext()) << title;
   }
 }
 
 TEST(ButtonInfo, LaysOneOverTheOther) {
+  for (const auto& [text, over, result] :
+       TCases<String, String, String>{{u"", u"", u"-1,-1,-1,-1|boNone||"},
+                                      {u"1,2,3,4|boCell|Ja|Nein", u"", u"1,2,3,4|boCell|Ja|Nein"},
+                                      {u"1,2,3,4|boCell|Ja|Nein", u"-1,x,-2", u"1,2,-2,4|boCell|Ja|Nein"},
+                                      {u"1,2,3,4|boCell|Ja|Nein", u",,,0|boSquare||Hint", u"1,2,3,0|boSquare|Ja|Hint"},
+                                      {u"7|BOCELL|°a|b°|c|d", u"|boCircle|neu", u"7,-1,-1,-1|boCircle|neu|c"}})
+    EXPECT_EQ(TButtonInfo(text, over).GetSerialize(), result);
   const TButtonInfo plain;
   EXPECT_EQ(plain.GetSerialize(), u"-1,-1,-1,-1|boNone||");
-  const struct {
-    const char16_t *Text, *Merge, *Result;
-  } cases[] = {{u"", u"", u"-1,-1,-1,-1|boNone||"},
-               {u"1,2,3,4|boCell|Ja|Nein", u"", u"1,2,3,4|boCell|Ja|Nein"},
-               {u"1,2,3,4|boCell|Ja|Nein", u"-1,x,-2", u"1,2,-2,4|boCell|Ja|Nein"},
-               {u"1,2,3,4|boCell|Ja|Nein", u",,,0|boSquare||Hint", u"1,2,3,0|boSquare|Ja|Hint"},
-               {u"7|BOCELL|°a|b°|c|d", u"|boCircle|neu", u"7,-1,-1,-1|boCircle|neu|c"}};
-  for (const auto& c : cases) EXPECT_EQ(TButtonInfo(c.Text, c.Merge).GetSerialize(), c.Result);
   TButtonInfo info(u"1,2,3,4|boCell|Ja|Nein");
   info.SetSerialize(u"");
   EXPECT_EQ(info, plain);

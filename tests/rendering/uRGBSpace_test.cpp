@@ -20,10 +20,8 @@ struct TPlainSpace {
   size_t MaxColor;
 
   static bool Holds(const TPlainBox& Box, const TCell& Cell) {
-    for (size_t i = 0; i < 3; ++i) {
-      if (Cell[i] < Box.Low[i] || Cell[i] > Box.High[i]) return false;
-    }
-    return true;
+    const auto isInside = [&](size_t i) { return Cell[i] >= Box.Low[i] && Cell[i] <= Box.High[i]; };
+    return isInside(0) && isInside(1) && isInside(2);
   }
   int Slab(TPlainBox Box, size_t Axis, int Value) const {
     Box.Low[Axis] = Box.High[Axis] = Value;
@@ -40,15 +38,11 @@ struct TPlainSpace {
     size_t axis = 1;
     if (r > g || g < b) axis = r >= b ? 0 : 2;
     int i = Box.Low[axis], j = Box.High[axis], l = Slab(Box, axis, i), h = Slab(Box, axis, j);
-    while (i + 1 < j) {
-      h >= l ? l += Slab(Box, axis, ++i) : h += Slab(Box, axis, --j);
-    }
-    TPlainBox low = Box, high = Box;
+    while (i + 1 < j) h >= l ? l += Slab(Box, axis, ++i) : h += Slab(Box, axis, --j);
+    TPlainBox low{Box.Low, Box.High, Box.Level + 1}, high = low;
     low.High[axis] = i;
     high.Low[axis] = j;
-    low.Level = high.Level = Box.Level + 1;
-    Compress(low);
-    Compress(high);
+    for (TPlainBox* half : {&low, &high}) Compress(*half);
     return {low, high};
   }
   std::vector<TPlainBox> Leaves() const {
@@ -62,10 +56,9 @@ struct TPlainSpace {
       const int level = leaves[at].Level;
       while (leaves[at].Level == level) {
         const auto [low, high] = Divide(leaves[at]);
-        count = 2 + leaves.size() - 1;
+        count = leaves.size() + 1;
         if (count <= MaxColor) {
-          leaves.push_back(low);
-          leaves.push_back(high);
+          leaves.insert(leaves.end(), {low, high});
           leaves.erase(leaves.begin() + static_cast<int>(at));
         }
         if (count >= MaxColor || at == 0) break;
@@ -77,9 +70,8 @@ struct TPlainSpace {
   TRGB Average(const TPlainBox& Box) const {
     auto channel = [&](size_t i) {
       int sum = 0, count = 0;
-      for (const TCell& cell : Pixels) {
+      for (const TCell& cell : Pixels)
         if (Holds(Box, cell)) ++count, sum += cell[i];
-      }
       return static_cast<uint8_t>(count == 0 ? 3 : std::nearbyint(static_cast<double>(sum) / count) * 4 + 3);
     };
     return {channel(0), channel(1), channel(2), 0};
@@ -102,9 +94,8 @@ std::vector<TRGB> PlainlyReduced(const TBitmapX& Picture, const TBitmapX& Target
   const bool isTransparent = transparent.Fourth < 255;
   TPlainSpace space{{}, static_cast<size_t>(MaxColor - (UseTransparent ? 1 : 0))};
   const std::vector<TRGB> pixels = PixelsOf(Picture), under = PixelsOf(Target);
-  for (TRGB pixel : pixels) {
+  for (TRGB pixel : pixels)
     if (!isTransparent || !EqualsRGB(pixel, transparent)) space.Pixels.push_back(CellOf(pixel));
-  }
   TRGB written = transparent;
   for (uint8_t* channel : {&written.Red, &written.Green, &written.Blue}) *channel -= (*channel + 1) % 4 == 0 ? 1 : 0;
   const std::vector<TPlainBox> leaves = space.Leaves();
@@ -135,21 +126,17 @@ TEST(RGBSpace, CutsAsThePlainModelDoes) {
     const TPixelFormat format = std::array{pf24bit, pf32bit, pf15bit, pf8bit}[random() % 4];
     TBitmap source = RandomPicture(format, random), target = source;
     auto picture = TBitmapX::CreateBitmapX(&source);
-    const int maxColor = static_cast<int>(random() % 40) + 1;
+    const auto maxColor = static_cast<uint16_t>(random() % 40 + 1);
     const bool useTransparent = random() % 2 == 0;
-    const auto own = picture->CompressColors(static_cast<uint16_t>(maxColor), useTransparent);
+    const auto own = picture->CompressColors(maxColor, useTransparent);
     target.SetPixelFormat(format == pf32bit ? pf32bit : pf24bit);
-    const auto before = TBitmapX::CreateBitmapX(&target);
-    std::vector<TRGB> expected = PlainlyReduced(*picture, *before, maxColor, useTransparent);
-    const auto painted = picture->CompressColors(static_cast<uint16_t>(maxColor), useTransparent, &target);
-    if (format != pf32bit) {
-      for (TRGB& pixel : expected) pixel.Fourth = 0;
-    }
+    std::vector<TRGB> expected = PlainlyReduced(*picture, *TBitmapX::CreateBitmapX(&target), maxColor, useTransparent);
+    const auto painted = picture->CompressColors(maxColor, useTransparent, &target);
+    if (format != pf32bit) std::ranges::for_each(expected, [](TRGB& Pixel) { Pixel.Fourth = 0; });
     ASSERT_EQ(PixelsOf(*painted), expected) << i << ' ' << format << ' ' << maxColor << ' ' << useTransparent;
     if (format != pf24bit) continue;
     ASSERT_EQ(PixelsOf(*own), expected) << i;
-    const auto onItself = picture->CompressColors(static_cast<uint16_t>(maxColor), useTransparent, &source);
-    ASSERT_EQ(PixelsOf(*onItself), expected) << i;
+    ASSERT_EQ(PixelsOf(*picture->CompressColors(maxColor, useTransparent, &source)), expected) << i;
   }
 }
 
@@ -163,33 +150,32 @@ TEST(RGBSpace, BoxesTellThemselves) {
   TBitmap bitmap = Filled({{250, 0, 0}, {250, 0, 0}, {0, 8, 0}, {0, 80, 0}});
   TBitmap24 picture(&bitmap);
   TRGBSpace space(picture, 4, false);
-  EXPECT_EQ(space.iLevel, 0);
-  EXPECT_EQ(space.GetSpaceCommatext(), u"0,0,0,62,20,0,0.0.0");
+  TRGBSubSpaceList& leaves = space.iVSpaces;
+  EXPECT_EQ((TFacts{space.iLevel, space.GetSpaceCommatext(), TRGBSubSpace().iLevel}), "0 0,0,0,62,20,0,0.0.0 -1");
   EXPECT_EQ((TFacts{space.AreaRedCount(62), space.AreaGreenCount(0), space.AreaBlueEmpty(1)}), "2 2 yes");
   for (int again = 0; again < 2; ++again) {
     EXPECT_EQ(PixelsOf(*space.Render(nullptr)), (std::vector<TRGB>{{251, 3, 3}, {251, 3, 3}, {3, 11, 3}, {3, 83, 3}}));
     EXPECT_EQ(space.icutColor, bcRed);
-    EXPECT_EQ(space.iVSpaces.GetSpacesCommatext(),
+    EXPECT_EQ(leaves.GetSpacesCommatext(),
               u"62,0,0,62,0,0,251.3.3\r\n62,0,0,62,0,0,251.3.3\r\n0,2,0,0,2,0,3.11.3\r\n0,20,0,0,20,0,3.83.3");
   }
-  TRGBSubSpaceList& leaves = space.iVSpaces;
-  EXPECT_EQ(leaves.GetAveColor({0, 20, 0}), (TRGB{3, 83, 3}));
-  EXPECT_EQ(leaves.ilastIndex, 3);
-  EXPECT_EQ(leaves.GetAveColor({1, 20, 0}), (TRGB{0, 0, 0, 255}));
-  EXPECT_EQ(leaves.ilastIndex, 4);
-  EXPECT_EQ(TRGBSubSpace().iLevel, -1);
+  for (const auto& [cell, colour, index] :
+       TCases<TRGB, TRGB, int>{{{0, 20, 0}, {3, 83, 3, 0}, 3}, {{1, 20, 0}, {0, 0, 0, 255}, 4}}) {
+    EXPECT_EQ(leaves.GetAveColor(cell), colour);
+    EXPECT_EQ(leaves.ilastIndex, index);
+  }
   space.ClearSpaces();
-  EXPECT_EQ(leaves.GetCount() + space.iSpaces.GetCount() + space.icutColor, 0);
+  EXPECT_EQ((TFacts{leaves.GetCount(), space.iSpaces.GetCount(), space.icutColor}), "0 0 0");
 }
 
 TEST(RGBSpace, SmallNumbersAndOneColour) {
   TBitmap plain = Filled({{250, 250, 9}, {250, 250, 9}}), empty(pf24bit, 0, 0);
   TBitmap24 picture(&plain), nothing(&empty);
-  for (int maxColor : {0, 1, 2, 3, 256, 65535}) {
-    TRGBSpace space(picture, static_cast<uint16_t>(maxColor), false);
-    EXPECT_EQ(PixelsOf(*space.Render(nullptr)), std::vector<TRGB>(2, {251, 251, 11}));
-    EXPECT_EQ(space.iVSpaces.GetCount(), std::max(maxColor, 2));
-    EXPECT_EQ(nothing.CompressColors(static_cast<uint16_t>(maxColor), true)->GetWidth(), 0);
+  for (uint16_t maxColor : {0, 1, 2, 3, 256, 65535}) {
+    TRGBSpace space(picture, maxColor, false);
+    EXPECT_EQ(PixelsOf(*space.Render(nullptr)), std::vector<TRGB>(2, {251, 251, 11})) << maxColor;
+    EXPECT_EQ(space.iVSpaces.GetCount(), std::max<int>(maxColor, 2));
+    EXPECT_EQ(nothing.CompressColors(maxColor, true)->GetWidth(), 0) << maxColor;
   }
   const TRGBSpace transparent(picture, 256, true);
   EXPECT_EQ((TFacts{transparent.imaxColor, transparent.Transparent()}), "255 yes");

@@ -24,7 +24,7 @@ inline TItems Items(const TDecorationList& List) {
 
 class TPlainDecorations {
  public:
-  explicit TPlainDecorations(const TDecorationList& List) : FList(List), FItems(Items(List)) {}
+  explicit TPlainDecorations(const TDecorationList& List) : FList(List) {}
 
   // Looks at every item.
   TItems All(int Col, int Row) const {
@@ -60,24 +60,13 @@ class TPlainDecorations {
                            Row <= FList.GetRowCount() - fixed.Bottom - 1;
     const bool inCols = Col >= range.Left && Col <= range.Right, inRows = Row >= range.Top && Row <= range.Bottom;
     const bool open = range.Right < 0, openDown = range.Bottom < 0;
-    switch (Item.GetRangeType()) {
-      case rtCell:
-        return Col == range.Left && Row == range.Top;
-      case rtColumn:
-        return inCols;
-      case rtRow:
-        return inRows;
-      case rtRect:
-        return (inCols || (open && Col >= range.Left)) && (inRows || (openDown && Row >= range.Top));
-      case rtAll:
-        return true;
-      case rtFixed:
-        return !inContent;
-      case rtContent:
-        return inContent;
-      default:
-        return false;
-    }
+    const TRangeType type = Item.GetRangeType();
+    return type == rtCell     ? Col == range.Left && Row == range.Top
+           : type == rtColumn ? inCols
+           : type == rtRow    ? inRows
+           : type == rtRect   ? (inCols || (open && Col >= range.Left)) && (inRows || (openDown && Row >= range.Top))
+           : type == rtFixed  ? !inContent
+                              : type == rtAll || (type == rtContent && inContent);
   }
 
  private:
@@ -90,11 +79,11 @@ class TPlainDecorations {
   }
   void Look(int First, int Last, int Col, int Row, TItems& Found) const {
     for (int i = First; i <= Last; ++i) {
-      if (Applies(*FItems[static_cast<size_t>(i)], Col, Row)) Found.push_back(FItems[static_cast<size_t>(i)]);
+      if (Applies(*FList.GetItems(i), Col, Row)) Found.push_back(FList.GetItems(i));
     }
   }
   void AddCell(int Col, int Row, TItems& Found) const {
-    for (TDecoration* item : FItems) {
+    for (TDecoration* item : Items(FList)) {
       const TRect& range = item->GetRange();
       if (!IsCell(*item) || range.Left != Col || range.Top != Row) continue;
       if (std::find(Found.begin(), Found.end(), item) == Found.end()) Found.push_back(item);
@@ -108,30 +97,21 @@ class TPlainDecorations {
     const auto has = [&](int i) { return first(i) <= at && at <= last(i); };
     const bool falls = Run.GetDirection() == dldtLeft || Run.GetDirection() == dldtUp;
     if (first(falls ? end : begin) > at || last(falls ? begin : end) < at) return;
-    int lo = begin, hi = end;
-    while (lo < hi) {
-      const int mid = lo + (hi - lo) / 2;
-      if (has(mid)) {
-        lo = hi = mid;
-      } else if (at >= first(mid)) {
-        falls ? hi = mid - 1 : lo = mid + 1;
-      } else {
-        falls ? lo = mid + 1 : hi = mid - 1;
-      }
+    int lo = begin, hi = end, mid = begin + (end - begin) / 2;
+    for (; lo < hi && !has(mid); mid = lo + (hi - lo) / 2) {
+      (at >= first(mid)) == falls ? hi = mid - 1 : lo = mid + 1;
     }
-    if (!has(lo)) return;
-    int from = lo;
-    while (from - 1 >= begin && has(from - 1)) --from;
-    for (; from <= end && has(from); ++from) Look(from, from, Col, Row, Found);
+    if (!has(mid)) return;
+    while (mid > begin && has(mid - 1)) --mid;
+    for (; mid <= end && has(mid); ++mid) Look(mid, mid, Col, Row, Found);
   }
   int Side(int Index, int TRect::*Member) const {
     TRect cells;
-    FItems[static_cast<size_t>(Index)]->RangeRect(cells);
+    FList.GetItems(Index)->RangeRect(cells);
     return cells.*Member;
   }
 
   const TDecorationList& FList;
-  const TItems FItems;
 };
 
 // The text of Target after Source was merged into it: what is not the cell of an unset value is taken over.
@@ -142,14 +122,11 @@ inline String MergedText(const TDecoration& Source, const TDecoration& Target) {
     const bool isUnset = source[i].empty() || source[i] == u"0" || (i == 21 && source[i].view().front() == u'-');
     const bool isZeroSet = source[i] == u"0" && (i == 9 || i == 21 || i > 22);  // format, image and limits
     if (i == 11) {                                                              // options
-      String both;
+      const String both = source[i] + result[i];
+      result[i] = {};
       for (char16_t letter : {u'C', u'Z'}) {
-        if (source[i].view().find(letter) != std::u16string_view::npos ||
-            result[i].view().find(letter) != std::u16string_view::npos) {
-          both += letter;
-        }
+        if (both.view().find(letter) != std::u16string_view::npos) result[i] += letter;
       }
-      result[i] = both;
     } else if (i != 20 && (!isUnset || isZeroSet)) {  // 20: trim modes
       result[i] = source[i];
     }
