@@ -267,6 +267,7 @@ TEST(ImageList, KeepsImagesNamesAndTransparency) {
   images.SetItems(1, u"offen");
   images.SetItems(9, u"zu");
   images.Delete(0);
+  EXPECT_EQ(PixelsOf(images.GetImage(0)), wanted[1]);
   EXPECT_EQ((TFacts{images.GetItems(0), images.IndexOf(u"OFFEN"), images.GetItems(-1)}), "offen 0 ");
   images.SetSize(4, 4);
   EXPECT_EQ((TFacts{images.GetCount(), images.IndexOf(u"offen")}), "0 -1");
