@@ -58,10 +58,10 @@ class TDecoration : public TObject {
   void RangeRect(TRect& aRect) const noexcept;
   // The cell is in the region. rtContent and rtFixed never apply without a parent.
   bool Responsible(int aCol, int aRow) const noexcept;
-  // The order among cells: Left * 2^32 + Top of the range as given.
+  // The order among cells: Left * 2^32 + Top of the range as given; wraps around.
   int64_t IndexSort() const noexcept { return IndexSort(iRange.Left, iRange.Top); }
   static constexpr int64_t IndexSort(int aCol, int aRow) noexcept {
-    return (int64_t{aCol} * (int64_t{1} << 32)) + aRow;
+    return static_cast<int64_t>((static_cast<uint64_t>(aCol) << 32) + static_cast<uint64_t>(aRow));
   }
 
   // --- text ---

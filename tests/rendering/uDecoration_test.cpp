@@ -10,6 +10,9 @@ namespace {
 using namespace vx;
 using namespace vx::test;
 
+static_assert(TDecoration::IndexSort(INT_MIN, -1) == INT64_MAX);
+static_assert(TDecoration::IndexSort(2, -1) == 0x1FFFFFFFF);
+
 constexpr char16_t kPlain[] = u"0,-1,-1,-1,-1,,,0,,,,,,,,,0,0,0,0,,-1,0,,,,";
 constexpr char16_t kHead[] = u",,,0,0,0,0,,\",,,10\",1,1,0,0,0,0,,,FIVHGC,0,0,";
 
