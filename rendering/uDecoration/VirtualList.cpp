@@ -159,7 +159,10 @@ void TDecorationList::RefreshRangeList() {
 }
 
 void TDecorationList::WeighRuns() {
-  for (TObject* run : iRanges->Items()) static_cast<TDLRange*>(run)->Weigh();
+  for (TObject* entry : iRanges->Items()) {
+    auto& run = static_cast<TDLRange&>(*entry);
+    if (run.GetIndEnd() < GetCount()) run.Weigh();
+  }
   FRunsSize = {iColCount, iRowCount};
 }
 

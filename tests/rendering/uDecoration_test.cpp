@@ -375,6 +375,11 @@ TEST(DecorationList, ListsOfCellsAreBuffers) {
   list.SetCount(20);
   list.VirtualListForCell(3, 3, *fresh);
   EXPECT_EQ((TFacts{list.GetRanges().GetCount(), fresh->GetCount()}), "0 2") << "runs beyond the list are dropped";
+  list.RefreshRangeList();
+  list.GetRanges().Add(new TDLRange(&list.GetRanges(), 20, 29, rtColumn, dldtRight));
+  list.SetColCount(9);
+  list.VirtualListForCell(3, 3, *fresh);
+  EXPECT_EQ(list.GetRanges().GetCount(), 0) << "also at another size of the table";
 }
 
 TEST(DecorationList, MergesWhatIsSet) {
