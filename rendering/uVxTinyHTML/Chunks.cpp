@@ -170,11 +170,19 @@ void TDecoWord::Put(TDecoChunk* Chunk, bool First) {
   std::unique_ptr<TDecoChunk> owner(FOwnsObjects ? Chunk : nullptr);
   FChunks.insert(First ? FChunks.begin() : FChunks.end(), Chunk);
   static_cast<void>(owner.release());  // the word's
+  const int size = Chunk->GetSize();
+  if (First) {
+    if (FLargest.empty() || FLargest.front()->GetSize() <= size) FLargest.push_front(Chunk);
+    return;
+  }
+  while (!FLargest.empty() && FLargest.back()->GetSize() < size) FLargest.pop_back();
+  FLargest.push_back(Chunk);
 }
 
 TDecoChunk* TDecoWord::ExtractFirst() noexcept {
   TDecoChunk* chunk = FChunks.front();
   FChunks.pop_front();
+  if (!FLargest.empty() && FLargest.front() == chunk) FLargest.pop_front();
   return chunk;
 }
 
@@ -183,6 +191,7 @@ void TDecoWord::Clear() noexcept {
     for (TDecoChunk* chunk : FChunks) delete chunk;
   }
   FChunks.clear();
+  FLargest.clear();
 }
 
 int TDecoWord::Width() const {
@@ -253,9 +262,14 @@ std::unique_ptr<TDecoWord> TDecoLine::Clip(int Width) {
 void TDecoLine::CommitClipped(int Width) {
   TDecoWord& rest = *word;
   word = nullptr;
+  const TDecoChunk* largest = rest.GetLargest();
   int room = Width;
   while (rest.GetCount() > 0) {
     TDecoChunk* chunk = TakeFirst(rest);
+    if (largest && largest->GetSize() > iSize) {
+      baseLine = largest->BaseLine();
+      iSize = largest->GetSize();
+    }
     if (chunk->ExceedsWidth(room - 1)) {
       const bool isOverhang = GetCount() == 1 && chunk->GetValue().empty();
       if (isOverhang) return;

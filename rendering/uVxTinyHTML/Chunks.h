@@ -121,6 +121,8 @@ class TDecoWord : public TObject {
   int GetCount() const noexcept { return static_cast<int>(FChunks.size()); }
   // Index counts from 0 and must be one of the word.
   TDecoChunk* Get(int Index) const { return FChunks[static_cast<size_t>(Index)]; }
+  // The first chunk of the largest font, by the sizes that the chunks came with; nullptr if there is none.
+  const TDecoChunk* GetLargest() const noexcept { return FLargest.empty() ? nullptr : FLargest.front(); }
   // A word that owns takes the chunk over, also if this raises.
   void Add(TDecoChunk* Chunk) { Put(Chunk, false); }
   void AddFirst(TDecoChunk* Chunk) { Put(Chunk, true); }
@@ -134,6 +136,7 @@ class TDecoWord : public TObject {
   void Put(TDecoChunk* Chunk, bool First);
 
   std::deque<TDecoChunk*> FChunks;
+  std::deque<TDecoChunk*> FLargest;  // those with no larger one behind them
   bool FOwnsObjects;
 };
 
@@ -172,8 +175,9 @@ class TDecoLine : public TObjectList {
   // least one character of it stays. The chunks behind it follow.
   [[nodiscard]] std::unique_ptr<TDecoWord> Clip(int Width);
   // What Commit and Clip do one after the other to an empty line, at a cost that grows with what stays in the line
-  // alone: the rest stays in the word, which must own its chunks and is pending no more. Where the overhang of an empty
-  // first chunk fills the line, it stands there alone and leaves no rest, which would fill each further line.
+  // alone; so the line keeps the size of the word's largest chunk, also if that is not in it. The rest stays in the
+  // word, which must own its chunks and is pending no more. Where the overhang of an empty first chunk fills the line,
+  // it stands there alone and leaves no rest, which would fill each further line.
   void CommitClipped(int Width);
 
   // The chunks one behind the other from X on, the line's top at Y; or from the left top of Rect on and clipped to it.

@@ -178,7 +178,8 @@ TEST(uVxTinyHTML, Measures) {
                                                 {u"aaa", false, 3, 0, 21, 30},
                                                 {u"<font size=\"9\">", false, 1000000000, 0, 0, INT32_MAX},
                                                 {u"<font size=\"9\">", false, 1000000, 0, 0, 9000006},
-                                                {u"a<font size=\"+8\">b<br>cc", false, 0, 0, 26, 52}}) {
+                                                {u"a<font size=\"+8\">b<br>cc", false, 0, 0, 26, 52},
+                                                {u"abc<font size=\"+8\">d", true, 0, 15, 20, 68}}) {
     TRecordingCanvas canvas;
     EXPECT_EQ(HTML2CanvasSize(text, canvas, wrap, lineCount, width, 1), (TRect{0, 0, right, bottom}))
         << text << lineCount;
