@@ -203,9 +203,9 @@ TEST(Bitmap, HostileFilesAreRefused) {
            {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 4, 1, 1, 1, 1, 0, 1})}, u""},  // within what pads the row
            {{2, 1, 8, 1, 2, kTwoColors, Rest({0, 4, 1, 1})}, cut},
            {{2, 1, 24, 0, 0, "", "abcdefgh", 44}, u"the BMP file has a header of unknown size"}}) {
-    EXPECT_EQ(RaisedBy<EInvalidGraphic>([&] { DecodeBitmap(FileOf(form), u"a.bmp"); }),
-              text.empty() ? text : u"a.bmp: " + text)
-        << testing::PrintToString(FileOf(form));
+    const std::string file = FileOf(form);
+    EXPECT_EQ(RaisedBy<EInvalidGraphic>([&] { DecodeBitmap(file, u"a.bmp"); }), text.empty() ? text : u"a.bmp: " + text)
+        << testing::PrintToString(file);
   }
   std::vector<std::string> whole = {FileOf({4, 1, 8, 1, 2, kTwoColors, Rest({4, 1, 0, 0, 0, 1})})};
   for (TPixelFormat format : kFormats) whole.push_back(EncodeBitmap(Random(format, 5, 3, 1)));
