@@ -23,7 +23,7 @@ namespace {
 constexpr int64_t kWatched = 10000;  // milliseconds
 constexpr time_t kOld = 60;          // seconds
 constexpr int kTries = 10;
-constexpr int kReleaseTries = 50;
+constexpr int kReleaseTries = 500;
 
 // A name that no one else makes.
 std::string UniqueName() {
