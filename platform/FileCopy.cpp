@@ -76,11 +76,7 @@ bool LiesIn(const std::string& Source, const std::string& Target, bool& Result) 
   if (inner.empty()) return Fail(ENOENT);
   if (inner.back() != '/') inner += '/';
   std::string outer = WholePath(Target);
-  if (outer.empty()) {
-    const size_t slash = Target.rfind('/');
-    const std::string directory = slash == Target.npos ? "." : slash == 0 ? "/" : Target.substr(0, slash);
-    outer = WholePath(directory) + "/" + Target.substr(slash + 1);
-  }
+  if (outer.empty()) outer = WholePath(DirectoryOf(Target)) + "/" + Target.substr(Target.rfind('/') + 1);
   Result = (outer + "/").starts_with(inner);
   return true;
 }

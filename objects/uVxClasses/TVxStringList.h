@@ -16,9 +16,9 @@ class TVxStringList : public TTextList {
   // Objects that the list owns are freed after the list has been emptied, so that their destructors
   // see a consistent list.
   ~TVxStringList() override;
-  // An empty list that is a piece of Memory, for tables of many rows. It is freed as any other.
+  // An empty list that is a piece of Memory, for tables of many rows. It is freed as any other, by this delete.
   [[nodiscard]] static std::unique_ptr<TVxStringList> NewIn(TBulkMemory& Memory);
-  static void operator delete(TVxStringList* List, std::destroying_delete_t) noexcept;
+  static void operator delete(TVxStringList* List, std::destroying_delete_t) noexcept;  // no over-aligned heirs
   String ClassName() const override { return u"TVxStringList"; }
 
   // A list that owns its objects frees an object when its item goes, and one that it does not take

@@ -34,6 +34,8 @@ enum class TLinks { Follow, Show };
 int LookUp(const std::string& Native, TLinks Links, TEntry& Entry) noexcept;
 // The bare names in a directory, without "." and "..", in the system's order.
 bool ListNames(const std::string& Native, std::vector<std::string>& Names);
+// The directory that Native is in.
+std::string DirectoryOf(const std::string& Native);
 // The path without links and dots; empty if nothing stands there.
 std::string WholePath(const std::string& Native);
 

@@ -48,8 +48,6 @@ inline os::TMoment MomentOf(const timespec& Stamp) noexcept {
   return {Stamp.tv_sec, static_cast<int32_t>(Stamp.tv_nsec)};
 }
 
-// The directory that Native is in.
-std::string DirectoryOf(const std::string& Native);
 // Where a symbolic link leads in the end, whether or not something stands there.
 std::string BehindLinks(std::string Native);
 // Whether Info is that of what stands at Native now; of a network drive, by what its server says. The last error stays.
