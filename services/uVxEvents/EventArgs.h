@@ -1,12 +1,11 @@
 // Values wrapped as objects, to be handed over as EventArgs.
 #pragma once
 
-#include <cstdint>
 #include <utility>
 
+#include "platform/Mouse.h"
 #include "platform/String.h"
 #include "platform/TObject.h"
-#include "platform/Types.h"
 
 namespace vx {
 
@@ -21,11 +20,6 @@ class TProgressString : public TObject {
  private:
   String iCaption;
 };
-
-enum TMouseButton : uint8_t { mbLeft, mbRight, mbMiddle };
-// What was held down while a mouse event came.
-enum TShift : uint8_t { ssShift, ssAlt, ssCtrl, ssLeft, ssRight, ssMiddle, ssDouble };
-using TShiftState = Set<TShift>;
 
 // X and Y in pixels.
 class TMouseDownWrapper : public TObject {
