@@ -71,6 +71,12 @@ inline const char16_t* FindBlankOr(const char16_t* First, const char16_t* Last, 
               [=](char16_t u) { return u <= 32 || u == A || u == B; });
 }
 
+// The first unit that is half of a surrogate pair.
+inline const char16_t* FindSurrogate(const char16_t* First, const char16_t* Last) {
+  return Find(First, Last, VX_LANES(_mm_cmpeq_epi16(_mm_and_si128(units, Fill(0xF800)), Fill(0xD800))),
+              [](char16_t u) { return (u & 0xF800) == 0xD800; });
+}
+
 #undef VX_LANES
 
 }  // namespace vx::scan
