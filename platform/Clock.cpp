@@ -2,10 +2,9 @@
 
 #include <atomic>
 #include <cmath>
-#include <cstddef>
-#include <new>
 #include <thread>
 
+#include "platform/detail/Immortal.h"
 #include "platform/os/Time.h"
 
 namespace vx {
@@ -20,14 +19,6 @@ constexpr double kEndDay = 2958466.0;    // 1.1.10000
 
 constinit std::atomic<TClock*> CurrentClock{nullptr};
 constinit std::atomic<TTimeZone*> CurrentZone{nullptr};
-
-// One object for the whole life of the program: whoever runs last may still ask for the time.
-template <typename T>
-T& Immortal() noexcept {
-  alignas(T) static std::byte storage[sizeof(T)];
-  static T& object = *new (storage) T;
-  return object;
-}
 
 class TSystemClock final : public TClock {
  public:
@@ -77,7 +68,7 @@ class TSystemTimeZone final : public TTimeZone {
 
 }  // namespace
 
-TClock& SystemClock() noexcept { return Immortal<TSystemClock>(); }
+TClock& SystemClock() noexcept { return detail::Immortal<TSystemClock>(); }
 
 TClock& SetClock(TClock& Clock) noexcept {
   TClock* previous = CurrentClock.exchange(&Clock, std::memory_order_acq_rel);
@@ -108,7 +99,7 @@ int TTimeZone::OffsetAtLocal(TDateTime Local) {
   return OffsetAtUtc(Local - after / kMinutesPerDay) == after ? after : before;
 }
 
-TTimeZone& SystemTimeZone() noexcept { return Immortal<TSystemTimeZone>(); }
+TTimeZone& SystemTimeZone() noexcept { return detail::Immortal<TSystemTimeZone>(); }
 
 TTimeZone& SetTimeZone(TTimeZone& Zone) noexcept {
   TTimeZone* previous = CurrentZone.exchange(&Zone, std::memory_order_acq_rel);
