@@ -1,0 +1,21 @@
+#include "core/TextFault.h"
+
+#include "platform/Numbers.h"
+
+namespace vx {
+
+String TTextFault::GetText() const {
+  static constexpr const char16_t* kTexts[] = {u"",
+                                               u"leer",
+                                               u"unerwartetes Zeichen",
+                                               u"unvollständig",
+                                               u"Minuten über 59",
+                                               u"falsche Tausendergruppe",
+                                               u"zu viele Nachkommastellen",
+                                               u"Wert zu groß"};
+  const std::u16string_view text = kTexts[Kind];
+  if (Kind == tfNone || Kind == tfEmpty) return text;
+  return Concat({text, u" an Position ", IntToStr(Position)});
+}
+
+}  // namespace vx
