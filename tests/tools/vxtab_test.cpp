@@ -271,6 +271,11 @@ TEST_F(VxtabTest, TypesAndSumsOfColumns) {
   for (const std::string type : {"vftCurrency", "VFTCURRENCY", "currency", "währung", "13"})
     EXPECT_EQ(Out("sum @t.txt --col 1 --type " + type), "1230,25\n");
   EXPECT_EQ(Out("sum @t.txt --col=2 --type=hour --from=2 --to=3"), "24:30\n");
+  Put("h.tab", "x\t7:30\nx\t-6:45\nx\t6;45\nx\t\nx\t70000:00\n");
+  EXPECT_EQ(Tells("sum @h.tab --col 1 --type Stunden --from 0 --to 4", 0,
+                  "h.tab: 1 cell is no such value and not in the sum: row 2 '6;45' (position 2)")
+                .Out,
+            "70000:45\n");
   Out("clean @t.txt @t.txt --thousands");
   EXPECT_EQ(Get("t.txt"), "Was;Betrag;Dauer\r\na;1.234,5;12:00\r\nb;-4,25;24:30\r\nSumme;;\r\n");
 }

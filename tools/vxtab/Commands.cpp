@@ -6,6 +6,8 @@
 #include <utility>
 
 #include "core/uVxFunctionsSerialize.h"
+#include "platform/Numbers.h"
+#include "tables/CellSums.h"
 #include "tools/vxtab/CommandHelpers.h"
 #include "tools/vxtab/Json.h"
 #include "tools/vxtab/NamedCommands.h"
@@ -157,6 +159,37 @@ void RunSet(const TContext& Context) {
   });
 }
 
+// Tells the first cells that could not be read, and how many there are.
+template <typename TSum>
+void TellUnreadable(const TContext& Context, const TFileCsv& Table, const TSum& Sum) {
+  constexpr size_t kMost = 5;
+  if (Sum.IsWhole()) return;
+  const size_t count = Sum.Unreadable.size();
+  std::string text = "note: " + Context.Args.File(0) + ": " + std::to_string(count) +
+                     (count == 1 ? " cell is" : " cells are") + " no such value and not in the sum:";
+  for (size_t i = 0; i < std::min(count, kMost); ++i) {
+    const TUnreadableCell& cell = Sum.Unreadable[i];
+    text += (i > 0 ? ", row " : " row ") + std::to_string(cell.Row) + " '" +
+            Table.GetCell(cell.Col, cell.Row).ToUtf8() + "' (position " + std::to_string(cell.Fault.Position) + ")";
+  }
+  Context.Reporter.Say(text + (count > kMost ? " ..." : ""));
+}
+
+// The sum of a column whose type is known; hours and amounts exactly, with a note on cells that are none.
+String SumOfColumn(const TContext& Context, TFileCsv& Table, int Col, TVxFieldType Type, int From, int To) {
+  if (Type != vftHour && Type != vftTime && Type != vftCurrency) return Table.SumY(Col, Type, From, To);
+  if (From < 0) From = 1;
+  if (To < 0) To = std::max(Table.GetCount() - 2, 0);
+  if (Type == vftCurrency) {
+    const TMoneyCellSum sum = SumMoneyY(Table, Col, From, To);
+    TellUnreadable(Context, Table, sum);
+    return CurrToStrF(sum.Sum, ffFixed, 2);
+  }
+  const THourCellSum sum = SumHoursY(Table, Col, From, To);
+  TellUnreadable(Context, Table, sum);
+  return HourAmountToStr(sum.Sum, {hofTwoDigits});
+}
+
 void RunSum(const TContext& Context) {
   static constexpr TVxFieldType kTypes[] = {vftInteger, vftFloat,    vftTime,    vftDateTime,
                                             vftHour,    vftCurrency, vftFraction};
@@ -173,7 +206,7 @@ void RunSum(const TContext& Context) {
   if (const int last = std::max(from, to); last >= file->Table.GetCount()) {
     throw TFailure(Context.Args.File(0) + ": there is no row " + std::to_string(last));
   }
-  Context.Out << file->Table.SumY(col, type, from, to).ToUtf8() << '\n';
+  Context.Out << SumOfColumn(Context, file->Table, col, type, from, to).ToUtf8() << '\n';
 }
 
 constexpr TCommand kCommands[] = {
@@ -185,7 +218,8 @@ constexpr TCommand kCommands[] = {
      RunInfo},
     {"sum", "FILE --col N --type TYPE [--from N] [--to N]",
      "the sum of a column's cells read as TYPE, such as vftCurrency or hour; rows 1 to the last\n"
-     "but one, for the first is a head and the last has the totals, unless told",
+     "but one, for the first is a head and the last has the totals, unless told. A note tells cells\n"
+     "that are no amount or no hours, such as -6:45",
      RunSum},
     {"dump", "FILE", "each row a line: a JSON array of strings in UTF-8", RunDump},
     {"convert", "IN OUT", "the same table in the form that the extension of OUT tells", RunConvert},
