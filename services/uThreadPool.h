@@ -5,6 +5,7 @@
 //   TThreadData                       a pool's settings and measurements, and what the application does with its jobs
 //   TThreadPool, TThreadWorker        the pool and its threads
 //   TThreadTicks, TThreadQueue        durations of the latest jobs; jobs that wait
+//   ReportInMainThread                an error of any thread as a message
 //   SetEvent, ResetEvent              for sure
 //   uThreadPool::FreeBuffersForLeakPrevention   waits for threads that free themselves
 //   GetLogicalCpuCount                the number of processors (platform/Threads.h)

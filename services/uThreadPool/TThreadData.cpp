@@ -74,9 +74,11 @@ void TThreadData::Done(TThreadJob* job, TThreadQueue&, int) {
 }
 
 void TThreadData::Failed(TThreadJob* job, const std::exception_ptr& error) {
-  TThread::Queue([text = TextOf(error), sender = job != nullptr ? job->ClassName() : ClassName()] {
-    TMsgReport()(Error(text, sender), false);
-  });
+  ReportInMainThread(error, job != nullptr ? job->ClassName() : ClassName());
+}
+
+void ReportInMainThread(const std::exception_ptr& error, const String& sender) {
+  TThread::Queue([text = TextOf(error), sender] { TMsgReport()(Error(text, sender), false); });
 }
 
 }  // namespace vx

@@ -100,4 +100,8 @@ class TThreadData : public TObject {
   std::atomic<uint32_t> iTicksFinish{0};
 };
 
+// Has the text of what was raised, in whichever thread, shown as an error of sender by the message handler
+// (services/uMsg.h) in the main thread.
+void ReportInMainThread(const std::exception_ptr& error, const String& sender);
+
 }  // namespace vx
