@@ -361,10 +361,35 @@ TEST_F(VxtabTest, ConfigurationFilesUniqueColumnsAndVocabularies) {
   EXPECT_NE(Out("vocab BERUFSABSCHLUSS").find(" eines nichtärztlichen Heilberufes\n"), std::string::npos);
 }
 
+TEST_F(VxtabTest, LooksAreMadeChangedAndToldInWords) {
+  Put("t.csv", "Name,Geboren\r\nKöln,1\r\n");
+  Out("look @t.csv @a.look --head 1 --zebra 2 --title Plan~1 --col geboren --type Date --format d.~mmmm --align "
+      "right,top");
+  Out("look @t.csv @a.look --row 0 --style bold,italic --text-color #336699 --color clYellow --width-max 9");
+  EXPECT_EQ(Out("look @a.look"),
+            "title: Plan 1\nfixed: 1 top\nfont: Tahoma 10\ndarker rows, every: 2\n"
+            "with: vertical lines in the border, horizontal lines in the border, vertical lines, horizontal lines, "
+            "grid lines, heads that can be clicked\n"
+            "all cells: String\ncolumn 1: Date; as 'd. mmmm'; right, top\n"
+            "row 0: background clYellow; font Tahoma 10, bold, italic, #336699; width at most 9\n");
+  Tells("look @t.csv @a.look --subtitle \xC5\x81 --type Zahl", 0, "1 characters are not in the code page 1252");
+  const std::string look = Get("a.look");
+  Put("half.look", look.substr(0, 40));
+  const TCases<const char*, int, const char*> cases = {
+      {"look @half.look", 1, "half.look is no whole look of a table"},
+      {"look @half.look", 1, "Die Dekorationsliste konnte nicht zugewiesen werden!"},
+      {"look @t.csv @a.look --col Ort --size 9", 1, "no column named 'Ort'"},
+      {"look @t.csv @a.look --align rechts", 2, "known are left, right, top, bottom, centre"},
+      {"look @t.csv @a.look --color #12", 2, "neither a name such as clYellow nor #RRGGBB"},
+      {"look @t.csv @a.look --col Name --row 1", 2, "two regions"}};
+  for (const auto& [line, status, part] : cases) Tells(line, status, part);
+  EXPECT_EQ(Get("a.look"), look);
+}
+
 TEST_F(VxtabTest, HelpNamesEveryCommandAndWantsNoFile) {
   std::string help = Out("convert --help");
   for (const char* name : {"show", "info", "dump", "convert", "turn", "clean", "mssql", "set", "sum", "get", "sort",
-                           "merge", "select", "ini", "unique", "vocab"})
+                           "merge", "select", "ini", "unique", "vocab", "look"})
     EXPECT_NE(help.find("vxtab " + std::string(name)), std::string::npos) << name;
   EXPECT_EQ(help, Out("help"));
 }

@@ -15,7 +15,7 @@ int ParseNumber(std::string_view Text) noexcept {
 void TArguments::ReadUsage(std::string_view Usage) {
   TOption* option = nullptr;  // the one that a word would be a value of
   for (size_t pos = 0; pos < Usage.size();) {
-    size_t end = std::min(Usage.find(' ', pos), Usage.size());
+    size_t end = std::min(Usage.find_first_of(" \n", pos), Usage.size());
     std::string_view word = Usage.substr(pos, end - pos);
     pos = end + 1;
     if (word.empty()) continue;

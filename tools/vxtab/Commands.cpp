@@ -10,6 +10,7 @@
 #include "tables/CellSums.h"
 #include "tools/vxtab/CommandHelpers.h"
 #include "tools/vxtab/Json.h"
+#include "tools/vxtab/LookCommand.h"
 #include "tools/vxtab/NamedCommands.h"
 #include "tools/vxtab/Show.h"
 
@@ -250,6 +251,16 @@ constexpr TCommand kCommands[] = {
      RunSelect},
     {"ini", "IN OUT", "a configuration file: a row for each section, a column for each key", RunIni},
     {"unique", "IN OUT --col NAME", "what a column holds, without blanks around, sorted and each once", RunUnique},
+    {"look",
+     "FILE [LOOK] [--col NAME] [--row N] [--type TYPE] [--format TEXT] [--align SIDES] [--color COLOR]\n"
+     "      [--text-color COLOR] [--style WORDS] [--size N] [--width-min N] [--width-max N] [--title TEXT]\n"
+     "      [--subtitle TEXT] [--zebra N] [--strips N] [--head N] [--foot N] [--left N]",
+     "FILE alone is a look and is told in words. With LOOK, FILE is a table, and the look is made or\n"
+     "changed: of a column, a row or else all cells the type, the format, the sides of the text (left,\n"
+     "right, top, bottom, centre), the background, the font's colour, style (bold, italic, underlined,\n"
+     "struck) and points, the limits of the width in pixels; of the table the headings, the darker rows,\n"
+     "the strips on a page, and the fixed rows and columns",
+     RunLook},
     {"vocab", "[KEY]", "the lists of domain values with their lengths, or one of them: symbol and text", RunVocab},
 };
 
