@@ -222,4 +222,14 @@ void TObjectList::Arrange(std::span<const int> Order) {
   std::copy(arranged.begin(), arranged.end(), FItems);
 }
 
+void TObjectList::PutAll(std::span<TObject* const> Entries) {
+  if (Entries.size() > INT32_MAX) throw EListError(FormatListError(SListCountError, INT32_MAX));
+  const int count = static_cast<int>(Entries.size());
+  Changing();
+  CloseGap();
+  if (count > FCapacity) SetCapacity(count);
+  MoveEntries(FItems, Entries.data(), count);
+  SetEnd(count);
+}
+
 }  // namespace vx

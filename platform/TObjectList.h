@@ -93,6 +93,9 @@ class TObjectList : public TObject {
   // to hand on to this one.
   virtual void Notify(TObject* Object, TListNotification Action);
   [[noreturn]] static void RaiseIndex(int Index);
+  // Puts Entries, which must not be the list's own memory, in the place of all entries: for what takes many out and in
+  // at once. No notification, and nothing is freed: the caller tells Notify who went and came, if anybody did.
+  void PutAll(std::span<TObject* const> Entries);
 
   // While it lives, a Delete moves only the entries between its own and the one that was deleted before: to delete
   // many from the last to the first takes a time that grows with the list. All operations work as ever; others
