@@ -9,6 +9,7 @@
 #include "tables/uFileCsv.h"
 #include "tables/uFileCsv/detail/ColumnScan.h"
 #include "tables/uFileCsv/detail/RowMemory.h"
+#include "tables/uTypeCsv.h"
 
 namespace vx {
 
@@ -126,7 +127,8 @@ std::unique_ptr<TFileCsv> TFileCsv::Duplicate() const {
 
 bool TFileCsv::IsPlain() const noexcept {
   const std::type_info& type = typeid(*this);
-  return type == typeid(TFileCsv) || type == typeid(THeadCsv) || type == typeid(TSortCsv);
+  return type == typeid(TFileCsv) || type == typeid(THeadCsv) || type == typeid(TSortCsv) || type == typeid(TTypeCsv) ||
+         type == typeid(TCsvView);
 }
 
 // Each row leaves its own place, as a derived class's Delete sees it.
