@@ -8,6 +8,7 @@
 
 #include "platform/BulkMemory.h"
 #include "platform/StringArena.h"
+#include "platform/detail/Utf8.h"
 
 namespace vx {
 
@@ -16,39 +17,6 @@ namespace {
 constexpr size_t kMaxLength = INT32_MAX;
 
 [[noreturn]] void RaiseTooLong() { throw std::length_error("vx::String: longer than 2^31-1 code units"); }
-
-// Decodes one character at Pos and moves Pos behind it; U+FFFD for the longest broken beginning.
-char32_t NextFromUtf8(std::string_view Bytes, size_t& Pos) noexcept {
-  auto byte = [&](size_t i) { return static_cast<unsigned char>(Bytes[i]); };
-  unsigned first = byte(Pos++);
-  if (first < 0x80) return first;
-  int more;
-  unsigned low = 0x80, high = 0xBF;
-  char32_t value;
-  if (first >= 0xC2 && first <= 0xDF) {
-    more = 1;
-    value = first & 0x1F;
-  } else if (first >= 0xE0 && first <= 0xEF) {
-    more = 2;
-    value = first & 0x0F;
-    if (first == 0xE0) low = 0xA0;
-    if (first == 0xED) high = 0x9F;
-  } else if (first >= 0xF0 && first <= 0xF4) {
-    more = 3;
-    value = first & 0x07;
-    if (first == 0xF0) low = 0x90;
-    if (first == 0xF4) high = 0x8F;
-  } else {
-    return 0xFFFD;
-  }
-  for (; more > 0; --more) {
-    if (Pos >= Bytes.size() || byte(Pos) < low || byte(Pos) > high) return 0xFFFD;
-    value = value << 6 | (byte(Pos++) & 0x3F);
-    low = 0x80;
-    high = 0xBF;
-  }
-  return value;
-}
 
 void AppendValue(std::string& Target, char32_t Value) {
   if (Value < 0x80) {
@@ -136,13 +104,8 @@ String String::FromUtf8(std::string_view Bytes) {
   std::u16string units;
   units.reserve(Bytes.size());
   for (size_t pos = 0; pos < Bytes.size();) {
-    char32_t value = NextFromUtf8(Bytes, pos);
-    if (value >= 0x10000) {
-      units += static_cast<char16_t>(0xD800 + ((value - 0x10000) >> 10));
-      units += static_cast<char16_t>(0xDC00 + ((value - 0x10000) & 0x3FF));
-    } else {
-      units += static_cast<char16_t>(value);
-    }
+    char16_t character[2];
+    units.append(character, detail::PutCharacter(character, detail::NextFromUtf8(Bytes, pos)));
   }
   return String(std::u16string_view(units));
 }
