@@ -13,75 +13,30 @@
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Exceptions.h"
+#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Shell.h"
 #include "platform/Text.h"
 #include "services/uHandleFile.h"
 #include "tables/uFileCsv.h"
-#include "tables/uFileCsv/detail/RowWriter.h"
+#include "tables/uFileCsv/detail/FileForms.h"
 #include "tables/uFileCsv/detail/TableReader.h"
 
 namespace vx {
 
 using detail::CountSeparators;
-using enum detail::TRowForm;
-using detail::TRowForm;
-using detail::TRowWriter;
+using detail::TFileForm;
 using detail::TSeparatorCounts;
 using detail::TTableReader;
 
 namespace {
 
-struct TFileForm {
-  std::u16string_view Extension;
-  TRowForm Form;
-  char16_t Separator;
-};
-
-constexpr TFileForm kFileForms[] = {
-    {u".csv", rfCommatext, u','}, {u".txt", rfChar, u';'}, {u".vxt", rfChar, 27},
-    {u".tab", rfChar, 9},         {u"", rfPlain, u' '},
-};
-
-const TFileForm* FindForm(const String& Path) {
-  String extension = LowerCase(ExtractFileExt(Path));
-  for (const TFileForm& form : kFileForms) {
-    if (extension == form.Extension) return &form;
-  }
-  return nullptr;
-}
-
-// The rows of a sorted table lie anywhere in memory. So a row is asked for some time before it is read, as far as
-// most reach with their cells, which mostly stand behind it.
-void FetchAhead(const TFileCsv& Table, int Row) {
-  constexpr int kAhead = 12;
-  constexpr uintptr_t kLine = 64, kLines = 5;
-  if (Row + kAhead >= Table.GetCount()) return;
-  const auto first = reinterpret_cast<uintptr_t>(Table.Get(Row + kAhead));
-  for (uintptr_t line = 0; line < kLines; ++line) {
-    __builtin_prefetch(reinterpret_cast<const void*>(first + line * kLine));  // NOLINT(performance-no-int-to-ptr)
-  }
-}
-
 void WriteRows(const TFileCsv& Table, const String& Path, const TFileForm& Form) {
   // Before the file is emptied, all that could stop the writing but the file itself.
-  size_t longest = 0;
-  size_t total = 0;
-  for (int row = 0; row < Table.GetCount(); ++row) {
-    FetchAhead(Table, row);
-    size_t most = TRowWriter::MostBytes(Table.GetLines(row)->Items());
-    longest = std::max(longest, most);
-    total += most;
-  }
-  std::vector<char> buffer(std::max(longest, std::min(total, TRowWriter::kGoodBuffer)));
+  std::vector<char> buffer = detail::MakeRowBuffer(Table);
   TFileStream file(Path, fmCreate | fmShareDenyWrite);
-  TRowWriter writer(file, Form.Form, Form.Separator, buffer);
-  for (int row = 0; row < Table.GetCount(); ++row) {
-    FetchAhead(Table, row);
-    writer.Write(Table.GetLines(row)->Items());
-  }
-  writer.Flush();
-  file.SetSize(writer.GetBytes());
+  const auto put = [&](const char* bytes, size_t count) { file.WriteBuffer(bytes, count); };
+  file.SetSize(detail::PutRows(Table, Form, buffer, put));
 }
 
 // Waits until the file's stamp is another than Before. If it stays, the file is stamped with the
@@ -126,8 +81,9 @@ bool TFileCsv::LoadFromFile(std::u16string_view FilePath) {
   SetOwnsObjects(true);
   try {
     TFileStream file(Path, fmOpenRead | fmShareDenyNone);
-    AddMany(
-        [&] { TTableReader(file).ReadAll([this](std::unique_ptr<TVxStringList> row) { AddNew(std::move(row)); }); });
+    const auto read = [&](void* target, size_t count) { return file.Read(target, count); };
+    TTableReader reader(read, file.GetSize());
+    AddMany([&] { reader.ReadAll([this](std::unique_ptr<TVxStringList> row) { AddNew(std::move(row)); }); });
   } catch (const EStreamError&) {
     Clear();
     throw;
@@ -137,10 +93,10 @@ bool TFileCsv::LoadFromFile(std::u16string_view FilePath) {
 
 bool TFileCsv::SaveToFile(std::u16string_view FilePath) {
   String Path = FilePath;
-  const TFileForm* form = FindForm(Path);
+  const TFileForm* form = detail::FindFileForm(Path);
   if (!form && GetCount() > 0) throw EStringListError(FormatListError(SListIndexError, -1));
   TDateTime before = VxFileLastWrite(Path, false);
-  WriteRows(*this, Path, form ? *form : kFileForms[0]);
+  WriteRows(*this, Path, form ? *form : *detail::FindFileForm({}));
   // The size that the file has by then is not looked at: that is wanted, another program may have it already.
   if (ConfirmStamp(Path, before)) return true;
   ShowWarning(Concat({u"Die Datei wurde nicht korrekt gespeichert.\r\n\r\n\r\n\r\nDateipfad ", Path}));

@@ -16,6 +16,10 @@
 
 namespace vx {
 
+namespace detail {
+struct TRowAdder;
+}
+
 enum TCsvAllMode : uint8_t {
   camTrim,              // blanks at both ends of each cell go
   camUnTrim,            // each cell is padded on the right to the longest of its column
@@ -170,12 +174,14 @@ class TFileCsv : public TObjectList {
   // Replaces the table by the file's rows. The separator (comma, ";", ESC or tab) is counted in the
   // first line, whatever the file's name. A missing file shows a warning, gives false and leaves the
   // table as it was. A fault while reading raises EStreamError; the table is empty then.
+  // Files of other programs, UTF-8, and cells with blanks but without quotes: LoadCsv of tables/Csv.h.
   virtual bool LoadFromFile(std::u16string_view Path);
   // Writes the table in the form that the extension tells: ".csv" comma, ".txt" ";", ".vxt" ESC,
   // ".tab" tab, none: space, without any quotes. Then watches the file's stamp for up to 1500 ms. If
   // the file can't be seen to have changed, and can't be stamped, shows a warning and gives false.
   // Another extension raises EStringListError on a table with rows, and nothing is written. Faults
   // while writing raise EStreamError.
+  // What the file can't hold is lost unsaid: SaveWhole of tables/SavedTables.h tells it, SaveCsv can hold it.
   virtual bool SaveToFile(std::u16string_view Path);
   // The same, and then opens a ".csv" or ".txt" file in its application; ".txt" is renamed to ".csv"
   // for that, if possible. The result is that of SaveToFile.
@@ -249,6 +255,7 @@ class TFileCsv : public TObjectList {
   }
 
  private:
+  friend struct detail::TRowAdder;
   static TVxStringList* CastRow(TObject* Entry);
   // Whether the row's cells are all blank then.
   bool DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths);

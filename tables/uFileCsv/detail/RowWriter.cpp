@@ -15,8 +15,8 @@ constexpr char16_t kQuote = u'"';
 
 }  // namespace
 
-TRowWriter::TRowWriter(TFileStream& Stream, TRowForm Form, char16_t Separator, std::span<char> Buffer)
-    : FStream(Stream),
+TRowWriter::TRowWriter(TPut Put, TRowForm Form, char16_t Separator, std::span<char> Buffer)
+    : FPut(Put),
       FPage(GetSystemCodePage()),
       FForm(Form),
       FSeparator(Separator),
@@ -31,7 +31,7 @@ size_t TRowWriter::MostBytes(std::span<const String> Cells) noexcept {
 
 void TRowWriter::Flush() {
   size_t used = static_cast<size_t>(FNext - FBuffer.data());
-  if (used > 0) FStream.WriteBuffer(FBuffer.data(), used);
+  if (used > 0) FPut(FBuffer.data(), used);
   FFlushed += static_cast<int64_t>(used);
   FNext = FBuffer.data();
 }

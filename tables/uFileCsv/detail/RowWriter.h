@@ -4,8 +4,8 @@
 #include <span>
 
 #include "platform/CodePage.h"
-#include "platform/Files.h"
 #include "platform/String.h"
+#include "platform/Types.h"
 
 namespace vx::detail {
 
@@ -16,11 +16,12 @@ enum TRowForm : uint8_t {
   rfPlain       // nothing is quoted
 };
 
-// Puts lines into a stream through one buffer, which has to have room for the longest. The caller
-// flushes at the end.
+// Puts lines somewhere through one buffer, which has to have room for the longest. The caller flushes at the end.
 class TRowWriter {
  public:
-  TRowWriter(TFileStream& Stream, TRowForm Form, char16_t Separator, std::span<char> Buffer);
+  using TPut = FunctionRef<void(const char* Bytes, size_t Count)>;
+
+  TRowWriter(TPut Put, TRowForm Form, char16_t Separator, std::span<char> Buffer);
   // The room that a line of these cells takes at most.
   static size_t MostBytes(std::span<const String> Cells) noexcept;
   // A larger buffer is of no use, unless a line needs it.
@@ -41,7 +42,7 @@ class TRowWriter {
   bool PutEight(char* Target, const char16_t* Units, size_t Count) const;
   bool NeedsQuotes(const char16_t* Units, size_t Count) const;
 
-  TFileStream& FStream;
+  TPut FPut;
   const TCodePage& FPage;
   TRowForm FForm;
   char16_t FSeparator;

@@ -39,9 +39,7 @@ char16_t RepairDosLetter(char16_t Unit) {
 }
 
 // Small files need no large buffer. One byte more than the file shows that it has ended.
-size_t FirstSize(const TFileStream& File) {
-  return static_cast<size_t>(std::clamp<int64_t>(File.GetSize() + 1, 4096, kChunk));
-}
+size_t FirstSize(int64_t Size) { return static_cast<size_t>(std::clamp<int64_t>(Size + 1, 4096, kChunk)); }
 
 TByteTable MakeTable() {
   const TCodePage& page = GetSystemCodePage();
@@ -102,12 +100,12 @@ void TTableReader::TSource::TakeQuoted(const Unit* Bytes, size_t ByteCount, size
   Cells.Advance();
 }
 
-TTableReader::TTableReader(TFileStream& File)
-    : FFile(File),
-      FBuffer(FirstSize(File) + kPadding),
+TTableReader::TTableReader(TRead Read, int64_t Size)
+    : FRead(Read),
+      FBuffer(FirstSize(Size) + kPadding),
       FPos(FBuffer.data()),
       FEnd(FBuffer.data()),
-      FMemory(File.GetSize() >= kLargeFile),
+      FMemory(Size >= kLargeFile),
       FSource(MakeTable(), FMemory.Bulk()) {
   *FEnd = kSentinel;
 }
@@ -120,7 +118,7 @@ bool TTableReader::Fill() {
   FPos = FBuffer.data();
   FEnd = FBuffer.data() + unread;
   for (;;) {
-    size_t count = FFile.Read(FEnd, FBuffer.size() - kPadding - unread);
+    size_t count = FRead(FEnd, FBuffer.size() - kPadding - unread);
     if (count == 0) {
       *FEnd = kSentinel;
       FAtEof = true;

@@ -8,8 +8,8 @@
 
 #include "objects/uVxClasses/TVxStringList.h"
 #include "platform/CodePage.h"
-#include "platform/Files.h"
 #include "platform/StringArena.h"
+#include "platform/Types.h"
 #include "tables/uFileCsv/detail/RowMemory.h"
 
 namespace vx::detail {
@@ -42,13 +42,17 @@ const Unit* CountSeparators(const Unit* First, const Unit* Last, TSeparatorCount
   return First;
 }
 
-// Reads all rows of a file once. Bytes become code units by the system's code page; those of the
+// Reads all rows of a file's bytes once. Bytes become code units by the system's code page; those of the
 // German letters in old DOS code pages are then turned right, and zeros are left out.
 class TTableReader {
  public:
   using TTakeRow = FunctionRef<void(std::unique_ptr<TVxStringList> Row)>;
 
-  explicit TTableReader(TFileStream& File);
+  // Up to Count bytes, 0 at the end.
+  using TRead = FunctionRef<size_t(void* Target, size_t Count)>;
+
+  // Size: of the file, as far as it is known.
+  TTableReader(TRead Read, int64_t Size);
   TTableReader(const TTableReader&) = delete;
   TTableReader& operator=(const TTableReader&) = delete;
   void ReadAll(TTakeRow TakeRow);
@@ -91,7 +95,7 @@ class TTableReader {
   bool AtLineEnd() const { return FPos != FEnd && (*FPos == '\r' || *FPos == '\n'); }
   std::unique_ptr<TVxStringList> MakeRow();
 
-  TFileStream& FFile;
+  TRead FRead;
   std::vector<unsigned char> FBuffer;
   const unsigned char* FPos;
   unsigned char* FEnd;
