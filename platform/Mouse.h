@@ -1,18 +1,14 @@
 // The words of mouse events.
 //
-//   TMouseButton             which button
-//   TShift, TShiftState      what was held down meanwhile; ssDouble: the second click of two
+//   TMouseButton             which button; what was held down with it: TShiftState of Keys.h
 #pragma once
 
 #include <cstdint>
 
-#include "platform/Types.h"
+#include "platform/Keys.h"
 
 namespace vx {
 
 enum TMouseButton : uint8_t { mbLeft, mbRight, mbMiddle };
-// What was held down while a mouse event came.
-enum TShift : uint8_t { ssShift, ssAlt, ssCtrl, ssLeft, ssRight, ssMiddle, ssDouble };
-using TShiftState = Set<TShift>;
 
 }  // namespace vx
