@@ -22,6 +22,8 @@
 
 namespace vx {
 
+class TListView;
+
 namespace detail {
 struct TPlaces;
 }
@@ -129,6 +131,11 @@ class TDecorationList : public TObjectList {
   void ExportPasFormat(TStrings* aStrings) const;
   // Reads the lines of ExportPasFormat from the second one up to a blank one; nullptr is ignored.
   void ImportPasFormat(const TStrings* aStrings);
+
+  // Makes the items of a list view show the decorations, in their order: the kind of region, its coordinates, the field
+  // type in words, the format, whether there is an own font, the colour, whether it is coupled. The data of an item is
+  // its decoration, which stays this list's. Items are used again, with their selection.
+  void SetListView(TListView& aListView);
 
   // Gives the list's font the name, and with an aSize of at least 1 the size; own fonts of decorations get the name and
   // are made smaller or larger by as many points, except those named Wingdings, which keep their signs. Nothing if the

@@ -20,6 +20,10 @@ namespace detail {
 struct TRowAdder;
 }
 
+class TListItem;
+class TListView;
+class TStringGrid;
+
 enum TCsvAllMode : uint8_t {
   camTrim,              // blanks at both ends of each cell go
   camUnTrim,            // each cell is padded on the right to the longest of its column
@@ -46,9 +50,65 @@ class TFileCsv : public TObjectList {
   // Rows are freed while the table is still whole.
   ~TFileCsv() override { TObjectList::Clear(); }
   String ClassName() const override { return u"TFileCsv"; }
+
+  // --- what derived classes may override, beside the operations of TObjectList ---
+  // The text of a cell, empty past the end. Negative indexes raise the list errors.
+  virtual String GetCell(int Col, int Row) const;
+  // Puts what Item has in a column of its view (0: caption and data, n: sub-item n - 1 with its object) into the cell
+  // TableCol of Line, which becomes the row TableRow; cells before it are added where they are missing. Nothing for a
+  // ViewCol that the item does not have.
+  virtual void GetListviewCell(const TListItem& Item, int ViewCol, TVxStringList& Line, int TableCol, int TableRow);
   // A new empty table of the same class; a derived class overrides it.
   [[nodiscard]] virtual std::unique_ptr<TFileCsv> GetNewInstance() const;
+  // Writes only a cell that there is: the table never grows. Negative indexes raise the list errors.
+  virtual void SetCell(int Col, int Row, const String& Text);
+  // Makes the grid as large as the table, row 0 telling the columns, and writes the cells and objects that differ.
+  // WithNumbers puts a column before them: "Nr." and the indexes of the rows. An empty table, or one without cells in
+  // row 0, leaves no rows and columns. The grid's top row stays, as far as there is one.
+  virtual void SetGridIntern(TStringGrid& Grid, bool WithNumbers);
+  // The reverse of GetListviewCell; missing sub-items are added. Nothing for a TableCol that Line does not have.
+  virtual void SetListviewCell(TListItem& Item, int ViewCol, const TVxStringList& Line, int TableCol, int TableRow);
+  // Makes this table equal to Source, row by row, keeping the row objects that there are.
+  virtual void Assign(const TFileCsv& Source);
+  // Of each row that has the cell; a negative column does nothing.
+  virtual void DeleteCol(int Col);
+  virtual void ClearCol(int Col);
+  // Makes this table hold the cells and objects of the grid, row by row, keeping the row objects that there are; with
+  // DropFirstCol without the first column.
+  virtual void GetGrid(const TStringGrid& Grid, bool DropFirstCol);
+  // Reads items of a list view, by GetListviewCell. Columns is a commatext of numbers of columns of the view; what is
+  // no such number is left out, and an empty text means all columns. OnlySelected takes only selected items.
+  //   Limit below 1   appends a row with the captions of the columns, and one for each item from First on
+  //   Limit from 1    row 0 gets the captions, and the rows from 1 on the items First to First + Limit, both included;
+  //                   rows before row Limit are used again, or deleted if they aren't needed, others are appended
+  // The result is the number of rows in use; First below 0 counts as 0. A row that is used again is emptied first.
+  virtual int GetListView(const TListView& View, std::u16string_view Columns, int First, int Limit, bool OnlySelected);
   virtual void Init() { Clear(); }
+  // Replaces the table by the file's rows. The separator (comma, ";", ESC or tab) is counted in the
+  // first line, whatever the file's name. A missing file shows a warning, gives false and leaves the
+  // table as it was. A fault while reading raises EStreamError; the table is empty then.
+  // Files of other programs, UTF-8, and cells with blanks but without quotes: LoadCsv of tables/Csv.h.
+  virtual bool LoadFromFile(std::u16string_view Path);
+  // SaveToFile, and then opens a ".csv" or ".txt" file in its application; ".txt" is renamed to ".csv"
+  // for that, if possible. The result is that of SaveToFile.
+  virtual bool SaveAndExecute(std::u16string_view Path);
+  // Writes the table in the form that the extension tells: ".csv" comma, ".txt" ";", ".vxt" ESC,
+  // ".tab" tab, none: space, without any quotes. Then watches the file's stamp for up to 1500 ms. If
+  // the file can't be seen to have changed, and can't be stamped, shows a warning and gives false.
+  // Another extension raises EStringListError on a table with rows, and nothing is written. Faults
+  // while writing raise EStreamError.
+  // What the file can't hold is lost unsaid: SaveWhole of tables/SavedTables.h tells it, SaveCsv can hold it.
+  virtual bool SaveToFile(std::u16string_view Path);
+  // SetGridIntern, and then SetGridColWidth by 1.11.
+  virtual void SetGrid(TStringGrid& Grid, bool WithNumbers);
+  // Makes the items of the view show rows, by SetListviewCell: Count of them from First on, all for a Count that is
+  // negative or too large; First below 0 counts as 0. Columns is a text of numbers of cells between commas, for the
+  // columns of the view from 0 on; what is no cell of row 0 is left out, and an empty text means all. Items are used
+  // again, emptied, with their selection; others are added, and those behind them deleted.
+  virtual void SetListview(TListView& View, std::u16string_view Columns, int First, int Count);
+  // Makes the columns of the grid as wide as their widest text in the grid's font, texts below 100 pixels counting 1.2
+  // times, by Factor, cut to whole pixels; a column without texts gets no width. Nothing if the grid has no canvas.
+  static void SetGridColWidth(TStringGrid& Grid, Extended Factor);
 
   // --- rows ---
   // The row stays the table's.
@@ -67,17 +127,12 @@ class TFileCsv : public TObjectList {
   void AddFileCsv(const TFileCsv& Other);
   // Appends the rows of Other themselves and frees Other; nullptr is ignored.
   void AddAndFree(std::unique_ptr<TFileCsv> Other);
-  // Makes this table equal to Source, row by row, keeping the row objects that there are.
-  virtual void Assign(const TFileCsv& Source);
   [[nodiscard]] std::unique_ptr<TFileCsv> Duplicate() const;
   // Deletes the rows of two or more cells that are all empty and returns how many. Rows without cells
   // and rows of one empty cell stay; that is wanted.
   int RemoveEmpty();
 
   // --- cells ---
-  // Negative indexes raise the list errors.
-  virtual String GetCell(int Col, int Row) const;
-  virtual void SetCell(int Col, int Row, const String& Text);
   // The object beside a cell; nullptr past the end. Rows do not own their objects unless told.
   TObject* GetObject(int Col, int Row) const;
   void SetObject(int Col, int Row, TObject* Object);
@@ -143,8 +198,6 @@ class TFileCsv : public TObjectList {
   String SumTimeY(int Col, int From, int To) const;
 
   // --- columns; short rows are skipped, and a negative column does nothing ---
-  virtual void DeleteCol(int Col);
-  virtual void ClearCol(int Col);
   // Empties every cell and clears its object. The last cell of row 0 becomes a single space; that is
   // wanted, so that the table does not look empty to those who test its text.
   void ClearContent();
@@ -171,21 +224,6 @@ class TFileCsv : public TObjectList {
   void ShowContent() const;
 
   // --- files; see tables/uFileCsv/Files.cpp for the bytes ---
-  // Replaces the table by the file's rows. The separator (comma, ";", ESC or tab) is counted in the
-  // first line, whatever the file's name. A missing file shows a warning, gives false and leaves the
-  // table as it was. A fault while reading raises EStreamError; the table is empty then.
-  // Files of other programs, UTF-8, and cells with blanks but without quotes: LoadCsv of tables/Csv.h.
-  virtual bool LoadFromFile(std::u16string_view Path);
-  // Writes the table in the form that the extension tells: ".csv" comma, ".txt" ";", ".vxt" ESC,
-  // ".tab" tab, none: space, without any quotes. Then watches the file's stamp for up to 1500 ms. If
-  // the file can't be seen to have changed, and can't be stamped, shows a warning and gives false.
-  // Another extension raises EStringListError on a table with rows, and nothing is written. Faults
-  // while writing raise EStreamError.
-  // What the file can't hold is lost unsaid: SaveWhole of tables/SavedTables.h tells it, SaveCsv can hold it.
-  virtual bool SaveToFile(std::u16string_view Path);
-  // The same, and then opens a ".csv" or ".txt" file in its application; ".txt" is renamed to ".csv"
-  // for that, if possible. The result is that of SaveToFile.
-  virtual bool SaveAndExecute(std::u16string_view Path);
   // Replaces the table by a database server's export: UTF-16, comma between fields, no quotes; a line
   // end inside a field belongs to the field. False if the last record is ragged; the rows stand then
   // as they were read.

@@ -28,6 +28,12 @@ class THeadCsv : public TFileCsv {
   String ClassName() const override { return u"THeadCsv"; }
   [[nodiscard]] std::unique_ptr<TFileCsv> GetNewInstance() const override;
 
+  // --- controls ---
+  int GetListView(const TListView& View, std::u16string_view Columns, int First, int Limit, bool OnlySelected) override;
+  // Makes the view have a column for each name, called so, and shows body rows: First counts from row 1 on, and Columns
+  // may have names for numbers, as IndicesForNames takes them.
+  void SetListview(TListView& View, std::u16string_view Columns, int First, int Count) override;
+
   // --- names ---
   // The column of a name; -1 if there is none.
   int FieldIndex(std::u16string_view Name) const;

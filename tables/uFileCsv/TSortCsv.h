@@ -39,6 +39,9 @@ class TSortCsv : public TFileCsv {
   int Add(TObject* Row) override;
   // Copies the rows of Source in its order, without sorting.
   void Assign(const TFileCsv& Source) override;
+  // Both empty the table first, and the rows stand as they are read.
+  void GetGrid(const TStringGrid& Grid, bool DropFirstCol) override;
+  int GetListView(const TListView& View, std::u16string_view Columns, int First, int Limit, bool OnlySelected) override;
 
   int GetSortColumn() const noexcept { return iSortColumn; }
   // Puts the rows in the order of that column, also if it is the same one. Of rows with equal keys the
