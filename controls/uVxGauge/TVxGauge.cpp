@@ -13,8 +13,8 @@ namespace vx {
 namespace {
 
 THook<TTaskbarSink>& TaskbarHook() {
-  static constinit TLazy<THook<TTaskbarSink>, leStays> hook;
-  return hook.Get();
+  static THook<TTaskbarSink>& hook = *new THook<TTaskbarSink>;
+  return hook;
 }
 
 constinit TLazy<TGaugeGroupList> gGroups;
@@ -36,8 +36,8 @@ const TBitmap& TVxPaintObjectVcl::Paint() {
 void TVxPaintObjectVcl::LookChanged() { FGauge.LookChanged(); }
 void TVxPaintObjectVcl::ValuesChanged(bool IsSeen) { FGauge.ValuesChanged(IsSeen); }
 
-TVxGauge::TVxGauge(std::shared_ptr<TGaugeWindow> Window) : iPaintObject(*this) {
-  iPaintObject.SethParent(std::move(Window));
+TVxGauge::TVxGauge(const std::shared_ptr<TGaugeWindow>& Window) : iPaintObject(*this) {
+  iPaintObject.SethParent(Window);
 }
 
 TVxGauge::~TVxGauge() {

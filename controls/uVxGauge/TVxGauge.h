@@ -39,7 +39,7 @@ class TVxPaintObjectVcl : public TVxPaintObjectData {
 class TVxGauge : public TObject {
  public:
   // Window may be null: nothing is painted.
-  explicit TVxGauge(std::shared_ptr<TGaugeWindow> Window = nullptr);
+  explicit TVxGauge(const std::shared_ptr<TGaugeWindow>& Window = nullptr);
   ~TVxGauge() override;
   TVxGauge(const TVxGauge&) = delete;
   TVxGauge& operator=(const TVxGauge&) = delete;

@@ -79,7 +79,7 @@ class TVxPaintObjectThreadListed : public TVxPaintObjectData {
   void SetGlowState(TVxGaugeGlowState Value) override;
   void SetGlowTick(int Value) override;
   void SetGlowWidthPercent(TGlowWidthPercent Value) override;
-  void SethParent(std::shared_ptr<TGaugeWindow> Value) override;
+  void SethParent(const std::shared_ptr<TGaugeWindow>& Value) override;
   void SetKITT(bool Value) override;
   void SetMax(Extended Value) override;
   void SetMin(Extended Value) override;

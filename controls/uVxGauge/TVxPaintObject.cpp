@@ -35,6 +35,7 @@ void TVxPaintObject::Change(T& Field, const T& Value, bool& Changed) {
 void TVxPaintObject::Assign(const TVxPaintValues& Values) {
   if (Values == *this) return;
   static_cast<TVxPaintValues&>(*this) = Values;
+  MeasureBar();
   iBasicsChanged = true;
   LookChanged();
 }
@@ -57,7 +58,7 @@ void TVxPaintObject::SetGlowColorFirst(TColor Value) { Change(iGlowColorFirst, V
 void TVxPaintObject::SetGlowColorSecond(TColor Value) { Change(iGlowColorSecond, Value, iBasicsChanged); }
 void TVxPaintObject::SetGlowColorThird(TColor Value) { Change(iGlowColorThird, Value, iBasicsChanged); }
 void TVxPaintObject::SetGlowTick(int Value) { Change(iGlowTick, Value, iBasicsChanged); }
-void TVxPaintObject::SethParent(std::shared_ptr<TGaugeWindow> Value) { Change(ihParent, Value, iBasicsChanged); }
+void TVxPaintObject::SethParent(const std::shared_ptr<TGaugeWindow>& Value) { Change(ihParent, Value, iBasicsChanged); }
 void TVxPaintObject::SetKITT(bool Value) { Change(iKITT, Value, iBasicsChanged); }
 void TVxPaintObject::SetPercentShow(bool Value) { Change(iPercentShow, Value, iBasicsChanged); }
 void TVxPaintObject::SetValueShow(bool Value) { Change(iValueShow, Value, iBasicsChanged); }
@@ -83,7 +84,12 @@ void TVxPaintObject::SetGlowState(TVxGaugeGlowState Value) {
 
 void TVxPaintObject::SetPaintRect(const TRect& Value) {
   const auto held = [](int Side) { return std::clamp(Side, -kFarthest, kFarthest); };
-  Change(iPaintRect, {held(Value.Left), held(Value.Top), held(Value.Right), held(Value.Bottom)}, iBasicsChanged);
+  const TRect rect{held(Value.Left), held(Value.Top), held(Value.Right), held(Value.Bottom)};
+  if (rect == iPaintRect) return;
+  iPaintRect = rect;
+  MeasureBar();
+  iBasicsChanged = true;
+  LookChanged();
 }
 
 void TVxPaintObject::SetMax(Extended Value) {
@@ -100,7 +106,15 @@ void TVxPaintObject::SetValues(Extended Max, Extended Min, Extended Position) {
 }
 
 void TVxPaintObject::SetPosition(Extended Value) {
-  if (Value >= iMin && Value <= iMax && Value != iPosition) TakeValues({iMax, iMin, Value});
+  if (!(Value >= iMin && Value <= iMax) || Value == iPosition) return;
+  // Between the limits before and behind: no glow starts or ends.
+  const Extended end = FBarScale * (Value - iMin);
+  if (iMin < Value && Value < iMax && FIsInside && !iCaptionShow && end >= FBarEnd && end < FBarEnd + 1) {
+    iPosition = Value;
+    ValuesChanged(false);
+  } else {
+    TakeValues({iMax, iMin, Value});
+  }
 }
 
 void TVxPaintObject::TakeValues(const TGaugeValues& New) {
@@ -110,14 +124,22 @@ void TVxPaintObject::TakeValues(const TGaugeValues& New) {
   const bool isRedrawn = DoRedraw(iPaintRect.Width(), old, New);
   const Extended before = CalcPercent(old.Position, old.Max, old.Min),
                  now = CalcPercent(New.Position, New.Max, New.Min);
-  if ((before == 0 && now > 0) || (before == 100 && now < 100)) iGlowChanged = true;
+  if ((before <= 0 && now > 0) || (before >= 100 && now < 100)) iGlowChanged = true;
   iMax = New.Max;
   iMin = New.Min;
   iPosition = New.Position;
+  MeasureBar();
   NoteGlow(ran);
   const bool isSeen = isRedrawn || (ran && !GetGlowRunning());  // the last glow has to go
   if (isSeen) iGaugeChanged = true;
   ValuesChanged(isSeen);
+}
+
+void TVxPaintObject::MeasureBar() noexcept {
+  const Extended range = iMax - iMin;
+  FIsInside = iMin < iPosition && iPosition < iMax && std::isfinite(range);
+  FBarScale = FIsInside ? static_cast<Extended>(iPaintRect.Width()) / range : 0;
+  FBarEnd = CalcBarEnd(iPaintRect.Width(), Values());
 }
 
 Extended TVxPaintObject::CalcPercent(Extended Value, Extended Max, Extended Min) noexcept {

@@ -94,7 +94,7 @@ class TVxPaintObject : public TObject, protected TVxPaintValues {
   virtual void SetGlowTick(int Value);
   virtual void SetGlowWidthPercent(TGlowWidthPercent Value);
   // The window that a painter thread paints into; null for none.
-  virtual void SethParent(std::shared_ptr<TGaugeWindow> Value);
+  virtual void SethParent(const std::shared_ptr<TGaugeWindow>& Value);
   virtual void SetKITT(bool Value);
   // Limits that are no finite numbers are ignored. The position stays, even outside the new limits, and limits may
   // stand the wrong way round; the bar is empty then.
@@ -212,6 +212,13 @@ class TVxPaintObject : public TObject, protected TVxPaintValues {
   void PaintText(TBitmap& Bitmap) const;
 
   TLayerLook FLayerLook;
+
+  // For steps that are not seen: what CalcBarEnd multiplies by, and where the bar ends, in whole pixels, while the
+  // position is between the limits and on neither of them.
+  void MeasureBar() noexcept;
+  Extended FBarScale = 0;
+  Extended FBarEnd = 0;
+  bool FIsInside = false;
 };
 
 // Fills Bitmap, as wide as it is, with a row of each colour of Ramp.

@@ -1,6 +1,4 @@
 // The setters of a listed object, each under its section.
-#include <utility>
-
 #include "controls/uVxGauge/TVxGaugeThread.h"
 
 namespace vx {
@@ -127,9 +125,9 @@ void TVxPaintObjectThreadListed::SetGlowWidthPercent(TGlowWidthPercent Value) {
   TBase::SetGlowWidthPercent(Value);
 }
 
-void TVxPaintObjectThreadListed::SethParent(std::shared_ptr<TGaugeWindow> Value) {
+void TVxPaintObjectThreadListed::SethParent(const std::shared_ptr<TGaugeWindow>& Value) {
   TLock lock(iSection);
-  TBase::SethParent(std::move(Value));
+  TBase::SethParent(Value);
 }
 
 void TVxPaintObjectThreadListed::SetKITT(bool Value) {

@@ -107,6 +107,13 @@ TEST(Gauge, WhatCallsForARepaint) {
                     due(to(1.99)), due(to(2)), due([&] { gauge.SetMax(199); }), due([&] { gauge.SetMax(150); }),
                     due([&] { gauge.SetMin(-2); })}),
             "no yes no yes no yes yes no yes");
+  std::mt19937 random(7);
+  gauge.SetValues(8, -3, 0);
+  for (int i = 0; i < 10000; ++i) {
+    const TGaugeValues before{8, -3, gauge.GetPosition()}, now{8, -3, Extended(random() % 1099 + 1) / 100 - 3};
+    const bool isDue = TVxPaintObject::CalcBarEnd(100, before) != TVxPaintObject::CalcBarEnd(100, now);
+    EXPECT_EQ(due(to(now.Position)), isDue) << double(before.Position) << " to " << double(now.Position);
+  }
   gauge.SetValues(100, 0, 0.5);
   EXPECT_EQ((TFacts{due(to(0.7)), due(to(0))}), "no yes") << "a glow that ends leaves nothing behind";
   gauge.SetCaptionShow(true);
@@ -284,24 +291,30 @@ TEST(GaugeThread, TheLastObjectEndsTheThreadAndTheNextStartsAnother) {
 TEST(GaugeThread, EightThreadsSetWhileOthersComeAndGo) {
   const auto window = std::make_shared<TNotingWindow>();
   {
-    TVxPaintObjectThreadListed shared[4];
+    TVxPaintObjectThreadListed shared[2];
     for (auto& gauge : shared) gauge.SetPaintRect({0, 0, 40, 8}), gauge.SethParent(window);
+    std::atomic<bool> isDone{false};
     std::vector<std::thread> threads;
     for (int i = 0; i < 8; ++i) {
       threads.emplace_back([&, i] {
-        for (int k = 1; k <= 500; ++k) {
-          shared[i % 4].SetPosition(k % 101);
-          shared[k % 4].SetValues(100 + k, -k, i);
-          shared[k % 4].SetCaption(k % 2 ? u"ein langer Text, der einen Block braucht" : u"b");
+        // Long runs of one setter, so that no other one's lock orders them.
+        for (int k = 1; !isDone; ++k) {
+          auto& gauge = shared[i % 2];
+          if (k % 512 == 0) std::this_thread::yield();
+          const int run = (k / 512 + i) % 4;
+          if (run == 0) gauge.SetCaption(k % 2 ? u"ein langer Text, der einen Block braucht" : u"b");
+          if (run == 1) gauge.SetValues(100 + k % 50, -k % 50, i);
+          if (run > 1) gauge.SetPosition(k % 101);
         }
       });
     }
-    for (int k = 0; k < 100; ++k) {
+    for (int k = 0; k < 100 || (window->Painted < 20 && k < 1000000); ++k) {
       auto one = std::make_unique<TVxPaintObjectThreadListed>(), other = std::make_unique<TVxPaintObjectThreadListed>();
       for (auto* gauge : {&*one, &*other}) {
         gauge->SetPaintRect({0, 0, 20, 4}), gauge->SethParent(window), gauge->SetPosition(k);
       }
     }
+    isDone = true;
     for (auto& thread : threads) thread.join();
     shared[0].SetPosition(0.5);
     const int painted = window->Painted;
