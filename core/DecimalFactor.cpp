@@ -14,12 +14,20 @@ namespace {
 using detail::PowerOfTen;
 using detail::TTextCursor;
 
-// Digits in front of a percent sign or the end, behind those in front of the separator.
+// Digits behind those in front of the separator; zeros at their end don't count.
 bool ReadDecimals(TTextCursor& Cursor, uint64_t& Digits, int& Decimals) noexcept {
-  const int count = Cursor.TakeDigits(Digits, TDecimalFactor::MaxDigits);
+  size_t count = 0, needed = 0;
+  for (; Cursor.IsAtDigit(count); ++count) {
+    if (Cursor.Peek(count) != u'0') needed = count + 1;
+  }
   if (count == 0) return Cursor.FailHere();
-  if (Cursor.IsAtDigit()) return Cursor.Fail(tfDecimals);
-  Decimals = count;
+  if (needed > TDecimalFactor::MaxDigits) {
+    Cursor.Skip(TDecimalFactor::MaxDigits);
+    return Cursor.Fail(tfDecimals);
+  }
+  Decimals = static_cast<int>(needed);
+  Cursor.TakeDigits(Digits, Decimals);
+  Cursor.Skip(count - needed);
   return true;
 }
 
@@ -82,11 +90,11 @@ bool TryStrToDecimalFactor(std::u16string_view Text, TDecimalFactor& Value, TTex
   cursor.SkipBlanks();
   const bool isPercent = cursor.Take(u'%');
   if (!cursor.Ends()) return false;
+  if (isPercent) decimals += 2;
   while (decimals > 0 && digits % 10 == 0) {
     digits /= 10;
     --decimals;
   }
-  if (isPercent) decimals += 2;
   if (decimals > TDecimalFactor::MaxDigits) return cursor.Fail(tfDecimals);
   if (digits >= PowerOfTen(TDecimalFactor::MaxDigits)) return cursor.Fail(tfTooLarge);
   const auto size = static_cast<int64_t>(digits);

@@ -66,8 +66,8 @@ class TDecimalFactor {
 
 // A sign or none, digits, a comma and digits or neither, a percent sign or none, with or without a blank before it:
 // u"1,0537", u"-3", u"19 %". Blanks around the text don't count. Everything else is refused, with Value unchanged:
-// u"1.000", u",5", u"1e3", more than 18 decimals or 18 digits, counted without zeros in front. DecimalSeparator stands
-// in the place of the comma, for texts of databases and programs.
+// u"1.000", u",5", u"1e3", and what has more than 18 digits or decimals, not counting zeros at either end.
+// DecimalSeparator stands in the place of the comma, for texts of databases and programs.
 [[nodiscard]] bool TryStrToDecimalFactor(std::u16string_view Text, TDecimalFactor& Value, TTextFault& Fault,
                                          char16_t DecimalSeparator = u',') noexcept;
 // The same; EConvertError "'1.000' ist kein Faktor: unerwartetes Zeichen an Position 2".
