@@ -2,7 +2,8 @@
 //
 //   TClock           what the library asks of time; SystemClock() and TManualClock implement it
 //   SetClock         replaces the clock
-//   TTimeZone        local time and universal time; SystemTimeZone() and TFixedTimeZone implement it
+//   TTimeZone        local time and universal time; SystemTimeZone() and TFixedTimeZone implement it, and
+//                    GermanTimeZone() (GermanTimeZone.h)
 //   SetTimeZone      replaces the time zone
 //
 // Example (a test):

@@ -35,6 +35,7 @@ TDateTime StrToDateTimeDef(std::u16string_view Text, TDateTime Default) noexcept
 // An amount of hours with two digits of minutes, u"123:45", as days. Default for a text of another form;
 // hours or minutes that are no number count 0. Pitfall: with a minus sign the result is minus the hours
 // as a number of days, without the minutes: u"-1:30" is -1. This is wanted; callers know it so.
+// New code reads hours by TryStrToHourAmount (core/HourAmount.h), which has no such rule.
 TDateTime StrToHourDef(std::u16string_view Text, TDateTime Default) noexcept;
 
 }  // namespace vx

@@ -49,6 +49,7 @@ double StrToDoubleDef(std::u16string_view Text, double Default, bool& Ok) noexce
 String DeleteThousandDivider(const String& Text);
 // An amount as StrToCurr reads it, with thousands separators at any place: u"1.234,56" is 1234.56. False,
 // with Value 0, for anything else; an empty Text is none.
+// Amounts as people write them, nothing repaired or guessed: TryStrToMoney (core/MoneyText.h).
 bool TryStrToCurr(std::u16string_view Text, Currency& Value);
 Currency StrToCurrDef(std::u16string_view Text, Currency Default);
 // The amount up to the last digit of Text, without any u".": u"1.234,56 EUR" is 1234.56. Points go whatever

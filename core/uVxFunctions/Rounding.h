@@ -29,6 +29,7 @@ Extended RoundExtended(Extended Value, int Places, bool Trade);
 // 20. With 4 places and more nothing changes. 0 stays 0 whatever Places is; for any other Value
 // EInvalidArgument "RoundCurrency(,%d): invalid arg" below -3 places, and EOverflow where the result
 // leaves the range of amounts.
+// RoundCurrency(Price * Factor, 2) rounds twice; Product and Quotient (core/Money.h) round once.
 Currency RoundCurrency(Currency Value, int Places);
 
 // The whole numbers: neither bool nor a character is one.

@@ -1,5 +1,6 @@
 // Hour amounts, as working-time accounts keep them: date-times used as durations, beyond a day and below 0.
 // Industry hours count 100 minutes: 0:45 is 0.75 industry hours.
+// New code takes THourAmount (core/HourAmount.h): whole minutes, exact sums, nothing odd below 0.
 #pragma once
 
 #include "platform/String.h"

@@ -26,6 +26,7 @@ String VxTimePeriodToStr(TDateTime From, TDateTime To);
 String VxTimePeriodToStr24(TDateTime From, TDateTime To);
 // The length of a span of times, across midnight unless To is behind From: equal times are a full
 // day, 1.0; but 0 if both are 0.
+// By the clock alone; time that passed, parts of the night and over summer time: SplitPeriod (core/HourPeriods.h).
 TDateTime VxTimesPeriod24(TDateTime From, TDateTime To) noexcept;
 
 // Swaps the ends if From is behind To, and says whether it did. With OpenEnd a To whose whole days are

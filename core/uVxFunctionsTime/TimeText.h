@@ -54,6 +54,7 @@ TDateTime VxStrToTime24(std::u16string_view Text, TDateTime Default) noexcept;
 // between colons, as StrToIntDef with 0 reads each; u"-36:30" gives -1.520833. The empty text is the
 // amount 0. False, with Hour 0, if minutes and so on do not exist; false, with Hour set all the same, if
 // there is anything but digits and colons behind the sign.
+// Amounts that are exact, with the place of what is wrong: TryStrToHourAmount (core/HourAmount.h).
 bool VxStrToHour(std::u16string_view Text, TDateTime& Hour) noexcept;
 
 }  // namespace vx

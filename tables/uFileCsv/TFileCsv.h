@@ -182,7 +182,7 @@ class TFileCsv : public TObjectList {
   //   any other type                                   empty
   // A From outside FieldCount (SumX) or GetCount (SumY) means 1, a To outside the last but one: the first
   // cell is a label and the last one the total. Empty, and nothing is written, if there is no such
-  // row, or no such column in row 0.
+  // row, or no such column in row 0. Sums of hours and money that tell unreadable cells: tables/CellSums.h.
   String SumX(int Row, TVxFieldType FieldType, int From = -1, int To = -1, int Target = -1);
   String SumY(int Col, TVxFieldType FieldType, int From = -1, int To = -1, int Target = -1);
   // The range is taken as told; cells past the end count 0 unless a derived class's GetCell gives some.
@@ -194,6 +194,7 @@ class TFileCsv : public TObjectList {
   // The sum of CellsAsHour as hours and minutes. Pitfall: SumTimeX counts the hours within the last day
   // twice: 12:00 and 24:00 make u"48:00", where SumTimeY has u"36:00". Both keep the hours within 0 to
   // 65535: one more is 0, and one below 0 is 65535. This is wanted; programs that share tables know it so.
+  // SumHoursX and SumHoursY (tables/CellSums.h) do neither.
   String SumTimeX(int Row, int From, int To) const;
   String SumTimeY(int Col, int From, int To) const;
 
