@@ -12,6 +12,7 @@
 
 namespace vx {
 
+class TControl;
 class TTypeCsv;
 
 // Before a sort, where Permitted begins as true and false stops it, and after one, where it is of no matter. Col and
@@ -77,6 +78,10 @@ class TTypeCsv : public THeadCsv, public TSortedTable {
   void OnChangeToDay(TObject* Sender);
   void OnChangeToMonth(TObject* Sender);
   void OnChangeToYear(TObject* Sender);
+  // Offers these three in a menu at the mouse, if the column is one of dates; another format than before makes the next
+  // sort an ascending one. True if there is a format then, so also where nothing was chosen; false for other columns
+  // and for what is no TControl.
+  bool PopupDateFormat(TObject* Control, int Col);
 
   // --- text ---
   // A plain table of what is visible, for a file or a printer: commatexts as lines, rich texts without their marks,
@@ -87,6 +92,12 @@ class TTypeCsv : public THeadCsv, public TSortedTable {
   //            caller goes on with this table.
   // Pitfall: whether there is something of the kind is asked of all decorations but the last one; that is wanted.
   [[nodiscard]] std::unique_ptr<TFileCsv> ExportToCsv(const std::unordered_map<int, String>* Images, bool Copy) const;
+
+  // --- controls ---
+  // Tells the decorations how many columns and rows there are: in Target if that is a TStringGrid, else in this table.
+  void DecorationsCounts(TObject* Target = nullptr);
+  // The row under the mouse, -1 for none; repaints Control, which may be nullptr.
+  void SetHoverIndex(TControl* Control, int Index);
 
   // --- events ---
   // Around the painting of a cell. Setting one takes the place of the callback of the decorations, and an empty one
