@@ -3,7 +3,7 @@
 //   TDecoration              the look of one region: colours, font, field type, format, images, limits
 //   TDecorationList          all decorations of a table by their precedence, and the look of the whole table
 //   TDLRange, TDLRangeList   long runs of column or row decorations, which are searched by bisection
-//   TDecorator               the text that a cell shows, and the room that it needs
+//   TDecorator               the text that a cell shows, the room that it needs, and its painting
 //   TSortedTable             what a decorator asks of a table that can be sorted
 //   TButtonInfo              the button that a cell of the type vftButton shows
 //   DecorationTypes.h        the kinds of regions, sets of options, TColorRect, callbacks

@@ -9,6 +9,7 @@
 #include "platform/TImageList.h"
 #include "platform/Text.h"
 #include "rendering/uDecoration/TDecorator.h"
+#include "rendering/uDecoration/detail/CellParts.h"
 #include "rendering/uDecoration/detail/Fractions.h"
 #include "rendering/uDecoration/detail/SortArrows.h"
 #include "rendering/uDecoration/detail/TextCells.h"
@@ -17,24 +18,14 @@
 namespace vx {
 namespace {
 
-// Rounded and held to what a TPoint can say.
-int64_t Pixels(Extended Value) { return RoundMath(std::clamp<Extended>(Value, INT32_MIN, INT32_MAX)); }
-
-struct TSize {
-  int64_t Width = 0;
-  int64_t Height = 0;
-};
+using detail::Pixels;
+using detail::TSize;
 
 Extended ToPrinter(const TDecorationList& List, int TPoint::*Axis) noexcept {
   const int screen = GetScreenPixelsPerInch().*Axis;
   if (List.GetDevice() == ddScreen || screen == 0) return 1;
   return static_cast<Extended>(GetPrinterPixelsPerInch().*Axis) / screen;
 }
-
-// -1, 0 and 1 for what stands at the top, between, and at the bottom.
-int BandOf(TAlignSet Align) noexcept { return Align.Has(alTop) ? -1 : Align.Has(alBottom) ? 1 : 0; }
-
-bool IsOfImages(TVxFieldType Type) noexcept { return Type == vftImage || Type == vftToggle || Type == vftButton; }
 
 // Adds up lines, one below the other.
 class TLines {
@@ -77,12 +68,9 @@ class TMeasure {
   static void FitGraphic(TSize& Size, TSize Graphic);
   // The part of one of the cells that are coupled.
   void Share(TSize& Size) const;
-  bool IsClickedHead() const {
-    return FList.GetOptions().Has(dloColumnClick) && FList.FixedCell(FList.GetCell().X, FList.GetCell().Y, {alTop});
-  }
 
  private:
-  TSize ScaledImage() const;
+  TSize ScaledImage() const { return detail::ScaledImage(FCanvas, FList, *FImages); }
   TSize ContentImages(std::u16string_view Indices) const;
   TSize CellLines(std::u16string_view Commatext) const;
   TSize PlainLine(const String& Text) const;
@@ -93,15 +81,6 @@ class TMeasure {
   const TImageList* FImages;
   Extended FHorz, FVert;
 };
-
-TSize TMeasure::ScaledImage() const {
-  TSize size{Pixels(FImages->GetWidth() * FHorz), Pixels(FImages->GetHeight() * FVert)};
-  if (!FList.GetTrimModes().Has(tmFitImage)) return size;
-  const int line = FCanvas.TextHeight(u"A");
-  if (size.Height == line || size.Height < 1) return size;
-  return {Pixels(static_cast<Extended>(line) / static_cast<Extended>(size.Height) * static_cast<Extended>(size.Width)),
-          line};
-}
 
 TSize TMeasure::ContentImages(std::u16string_view Indices) const {
   TSize size = ScaledImage();
@@ -152,7 +131,7 @@ TSize TMeasure::TextSize(const String& Text) const {
     const TRect room = HTML2CanvasSize(Text, FCanvas, false, 0, FList.GetMaxSubLines(), scale);
     return {room.Width(), room.Height()};
   }
-  if (IsOfImages(type) && FImages != nullptr) return ContentImages(Text);
+  if (detail::IsOfImages(type) && FImages != nullptr) return ContentImages(Text);
   if (type == vftCommatext) return CellLines(Text);
   if (FLook.GetFormatString().empty() && type != vftCurrency) return PlainLine(Text);
   TLines lines(FCanvas);
@@ -165,7 +144,7 @@ TSize TMeasure::TextSize(const String& Text) const {
 TSize TMeasure::Together(TSize Image, TSize Text) const {
   if (Image.Width < 1) return Text;
   if (Text.Width < 1) return Image;
-  if (BandOf(FLook.GetImageAlignSet()) == BandOf(FLook.GetAlignSet())) {
+  if (detail::BandOf(FLook.GetImageAlignSet()) == detail::BandOf(FLook.GetAlignSet())) {
     return {Image.Width + Text.Width + FList.GetImageSpacing(), std::max(Image.Height, Text.Height)};
   }
   return {std::max(Image.Width, Text.Width), Image.Height + Text.Height + 1};
@@ -227,6 +206,16 @@ void TMeasure::Share(TSize& Size) const {
 
 }  // namespace
 
+detail::TSize detail::ScaledImage(const TCanvas& Canvas, const TDecorationList& List, const TImageList& Images) {
+  const TSize size{Pixels(Images.GetWidth() * TDecorator::FaktorHorz(List)),
+                   Pixels(Images.GetHeight() * TDecorator::FaktorVert(List))};
+  if (!List.GetTrimModes().Has(tmFitImage)) return size;
+  const int line = Canvas.TextHeight(u"A");
+  if (size.Height == line || size.Height < 1) return size;
+  return {Pixels(static_cast<Extended>(line) / static_cast<Extended>(size.Height) * static_cast<Extended>(size.Width)),
+          line};
+}
+
 Extended TDecorator::FaktorHorz(const TDecorationList& aDecorationList) noexcept {
   return ToPrinter(aDecorationList, &TPoint::X);
 }
@@ -260,7 +249,7 @@ TPoint TDecorator::Calculate(TCanvas& aCanvas, const String& aText, TObject* aOb
 
   TSize size = measure.Together(measure.ImageSize(), text);
   measure.Limit(size);
-  measure.Surround(size, ColumnClickSelection() || !measure.IsClickedHead());
+  measure.Surround(size, ColumnClickSelection() || !detail::IsClickedHead(aDecorationList));
   TMeasure::FitGraphic(size, graphic);
   measure.Share(size);
   if (look->GetTextAngle() == taVert) std::swap(size.Width, size.Height);

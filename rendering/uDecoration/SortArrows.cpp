@@ -22,13 +22,21 @@ struct TArrows {
 
 constinit TLazy<TArrows> Arrows;
 
+// The table, if it is sorted by the cell of the list.
+const TSortedTable* SortedBy(const TDecorationList& List) {
+  const auto* table = dynamic_cast<const TSortedTable*>(List.OutermostParent());
+  return table != nullptr && table->GetSortCell() == List.GetCell() ? table : nullptr;
+}
+
 }  // namespace
 
 void uDecoration::FreeBuffersForLeakPrevention() noexcept { Arrows.Free(); }
 
+bool detail::IsSortCell(const TDecorationList& List) { return SortedBy(List) != nullptr; }
+
 const TBitmap* detail::SortArrowOf(const TDecorationList& List) {
-  const auto* table = dynamic_cast<const TSortedTable*>(List.OutermostParent());
-  if (table == nullptr || table->GetSortCell() != List.GetCell()) return nullptr;
+  const TSortedTable* table = SortedBy(List);
+  if (table == nullptr) return nullptr;
   switch (table->GetSortArrow()) {
     case saUp:
       return &Arrows.Get().Up;

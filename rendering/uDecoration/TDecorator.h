@@ -1,5 +1,5 @@
-// From the raw text of a cell to what the user sees: the text that is shown, and the room that it needs. The unit's
-// header tells the whole.
+// From the raw text of a cell to what the user sees: the text that is shown, the room that it needs, and the painted
+// cell. The unit's header tells the whole.
 //
 // Example, with German settings:
 //   bool fraction;
@@ -8,11 +8,13 @@
 //   vx::TDecorator::FormatText(u"1,5", vx::vftFraction, u"", fraction);            // u"150": to be drawn as a fraction
 //   auto cell = list.VirtualListForCell(2, 7);
 //   vx::TPoint size = grid.Calculate(canvas, u"Müller", nullptr, *cell);           // pixels
+//   grid.DrawCell(canvas, {0, 0, 90, 20}, u"Müller", nullptr, *cell, {vx::ddsSelected});
 //
 // Pitfalls:
 //   - Without a format a text is shown as it is: a boolean "1" is "1", and only "ja" with a format of at most one line.
 //   - Fractions are found by the digits of an Extended: 1,6 is one, 1,4 is not, since its decimals are 39.99... of 100
 //     there. This is wanted: all parts of the library agree on it.
+//   - A vftButton without text is none, and one under the mouse without an image for that shows nothing.
 #pragma once
 
 #include "platform/TCanvas.h"
@@ -32,9 +34,12 @@ class TDecorator : public TObject {
   virtual TPoint Calculate(TCanvas& aCanvas, const String& aText, TObject* aObject, TDecorationList& aDecorationList);
   // Whether the edge stripes belong also to heads of columns that can be clicked.
   virtual bool ColumnClickSelection() const { return true; }
-  // Paints the cell, which is aRect on the canvas. The list and aObject are those of Calculate.
+  // Paints the cell, which is aRect on the canvas, whose state is what it was afterwards. The list and aObject are
+  // those of Calculate. In this order: the callback before it, edge stripes, background or head, image, graphic, text,
+  // the lines above the row under the mouse, the callback behind it. Nothing clips to aRect: heads that can be clicked
+  // reach 2 pixels beyond it, and turned texts and images are drawn whole.
   virtual void DrawCell(TCanvas& aCanvas, const TRect& aRect, const String& aText, TObject* aObject,
-                        TDecorationList& aDecorationList, TDecorationDrawStates aState) = 0;
+                        TDecorationList& aDecorationList, TDecorationDrawStates aState);
   // The target, not owned; nullptr for none.
   virtual TObject* GetComponent() const = 0;
   virtual void SetComponent(TObject* aComponent) = 0;
@@ -55,6 +60,11 @@ class TDecorator : public TObject {
   // single line. Where that is not asked for, they are lines with carriage return and line feed between them and none
   // behind the last one. All else as FormatText.
   static String GetText(const String& aValue, const TDecoration& aDecoration, bool aSingleLine);
+
+  // With dloBorder, black lines inside those sides of aRect, the list's cell, that are sides of the table.
+  static void DrawBorder(TCanvas& aCanvas, const TRect& aRect, const TDecorationList& aDecorationList);
+  // A line without its last point; the pen, but for its colour, is the canvas's.
+  static void DrawLine(TCanvas& aCanvas, int X1, int Y1, int X2, int Y2, TColor aColor);
 
   // The scale from the screen to the list's device: how much finer the printer is, also for a metafile.
   static Extended FaktorHorz(const TDecorationList& aDecorationList) noexcept;

@@ -6,6 +6,8 @@
 
 namespace vx::detail {
 
+// Whether the table was sorted last by the cell of a virtual list.
+bool IsSortCell(const TDecorationList& List);
 // The arrow for the cell of a virtual list; nullptr if it shows none. The picture is the unit's. Raises as
 // TBitmap::LoadFromResourceName.
 const TBitmap* SortArrowOf(const TDecorationList& List);
