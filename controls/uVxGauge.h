@@ -8,13 +8,13 @@
 //   TVxPaintObjectThreadPainter    a snapshot for one painting
 //   TVxGaugeThread                 the painter thread
 //   TGaugeGroupList                the gauges that have a group index
-//   TGaugeWindow                   what a gauge needs of the window that it is painted into
+//   TGaugeWindow                   what the painter thread needs of a window
 //   SetTaskbarSink                 the desktop that shows a gauge's progress in its task bar
 //
 // Example:
 //   void Import(std::shared_ptr<vx::TGaugeWindow> window, std::span<const vx::String> rows) {
 //     vx::TVxGauge gauge(window);
-//     gauge.SetPaintRect({0, 0, 300, 24});
+//     gauge.SetBounds({10, 10, 310, 34});
 //     gauge.SetMax(static_cast<vx::Extended>(rows.size()));
 //     gauge.GetPaintObject().SetPercentShow(true);
 //     gauge.SetThreadPainted(true);                 // the window's thread is busy from here on

@@ -13,7 +13,6 @@ constexpr TBar kMostOfAStep = TBar::AtMost(50);
 struct THiddenWindow : TGaugeWindow {
   bool IsWindowVisible() override { return false; }
   bool BitBlt(int, int, const TBitmap&) override { return true; }
-  void Invalidate() override {}
 };
 
 // Steps of a job of a milliard, of which none is seen.

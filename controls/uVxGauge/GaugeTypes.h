@@ -39,23 +39,20 @@ struct TGaugeValues {
   friend bool operator==(const TGaugeValues&, const TGaugeValues&) noexcept = default;
 };
 
-// A window that gauges are painted into. Whoever paints shares it: it may go as soon as the last gauge that has it is
-// gone or has another one, and a painting that is under way has ended, in whichever thread that is.
+// A window that the painter thread paints gauges into. Whoever paints shares it: it may go as soon as the last gauge
+// that has it is gone or has another one, and a painting that is under way has ended, in whichever thread that is.
 class TGaugeWindow {
  public:
   virtual ~TGaugeWindow() = default;
 
-  // Both are called by any thread, the first one under the painter's locks. They must not wait for the window's thread,
-  // which may be waiting for the painter, nor make or free what the painter paints.
+  // Called by any thread, the first one under the painter's locks. Neither may wait for the window's thread, which may
+  // be waiting for the painter, nor make or free what the painter paints.
   //
   // Whether there is anything to see of the window.
   virtual bool IsWindowVisible() = 0;
   // Puts Picture with its top left pixel at (X, Y) of the window; false if nothing can be put there at present. What it
   // raises passes through whoever paints.
   virtual bool BitBlt(int X, int Y, const TBitmap& Picture) = 0;
-
-  // In the window's thread: have TVxGauge::Paint called soon. Changes no gauge and raises nothing.
-  virtual void Invalidate() = 0;
 };
 
 // What the task bar is to show for a window; not Shown: nothing any more.

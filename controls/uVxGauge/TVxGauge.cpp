@@ -37,7 +37,9 @@ void TVxPaintObjectVcl::LookChanged() { FGauge.LookChanged(); }
 void TVxPaintObjectVcl::ValuesChanged(bool IsSeen) { FGauge.ValuesChanged(IsSeen); }
 
 TVxGauge::TVxGauge(const std::shared_ptr<TGaugeWindow>& Window) : iPaintObject(*this) {
+  SetBounds({0, 0, 185, 41});
   iPaintObject.SethParent(Window);
+  ApplyPaintRect();
 }
 
 TVxGauge::~TVxGauge() {
@@ -47,9 +49,11 @@ TVxGauge::~TVxGauge() {
 }
 
 void TVxGauge::SetPaintRect(const TRect& Value) {
-  iPaintObject.SetPaintRect(Value);
-  iPaintRect = iPaintObject.GetPaintRect();
+  iPaintRect = Value;
+  ApplyPaintRect();
 }
+
+void TVxGauge::ApplyPaintRect() { iPaintObject.SetPaintRect(iPaintRect.IsEmpty() ? GetClientRect() : iPaintRect); }
 
 void TVxGauge::SetGroupIndex(int aIndex) {
   const int index = std::max(aIndex, -1);
@@ -92,6 +96,7 @@ void TVxGauge::SetThreadPainted(bool Value) {
   if (Value == GetThreadPainted()) return;
   FListed.reset();
   if (!Value) return;
+  ApplyPaintRect();
   FListed = std::make_unique<TVxPaintObjectThreadListed>();
   FListed->Assign(iPaintObject.GetValues());
 }
@@ -99,7 +104,7 @@ void TVxGauge::SetThreadPainted(bool Value) {
 void TVxGauge::LookChanged() {
   if (iKilled) return;
   if (FListed) FListed->Assign(iPaintObject.GetValues());
-  Invalidate();
+  if (!FIsPainting) Invalidate();
 }
 
 void TVxGauge::ValuesChanged(bool IsSeen) {
@@ -108,10 +113,6 @@ void TVxGauge::ValuesChanged(bool IsSeen) {
   if (IsSeen) Invalidate();
   if (!FIsReceiving) UpdatePendant(false);
   RefreshTaskbar();
-}
-
-void TVxGauge::Invalidate() {
-  if (const auto& window = iPaintObject.GethParent()) window->Invalidate();
 }
 
 void TVxGauge::SetShowInTaskbar(bool Value) {
@@ -136,14 +137,17 @@ void TVxGauge::TellTaskbar(int Percent) {
   ShowTaskbarProgress({iPaintObject.GethParent(), Percent >= 0, std::max(Percent, 0)});
 }
 
-void TVxGauge::Paint(TCanvas& Canvas) {
-  if (iKilled || !iPaintObject.GetVisible() || iPaintRect.IsEmpty()) return;
-  Canvas.Draw(iPaintRect.Left, iPaintRect.Top, iPaintObject.Paint());
+void TVxGauge::Paint() {
+  FIsPainting = true;
+  ApplyPaintRect();
+  FIsPainting = false;
+  const TRect& rect = iPaintObject.GetPaintRect();
+  if (GetCanvas() == nullptr || !iPaintObject.GetVisible() || rect.IsEmpty()) return;
+  GetCanvas()->Draw(rect.Left, rect.Top, iPaintObject.Paint());
 }
 
 void TVxGauge::GlowTimer() {
-  const auto& window = iPaintObject.GethParent();
-  if (iPaintObject.GetVisible() && iPaintObject.GetGlowRunning() && window && window->IsWindowVisible()) Invalidate();
+  if (GetVisible() && iPaintObject.GetVisible() && iPaintObject.GetGlowRunning()) Invalidate();
 }
 
 TGaugeGroupList& TGaugeGroupList::Instance() {

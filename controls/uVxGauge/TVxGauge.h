@@ -1,7 +1,7 @@
 // The gauge of a window, and the groups of gauges that move together.
 //
 // Example:
-//   vx::TVxGauge here(windowHere), there(windowThere);
+//   vx::TVxGauge here, there;
 //   here.SetGroupIndex(1);
 //   there.SetGroupIndex(1);
 //   here.SetPosition(40);
@@ -13,6 +13,7 @@
 #include "controls/uVxGauge/TVxGaugeThread.h"
 #include "controls/uVxGauge/TVxPaintObject.h"
 #include "objects/uVxObjects.h"
+#include "platform/TControl.h"
 
 namespace vx {
 
@@ -35,14 +36,13 @@ class TVxPaintObjectVcl : public TVxPaintObjectData {
   TBitmap FPicture;
 };
 
-// All of it belongs to the thread of its window.
-class TVxGauge : public TObject {
+// All of it belongs to the thread of its window. What is painted and said is that of its paint object; of the control
+// come the place, the canvas, whether it is visible, and OnInvalidate.
+class TVxGauge : public TControl {
  public:
-  // Window may be null: nothing is painted.
+  // 185 pixels wide and 41 high. Window is the control's, for the painter thread; null: that paints nothing.
   explicit TVxGauge(const std::shared_ptr<TGaugeWindow>& Window = nullptr);
   ~TVxGauge() override;
-  TVxGauge(const TVxGauge&) = delete;
-  TVxGauge& operator=(const TVxGauge&) = delete;
   String ClassName() const override { return u"TVxGauge"; }
 
   // Look and value; whatever is changed there acts on the gauge.
@@ -58,7 +58,7 @@ class TVxGauge : public TObject {
   void SetPosition(Extended Value) { iPaintObject.SetPosition(Value); }
   void SetValues(Extended Max, Extended Min, Extended Position) { iPaintObject.SetValues(Max, Min, Position); }
 
-  // Where the gauge is in its window.
+  // The part of the control that the gauge takes; all of it while this is empty.
   const TRect& GetPaintRect() const noexcept { return iPaintRect; }
   void SetPaintRect(const TRect& Value);
 
@@ -70,7 +70,8 @@ class TVxGauge : public TObject {
   // which happens with each change of value.
   void UpdatePendant(bool aReceive);
 
-  // The process's painter thread paints the gauge, beside Paint, until it is told otherwise.
+  // The process's painter thread paints the gauge into its window, beside Paint, until it is told otherwise. A new size
+  // of the control comes to it with the next Paint.
   bool GetThreadPainted() const noexcept { return FListed != nullptr; }
   void SetThreadPainted(bool Value);
 
@@ -80,10 +81,9 @@ class TVxGauge : public TObject {
   // Has the task bar show the position if it is to follow it.
   void RefreshTaskbar();
 
-  // The window has to be painted: draws the gauge at its rectangle. Raises as TVxPaintObject::PaintBitmap.
-  void Paint(TCanvas& Canvas);
-  // To be called by a timer of the window, such as every 20 ms: has the window painted if the glow runs and can be
-  // seen.
+  // Raises as TVxPaintObject::PaintBitmap.
+  void Paint() override;
+  // To be called by a timer of the window, such as every 20 ms: calls Invalidate if the glow runs and can be seen.
   void GlowTimer();
 
  private:
@@ -93,7 +93,7 @@ class TVxGauge : public TObject {
   void ValuesChanged(bool IsSeen);
   bool HasValuesOf(const TVxGauge& Other) const noexcept;
   void ReceiveValues(const TVxGauge& Other);
-  void Invalidate();
+  void ApplyPaintRect();
   void TellTaskbar(int Percent);
 
   TVxPaintObjectVcl iPaintObject;
@@ -101,6 +101,7 @@ class TVxGauge : public TObject {
   bool iKilled = false;  // on its way out: nothing acts any more
   int iGroupIndex = -1;
   bool iShowInTaskbar = false;
+  bool FIsPainting = false;
   bool FIsReceiving = false;  // whoever it receives values from tells the others
   int FTaskbarPercent = -1;   // what the task bar shows; -1: nothing
   std::unique_ptr<TVxPaintObjectThreadListed> FListed;

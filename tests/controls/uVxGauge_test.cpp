@@ -28,13 +28,12 @@ struct TNotingWindow : TGaugeWindow {
     ++Painted;
     return true;
   }
-  void Invalidate() override { ++Invalidated; }
   std::string TakePlaces() {
     const std::lock_guard lock(Mutex);
     return std::exchange(Places, {});
   }
   std::atomic<bool> Visible{true}, Fails{false};
-  std::atomic<int> Asked{0}, Painted{0}, Invalidated{0};
+  std::atomic<int> Asked{0}, Painted{0};
   std::mutex Mutex;
   std::string Places;
 };
@@ -346,31 +345,34 @@ TEST(Gauge, GroupsMoveTogether) {
   gauges.reset();
 }
 
+struct TCounter {
+  void Count(TObject*) { ++Times; }
+  int Times = 0;
+};
+
 TEST(GaugeThread, TheGaugeOfAWindow) {
   const auto window = std::make_shared<TNotingWindow>();
   std::vector<int> taskbar;
   const auto before = SetTaskbarSink([&](const TTaskbarProgress& p) { taskbar.push_back(p.Shown ? p.Percent : -1); });
   {
     TVxGauge gauge(window);
-    gauge.SetPaintRect({10, 20, 110, 30});
-    gauge.SetShowInTaskbar(true);
-    window->Invalidated = 0;
+    gauge.SetPaintRect({10, 20, 110, 30}), gauge.SetShowInTaskbar(true);
+    TCounter counter;
+    gauge.SetOnInvalidate(TNotifyEvent::Of<&TCounter::Count>(counter));
     for (const Extended position : {0.5L, 1.0L, 1.5L, 50.0L, 500.0L}) gauge.SetPosition(position);
-    EXPECT_EQ(window->Invalidated.exchange(0), 2);
+    EXPECT_EQ(std::exchange(counter.Times, 0), 2);
     EXPECT_EQ((TFacts{taskbar}), "0,1,50");
-    gauge.GlowTimer();
-    gauge.GetPaintObject().SetGlowState(ggsOff);
-    gauge.GlowTimer();
-    EXPECT_EQ(window->Invalidated.load(), 2);
+    gauge.GlowTimer(), gauge.GetPaintObject().SetGlowState(ggsOff), gauge.GlowTimer();
+    EXPECT_EQ(counter.Times, 2);
     TRecordingCanvas canvas;
-    gauge.Paint(canvas);
-    EXPECT_EQ(canvas.GetText(), u"picture 10,20 100x10\n");
+    gauge.Paint(), gauge.SetCanvas(&canvas), gauge.Paint();
+    gauge.SetPaintRect({}), gauge.SetBounds({5, 5, 65, 25}), gauge.Paint();
+    EXPECT_EQ(canvas.GetText(), u"picture 10,20 100x10\npicture 0,0 60x20\n");
     EXPECT_FALSE(gauge.GetPaintObject().GetBasicsChanged());
     gauge.GetPaintObject().SetVisible(false);
-    canvas.Clear(), gauge.Paint(canvas);
+    canvas.Clear(), gauge.Paint();
     EXPECT_EQ(canvas.GetText(), u"");
-    gauge.GetPaintObject().SetVisible(true);
-    gauge.SetThreadPainted(true);
+    gauge.GetPaintObject().SetVisible(true), gauge.SetThreadPainted(true);
     EXPECT_TRUE(Comes([&] { return window->Painted > 0; }));
     const int painted = window->Painted;
     gauge.SetPosition(70);
