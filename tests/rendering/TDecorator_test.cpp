@@ -3,6 +3,7 @@
 #include "platform/TRecordingCanvas.h"
 #include "rendering/uDecoration.h"
 #include "rendering/uDecoration/detail/SortArrows.h"
+#include "tests/support/PlainDecorator.h"
 #include "tests/support/Test.h"
 
 namespace vx::test {
@@ -96,22 +97,6 @@ TEST(Decorator, TellsACellInWords) {
   }
 }
 
-struct TTable : TObject, TSortedTable {
-  TPoint GetSortCell() const noexcept override { return Cell; }
-  TSortArrow GetSortArrow() const noexcept override { return Arrow; }
-  TPoint Cell{-1, -1};
-  TSortArrow Arrow = saUp;
-};
-
-struct TPlainDecorator : TDecorator {
-  bool ColumnClickSelection() const override { return Selects; }
-  void DrawCell(TCanvas&, const TRect&, const String&, TObject*, TDecorationList&, TDecorationDrawStates) override {}
-  TObject* GetComponent() const override { return nullptr; }
-  void SetComponent(TObject*) override {}
-  void Trim() override {}
-  bool Selects = false;
-};
-
 // What the size of the cell (0, Row) of a sorted table with one fixed row depends on.
 struct TCell {
   TVxFieldType Type = vftUnknown;
@@ -137,7 +122,7 @@ struct TCell {
   std::string Size(const String& Text) const;
 };
 std::string TCell::Size(const String& Text) const {
-  TTable table;
+  TSortedPlain table;
   table.Cell = SortCell;
   table.Arrow = Arrow;
   TImageList images(16, 10);
@@ -231,7 +216,7 @@ TEST(Decorator, MeasuresACell) {
   };
   for (const auto& c : cases) EXPECT_EQ(c.Cell.Size(c.Text), c.Size) << c.Name;
   SetPrinterPixelsPerInch(printer);
-  TTable table;
+  TSortedPlain table;
   TDecorationList list(&table);
   const TBitmap* up = detail::SortArrowOf(list);
   ASSERT_NE(up, nullptr);
