@@ -9,7 +9,7 @@ foreach(folder core objects tables services rendering controls platform tools ex
   # The strangers have a build of their own, and the oracles need libraries that not every machine has.
   list(FILTER sources EXCLUDE REGEX "^tests/(consumer|oracle)/")
   if(NOT DRAWING)
-    list(FILTER sources EXCLUDE REGEX "^(platform|tests/platform)/cairo/|^examples/(name_list|reduce_colours|rich_text)")
+    list(FILTER sources EXCLUDE REGEX "^(platform|tests/platform)/cairo/|^examples/(cells|name_list|reduce_colours|rich_text)")
   endif()
   foreach(source IN LISTS sources)
     string(FIND "${commands}" "${root}/${source}\"" at)

@@ -1,3 +1,4 @@
+#include "platform/FormatSettings.h"
 #include "rendering/uDecoration/detail/CellPainter.h"
 #include "rendering/uDecoration/detail/TextCells.h"
 #include "rendering/uVxTinyHTML.h"
@@ -7,6 +8,12 @@ namespace {
 
 // An empty line is as high as any other.
 std::u16string_view Measured(std::u16string_view Line) noexcept { return Line.empty() ? u" " : Line; }
+
+// Of a number whose decimals were rounded to what is no fraction.
+String WithSeparator(std::u16string_view Number) {
+  const size_t whole = Number.size() - 2;
+  return Concat({Number.substr(0, whole), {&GetFormatSettings().DecimalSeparator, 1}, Number.substr(whole)});
+}
 
 // Takes lines one by one and keeps, shortened, those that fit.
 class TFittingLines {
@@ -94,7 +101,11 @@ std::vector<String> TCellPainter::FittingLines(bool& IsFraction) const {
   } else if (format.empty() && type != vftCurrency && type != vftFraction) {
     lines.Add(FCell.Text);
   } else {
-    const String shown = TDecorator::FormatText(FCell.Text, type, format, IsFraction);
+    String shown = TDecorator::FormatText(FCell.Text, type, format, IsFraction);
+    if (IsFraction && !HasFractionGlyph(shown)) {
+      IsFraction = false;
+      shown = WithSeparator(shown);
+    }
     ForEachTextLine(shown, [&](std::u16string_view line) { lines.Add(line); });
   }
   return lines.Take();

@@ -1,5 +1,3 @@
-#include "platform/FormatSettings.h"
-#include "platform/Text.h"
 #include "rendering/uDecoration/detail/CellPainter.h"
 
 namespace vx::detail {
@@ -45,15 +43,14 @@ void PaintStroke(TCanvas& Canvas, const TRect& Rect) {
 
 }  // namespace
 
+bool HasFractionGlyph(std::u16string_view Text) noexcept {
+  return Text.size() >= 2 && !FractionOf(Text.substr(Text.size() - 2)).empty();
+}
+
 void PaintFraction(TCanvas& Canvas, TPoint At, std::u16string_view Text) {
-  const size_t whole = std::max<size_t>(Text.size(), 2) - 2;
-  const std::u16string_view units = Text.substr(0, whole), decimals = Text.substr(whole);
-  const std::u16string_view digits = FractionOf(decimals);
-  if (digits.empty()) {
-    const bool isNumber = decimals.size() == 2 && IsDigit(decimals[0]) && IsDigit(decimals[1]);
-    const char16_t comma = GetFormatSettings().DecimalSeparator;
-    return Canvas.TextOut(At.X, At.Y, isNumber ? Concat({units, {&comma, 1}, decimals}) : String(Text));
-  }
+  if (!HasFractionGlyph(Text)) return Canvas.TextOut(At.X, At.Y, Text);
+  const size_t whole = Text.size() - 2;
+  const std::u16string_view units = Text.substr(0, whole);
   TRect rect = RectAt(At, {Canvas.TextWidth(Text), Canvas.TextHeight(Text)});
   if (!units.empty()) {
     Canvas.TextOut(At.X, At.Y, units);
@@ -64,7 +61,7 @@ void PaintFraction(TCanvas& Canvas, TPoint At, std::u16string_view Text) {
     Canvas.Rectangle(rect);
     Canvas.SetPen(pen);
   }
-  PaintDigits(Canvas, rect, digits);
+  PaintDigits(Canvas, rect, FractionOf(Text.substr(whole)));
   PaintStroke(Canvas, rect);
 }
 

@@ -222,12 +222,13 @@ TEST(DrawCell, Fractions) {
   Check(
       {TCell{.Type = vftFraction, .Text = u"21,5", .Align = {alRight}},
        TCell{.Type = vftFraction, .Text = u",75", .Rect = {0, 0, 300, 90}, .FontSize = 48},
-       TCell{.Type = vftFraction, .Text = u",75", .State = {ddsMask}}, TCell{.Type = vftFraction, .Text = u"1,3399"},
+       TCell{.Type = vftFraction, .Text = u",75", .State = {ddsMask}},
+       TCell{.Type = vftFraction, .Text = u"1,3399", .Align = {alRight}},
        TCell{.Type = vftFraction, .Text = u"123456,5", .Rect = {0, 0, 40, 20}}},
       uR"(fraction: ground; fill 41,28 14x14 clCream; text 41,28 14x14 "21"; text 57,28 5x10 "1" clBlack X 6; text 64,32 5x10 "2" clBlack X 6; line 58,41 to 68,29 clBlack
 fraction alone: fill 0,0 300x90 clCream; fill 1,5 76x80 clCream; text 1,5 29x60 "3" clBlack X 36; text 48,25 29x60 "4" clBlack X 36; line 8,78 to 70,12 clBlack; line 7,78 to 69,12 clBlack; line 9,78 to 71,12 clBlack
 fraction alone in a mask: text 11,28 5x10 "3" clBlack X 6; text 20,32 5x10 "4" clBlack X 6; line 12,41 to 24,29 clBlack
-nearly a fraction: ground; fill 11,28 25x14 clCream; text 11,28 25x14 "1,34"
+nearly a fraction: ground; text 44,28 25x14 "1,34" in 11,28 58x22
 shortened fraction: fill 0,0 40x20 clCream; fill 1,3 36x14 clCream; text 1,3 36x14 "1234..")");
 }
 // The printer has twice the screen's pixels across and three times down.

@@ -124,9 +124,10 @@ inline int SideOf(TAlignSet Align) noexcept { return Align.Has(alClient) ? 0 : A
 // of the line.
 String ShortenedLine(const TCanvas& Canvas, const String& Line, int Width, bool ProtectsNumbers);
 
+// The last two characters are decimals that stand for a fraction.
+bool HasFractionGlyph(std::u16string_view Text) noexcept;
 // A number without separator whose last two digits are its decimals, as a whole number and a fraction with its top left
-// at (X, Y). Decimals that are none of those that stand for a fraction are written as such; a text that was shortened
-// is written as it is. The state of the canvas is what it was.
+// at (X, Y); any other text, such as one that was shortened, as it is. The state of the canvas is what it was.
 void PaintFraction(TCanvas& Canvas, TPoint At, std::u16string_view Text);
 
 }  // namespace vx::detail
