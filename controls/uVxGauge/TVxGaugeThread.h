@@ -33,7 +33,7 @@ class TVxGaugeThread;
 // A snapshot made for one painting; it shares nothing but the window, and that stays until it is painted.
 class TVxPaintObjectThreadPainter : public TVxPaintObject {
  public:
-  explicit TVxPaintObjectThreadPainter(const TVxPaintValues& Values) { Assign(Values); }
+  explicit TVxPaintObjectThreadPainter(const TVxPaintValues& Values) { TVxPaintObject::Assign(Values); }
   String ClassName() const override { return u"TVxPaintObjectThreadPainter"; }
   // Paints and puts the picture into the window, at the top left of the rectangle. Nothing for an empty rectangle or
   // no window. Raises as PaintBitmap.
@@ -57,7 +57,6 @@ class TVxPaintObjectThreadListed : public TVxPaintObjectData {
   static int GetListedCount() noexcept;
 
   TVxPaintValues GetSnapshot() const;
-  void Assign(const TVxPaintValues& Values);
   void SetBgColorFirst(TColor Value) override;
   void SetBgColorSecond(TColor Value) override;
   void SetBgColorThird(TColor Value) override;
@@ -90,6 +89,7 @@ class TVxPaintObjectThreadListed : public TVxPaintObjectData {
   void SetValueShow(bool Value) override;
   void SetFont(const TFont& Value) override;
   void SetVisible(bool Value) override;
+  void Assign(const TVxPaintValues& Values) override;
 
   // For the painter, whose thread may come while a derived class is made or taken apart: it calls nothing virtual.
   //

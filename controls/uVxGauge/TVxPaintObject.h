@@ -67,8 +67,6 @@ class TVxPaintObject : public TObject, protected TVxPaintValues {
   String ClassName() const override { return u"TVxPaintObject"; }
 
   const TVxPaintValues& GetValues() const noexcept { return *this; }
-  // Takes all values. A repaint is due if any differs.
-  void Assign(const TVxPaintValues& Values);
 
   // A value that is there already changes nothing.
   virtual void SetBgColorFirst(TColor Value);
@@ -110,6 +108,8 @@ class TVxPaintObject : public TObject, protected TVxPaintValues {
   virtual void SetValueShow(bool Value);
   virtual void SetFont(const TFont& Value);
   virtual void SetVisible(bool Value);
+  // All values at once, as they are.
+  virtual void Assign(const TVxPaintValues& Values);
 
   TColor GetBgColorFirst() const noexcept { return iBgColorFirst; }
   TColor GetBgColorSecond() const noexcept { return iBgColorSecond; }
