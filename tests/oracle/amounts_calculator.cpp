@@ -19,7 +19,7 @@ struct TLine {
     std::istringstream stream(Text);
     for (std::string word; std::getline(stream, word, '\t');) Words.push_back(word);
   }
-  String Text(size_t At) const { return String::FromUtf8(Words.at(At)); }
+  String Text(size_t At) const { return At < Words.size() ? String::FromUtf8(Words[At]) : String(); }
   int64_t Number(size_t At) const { return std::stoll(Words.at(At)); }
   int Int(size_t At) const { return static_cast<int>(Number(At)); }
   Currency Amount(size_t At) const { return Currency::FromUnits(Number(At)); }

@@ -212,7 +212,12 @@ def texts():
     whole = ["1", "25", "1.234", "1 234", "1'234.567", "1'234'567", "1234", "0", "", "001", "12.345.678"]
     for _ in range(count):
         text = "".join(random.choice(pieces) for _ in range(random.randint(1, 6)))
-        if random.random() < 0.5:
+        kind = random.random()
+        if kind < 0.3:
+            digits = lambda most: "".join(random.choice("0123456789") for _ in range(random.randint(0, most)))
+            text = "".join((random.choice(["", " ", "-", "+", "\u2212"]), digits(random.choice((3, 19))),
+                            random.choice(":,"), digits(random.choice((2, 2, 19))), random.choice(["", "", " ", "%", " %"])))
+        elif kind < 0.7:
             text = "".join((random.choice(["", "", "-", "+", "- ", "€", "EUR ", "€ -", "-€"]), random.choice(whole),
                             random.choice(["", ",5", ",50", ",5000", ".50", ",-", ",--", ".-", ",\u2013", ",12345"]),
                             random.choice(["", "", "-", " €", "€", " EUR", " Euro", "- €", " x"])))
@@ -231,7 +236,7 @@ def walks(zone):
         day = datetime.date(year, month, 31 if month != 9 else 30)
         return day - datetime.timedelta(days=day.isoweekday() % 7)
 
-    for _ in range(max(count // 100, 1)):
+    for _ in range(min(count // 20, 3000)):
         year = random.randint(1981, 2040)
         day = last_sunday(year, random.choice((3, 10 if year > 1995 else 9)))
         if random.random() < 0.3:
