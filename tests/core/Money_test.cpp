@@ -35,9 +35,10 @@ TEST(DecimalFactor, IsExactAndInOrder) {
 TEST(Money, RoundsOnceAndRaises) {
   const TDecimalFactor half = TDecimalFactor::Of(5, 1), index = TDecimalFactor::Of(10537, 4);
   EXPECT_EQ(UnitsOf({Product(Units(12100), index), Product(Units(100), half), Product(Units(100), half, 2, mrMath),
+                     Product(Units(100), TDecimalFactor::Of(500001, 6), 2, mrMath),
                      Product(Units(185000), THourAmount::Of(-7, -42)), Quotient(-10, half), Quotient(10, 3, 9),
                      PercentOf(Units(2000), TDecimalFactor::Of(75, 1)), WithoutPercent(Units(14690600), 19)}),
-            "12700 100 0 -1424500 -200000 33333 200 12345000 ");
+            "12700 100 0 100 -1424500 -200000 33333 200 12345000 ");
   EXPECT_EQ(DecimalFactorToStr(Ratio(1, -3, 4)), u"-0,3333");
   ExpectRaises<EOverflow>(
       {[] { Product(Units(kMost), 1, 0); }, [] { Product(Units(kMost), 2, 4); }, [] { Ratio(1000000, Units(1), 9); }});
