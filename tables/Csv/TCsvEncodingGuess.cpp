@@ -26,6 +26,16 @@ TCsvEncoding Utf16ByMark(const TEncoding& Encoding) {
   return &Encoding == &TEncoding::Utf16() ? ceUtf16 : ceUtf16BigEndian;
 }
 
+// The first byte from Pos on that is none of ASCII.
+size_t SkipAscii(std::string_view Bytes, size_t Pos) {
+  for (uint64_t word; Bytes.size() - Pos >= sizeof word; Pos += sizeof word) {
+    std::memcpy(&word, Bytes.data() + Pos, sizeof word);
+    if ((word & 0x8080808080808080) != 0) break;
+  }
+  while (Pos < Bytes.size() && static_cast<unsigned char>(Bytes[Pos]) < 0x80) ++Pos;
+  return Pos;
+}
+
 bool IsLetter(char Byte) { return (Byte >= 'a' && Byte <= 'z') || (Byte >= 'A' && Byte <= 'Z'); }
 
 }  // namespace
@@ -46,10 +56,7 @@ size_t TCsvEncodingGuess::Look(std::string_view Bytes, bool AreLast) noexcept {
   constexpr size_t kLongest = 4;  // bytes of a character
   size_t i = 0;
   while (i < Bytes.size() && !FIsSure) {
-    for (uint64_t word; Bytes.size() - i >= sizeof word; i += sizeof word) {
-      std::memcpy(&word, Bytes.data() + i, sizeof word);
-      if ((word & 0x8080808080808080) != 0) break;
-    }
+    i = SkipAscii(Bytes, i);
     if (i == Bytes.size() || (!AreLast && Bytes.size() - i < kLongest)) break;
     const char32_t character = detail::NextFromUtf8(Bytes, i);
     if (character >= 0x80) FEncoding = ceUtf8;

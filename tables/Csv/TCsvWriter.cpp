@@ -2,7 +2,9 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstdlib>
 #include <cstring>
+#include <new>
 
 #include "platform/CodePage.h"
 #include "platform/Encoding.h"
@@ -15,6 +17,21 @@ namespace {
 constexpr size_t kSlack = 16;       // bytes that a short cell may be written beyond its end
 constexpr size_t kMostBytes = 4;    // that a unit may take: a quote of UTF-16, doubled
 constexpr char16_t kMark = 0xFEFF;  // at the beginning of a file it would be taken for its byte order mark
+
+char* PutUtf8Unit(char* Target, char16_t Unit) {
+  const auto put = [&](unsigned byte) { *Target++ = static_cast<char>(byte); };
+  if (Unit < 0x80) {
+    put(Unit);
+  } else if (Unit < 0x800) {
+    put(0xC0u | Unit >> 6);
+    put(0x80u | (Unit & 63));
+  } else {
+    put(0xE0u | Unit >> 12);
+    put(0x80u | (Unit >> 6 & 63));
+    put(0x80u | (Unit & 63));
+  }
+  return Target;
+}
 
 bool IsHighSurrogate(char16_t Unit) { return Unit >= 0xD800 && Unit < 0xDC00; }
 bool IsLowSurrogate(char16_t Unit) { return Unit >= 0xDC00 && Unit < 0xE000; }
@@ -34,29 +51,119 @@ const TCodePage* PageOf(const TCsvForm& Form) {
 }  // namespace
 
 TCsvWriter::TCsvWriter(const TCsvForm& Form) : FForm(WithNothingOpen(Form)), FPage(PageOf(FForm)) {
-  if (FForm.HasMark && FPage == nullptr) FSize = static_cast<size_t>(PutUnit(Room(kMostBytes), kMark) - FBytes.get());
+  std::fill_n(FSeparators, kLanes, FForm.Separator);
+  std::fill_n(FQuotes, kLanes, FForm.Quote);
+  if (FForm.HasMark && FPage == nullptr) {
+    FSize = static_cast<size_t>(PutUnit(Room(nullptr, kMostBytes), kMark) - FBytes.get());
+  }
 }
 
 TCsvWriter::~TCsvWriter() = default;
 
-char* TCsvWriter::Room(size_t Count) {
-  constexpr size_t kFirst = 4096;
-  if (FCapacity - FSize < Count) {
-    const size_t capacity = std::max({FSize + Count, 2 * FCapacity, kFirst});
-    auto bytes = std::make_unique_for_overwrite<char[]>(capacity);
-    if (FSize > 0) std::memcpy(bytes.get(), FBytes.get(), FSize);
-    FBytes = std::move(bytes);
-    FCapacity = capacity;
+inline char* TCsvWriter::PutUnit(char* Target, char16_t Unit) const {
+  const auto put = [&](unsigned byte) { *Target++ = static_cast<char>(byte); };
+  switch (FForm.Encoding) {
+    case ceUtf16:
+      put(Unit & 0xFF);
+      put(Unit >> 8);
+      return Target;
+    case ceUtf16BigEndian:
+      put(Unit >> 8);
+      put(Unit & 0xFF);
+      return Target;
+    case ceCodePage:
+      put(FPage->EncodeUnit(Unit));
+      return Target;
+    default:
+      return PutUtf8Unit(Target, Unit);
   }
-  return FBytes.get() + FSize;
+}
+
+#if defined(__SSE2__)
+
+// Writes the units From to To of eight that can be read, and goes behind them. False where one of them may need quotes
+// or a closer look; the scratch that was written counts for nothing then.
+inline bool TCsvWriter::PutEight(char*& Target, const char16_t* Units, size_t From, size_t To) const {
+  const __m128i units = scan::Load(Units);
+  const unsigned part = ((1u << 2 * (To - From)) - 1) << 2 * From;
+  const __m128i marks =
+      _mm_or_si128(_mm_cmpeq_epi16(units, scan::Load(FSeparators)), _mm_cmpeq_epi16(units, scan::Load(FQuotes)));
+  if (scan::Mask(_mm_or_si128(marks, scan::UpTo(units, u'\r'))) & part) return false;
+  const auto bytes = static_cast<uint64_t>(_mm_cvtsi128_si64(_mm_packus_epi16(units, units))) >> 8 * From;
+  unsigned wide = ~scan::Mask(scan::UpTo(units, 127)) & part;
+  std::memcpy(Target, &bytes, sizeof bytes);
+  if (wide != 0 && FPage == nullptr) {
+    const size_t count = To - From;
+    return PutWide(Target, {Units + From, count}, bytes, wide >> 2 * From);
+  }
+  for (; wide != 0; wide &= ~(3u << std::countr_zero(wide))) {
+    const size_t i = static_cast<size_t>(std::countr_zero(wide)) / 2;
+    if (!FPage->CanEncode(Units[i])) return false;
+    Target[i - From] = static_cast<char>(FPage->EncodeUnit(Units[i]));
+  }
+  Target += To - From;
+  return true;
+}
+
+// The same in UTF-8: Bytes has the units of ASCII and stands at Target already, Wide has two bits for each other unit.
+bool TCsvWriter::PutWide(char*& Target, std::u16string_view Units, uint64_t Bytes, unsigned Wide) const {
+  size_t done = 0;
+  for (; Wide != 0; Wide &= ~(3u << std::countr_zero(Wide))) {
+    const size_t i = static_cast<size_t>(std::countr_zero(Wide)) / 2;
+    if (Units[i] >= 0xD800 && Units[i] < 0xE000) return false;
+    Target = PutUtf8Unit(Target + (i - done), Units[i]);
+    done = i + 1;
+    const uint64_t rest = done < sizeof rest ? Bytes >> 8 * done : 0;
+    std::memcpy(Target, &rest, sizeof rest);
+  }
+  Target += Units.size() - done;
+  return true;
+}
+
+inline char* TCsvWriter::PutPlain(char* Target, const char16_t* Units, size_t Count) const {
+  // A text of fewer than eight units stands inside its String, where eight are readable.
+  if (Count < 8) return PutEight(Target, Units, 0, Count) ? Target : nullptr;
+  size_t i = 0;
+  for (; i + 8 <= Count; i += 8) {
+    if (!PutEight(Target, Units + i, 0, 8)) return nullptr;
+  }
+  return i == Count || PutEight(Target, Units + Count - 8, 8 - (Count - i), 8) ? Target : nullptr;
+}
+
+#else
+
+inline char* TCsvWriter::PutPlain(char* Target, const char16_t* Units, size_t Count) const {
+  for (size_t i = 0; i < Count; ++i) {
+    const char16_t unit = Units[i];
+    if (unit == FForm.Separator || unit == FForm.Quote || unit == u'\r' || unit == u'\n') return nullptr;
+    if (FPage != nullptr ? !FPage->CanEncode(unit) : unit >= 0xD800 && unit < 0xE000) return nullptr;
+    Target = PutUnit(Target, unit);
+  }
+  return Target;
+}
+
+#endif
+
+char* TCsvWriter::Room(char* Target, size_t Count) {
+  if (static_cast<size_t>(FEnd - Target) >= Count) return Target;
+  constexpr size_t kFirst = 4096;
+  const size_t size = static_cast<size_t>(Target - FBytes.get());
+  const size_t capacity = std::max({size + Count, 2 * static_cast<size_t>(FEnd - FBytes.get()), kFirst});
+  // The system moves large blocks without copying them.
+  char* const bytes = static_cast<char*>(std::realloc(FBytes.get(), capacity));
+  if (bytes == nullptr) throw std::bad_alloc();
+  (void)FBytes.release();
+  FBytes.reset(bytes);
+  FEnd = bytes + capacity;
+  return bytes + size;
 }
 
 void TCsvWriter::Write(std::span<const String> Cells) {
-  size_t most = 64;
-  for (const String& cell : Cells) most += kMostBytes * static_cast<size_t>(cell.size()) + 3 * kMostBytes + kSlack;
-  char* target = Room(most);
+  constexpr size_t kForEnds = 8 * kMostBytes;  // separator, quotes, line end
+  char* target = Room(FBytes.get() + FSize, kForEnds);
   FCol = 0;
   for (const String& cell : Cells) {
+    target = Room(target, kMostBytes * static_cast<size_t>(cell.size()) + kForEnds + kSlack);
     if (FCol > 0) target = PutUnit(target, FForm.Separator);
     target = PutCell(target, cell);
     ++FCol;
@@ -75,9 +182,8 @@ void TCsvWriter::Write(std::span<const String> Cells) {
 char* TCsvWriter::PutCell(char* Target, std::u16string_view Cell) {
   const bool isQuoted = FForm.Quoting == cqAll && FForm.Quote != 0;
   if (Cell.empty() && !isQuoted) return Target;
-  if (FForm.Encoding != ceUtf16 && FForm.Encoding != ceUtf16BigEndian && !isQuoted &&
-      PutPlain(Target, Cell.data(), Cell.size())) {
-    return Target + Cell.size();
+  if (FForm.Encoding != ceUtf16 && FForm.Encoding != ceUtf16BigEndian && !isQuoted && (FRow > 0 || FCol > 0)) {
+    if (char* end = PutPlain(Target, Cell.data(), Cell.size())) return end;
   }
   FIsLost = FIsFormLost = false;
   Target = PutUnits(Target, Cell, isQuoted || NeedsQuotes(Cell));
@@ -93,28 +199,47 @@ bool TCsvWriter::NeedsQuotes(std::u16string_view Cell) const {
          scan::FindEither(Cell.data(), end, u'\r', u'\n') != end;
 }
 
-// Writes every unit, whatever it needs.
+// Writes the cell with or without quotes, whatever is in it.
 char* TCsvWriter::PutUnits(char* Target, std::u16string_view Cell, bool IsQuoted) {
-  const bool hasQuote = FForm.Quote != 0;
-  FIsFormLost = IsQuoted && !hasQuote;
-  if (IsQuoted && hasQuote) Target = PutUnit(Target, FForm.Quote);
-  for (size_t pos = 0; pos < Cell.size();) {
-    const char16_t unit = Cell[pos];
-    if (hasQuote && unit == FForm.Quote) Target = PutUnit(Target, unit);
-    if (FForm.Encoding == ceUtf8) {
-      Target = PutUtf8(Target, Cell, pos);
-      continue;
-    }
-    FIsLost |= FPage != nullptr && !FPage->CanEncode(unit);
-    Target = PutUnit(Target, unit);
-    ++pos;
+  if (FForm.Quote == 0) {
+    FIsFormLost = IsQuoted;
+    return PutPiece(Target, Cell);
   }
-  return IsQuoted && hasQuote ? PutUnit(Target, FForm.Quote) : Target;
+  if (!IsQuoted) return PutPiece(Target, Cell);
+  Target = PutUnit(Target, FForm.Quote);
+  for (const char16_t *pos = Cell.data(), *end = pos + Cell.size(); pos != end;) {
+    const char16_t* const quote = scan::FindUnit(pos, end, FForm.Quote);
+    const char16_t* const next = quote == end ? end : quote + 1;
+    Target = PutPiece(Target, {pos, next});
+    if (quote != end) Target = PutUnit(Target, FForm.Quote);
+    pos = next;
+  }
+  return PutUnit(Target, FForm.Quote);
+}
+
+// Writes units of a cell as they are, or what stands for those that the encoding lacks. A piece ends with a quote or
+// the cell, so that no pair of surrogates is cut.
+char* TCsvWriter::PutPiece(char* Target, std::u16string_view Piece) {
+  if (FForm.Encoding == ceUtf8) {
+    for (size_t pos = 0; pos < Piece.size();) Target = PutUtf8(Target, Piece, pos);
+    return Target;
+  }
+  if (FPage != nullptr) {
+    for (const char16_t unit : Piece) FIsLost |= !FPage->CanEncode(unit);
+    FPage->Encode(Piece.data(), Piece.size(), Target);
+    return Target + Piece.size();
+  }
+  for (const char16_t unit : Piece) Target = PutUnit(Target, unit);
+  return Target;
 }
 
 // One character, of one or two units; not half of a pair.
 char* TCsvWriter::PutUtf8(char* Target, std::u16string_view Text, size_t& Pos) {
   char32_t value = Text[Pos++];
+  if (value < 0x80) {
+    *Target++ = static_cast<char>(value);
+    return Target;
+  }
   if (IsHighSurrogate(static_cast<char16_t>(value)) && Pos < Text.size() && IsLowSurrogate(Text[Pos])) {
     value = 0x10000 + ((value - 0xD800) << 10) + (Text[Pos++] - 0xDC00u);
     *Target++ = static_cast<char>(0xF0 | value >> 18);
@@ -127,80 +252,5 @@ char* TCsvWriter::PutUtf8(char* Target, std::u16string_view Text, size_t& Pos) {
   FIsLost |= isLone;
   return PutUnit(Target, isLone ? char16_t{0xFFFD} : static_cast<char16_t>(value));
 }
-
-char* TCsvWriter::PutUnit(char* Target, char16_t Unit) const {
-  const auto put = [&](unsigned byte) { *Target++ = static_cast<char>(byte); };
-  switch (FForm.Encoding) {
-    case ceUtf16:
-      put(Unit & 0xFF);
-      put(Unit >> 8);
-      return Target;
-    case ceUtf16BigEndian:
-      put(Unit >> 8);
-      put(Unit & 0xFF);
-      return Target;
-    case ceCodePage:
-      put(FPage->EncodeUnit(Unit));
-      return Target;
-    default:
-      break;
-  }
-  if (Unit < 0x80) {
-    put(Unit);
-  } else if (Unit < 0x800) {
-    put(0xC0u | Unit >> 6);
-    put(0x80u | (Unit & 63));
-  } else {
-    put(0xE0u | Unit >> 12);
-    put(0x80u | (Unit >> 6 & 63));
-    put(0x80u | (Unit & 63));
-  }
-  return Target;
-}
-
-#if defined(__SSE2__)
-
-// Eight units at once, of which Count are part of the cell; all eight must be readable.
-bool TCsvWriter::PutEight(char* Target, const char16_t* Units, size_t Count) const {
-  const unsigned part = Count >= 8 ? 0xFFFFu : (1u << (2 * Count)) - 1;
-  const __m128i units = scan::Load(Units);
-  const auto is = [&](char16_t unit) { return _mm_cmpeq_epi16(units, scan::Fill(unit)); };
-  const __m128i special =
-      _mm_or_si128(_mm_or_si128(is(FForm.Separator), is(FForm.Quote)), _mm_or_si128(is(u'\r'), is(u'\n')));
-  if (scan::Mask(special) & part) return false;
-  _mm_storel_epi64(reinterpret_cast<__m128i*>(Target), _mm_packus_epi16(units, units));
-  unsigned wide = ~scan::Mask(scan::UpTo(units, 127)) & part;
-  if (wide != 0 && FPage == nullptr) return false;
-  for (; wide != 0; wide &= wide - 1, wide &= wide - 1) {
-    const int i = std::countr_zero(wide) / 2;
-    if (!FPage->CanEncode(Units[i])) return false;
-    Target[i] = static_cast<char>(FPage->EncodeUnit(Units[i]));
-  }
-  return true;
-}
-
-bool TCsvWriter::PutPlain(char* Target, const char16_t* Units, size_t Count) const {
-  // A text of fewer than eight units stands inside its String, where eight are readable.
-  if (Count < 8) return PutEight(Target, Units, Count);
-  size_t i = 0;
-  for (; i + 8 <= Count; i += 8) {
-    if (!PutEight(Target + i, Units + i, 8)) return false;
-  }
-  return i == Count || PutEight(Target + Count - 8, Units + Count - 8, 8);
-}
-
-#else
-
-bool TCsvWriter::PutPlain(char* Target, const char16_t* Units, size_t Count) const {
-  for (size_t i = 0; i < Count; ++i) {
-    const char16_t unit = Units[i];
-    if (unit == FForm.Separator || unit == FForm.Quote || unit == u'\r' || unit == u'\n') return false;
-    if (unit >= 0x80 && (FPage == nullptr || !FPage->CanEncode(unit))) return false;
-    Target[i] = static_cast<char>(FPage == nullptr ? unit : FPage->EncodeUnit(unit));
-  }
-  return true;
-}
-
-#endif
 
 }  // namespace vx

@@ -126,4 +126,15 @@ class TCsvUnitCells : public TCsvCellBase<char16_t, TCsvUnitCells> {
   }
 };
 
+inline bool TCsvByteCells::IsAscii(const unsigned char* First, size_t ByteCount) noexcept {
+#if defined(__SSE2__)
+  for (; ByteCount > 16; First += 16, ByteCount -= 16) {
+    if (scan::Mask(scan::Load(First)) != 0) return false;
+  }
+  return (scan::Mask(scan::Load(First)) & ((1u << ByteCount) - 1)) == 0;
+#else
+  return std::all_of(First, First + ByteCount, [](unsigned char byte) { return byte < 0x80; });
+#endif
+}
+
 }  // namespace vx::detail

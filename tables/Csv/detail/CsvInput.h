@@ -44,7 +44,11 @@ class TCsvBuffer {
  public:
   // IsSwapped: code units come with the high byte first.
   TCsvBuffer(TCsvInput& Input, bool IsSwapped)
-      : FInput(Input), FIsSwapped(IsSwapped), FUnits(FirstSize(Input) + kCsvPadding), FPos(FUnits.data()), FEnd(FUnits.data()) {
+      : FInput(Input),
+        FIsSwapped(IsSwapped),
+        FUnits(FirstSize(Input) + kCsvPadding),
+        FPos(FUnits.data()),
+        FEnd(FUnits.data()) {
     *FEnd = '\n';
   }
   TCsvBuffer(const TCsvBuffer&) = delete;
