@@ -96,7 +96,7 @@ String CalStrToHourStr(std::u16string_view aText) {
 
 bool TryStrToMinutes(std::u16string_view aText, int64_t& aMinutes) {
   THourParts parts;
-  if (!ReadParts(aText, parts) || parts.Hours < 0 || parts.Minutes < 0) return false;
+  if (!ReadParts(aText, parts) || (parts.IsNegative && parts.Hours < 0) || parts.Minutes < 0) return false;
   aMinutes = parts.Hours * 60 + parts.Minutes;
   if (parts.IsNegative) aMinutes = -aMinutes;
   return true;

@@ -32,7 +32,7 @@ bool toMinute(std::u16string_view aText, int& aMinutes) noexcept;
 // the minutes: u"130" is u"1:30", u"5" is u"0:05". Minutes from 60 on are carried: u"0:90" is u"1:30". What stands
 // behind a second ":" goes, and minutes that are no whole number are 0. A text whose hours are none stays as it is.
 String CalStrToHourStr(std::u16string_view aText);
-// The minutes of that form. False, with aMinutes unchanged, for hours that are no whole number and minutes below 0.
+// The minutes of that form. False, with aMinutes unchanged, for what has two signs or no hours.
 bool TryStrToMinutes(std::u16string_view aText, int64_t& aMinutes);
 // The text of so many minutes in that form: -45 is u"-0:45".
 String FormatToHour(int64_t aMinutes);

@@ -2,6 +2,7 @@
 
 #include "platform/DateText.h"
 #include "platform/TCustomEdit.h"
+#include "tests/support/PlainMaskEdit.h"
 #include "tests/support/Test.h"
 
 namespace {
@@ -45,124 +46,77 @@ struct TField {
   TVxMaskEdit Edit{Line};
 };
 
+// What each script, between two blanks and " = ", leads to; where it ends by leaving the field, leaving once more as
+// well.
+void ExpectShown(const TCases<TVxMaskMode, String>& Cases) {
+  for (const auto& [mode, text] : Cases) {
+    for (std::u16string_view rest = text; !rest.empty();) {
+      const std::u16string_view row = rest.substr(0, rest.find(u"  "));
+      rest.remove_prefix(std::min(rest.size(), row.size() + 2));
+      const std::u16string_view script = row.substr(0, row.find(u" = ")), shown = row.substr(script.size() + 3);
+      TField field(mode);
+      EXPECT_EQ(field.Do(script).Shown(), shown) << String(script);
+      if (script.ends_with(u'⇄')) EXPECT_EQ(field.Do(u"⇄").Shown(), shown) << String(script);
+    }
+  }
+}
+
 struct MaskEdit : testing::Test {
   test::TClockAt Clock{kToday};
   test::TZoneAt Zone{0};
 };
 
 TEST_F(MaskEdit, TakesWhatCanBecomeAValue) {
-  const TCases<TVxMaskMode, String, String> cases{{mmNone, u"a\u0001Ä\b→b", u"ab|"},
-                                                  {mmInteger, u"+-1x2,3+", u"+123|"},
-                                                  {mmInteger, u"12⇤-⇥→", u"-12|"},
-                                                  {mmInteger, u"99999999999", u"99999999999|!"},
-                                                  {mmFloat, u"1,,2-⇤-+⇤+", u"+|-1,2!"},
-                                                  {mmDate, u"1.2.3.45678901", u"1.2.345678|!"},
-                                                  {mmDate, u"11.02.20159←9", u"11.02.2019|5!"},
-                                                  {mmMonth, u"1.2.20159", u"1.22015|!"},
-                                                  {mmHour, u"1,3:0:", u"1:3:0|"},
-                                                  {mmHour, u"130-", u"-130|"},
-                                                  {mmHour, u"130-+", u"130|"},
-                                                  {mmHour, u"-999999999999", u"-9999999|!"},
-                                                  {mmTime, u"1,3:0", u"1:30|"},
-                                                  {mmSecond, u"1,3:0:5", u"1:3:05|"},
-                                                  {mmPerc, u"5x\b", u"|!"},
-                                                  {mmInteger, u"12⇄x", u"|!"},
-                                                  {mmFloat, u"12,5\b\b\b⇤⌦", u"|!"}};
-  for (const auto& [mode, script, shown] : cases) EXPECT_EQ(TField(mode).Do(script).Shown(), shown) << script;
+  const TCases<TVxMaskMode, String> cases{
+      {mmNone, u"a\u0001Ä\b→b = ab|"},
+      {mmInteger, u"+-1x2,3+ = +123|  12⇤-⇥→ = -12|  99999999999 = 99999999999|!  12⇄x = |!"},
+      {mmFloat, u"1,,2-⇤-+⇤+ = +|-1,2!  12,5\b\b\b⇤⌦ = |!"},
+      {mmDate, u"1.2.3.45678901 = 1.2.345678|!  11.02.20159←9 = 11.02.2019|5!"},
+      {mmMonth, u"1.2.20159 = 1.22015|!"},
+      {mmHour, u"1,3:0: = 1:3:0|  130- = -130|  130-+ = 130|  -999999999999 = -9999999|!"},
+      {mmTime, u"1,3:0 = 1:30|"},
+      {mmSecond, u"1,3:0:5 = 1:3:05|"},
+      {mmPerc, u"5x\b = |!"}};
+  ExpectShown(cases);
 }
 
 TEST_F(MaskEdit, IsRepairedWhenItIsLeft) {
-  const TCases<TVxMaskMode, String, String> cases{{mmInteger, u"\b⇄", u"[0]"},
-                                                  {mmInteger, u"+007⇄", u"[7]"},
-                                                  {mmInteger, u"-⇄", u"[-]!"},
-                                                  {mmFloat, u"-0012,500⇄", u"[-12,5]"},
-                                                  {mmFloat, u"123456789012,345678⇄", u"[123456789012,345678]"},
-                                                  {mmFloat, u"0,000001⇄", u"[0,000001]"},
-                                                  {mmFloat, u"0,0000000000000000000125⇄", u"[1,25E-20]"},
-                                                  {mmPerc, u",5⇄", u"[0,5]"},
-                                                  {mmCurrency, u"\b⇄", u"[0]"},
-                                                  {mmCurrency, u"12,34565⇄", u"[12,3456]"},
-                                                  {mmDate, u"\b⇄", u"[00.00.0000]"},
-                                                  {mmDate, u"⇄", u"[00.00.0000]"},
-                                                  {mmDate, u"12⇄", u"[12.02.2015]"},
-                                                  {mmDate, u"12.⇄", u"[12.02.2015]"},
-                                                  {mmDate, u"1203⇄", u"[12.03.2015]"},
-                                                  {mmDate, u"123⇄", u"[12.03.2015]"},
-                                                  {mmDate, u"12.3.⇄", u"[12.03.2015]"},
-                                                  {mmDate, u"12035⇄", u"[12.03.2005]"},
-                                                  {mmDate, u"120335⇄", u"[12.03.1935]"},
-                                                  {mmDate, u"120334⇄", u"[12.03.2034]"},
-                                                  {mmDate, u"12030099⇄", u"[12.03.0099]"},
-                                                  {mmDate, u"31.2⇄", u"[31.2]!"},
-                                                  {mmDate, u"30.12.1899⇄", u"[30.12.1899]"},
-                                                  {mmMonth, u"3⇄", u"[03.2015]"},
-                                                  {mmMonth, u"03⇄", u"[03.2015]"},
-                                                  {mmMonth, u"3.⇄", u"[03.2015]"},
-                                                  {mmMonth, u"0316⇄", u"[03.2016]"},
-                                                  {mmMonth, u"132015⇄", u"[132015]!"},
-                                                  {mmTime, u"\b⇄", u"[00:00]"},
-                                                  {mmTime, u"8⇄", u"[08:00]"},
-                                                  {mmTime, u"830⇄", u"[08:30]"},
-                                                  {mmTime, u"8:⇄", u"[08:00]"},
-                                                  {mmTime, u"8:5⇄", u"[08:05]"},
-                                                  {mmTime, u":30⇄", u"[00:30]"},
-                                                  {mmTime, u"8:75⇄", u"[09:15]"},
-                                                  {mmTime, u"24:00⇄", u"[24:00]"},
-                                                  {mmTime, u"2360⇄", u"[24:00]"},
-                                                  {mmTime, u"2401⇄", u"[2401]!"},
-                                                  {mmSecond, u"24⇄", u"[24:00:00]"},
-                                                  {mmSecond, u"83015⇄", u"[08:30:15]"},
-                                                  {mmSecond, u"8:30:5⇄", u"[08:30:05]"},
-                                                  {mmSecond, u"8:30:60⇄", u"[8:30:60]!"},
-                                                  {mmHour, u"130⇄", u"[1:30]"},
-                                                  {mmHour, u"90⇄", u"[1:30]"},
-                                                  {mmHour, u"-0:⇄", u"[0:00]"},
-                                                  {mmHour, u"1:2:3⇄", u"[1:02]"},
-                                                  {mmHour, u"100000⇄", u"[1000:00]"},
-                                                  {mmHour, u"100000:0⇄", u"[99999:59]"}};
-  for (const auto& [mode, script, shown] : cases) {
-    TField field(mode);
-    EXPECT_EQ(field.Do(script).Shown(), shown) << script;
-    EXPECT_EQ(field.Do(u"⇄").Shown(), shown) << script;
-  }
+  const TCases<TVxMaskMode, String> cases{
+      {mmInteger, u"\b⇄ = [0]  +007⇄ = [7]  -⇄ = [-]!"},
+      {mmFloat,
+       u"-0012,500⇄ = [-12,5]  123456789012,345678⇄ = [123456789012,345678]  0,000001⇄ = [0,000001]  "
+       u"0,0000000000000000000125⇄ = [1,25E-20]"},
+      {mmPerc, u",5⇄ = [0,5]"},
+      {mmCurrency, u"\b⇄ = [0]  12,34565⇄ = [12,3456]"},
+      {mmDate,
+       u"\b⇄ = [00.00.0000]  ⇄ = [00.00.0000]  12⇄ = [12.02.2015]  12.⇄ = [12.02.2015]  1203⇄ = [12.03.2015]  123⇄ = "
+       u"[12.03.2015]  12.3.⇄ = [12.03.2015]  12035⇄ = [12.03.2005]  120335⇄ = [12.03.1935]  120334⇄ = [12.03.2034]  "
+       u"12030099⇄ = [12.03.0099]  31.2⇄ = [31.2]!  30.12.1899⇄ = [30.12.1899]"},
+      {mmMonth, u"3⇄ = [03.2015]  03⇄ = [03.2015]  3.⇄ = [03.2015]  0316⇄ = [03.2016]  132015⇄ = [132015]!"},
+      {mmTime,
+       u"\b⇄ = [00:00]  8⇄ = [08:00]  830⇄ = [08:30]  8:⇄ = [08:00]  8:5⇄ = [08:05]  :30⇄ = [00:30]  8:75⇄ = [09:15]  "
+       u"24:00⇄ = [24:00]  2360⇄ = [24:00]  2401⇄ = [2401]!"},
+      {mmSecond, u"24⇄ = [24:00:00]  83015⇄ = [08:30:15]  8:30:5⇄ = [08:30:05]  8:30:60⇄ = [8:30:60]!"},
+      {mmHour,
+       u"130⇄ = [1:30]  90⇄ = [1:30]  -0:⇄ = [0:00]  1:2:3⇄ = [1:02]  100000⇄ = [1000:00]  100000:0⇄ = [99999:59]"}};
+  ExpectShown(cases);
 }
 
 TEST_F(MaskEdit, StepsThePartAtTheCursor) {
-  const TCases<TVxMaskMode, String, String> cases{{mmInteger, u"9↑", u"1|0"},
-                                                  {mmInteger, u"2147483647↑", u"2147483647|"},
-                                                  {mmFloat, u"1,25↑", u"1,26|"},
-                                                  {mmFloat, u"1,25←←↓", u"1,|15"},
-                                                  {mmFloat, u"1,25⇤↓", u"|0,25"},
-                                                  {mmFloat, u"1,↑", u"2|"},
-                                                  {mmCurrency, u"0↓", u"-|1"},
-                                                  {mmDate, u"↑", u"[00.00.0000]"},
-                                                  {mmDate, u"31.01.2015⇤↑", u"|01.02.2015"},
-                                                  {mmDate, u"31.01.2015⇤→→→↑", u"28.|02.2015"},
-                                                  {mmDate, u"29.02.2016↑", u"28.02.2017|"},
-                                                  {mmDate, u"31.12.0001↓", u"00.00.0000|"},
-                                                  {mmDate, u"01.01.0002↓", u"01.01.0001|"},
-                                                  {mmDate, u"01.02.0001⇤→→→↓", u"00.|00.0000"},
-                                                  {mmDate, u"02.02.0001⇤→→→↓", u"02.|01.0001"},
-                                                  {mmDate, u"01.01.0001⇤↓↑", u"|00.00.0000"},
-                                                  {mmDate, u"31.12.9998↑", u"31.12.9999|"},
-                                                  {mmDate, u"30.12.9998↑", u"30.12.9999|"},
-                                                  {mmDate, u"30.11.9999⇤→→→↑", u"31.|12.9999"},
-                                                  {mmDate, u"31.12.9999⇤↑", u"|31.12.9999"},
-                                                  {mmMonth, u"12.2015⇤↑", u"|01.2016"},
-                                                  {mmMonth, u"12.2015↓", u"12.2014|"},
-                                                  {mmMonth, u"02.0001⇤↓", u"|00.0000"},
-                                                  {mmHour, u"1:59↑", u"2:00|"},
-                                                  {mmHour, u"1:59⇤→↑", u"2|:00"},
-                                                  {mmHour, u"1:59⇤↑", u"|2:59"},
-                                                  {mmHour, u"-1:00↑", u"-0:59|"},
-                                                  {mmHour, u"-0:59⇤↑", u"|0:01"},
-                                                  {mmTime, u"23:59⇤→→↑", u"00|:59"},
-                                                  {mmTime, u"23:59↑", u"23:00|"},
-                                                  {mmTime, u"24:00⇤↓", u"|23:00"},
-                                                  {mmSecond, u"00:00:00↓", u"00:00:59|"},
-                                                  {mmSecond, u"00:00:00←←←↓", u"00:59|:00"},
-                                                  {mmInteger, u"-↑", u"-|!"}};
-  for (const auto& [mode, script, shown] : cases) EXPECT_EQ(TField(mode).Do(script).Shown(), shown) << script;
+  const TCases<TVxMaskMode, String> cases{
+      {mmInteger, u"9↑ = 1|0  2147483647↑ = 2147483647|  -↑ = -|!"},
+      {mmFloat, u"1,25↑ = 1,26|  1,25←←↓ = 1,|15  1,25⇤↓ = |0,25  1,↑ = 2|"},
+      {mmCurrency, u"0↓ = -|1"},
+      {mmDate,
+       u"↑ = [00.00.0000]  31.01.2015⇤↑ = |01.02.2015  31.01.2015⇤→→→↑ = 28.|02.2015  29.02.2016↑ = 28.02.2017|  "
+       u"31.12.0001↓ = 00.00.0000|  01.01.0002↓ = 01.01.0001|  01.02.0001⇤→→→↓ = 00.|00.0000  02.02.0001⇤→→→↓ = "
+       u"02.|01.0001  01.01.0001⇤↓↑ = |00.00.0000  31.12.9998↑ = 31.12.9999|  30.12.9998↑ = 30.12.9999|  "
+       u"30.11.9999⇤→→→↑ = 31.|12.9999  31.12.9999⇤↑ = |31.12.9999"},
+      {mmMonth, u"12.2015⇤↑ = |01.2016  12.2015↓ = 12.2014|  02.0001⇤↓ = |00.0000"},
+      {mmHour, u"1:59↑ = 2:00|  1:59⇤→↑ = 2|:00  1:59⇤↑ = |2:59  -1:00↑ = -0:59|  -0:59⇤↑ = |0:01"},
+      {mmTime, u"23:59⇤→→↑ = 00|:59  23:59↑ = 23:00|  24:00⇤↓ = |23:00"},
+      {mmSecond, u"00:00:00↓ = 00:00:59|  00:00:00←←←↓ = 00:59|:00"}};
+  ExpectShown(cases);
 
   TField field(mmInteger);
   field.Edit.SetMaxLength(2);
@@ -412,6 +366,22 @@ TEST_F(MaskEdit, WorksWithAnySeparators) {
   EXPECT_EQ(TField(mmDate).Do(u"3.4⇄").Shown(), u"[03.04.2015]");
   EXPECT_EQ(TField(mmSecond).Do(u"3:4⇄").Shown(), u"[03:04:00]");
   EXPECT_EQ(TField(mmFloat).Do(u"3,4⇄").Shown(), u"[3,4]");
+}
+
+// Keys, pastes and focus at random, beside the rules told plainly.
+TEST_F(MaskEdit, GoesAsItsRulesTell) {
+  for (unsigned seed = 0; seed < 330; ++seed) {
+    std::mt19937 random(seed);
+    const auto pick = [&random](int low, int high) {
+      return low + static_cast<int>(random() % unsigned(high - low + 1));
+    };
+    test::TMaskPair pair(static_cast<TVxMaskMode>(seed % 11), pick);
+    for (int i = 0; i < 60; ++i) {
+      const std::string done = pair.Act(pick);
+      ASSERT_EQ(pair.Real(), pair.Plain()) << "seed " << seed << ", " << i << ": " << done;
+    }
+    EXPECT_EQ(pair.FinishedTwice(), "") << seed;
+  }
 }
 
 TEST_F(MaskEdit, HourTexts) {

@@ -18,9 +18,8 @@ size_t Count(std::u16string_view Text, char16_t Unit) {
 // A whole number below 100000; 0 for an empty text.
 bool ReadField(std::u16string_view Text, int& Value) noexcept {
   Value = 0;
-  if (Text.size() > 5) return false;
   for (char16_t unit : Text) {
-    if (!IsDigit(unit)) return false;
+    if (!IsDigit(unit) || Value >= 10000) return false;
     Value = Value * 10 + (unit - u'0');
   }
   return true;

@@ -99,6 +99,7 @@ bool StepTime(const TMaskRules& Rules, const String& Text, int Cursor, int Delta
 }  // namespace
 
 bool StepText(const TMaskRules& Rules, const String& Text, int Cursor, int Delta, String& Result) {
+  if (Text.empty()) return false;
   switch (Rules.iMaskMode) {
     case mmInteger:
       return StepInteger(Rules, Text, Delta, Result);

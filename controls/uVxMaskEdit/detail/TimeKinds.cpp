@@ -7,6 +7,7 @@
 #include "controls/uVxMaskEdit/detail/Completion.h"
 #include "platform/Calendar.h"
 #include "platform/DateText.h"
+#include "platform/Text.h"
 #include "platform/TextBuffer.h"
 
 namespace vx::detail {
@@ -40,9 +41,10 @@ int LimitSeconds(TDateTime Limit) noexcept { return SecondsOf(std::clamp(Limit, 
 bool ReadTime(const TMaskRules& Rules, const String& Text, bool WithSeconds, int& Seconds) {
   TTimeFields fields;
   if (!CompleteTime(Text, Rules.iFormatSettings.TimeSeparator, WithSeconds, fields)) {
-    // Such as times with am or pm.
+    // Such as times with am or pm. Digits alone that are too many could mean anything.
     TDateTime time;
-    if (!TryStrToTime(Text, time, Rules.iFormatSettings)) return false;
+    if (std::all_of(Text.begin(), Text.end(), IsDigit) || !TryStrToTime(Text, time, Rules.iFormatSettings))
+      return false;
     Seconds = SecondsOf(time);
     return true;
   }
