@@ -4,6 +4,9 @@
 //   TDecorationList          all decorations of a table by their precedence, and the look of the whole table
 //   TDLRange, TDLRangeList   long runs of column or row decorations, which are searched by bisection
 //   TDecorator               the text that a cell shows, the room that it needs, and its painting
+//   TDecoratorStringGrid, TDecoratorListView, TDecoratorCanvas    the same for grids, list views and bare canvases:
+//                            sizes of columns and rows, layout, mouse
+//   TTableSizes, TCellSource the sizes, and how they are found; what decorators ask of whoever has the cells
 //   TSortedTable             what a decorator asks of a table that can be sorted
 //   TButtonInfo              the button that a cell of the type vftButton shows
 //   DecorationTypes.h        the kinds of regions, sets of options, TColorRect, callbacks
@@ -33,8 +36,13 @@
 
 #include "rendering/uDecoration/DecorationTypes.h"
 #include "rendering/uDecoration/TButtonInfo.h"
+#include "rendering/uDecoration/TCellSource.h"
 #include "rendering/uDecoration/TDLRange.h"
 #include "rendering/uDecoration/TDecoration.h"
 #include "rendering/uDecoration/TDecorationList.h"
 #include "rendering/uDecoration/TDecorator.h"
+#include "rendering/uDecoration/TDecoratorCanvas.h"
+#include "rendering/uDecoration/TDecoratorListView.h"
+#include "rendering/uDecoration/TDecoratorStringGrid.h"
 #include "rendering/uDecoration/TSortedTable.h"
+#include "rendering/uDecoration/TTableSizes.h"

@@ -3,6 +3,7 @@
 #include "platform/FreeBuffers.h"
 #include "platform/Lazy.h"
 #include "rendering/uDecoration/TDecorator.h"
+#include "rendering/uDecoration/detail/Decorators.h"
 
 namespace vx {
 namespace {
@@ -30,7 +31,10 @@ const TSortedTable* SortedBy(const TDecorationList& List) {
 
 }  // namespace
 
-void uDecoration::FreeBuffersForLeakPrevention() noexcept { Arrows.Free(); }
+void uDecoration::FreeBuffersForLeakPrevention() noexcept {
+  detail::FreeDecorators();
+  Arrows.Free();
+}
 
 bool detail::IsSortCell(const TDecorationList& List) { return SortedBy(List) != nullptr; }
 

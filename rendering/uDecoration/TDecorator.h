@@ -74,7 +74,7 @@ class TDecorator : public TObject {
 };
 
 namespace uDecoration {
-// Frees the pictures of the sort arrows; their next use makes them again.
+// Frees the shared decorators and the pictures of the sort arrows; their next use makes them again.
 void FreeBuffersForLeakPrevention() noexcept;
 }  // namespace uDecoration
 
