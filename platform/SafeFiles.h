@@ -30,6 +30,7 @@
 #include <string_view>
 
 #include "platform/Files.h"
+#include "platform/Types.h"
 
 namespace vx {
 
@@ -52,6 +53,9 @@ class TFileTurn;
 // The result is the file's last-write time, in local time; it differs from the one before also where the clock
 // is too coarse.
 TDateTime ReplaceFileContent(const String& Path, std::string_view Bytes);
+// The same for Size bytes that need not be in memory at once: PieceAt gives those from At on, as many as it likes but
+// one at least, and may be asked for them again. What it raises goes to the caller, with the old content where it was.
+TDateTime ReplaceFileContent(const String& Path, int64_t Size, FunctionRef<std::string_view(int64_t At)> PieceAt);
 // The same for content that was worked out in a turn. EFCreateError, and nothing was changed, if the turn on Path was
 // not had or has been lost meanwhile, and if what was written can't be read back from a network drive.
 TDateTime ReplaceFileContent(const String& Path, std::string_view Bytes, const TFileTurn& Turn);

@@ -48,12 +48,17 @@ bool NeedsStamp(const timespec& Old, const timespec& Now, bool IsRemote, timespe
   return true;
 }
 
+struct TContent {
+  int64_t Size;
+  FunctionRef<std::string_view(int64_t At)> PieceAt;
+};
+
 // Runs for one file. Whoever replaces it holds it, if there is one, and the temporary file exclusively.
 class TReplacement {
  public:
   // Turn is that of the caller; nullptr for none.
-  TReplacement(const std::string& Native, std::string_view Bytes, THeldTurn* Turn)
-      : FNative(Native), FPlace(BehindLinks(Native)), FBytes(Bytes), FTurn(Turn) {}
+  TReplacement(const std::string& Native, const TContent& Content, THeldTurn* Turn)
+      : FNative(Native), FPlace(BehindLinks(Native)), FContent(Content), FTurn(Turn) {}
 
   bool Run() {
     for (int tries = 0; tries < kTries; ++tries) {
@@ -86,9 +91,8 @@ class TReplacement {
     FNew = FTemp->GetInfo();
     FTaken = true;
     if (!FIsNew && !TakeOverRights()) return stInPlace;
-    size_t done = 0;
     const int file = FTemp->Get();
-    return WriteBytes(file, FNative, FBytes.data(), FBytes.size(), 0, done) && Finish(file) ? Put() : stFailed;
+    return WriteContent(file, true) && Finish(file) ? Put() : stFailed;
   }
 
   bool Take(uint32_t Further) {
@@ -182,34 +186,45 @@ class TReplacement {
     THandle file = Directory()->OpenAnew(FPlace);
     if (file.Get() < 0) file = THandle(::open(FPlace.c_str(), O_RDONLY | O_CLOEXEC));
     struct stat info;
-    bool same = file.Get() >= 0 && RefreshInfo(file.Get(), info) && info.st_size == static_cast<off_t>(FBytes.size());
-    if (same) {
-      ::posix_fadvise(file.Get(), 0, 0, POSIX_FADV_DONTNEED);
-      std::string bytes(FBytes.size() + 1, '\0');
-      same = ReadBytes(file.Get(), FNative, bytes.data(), bytes.size(), 0) == static_cast<int64_t>(FBytes.size()) &&
-             std::string_view(bytes).substr(0, FBytes.size()) == FBytes;
+    bool same = file.Get() >= 0 && RefreshInfo(file.Get(), info) && info.st_size == FContent.Size;
+    if (same) ::posix_fadvise(file.Get(), 0, 0, POSIX_FADV_DONTNEED);
+    std::string bytes;
+    for (int64_t at = 0; same && at < FContent.Size; at += static_cast<int64_t>(bytes.size())) {
+      const std::string_view piece = FContent.PieceAt(at);
+      bytes.resize(piece.size());
+      same = ReadBytes(file.Get(), FNative, bytes.data(), bytes.size(), at) == static_cast<int64_t>(piece.size()) &&
+             bytes == piece;
     }
     if (!same) FTaken = false;
     return same || Fail(EBUSY);
   }
 
+  bool WriteContent(int Handle, bool IsSeekable) {
+    size_t done = 0;
+    int64_t at = 0;
+    do {
+      const std::string_view piece = FContent.PieceAt(at);
+      if (!WriteBytes(Handle, FNative, piece.data(), piece.size(), IsSeekable ? at : -1, done)) return false;
+      at += static_cast<int64_t>(done);
+    } while (at < FContent.Size);
+    return true;
+  }
+
   bool WriteInPlace() {
     FTemp.reset();
     if (FFile.Get() < 0 && !Take(0)) return false;
-    size_t done = 0;
     if (!S_ISREG(FOld.st_mode)) {
-      return WriteBytes(FFile.Get(), FNative, FBytes.data(), FBytes.size(), FSeekable ? 0 : -1, done);
+      return WriteContent(FFile.Get(), FSeekable);
     }
     (void)TNewContent(FPlace, Directory()).ClearLeft();  // it is in nobody's way if it can't be removed
-    const bool ok = Check(::ftruncate(FFile.Get(), 0) == 0) &&
-                    WriteBytes(FFile.Get(), FNative, FBytes.data(), FBytes.size(), 0, done) && Finish(FFile.Get());
+    const bool ok = Check(::ftruncate(FFile.Get(), 0) == 0) && WriteContent(FFile.Get(), true) && Finish(FFile.Get());
     if (!ok && FIsNew) ::unlink(FPlace.c_str());
     return ok && ReadsBack();
   }
 
   std::string FNative;  // as told
   std::string FPlace;   // behind symbolic links
-  std::string_view FBytes;
+  const TContent& FContent;
   THeldTurn* FTurn;
   TLockDir FOwn;
   THandle FFile;
@@ -219,10 +234,10 @@ class TReplacement {
   bool FIsNew = false, FTaken = false, FSeekable = false;
 };
 
-TDateTime Replace(const String& Path, std::string_view Bytes, THeldTurn* Turn) {
+TDateTime Replace(const String& Path, const TContent& Content, THeldTurn* Turn) {
   std::string native;
   if (!NativePath(Path, native)) Raise<EFCreateError>(kCannotCreate, Path);
-  TReplacement replacement(native, Bytes, Turn);
+  TReplacement replacement(native, Content, Turn);
   if (!replacement.Run()) {
     if (replacement.IsTaken()) Raise<EWriteError>(kCannotWrite, Path);
     Raise<EFCreateError>(kCannotCreate, Path);
@@ -230,11 +245,20 @@ TDateTime Replace(const String& Path, std::string_view Bytes, THeldTurn* Turn) {
   return ToldStamp(native, StampToLocal(MomentOf(replacement.GetStamp())));
 }
 
+TDateTime Replace(const String& Path, std::string_view Bytes, THeldTurn* Turn) {
+  const auto rest = [&](int64_t at) { return Bytes.substr(static_cast<size_t>(at)); };
+  return Replace(Path, TContent{static_cast<int64_t>(Bytes.size()), rest}, Turn);
+}
+
 }  // namespace
 }  // namespace files
 
 TDateTime ReplaceFileContent(const String& Path, std::string_view Bytes) {
   return files::Replace(Path, Bytes, nullptr);
+}
+
+TDateTime ReplaceFileContent(const String& Path, int64_t Size, FunctionRef<std::string_view(int64_t At)> PieceAt) {
+  return files::Replace(Path, files::TContent{Size, PieceAt}, nullptr);
 }
 
 TDateTime ReplaceFileContent(const String& Path, std::string_view Bytes, const TFileTurn& Turn) {

@@ -58,6 +58,19 @@ TEST_F(SafeFiles, ReplacesTheContentAndKeepsTheRest) {
   EXPECT_EQ(GetText(u"a") + GetText(u"b") + GetText(String(255, u'n')) + std::to_string(Entries()), "1212124");
 }
 
+TEST_F(SafeFiles, ContentInPiecesIsWrittenWholeOrNotAtAll) {
+  const std::string content = "one two three";
+  const auto piece = [&](int64_t at) { return std::string_view(content).substr(static_cast<size_t>(at), 5); };
+  for (const char* before : {"", "something longer than that"}) {
+    PutText(u"a", before);
+    ReplaceFileContent(u"a", 13, piece);
+    EXPECT_EQ(GetText(u"a"), content);
+  }
+  const auto failing = [&](int64_t at) { return at > 0 ? throw EReadError(u"gone") : piece(at); };
+  EXPECT_EQ(RaisedBy<EReadError>([&] { ReplaceFileContent(u"a", 13, failing); }), u"gone");
+  EXPECT_EQ(std::pair(GetText(u"a"), Entries()), std::pair(content, 1));
+}
+
 TEST_F(SafeFiles, FaultsLeaveTheOldContentOrAreWrittenAround) {
   PutText(u"old", "old");
   const TCases<TFileOperation, int, std::string, std::string> cases = {
