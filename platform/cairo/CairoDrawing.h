@@ -28,6 +28,7 @@
 
 #include "platform/Drawing.h"
 #include "platform/TCanvas.h"
+#include "platform/TPrintPages.h"
 
 namespace vx {
 
@@ -46,15 +47,16 @@ TPoint PageA4(TPoint PixelsPerInch = GetPrinterPixelsPerInch()) noexcept;
 
 // Pages that are drawn one after the other. Nothing stands in the file before Close; a file that is
 // destroyed without it is never written.
-class TPdfFile {
+class TPdfFile : public TPrintPages {
  public:
   // Pages of so many pixels. EInvalidGraphicOperation for a size below 1.
   TPdfFile(const String& Filename, TPoint PageSize, TPoint PixelsPerInch = GetPrinterPixelsPerInch());
-  ~TPdfFile();
+  ~TPdfFile() override;
   // Draws on the present page; a printer. Ends with the file.
-  TCanvas& GetCanvas() noexcept;
+  TCanvas& GetCanvas() noexcept override;
+  TPoint GetPageSize() const noexcept override;
   // The canvas goes on on a page of its own with the state that it has.
-  void NewPage();
+  void NewPage() override;
   int GetPageCount() const noexcept;
   // Writes the file, whole or not at all; EFCreateError or EWriteError names it, and Close may be tried again then.
   // Drawing ends with the first Close: what draws later raises EInvalidGraphicOperation. Once the file is written,

@@ -1,6 +1,10 @@
 #include <cairo-pdf.h>
 
+#include <algorithm>
+#include <array>
+#include <cerrno>
 #include <cmath>
+#include <cstdio>
 
 #include "platform/Clock.h"
 #include "platform/DateText.h"
@@ -15,16 +19,49 @@ using drawing::TSurface;
 
 namespace {
 
-cairo_status_t Append(void* Bytes, const unsigned char* Data, unsigned int Length) noexcept {
-  try {
-    static_cast<std::string*>(Bytes)->append(reinterpret_cast<const char*>(Data), Length);
-    return CAIRO_STATUS_SUCCESS;
-  } catch (const std::exception&) {
-    return CAIRO_STATUS_NO_MEMORY;
+// The bytes of the file until it is closed, in a temporary file without a name, so that a long document takes no more
+// memory than a short one.
+class TSpool {
+ public:
+  bool Append(const void* Bytes, size_t Count) noexcept {
+    FIsWhole = FIsWhole && FFile != nullptr && std::fwrite(Bytes, 1, Count, FFile.get()) == Count;
+    FSize += static_cast<int64_t>(Count);
+    if (!FIsWhole && FError == 0) FError = errno;
+    return FIsWhole;
   }
+  // EWriteError that names the file, if the temporary one could not take all.
+  void WriteTo(const String& Filename) {
+    if (!FIsWhole || std::fflush(FFile.get()) != 0) {
+      throw EWriteError(Concat({u"Cannot write file \"", Filename, u"\". ", SysErrorMessage(FError)}));
+    }
+    ReplaceFileContent(Filename, FSize, [&](int64_t at) { return PieceAt(at); });
+  }
+
+ private:
+  std::string_view PieceAt(int64_t At) {
+    const auto count = static_cast<size_t>(std::min<int64_t>(FSize - At, static_cast<int64_t>(FPiece.size())));
+    if (std::fseek(FFile.get(), static_cast<long>(At), SEEK_SET) != 0 ||
+        std::fread(FPiece.data(), 1, count, FFile.get()) != count) {
+      throw EReadError(u"A temporary file can't be read. " + SysErrorMessage(errno));
+    }
+    return {FPiece.data(), count};
+  }
+
+  struct TClose {
+    void operator()(std::FILE* File) const noexcept { std::fclose(File); }
+  };
+  std::unique_ptr<std::FILE, TClose> FFile{std::tmpfile()};
+  int64_t FSize = 0;
+  bool FIsWhole = true;
+  int FError = 0;
+  std::array<char, 65536> FPiece;
+};
+
+cairo_status_t Append(void* Spool, const unsigned char* Data, unsigned int Length) noexcept {
+  return static_cast<TSpool*>(Spool)->Append(Data, Length) ? CAIRO_STATUS_SUCCESS : CAIRO_STATUS_WRITE_ERROR;
 }
 
-TSurface NewPdf(std::string& Bytes, TPoint PageSize, TPoint PixelsPerInch) {
+TSurface NewPdf(TSpool& Bytes, TPoint PageSize, TPoint PixelsPerInch) {
   if (PageSize.X < 1 || PageSize.Y < 1 || PixelsPerInch.X < 1 || PixelsPerInch.Y < 1) {
     throw EInvalidGraphicOperation(u"A page without pixels can't be drawn on");
   }
@@ -46,7 +83,8 @@ TPoint PageA4(TPoint PixelsPerInch) noexcept {
 struct TPdfFile::TImpl {
   TImpl(const String& AFilename, TPoint PageSize, TPoint PixelsPerInch)
       : Filename(AFilename),
-        Surface(NewPdf(Bytes, PageSize, PixelsPerInch)),
+        Size(PageSize),
+        Surface(NewPdf(Spool, PageSize, PixelsPerInch)),
         Device(new TPageDevice(Surface.get(), PageSize, PixelsPerInch)),
         Canvas(std::unique_ptr<TCanvasDevice>(Device)) {}
 
@@ -60,11 +98,12 @@ struct TPdfFile::TImpl {
       cairo_surface_finish(Surface.get());
       Status = cairo_surface_status(Surface.get());  // what draws later changes the surface's own
     }
-    drawing::CheckStatus(Status);
+    if (Status != CAIRO_STATUS_WRITE_ERROR) drawing::CheckStatus(Status);  // that one is the spool's to tell
   }
 
   const String Filename;
-  std::string Bytes;
+  const TPoint Size;
+  TSpool Spool;
   TSurface Surface;
   TPageDevice* const Device;  // the canvas's
   TCanvas Canvas;
@@ -79,6 +118,7 @@ TPdfFile::TPdfFile(const String& Filename, TPoint PageSize, TPoint PixelsPerInch
 TPdfFile::~TPdfFile() = default;
 
 TCanvas& TPdfFile::GetCanvas() noexcept { return FImpl->Canvas; }
+TPoint TPdfFile::GetPageSize() const noexcept { return FImpl->Size; }
 int TPdfFile::GetPageCount() const noexcept { return FImpl->PageCount; }
 
 void TPdfFile::NewPage() {
@@ -89,7 +129,7 @@ void TPdfFile::NewPage() {
 void TPdfFile::Close() {
   if (FImpl->Closed) return;
   FImpl->Finish();
-  ReplaceFileContent(FImpl->Filename, FImpl->Bytes);
+  FImpl->Spool.WriteTo(FImpl->Filename);
   FImpl->Closed = true;
 }
 

@@ -63,11 +63,11 @@ class TBandMaker {
 TPagePlan::TPagePlan(const TTable& Table)
     : FFixedCols(RepeatedLines(Table.ColWidths, Table.FixedCols, Table.Room.X)),
       FFixedRows(RepeatedLines(Table.RowHeights, Table.FixedRows, Table.Room.Y)) {
-  const int strips = std::max(Table.Strips, 1);
-  const int stripRoom = (Table.Room.X - (strips - 1) * Table.StripGap) / strips;
-  if (Total(Table.ColWidths) <= stripRoom) {
+  for (int strips = std::max(Table.Strips, 1); strips > 1 && FStrips == 1; --strips) {
+    const int64_t room = (Table.Room.X - int64_t{strips - 1} * Table.StripGap) / strips;
+    if (Total(Table.ColWidths) > room) continue;
     FStrips = strips;
-    FStripStep = stripRoom + Table.StripGap;
+    FStripStep = static_cast<int>(room) + Table.StripGap;
   }
   const auto fixed = [](std::span<const int> sizes, int count) {
     return static_cast<int>(Total(sizes.first(static_cast<size_t>(count))));

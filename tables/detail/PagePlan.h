@@ -42,7 +42,7 @@ class TPagePlan {
     int FixedCols = 0;  // at the left, on each page; left out where they leave less than half of the room
     int FixedRows = 0;  // at the top, likewise
     TPoint Room;        // of a page, without its margins and headings; at least one pixel each way
-    int Strips = 1;     // side by side on a page, if all columns fit into one of them
+    int Strips = 1;     // side by side on a page at most; as many as have room for all columns
     int StripGap = 0;   // pixels between strips
   };
   explicit TPagePlan(const TTable& Table);
