@@ -61,7 +61,7 @@ void TCsvView::Apply(const std::vector<bool>& WasShown, const std::vector<bool>&
       shown.push_back(all[place]);
       if (tells && !WasShown[place]) come.push_back(all[place]);
     } else {
-      hidden.push_back(WasShown[place] ? AsRow(all[place]) : static_cast<TVxStringList*>(all[place]));
+      hidden.push_back(KnownRow(all[place]));
       if (tells && WasShown[place]) gone.push_back(all[place]);
     }
   }
@@ -88,28 +88,33 @@ void TCsvView::ShowAll() {
 
 void TCsvView::ShowOnly(FunctionRef<bool(const TVxStringList& Row)> IsWanted) {
   constexpr int kAhead = 16;
-  std::vector<bool> wanted;
-  FindShown(wanted);
+  std::vector<bool> was;
+  const bool isInStep = FindShown(was);
+  std::vector<bool> is = was;
   const TObjectList& all = GetAll();
   const int end = std::min(GetAllCount(), all.GetCount());
   for (int row = std::max(0, GetContentTop()); row < end; ++row) {
     if (row + kAhead < end) __builtin_prefetch(all.Get(row + kAhead));
-    wanted[static_cast<size_t>(row)] = IsWanted(*GetAllLines(row));
+    is[static_cast<size_t>(row)] = IsWanted(*AsRow(all.Get(row)));
   }
-  ShowOnly(wanted);
+  ShowRows(was, is, isInStep);
 }
 
 void TCsvView::ShowOnly(const std::vector<bool>& IsWanted) {
-  std::vector<bool> was, is;
+  std::vector<bool> was;
   const bool isInStep = FindShown(was);
-  is = was;
+  std::vector<bool> is = was;
   std::copy_n(IsWanted.begin(), std::min(IsWanted.size(), is.size()), is.begin());
-  if (!iAll && is == was) return;
+  ShowRows(was, is, isInStep);
+}
+
+void TCsvView::ShowRows(const std::vector<bool>& WasShown, const std::vector<bool>& IsShown, bool IsInStep) {
+  if (!iAll && IsShown == WasShown) return;
   SetViewMode(true);
-  if (isInStep) return Apply(was, is);
+  if (IsInStep) return Apply(WasShown, IsShown);
   const std::vector<TObject*> rows(iAll->Items().begin(), iAll->Items().end());
-  for (size_t i = 0; i < std::min(IsWanted.size(), rows.size()); ++i) {
-    IsWanted[i] ? Show(AsRow(rows[i])) : Hide(AsRow(rows[i]));
+  for (size_t i = 0; i < rows.size(); ++i) {
+    if (IsShown[i] != WasShown[i]) IsShown[i] ? Show(AsRow(rows[i])) : Hide(AsRow(rows[i]));
   }
 }
 
@@ -126,13 +131,14 @@ void TCsvView::CustomSort(TRowCompare Compare, const TSortColumn* Column, TVxInt
   }
   const std::span<TObject* const> all = iAll->Items();
   const std::vector<int> order = ContentOrder(all, Compare, Column);
+  const std::vector<TObject*> rows = InOrder(all, order);
   std::vector<TObject*> shown;
   shown.reserve(static_cast<size_t>(GetCount()));
-  for (const int place : order) {
-    if (isShown[static_cast<size_t>(place)]) shown.push_back(all[static_cast<size_t>(place)]);
+  for (size_t i = 0; i < order.size(); ++i) {
+    if (isShown[static_cast<size_t>(order[i])]) shown.push_back(rows[i]);
   }
   FillIndices(order, Indices);
-  iAll->Arrange(order);
+  iAll->PutAll(rows);
   PutAll(shown);
 }
 

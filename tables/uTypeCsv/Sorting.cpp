@@ -35,13 +35,13 @@ void TTypeCsv::Sort(int Col, int Row, TSortOrder Order, const String& DateFormat
 
 void TTypeCsv::CustomSort(TRowCompare Compare, const TSortColumn* Column, TVxIntegerList* Indices) {
   const std::vector<int> order = ContentOrder(Items(), Compare, Column);
+  const std::vector<TObject*> rows = InOrder(Items(), order);
   FillIndices(order, Indices);
-  Arrange(order);
+  PutAll(rows);
 }
 
 std::vector<int> TTypeCsv::ContentOrder(std::span<TObject* const> Rows, TRowCompare Compare,
                                         const TSortColumn* Column) const {
-  constexpr size_t kAhead = 24;
   const int count = static_cast<int>(Rows.size());
   std::vector<int> order(Rows.size());
   std::iota(order.begin(), order.end(), 0);
@@ -50,9 +50,8 @@ std::vector<int> TTypeCsv::ContentOrder(std::span<TObject* const> Rows, TRowComp
   if (end - top < 2) return order;
   std::vector<const TVxStringList*> lines;
   lines.reserve(static_cast<size_t>(end - top));
-  for (auto row = static_cast<size_t>(top); row < static_cast<size_t>(end); ++row) {
-    if (row + kAhead < Rows.size()) __builtin_prefetch(Rows[row + kAhead]);
-    lines.push_back(AsRow(Rows[row]));
+  for (TObject* row : Rows.subspan(static_cast<size_t>(top), static_cast<size_t>(end - top))) {
+    lines.push_back(KnownRow(row));
   }
   const auto place = [&](const auto& sorted) {
     std::transform(sorted.begin(), sorted.end(), order.begin() + top,
@@ -64,6 +63,12 @@ std::vector<int> TTypeCsv::ContentOrder(std::span<TObject* const> Rows, TRowComp
     place(OrderRows(lines, {Column, 1}));
   }
   return order;
+}
+
+std::vector<TObject*> TTypeCsv::InOrder(std::span<TObject* const> Rows, std::span<const int> Order) {
+  std::vector<TObject*> result(Order.size());
+  std::ranges::transform(Order, result.begin(), [Rows](int index) { return Rows[static_cast<size_t>(index)]; });
+  return result;
 }
 
 void TTypeCsv::FillIndices(std::span<const int> Order, TVxIntegerList* Indices) {

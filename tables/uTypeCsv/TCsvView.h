@@ -98,6 +98,7 @@ class TCsvView : public TTypeCsv {
   // Which rows of All are on show. False if the table is out of step with All, as only operations can make it that pass
   // by this class: what moves many rows at once goes one by one then, so that none is lost.
   bool FindShown(std::vector<bool>& IsShown) const;
+  void ShowRows(const std::vector<bool>& WasShown, const std::vector<bool>& IsShown, bool IsInStep);
   void Apply(const std::vector<bool>& WasShown, const std::vector<bool>& IsShown);
   void NotifyAll(std::span<TObject* const> Rows, TListNotification Action);
   // Where the row stands in All, looked for from the last such place on; -1 if it does not.

@@ -2,6 +2,7 @@
 #include "tables/uTypeCsv/TTypeCsv.h"
 
 #include <algorithm>
+#include <typeinfo>
 
 #include "platform/Exceptions.h"
 
@@ -32,6 +33,12 @@ void TTypeCsv::Clear() {
   THeadCsv::Clear();
   SortCell = {-1, -1};
   SortDirection = TS_NONE;
+}
+
+// A sort of many rows would else wait for each of them to come from memory.
+void TTypeCsv::Notify(TObject* Object, TListNotification Action) {
+  if (Action == lnAdded) FHasOthers = FHasOthers || typeid(*Object) != typeid(TVxStringList);
+  THeadCsv::Notify(Object, Action);
 }
 
 void TTypeCsv::Assign(const TFileCsv& Source) {

@@ -132,6 +132,14 @@ class TTypeCsv : public THeadCsv, public TSortedTable {
   // The order of Rows, by index, in which those of the content stand sorted and the fixed ones where they are.
   std::vector<int> ContentOrder(std::span<TObject* const> Rows, TRowCompare Compare, const TSortColumn* Column) const;
   static void FillIndices(std::span<const int> Order, TVxIntegerList* Indices);
+  // Rows[Order[0]], Rows[Order[1]] and so on.
+  static std::vector<TObject*> InOrder(std::span<TObject* const> Rows, std::span<const int> Order);
+  // The entry as a row, as AsRow gives it, but without a look at it where all entries are known to be rows.
+  TVxStringList* KnownRow(TObject* Entry) const {
+    return FHasOthers || Entry == nullptr ? AsRow(Entry) : static_cast<TVxStringList*>(Entry);
+  }
+  // An override has to hand on to this one.
+  void Notify(TObject* Object, TListNotification Action) override;
 
   std::unique_ptr<TDecorationList> iDecorations;
   TCsvDrawEvent iOnPostDraw, iOnPreDraw;
@@ -141,6 +149,9 @@ class TTypeCsv : public THeadCsv, public TSortedTable {
   std::unique_ptr<TVxIntegerList> iSortIndices;
   TPoint SortCell{-1, -1};
   TSortOrder SortDirection = TS_NONE;
+
+ private:
+  bool FHasOthers = false;  // some entry was no plain TVxStringList
 };
 
 }  // namespace vx
