@@ -5,14 +5,18 @@
 #include <unordered_map>
 
 #include "objects/uVxClasses/TVxIntegerList.h"
+#include "platform/TListView.h"
+#include "platform/TStringGrid.h"
+#include "rendering/uDecoration/TCellSource.h"
 #include "rendering/uDecoration/TDecorationList.h"
 #include "rendering/uDecoration/TSortedTable.h"
+#include "rendering/uDecoration/TTableSizes.h"
 #include "tables/uFileCsv/THeadCsv.h"
 #include "tables/uTypeCsv/TRowCompare.h"
 
 namespace vx {
 
-class TControl;
+class TBitmap;
 class TTypeCsv;
 
 // Before a sort, where Permitted begins as true and false stops it, and after one, where it is of no matter. Col and
@@ -24,7 +28,7 @@ using TCsvDrawEvent =
 
 // Fixed rows at the top and at the bottom, of which the decorations tell, take no part in sorting and ClearContent.
 // What lies between them is the content.
-class TTypeCsv : public THeadCsv, public TSortedTable {
+class TTypeCsv : public THeadCsv, public TSortedTable, public TCellSource {
  public:
   explicit TTypeCsv(bool OwnsObjects = true);
   ~TTypeCsv() override;
@@ -93,11 +97,50 @@ class TTypeCsv : public THeadCsv, public TSortedTable {
   // Pitfall: whether there is something of the kind is asked of all decorations but the last one; that is wanted.
   [[nodiscard]] std::unique_ptr<TFileCsv> ExportToCsv(const std::unordered_map<int, String>* Images, bool Copy) const;
 
-  // --- controls ---
+  // --- controls; a Target or Sender of another kind than is told is ignored ---
   // Tells the decorations how many columns and rows there are: in Target if that is a TStringGrid, else in this table.
   void DecorationsCounts(TObject* Target = nullptr);
+  // Takes over the cells of the grid, and its fixed border and lines into the decorations. The flag is of no matter.
+  void GetGrid(const TStringGrid& Grid, bool DropFirstCol) override;
+  // Fills the grid, without numbers of rows, gives it what the decorations say of its border, lines, font and colours,
+  // and calls OnSetGrid. Its cells are to be painted by DrawGrid then. The flag is of no matter.
+  void SetGrid(TStringGrid& Grid, bool WithNumbers) override;
+  using THeadCsv::GetListView;
+  // Appends the captions of the columns and all items of the view, and takes its layout into the decorations.
+  int GetListView(const TListView& View);
+  // Makes the view a report with heads that shows all body rows, and gives it the layout that the decorations say.
+  void SetListView(TListView& View);
+  // Sizes the columns and rows of a TStringGrid, TListView or TPaintBox to what they hold (see TTableSizes.h). Those of
+  // a paint box are DecoratorCanvas().GetSizes() then.
+  void Trim(TObject* Target);
+  // The same for a canvas: the sizes for a table that stands at Rect and has room for Width and Height pixels; 0 and
+  // below stand for those of Rect.
+  [[nodiscard]] TTableSizes TrimDevice(TCanvas& Canvas, const TRect& Rect, int Width = 0, int Height = 0);
+
+  // Paint a cell, as the events of these controls tell it, on their canvas; a paint box, a canvas and a bitmap get the
+  // states as the decorator has them. Rect is the place of the cell. Nothing for a control without a canvas.
+  void DrawGrid(TObject* Sender, int Col, int Row, const TRect& Rect, TGridDrawStates State);
+  void DrawListView(TObject* Sender, TListItem* Item, int Col, const TRect& Rect, TCustomDrawStates State);
+  void DrawPaintBox(TObject* Sender, int Col, int Row, const TRect& Rect, TDecorationDrawStates State);
+  void DrawDevice(TCanvas& Canvas, int Col, int Row, const TRect& Rect, TDecorationDrawStates State);
+  void DrawBitmap(TBitmap& Bitmap, int Col, int Row, const TRect& Rect, TDecorationDrawStates State);
+
+  // A click on a head of a TListView: offers the formats of dates, sorts, and fills the view anew.
+  void MouseColumnClick(TObject* Sender, TListColumn& Column);
+  // What a TStringGrid tells.
+  void MouseDown(TObject* Sender, TMouseButton Button, TShiftState Shift, int X, int Y);
+  void MouseMove(TObject* Sender, TShiftState Shift, int X, int Y);
+  // With dloColumnClick, in the grid's fixed rows: the left button sorts by that column and fills the grid anew, the
+  // right one offers the formats of dates before, and does nothing on a column of other values.
+  void MouseUp(TObject* Sender, TMouseButton Button, TShiftState Shift, int X, int Y);
   // The row under the mouse, -1 for none; repaints Control, which may be nullptr.
   void SetHoverIndex(TControl* Control, int Index);
+
+  // --- the table as a decorator reads it ---
+  int CellCols() const override { return FieldCount(); }
+  int CellRows() const override { return GetCount(); }
+  std::span<const String> RowTexts(int Row) override { return GetLines(Row)->Items(); }
+  TObject* CellObject(int Col, int Row) override { return GetObject(Col, Row); }
 
   // --- events ---
   // Around the painting of a cell. Setting one takes the place of the callback of the decorations, and an empty one
@@ -131,6 +174,8 @@ class TTypeCsv : public THeadCsv, public TSortedTable {
   void AssignDecorations(const TTypeCsv& Source);
   // The order of Rows, by index, in which those of the content stand sorted and the fixed ones where they are.
   std::vector<int> ContentOrder(std::span<TObject* const> Rows, TRowCompare Compare, const TSortColumn* Column) const;
+  // No decoration is bound to single cells, rows or rectangles of the content.
+  bool ContentMoves() const;
   static void FillIndices(std::span<const int> Order, TVxIntegerList* Indices);
   // Rows[Order[0]], Rows[Order[1]] and so on.
   static std::vector<TObject*> InOrder(std::span<TObject* const> Rows, std::span<const int> Order);

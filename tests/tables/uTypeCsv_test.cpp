@@ -1,9 +1,11 @@
 #include "tables/uTypeCsv.h"
 
-#include "platform/TControl.h"
 #include "platform/TImageList.h"
 #include "platform/TPopupMenu.h"
 #include "platform/TRecordingCanvas.h"
+#include "rendering/uDecoration/TDecoratorCanvas.h"
+#include "rendering/uDecoration/TDecoratorListView.h"
+#include "rendering/uDecoration/TDecoratorStringGrid.h"
 #include "tests/support/Test.h"
 #include "tests/support/ViewWalk.h"
 
@@ -29,6 +31,11 @@ struct TListener {
     Permitted = Permits;
   }
   void Sorted(TTypeCsv& Table, int, int, bool&) { Heard += Concat({u"nach ", Table.GetCell(0, 1), u";"}); }
+  void Indices(TTypeCsv& Table, int, int, bool&) {
+    const TVxIntegerList* indices = Table.GetSortIndices();
+    Heard += Concat({indices ? indices->GetCommatext() : u"-", u";"});
+  }
+  void Set(TObject*) { Heard += u"voll;"; }
   void Draw(TTypeCsv& Table, TCanvas&, int Col, int Row, TRect&, TDecoration&) {
     Heard += Concat({Table.ClassName(), u" ", IntToStr(Col), u"/", IntToStr(Row), u";"});
   }
@@ -197,6 +204,103 @@ TEST(TTypeCsv, ExportsWhatIsVisible) {
   plain->GetDecorations().CreateRange(rtColumn, 0, -1, 0, -1)->SetFieldType(vftCommatext);
   EXPECT_EQ(plain->ExportToCsv(nullptr, false), nullptr) << "the last decoration is not asked";
   EXPECT_EQ(plain->ExportToCsv(nullptr, true)->GetText(), u"a");
+}
+
+TEST(TTypeCsv, IsSortedByClicksOnGridsAndViews) {
+  auto table = Table({u"Name,Tag", u"b,02.01.2020", u"a,01.02.2019", u"c,01.02.2019"});
+  TDecorationList& looks = table->GetDecorations();
+  looks.SetFixed(0, 1, 0, 0);
+  looks.CreateRange(rtColumn, 1, -1, 1, -1)->SetFieldType(vftDate);
+  looks.CreateRange(rtRow, -1, 0, -1, 0);
+  TRecordingCanvas canvas;
+  TStringGrid grid;
+  grid.SetCanvas(&canvas);
+  TListener listener;
+  table->SetOnSorted(TVxSortEvent::Of<&TListener::Indices>(listener));
+  table->SetOnSetGrid(TNotifyEvent::Of<&TListener::Set>(listener));
+  table->SetGrid(grid, true);
+  EXPECT_EQ((TFacts{grid.GetColCount(), grid.GetRowCount(), grid.GetFixedRows(), grid.GetCells(0, 1), listener.Heard}),
+            "2 4 1 b voll;");
+  const auto clicked = [&](TMouseButton Button, int Col, int Row) {
+    const TRect cell = grid.CellRect(Col, Row);
+    listener.Heard = {};
+    table->MouseDown(&grid, Button, {}, cell.Left + 1, cell.Top + 1);
+    table->MouseMove(&grid, {}, cell.Left + 1, cell.Top + 1);
+    table->MouseUp(&grid, Button, {}, cell.Left + 1, cell.Top + 1);
+    return Concat({Names(*table), grid.GetCells(0, 1), u" ", listener.Heard, table->GetSortIndices() ? u"!" : u""});
+  };
+  EXPECT_EQ(clicked(mbMiddle, 0, 0), u"Name b a c b ");
+  EXPECT_EQ(clicked(mbLeft, 0, 1), u"Name b a c b ") << "no head";
+  EXPECT_EQ(clicked(mbRight, 0, 0), u"Name b a c b ") << "no date";
+  EXPECT_EQ(clicked(mbLeft, 0, 0), u"Name a b c a 0,2,1,3;voll;");
+  EXPECT_EQ(clicked(mbRight, 1, 0), u"Name a c b a 0,1,3,2;voll;");
+  TDecoration* bound = looks.CreateRange(rtRect, 0, 2, 0, -1);
+  EXPECT_EQ(clicked(mbLeft, 1, 0), u"Name b a c b -;voll;") << "a decoration stays where it is";
+  bound->SetRange(0, 0, 0, 0);
+  EXPECT_EQ(clicked(mbLeft, 1, 0), u"Name a c b a 0,2,3,1;voll;");
+  looks.SetOptions(looks.GetOptions() - TDecorationListOptions{dloColumnClick});
+  EXPECT_EQ(clicked(mbLeft, 0, 0), u"Name a c b a ");
+  table->MouseUp(nullptr, mbLeft, {}, 1, 1);
+
+  TListView view;
+  view.SetCanvas(&canvas);
+  table->SetListView(view);
+  EXPECT_EQ((TFacts{view.GetViewStyle(), view.GetReadOnly(), view.GetHideSelection(), view.GetItemCount(),
+                    view.GetColumns(1).GetCaption(), view.CellText(0, 0)}),
+            "3 yes no 3 Tag a");
+  table->MouseColumnClick(&view, view.GetColumns(0));
+  table->MouseColumnClick(&view, view.GetColumns(0));
+  EXPECT_EQ((TFacts{Names(*table), view.CellText(0, 0), table->GetSortCell().Y}), "Name c b a  c 0");
+  TTypeCsv back;
+  EXPECT_EQ(back.GetListView(view), 4);
+  EXPECT_EQ(back.GetText(), table->GetText());
+  grid.SetFixedRows(2);
+  back.GetGrid(grid, true);
+  EXPECT_EQ((TFacts{Names(back), back.GetContentTop(), back.FieldCount()}), "Name a c b  2 2");
+}
+
+TEST(TTypeCsv, HandsCellsToTheDecoratorOfEachTarget) {
+  auto table = Table({u"Name,Wert", u"\"lange Zeile\",7", u"x"});
+  table->GetDecorations().SetFixed(0, 1, 0, 0);
+  TRecordingCanvas canvas, expected;
+  TStringGrid grid;
+  TListView view;
+  TPaintBox box;
+  TBitmap bitmap(pf24bit, 50, 20);
+  const TRect rect{3, 4, 60, 20};
+  for (int i = 0; i < 2; ++i) {  // without a canvas nothing happens
+    for (TControl* control :
+         {static_cast<TControl*>(&grid), static_cast<TControl*>(&view), static_cast<TControl*>(&box)}) {
+      table->Trim(control);
+      control->SetCanvas(i == 0 ? nullptr : &canvas);
+    }
+    table->DrawPaintBox(&box, 0, 1, rect, {});
+    EXPECT_EQ(canvas.GetText().empty(), i == 0);
+    table->SetGrid(grid, false);
+    table->SetListView(view);
+  }
+  const auto drawn = [&](TCanvas& from) { return static_cast<TRecordingCanvas&>(from).GetText(); };
+  const auto look = table->GetDecorations().VirtualListForCell(0, 1);
+  DecoratorCanvas().DrawCell(expected, rect, u"lange Zeile", nullptr, *look, {});
+  EXPECT_EQ(drawn(canvas), drawn(expected));
+  canvas.Clear(), expected.Clear();
+  table->DrawGrid(&grid, 0, 1, rect, {});
+  grid.SetCanvas(&expected);
+  DecoratorStringGrid().DrawGridCell(grid, table->GetDecorations(), 0, 1, rect, {});
+  EXPECT_EQ(drawn(canvas), drawn(expected));
+  canvas.Clear(), expected.Clear();
+  table->DrawListView(&view, &view.GetItems(0), 0, rect, {});
+  view.SetCanvas(&expected);
+  DecoratorListView().DrawItemCell(view, table->GetDecorations(), &view.GetItems(0), 0, rect, {});
+  EXPECT_EQ(drawn(canvas), drawn(expected));
+  for (TControl* control : {static_cast<TControl*>(&grid), static_cast<TControl*>(&view)}) table->Trim(control);
+  table->Trim(&box);
+  const TTableSizes sizes = table->TrimDevice(canvas, {0, 0, 500, 500});
+  EXPECT_EQ((TFacts{sizes.ColWidths.size(), sizes.RowHeights.size(), DecoratorCanvas().GetSizes() == sizes,
+                    grid.GetColWidths(0) == sizes.ColWidths[0], table->GetDecorations().GetRowCount()}),
+            "2 3 yes yes 3");
+  table->SetHoverIndex(&grid, 2);
+  EXPECT_EQ(table->GetDecorations().GetHoverIndex(), 2);
 }
 
 TEST(TCsvView, DoesWhatAPlainListDoes) {
