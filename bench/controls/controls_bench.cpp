@@ -1,4 +1,4 @@
-// Runs the benchmarks of controls, or one of them; an unknown name lists them.
+// Runs all topics of a benchmark, of controls or of painting, or one of them; an unknown name lists them.
 #include <cstdio>
 #include <cstring>
 
