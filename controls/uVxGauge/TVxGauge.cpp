@@ -168,7 +168,7 @@ void TGaugeGroupList::Leave(TVxGauge& Gauge) {
 
 void TGaugeGroupList::SortByGroupIndex(int aLow, int aHigh) {
   PartitionSort(
-      aLow, aHigh,
+      std::max(aLow, 0), std::min(aHigh, GetCount() - 1),
       [this](int a, int b) {
         const int first = GetGauge(a).iGroupIndex, second = GetGauge(b).iGroupIndex;
         return (first > second) - (first < second);

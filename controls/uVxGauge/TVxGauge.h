@@ -117,8 +117,9 @@ class TGaugeGroupList : public TVxListClassed<TGaugeGroupList, TVxObjectListU, u
   // such a gauge.
   static TGaugeGroupList& Instance();
 
+  // Index from 0 to the count, exclusively.
   TVxGauge& GetGauge(int Index) const { return static_cast<TVxGauge&>(*GetItem(Index)); }
-  // Sorts the gauges from aLow to aHigh, both included, by their group index.
+  // Sorts the gauges from aLow to aHigh, both included and held to the list, by their group index.
   void SortByGroupIndex(int aLow, int aHigh);
   // Where the gauges of a group begin; the count, or where they would be, if there are none.
   int FindGroup(int GroupIndex) const;
