@@ -101,14 +101,18 @@ void TStringGrid::SetRowCount(int Value) {
 }
 
 void TStringGrid::SetFixedCols(int Value) {
-  if (FFixedCols == std::max(Value, 0)) return;
-  FFixedCols = std::max(Value, 0);
+  Value = std::max(Value, 0);
+  if (FFixedCols == Value) return;
+  if (FLeftCol == FFixedCols) FLeftCol = Value;  // one that is not scrolled stays so
+  FFixedCols = Value;
   HoldToGrid();
 }
 
 void TStringGrid::SetFixedRows(int Value) {
-  if (FFixedRows == std::max(Value, 0)) return;
-  FFixedRows = std::max(Value, 0);
+  Value = std::max(Value, 0);
+  if (FFixedRows == Value) return;
+  if (FTopRow == FFixedRows) FTopRow = Value;
+  FFixedRows = Value;
   HoldToGrid();
 }
 
