@@ -56,21 +56,6 @@ class TDeviceScope {
   const int FHoverIndex;
 };
 
-class TTableCells final : public TCellSource {
- public:
-  explicit TTableCells(const TTypeCsv& Table) noexcept : FTable(Table) {}
-  int CellCols() const override { return FTable.FieldCount(); }
-  int CellRows() const override { return FTable.GetCount(); }
-  std::span<const String> RowTexts(int Row) override { return FTable.GetLines(Row)->Items(); }
-  TObject* CellObject(int Col, int Row) override {
-    const TVxStringList& row = *FTable.GetLines(Row);
-    return Col < row.GetCount() ? row.GetObject(Col) : nullptr;
-  }
-
- private:
-  const TTypeCsv& FTable;
-};
-
 // Sizes with the line behind each column and row.
 std::vector<int> WithLines(const std::vector<int>& Sizes) {
   std::vector<int> result(Sizes.size());
@@ -122,7 +107,6 @@ struct TTablePrinter::THeadings {
 struct TTablePrinter::TSheet {
   TSheet(TTypeCsv& ATable, TCanvas& Canvas, TPoint Room)
       : Table(ATable),
-        Cells(ATable),
         Sizes(Measure(Canvas, Room)),
         ColWidths(WithLines(Sizes.ColWidths)),
         RowHeights(WithLines(Sizes.RowHeights)),
@@ -137,7 +121,7 @@ struct TTablePrinter::TSheet {
   TDecorationList& List() const noexcept { return Table.GetDecorations(); }
   TTableSizes Measure(TCanvas& Canvas, TPoint Room) {
     const TDeviceScope device(List(), Canvas);
-    return DecoratorCanvas().TrimDevice(Canvas, {Room.X, 0}, List(), Cells);
+    return DecoratorCanvas().TrimDevice(Canvas, {Room.X, 0}, List(), Table);
   }
   int HeightOf(const detail::TBand& Rows) const {
     const int height = Total(RowHeights, Rows.First, Rows.End) - Rows.Skip;
@@ -178,12 +162,12 @@ struct TTablePrinter::TSheet {
     const TRect place{At.X, At.Y, Clip.Right, Clip.Bottom}, fixed = List().GetFixed();
     const TPoint first{Cols.First, Rows.First};
     if (Plan.GetFixedCols() == std::max(0, fixed.Left) && Plan.GetFixedRows() == std::max(0, fixed.Top)) {
-      return DecoratorCanvas().DrawTable(Canvas, place, List(), Cells, Sizes, first);
+      return DecoratorCanvas().DrawTable(Canvas, place, List(), Table, Sizes, first);
     }
     TTableSizes shown = Sizes;
     HideFixed(shown.ColWidths, Plan.GetFixedCols(), fixed.Left, Cols);
     HideFixed(shown.RowHeights, Plan.GetFixedRows(), fixed.Top, Rows);
-    DecoratorCanvas().DrawTable(Canvas, place, List(), Cells, shown, first);
+    DecoratorCanvas().DrawTable(Canvas, place, List(), Table, shown, first);
   }
 
   // Fixed lines that are too large to stand on each page stand where the band has them.
@@ -194,7 +178,6 @@ struct TTablePrinter::TSheet {
   }
 
   TTypeCsv& Table;
-  TTableCells Cells;
   TTableSizes Sizes;
   std::vector<int> ColWidths, RowHeights;  // with the lines
   detail::TPagePlan Plan;
