@@ -2,8 +2,11 @@
 
 #include <sstream>
 
+#include "platform/Drawing.h"
+#include "platform/Files.h"
 #include "tests/support/Test.h"
 #include "tools/vxtab/ForeignReader.h"
+#include "tools/vxtab/Painting.h"
 #include "tools/vxtab/Show.h"
 
 namespace {
@@ -386,10 +389,50 @@ TEST_F(VxtabTest, LooksAreMadeChangedAndToldInWords) {
   EXPECT_EQ(Get("a.look"), look);
 }
 
+// Nothing here but these needs what draws.
+struct VxtabPaint : VxtabTest {
+  void SetUp() override {
+    if (!vxtab::CanPaint()) GTEST_SKIP() << "built without vxlib::drawing";
+  }
+  void TearDown() override { SetDrawingBackend(nullptr); }
+};
+
+TEST_F(VxtabPaint, PicturesAndPagesAreWrittenWholeOrNotAtAll) {
+  Put("t.csv", "Name,Zahl\r\nK\xF6ln,1\r\nBonn,22\r\nUlm\r\n");
+  Out("paint @t.csv @a.png --title Liste");
+  EXPECT_EQ(Get("a.png").substr(0, 8), "\x89PNG\r\n\x1A\n");
+  Out("paint @t.csv @b.png --title Liste --rows 1 --cols 1");
+  EXPECT_LT(Get("b.png").size(), Get("a.png").size());
+  Out("paint @t.csv @a.svg");
+  EXPECT_NE(Get("a.svg").find(">K\xC3\xB6ln</text>"), std::string::npos);
+  EXPECT_EQ(Out("paint @t.csv @a.pdf --landscape"), "pages: 1\n");
+  EXPECT_EQ(Get("a.pdf").substr(0, 5), "%PDF-");
+  Put("empty.csv", "");
+  Out("paint @empty.csv @empty.png");
+  Put("half.look", "Titel,");
+  std::string wide;
+  for (int i = 0; i < 10000; ++i) wide += "a,";
+  Put("wide.csv", wide);
+  const int before = Entries();
+  const TCases<const char*, int, const char*> cases = {
+      {"paint @t.csv @c.bmp", 2, "ends in none of .png, .svg and .pdf"},
+      {"paint @t.csv @c.png --landscape", 2, "--landscape goes with a PDF only"},
+      {"paint @t.csv @c.png --cols 0,2", 1, "row 0 has no column 2"},
+      {"paint @t.csv @c.png --look @half.look", 1, "half.look is no whole look of a table"},
+      {"paint @wide.csv @c.png", 1, "take fewer rows and columns by --rows and --cols"},
+      {"paint @t.csv @missing/c.pdf", 1, "Cannot create file"}};
+  for (const auto& [line, status, part] : cases) Tells(line, status, part);
+  TFileFaults faults;
+  faults.LimitSpace(100);
+  for (const char* line : {"paint @t.csv @a.png --rows 1", "paint @t.csv @c.pdf"}) Tells(line, 1, "Cannot write file");
+  EXPECT_EQ(Entries(), before);
+  EXPECT_EQ(Get("a.png").substr(0, 8), "\x89PNG\r\n\x1A\n");
+}
+
 TEST_F(VxtabTest, HelpNamesEveryCommandAndWantsNoFile) {
   std::string help = Out("convert --help");
   for (const char* name : {"show", "info", "dump", "convert", "turn", "clean", "mssql", "set", "sum", "get", "sort",
-                           "merge", "select", "ini", "unique", "vocab", "look"})
+                           "merge", "select", "ini", "unique", "vocab", "look", "paint"})
     EXPECT_NE(help.find("vxtab " + std::string(name)), std::string::npos) << name;
   EXPECT_EQ(help, Out("help"));
 }

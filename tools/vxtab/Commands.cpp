@@ -12,7 +12,9 @@
 #include "tools/vxtab/Json.h"
 #include "tools/vxtab/LookCommand.h"
 #include "tools/vxtab/NamedCommands.h"
+#include "tools/vxtab/PaintCommand.h"
 #include "tools/vxtab/Show.h"
+#include "tools/vxtab/TypeGuess.h"
 
 namespace vx::vxtab {
 
@@ -29,23 +31,12 @@ void RunShow(const TContext& Context) {
 
 // For each column a line with the types that its cells look like, the most frequent one first.
 void WriteTypes(const TFileCsv& Table, std::ostream& Out) {
-  static constexpr std::array kTypes = {vftUnknown, vftString, vftInteger, vftFloat, vftDate, vftTime, vftHour};
-  using TCounts = std::array<int, kTypes.size()>;
-  std::vector<TCounts> columns;
-  for (int row = 0; row < Table.GetCount(); ++row) {
-    const auto cells = Table.GetLines(row)->Items();
-    if (cells.size() > columns.size()) columns.resize(cells.size());
-    for (size_t col = 0; col < cells.size(); ++col) {
-      const auto type = std::find(kTypes.begin(), kTypes.end(), TFileCsv::GuessFieldType(cells[col]));
-      ++columns[col][static_cast<size_t>(type - kTypes.begin())];
-    }
-  }
+  const std::vector<TTypeCounts> columns = CountTypes(Table, 0);
   for (size_t col = 0; col < columns.size() && Out; ++col) {
-    std::array<size_t, kTypes.size()> order{0, 1, 2, 3, 4, 5, 6};
-    std::stable_sort(order.begin(), order.end(), [&](size_t a, size_t b) { return columns[col][a] > columns[col][b]; });
     Out << "column " << col << ": ";
-    for (size_t i = 0; i < order.size() && columns[col][order[i]] > 0; ++i) {
-      Out << (i > 0 ? ", " : "") << FieldTypeToStr(kTypes[order[i]]).ToUtf8() << ' ' << columns[col][order[i]];
+    bool isFirst = true;
+    for (const auto& [type, count] : TypesByCount(columns[col])) {
+      Out << (std::exchange(isFirst, false) ? "" : ", ") << FieldTypeToStr(type).ToUtf8() << ' ' << count;
     }
     Out << '\n';
   }
@@ -261,6 +252,11 @@ constexpr TCommand kCommands[] = {
      "struck) and points, the limits of the width in pixels; of the table the headings, the darker rows,\n"
      "the strips on a page, and the fixed rows and columns",
      RunLook},
+    {"paint", "IN OUT [--look FILE] [--title TEXT] [--rows N] [--cols LIST] [--landscape]",
+     "the table as a picture (.png, .svg) or on pages of A4 (.pdf), with a look of the command look;\n"
+     "without one the head row stands on each page, numbers stand at the right, and each second row is\n"
+     "darker. The first N rows behind the head, the columns of LIST, such as 0,2-4, in their order",
+     RunPaint},
     {"vocab", "[KEY]", "the lists of domain values with their lengths, or one of them: symbol and text", RunVocab},
 };
 
