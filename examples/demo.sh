@@ -7,6 +7,7 @@ vxtab=${1:?the path of vxtab is missing}
 programs=${2:-}
 drawings=${3:-}
 data=$(cd "$(dirname "$0")" && pwd)/data
+[ -z "$drawings" ] || mkdir -p "$drawings"
 dir=$(mktemp -d "${TMPDIR:-/tmp}/vxdemoXXXXXX")
 trap 'rm -rf "$dir"' EXIT
 trap 'exit 1' HUP INT TERM
@@ -170,6 +171,16 @@ if [ -x "$programs/shared_settings" ]; then
   grep -q '^anja=25' "$dir/settings.ini" && grep -q '^tim=25' "$dir/settings.ini" || die "a change was lost"
 fi
 
+if [ -x "$programs/edit_dialogue" ]; then
+  say "Masked editors: what is typed, where the cursor stands, and whether the value is good"
+  "$programs/edit_dialogue" | tee "$dir/dialogue"
+fi
+
+if [ -x "$programs/filter_table" ]; then
+  say "A filter above each column of the patients"
+  "$programs/filter_table" "$data/patienten.csv" ${drawings:+"$drawings/filter.png"} | tee "$dir/filter"
+fi
+
 if [ -x "$programs/form_letter" ]; then
   say "A form letter, searched once and filled a thousand times"
   "$programs/form_letter" | tee "$dir/letters"
@@ -192,7 +203,6 @@ fi
 if [ -n "$drawings" ]; then
   say "Names in ten scripts, drawn by one routine on a picture, for a printer and as SVG"
   if [ -x "$programs/name_list" ]; then
-    mkdir -p "$drawings"
     "$programs/name_list" "$drawings/names.png" "$drawings/names.pdf" "$drawings/names.svg"
     say "The picture of the names in at most 6 colours, and how often each occurs"
     "$programs/reduce_colours" "$drawings/names.png" 6 "$drawings/names6.bmp" | tee "$dir/colours"
@@ -203,6 +213,22 @@ if [ -n "$drawings" ]; then
     echo "in $drawings/note.png"
     grep -q '^Frau Müller-Lüdenscheid$' "$dir/note" || die "the plain text is wrong"
     grep -q '^{.rtf1.* M.u252.*}$' "$dir/note" || die "the RTF is wrong"
+    say "The patients with a look of their own as a picture, and the roster on a page"
+    for change in "--head 1 --zebra 2 --title Patienten" "--row 0 --style bold" "--col Name --text-color #204080" \
+      "--col Geboren --type Date --format d.mmm.yyyy --align right" "--col Pflegegrad --align centre"; do
+      # shellcheck disable=SC2086
+      "$vxtab" look "$data/patienten.csv" "$dir/patienten.look" $change
+    done
+    "$vxtab" look "$dir/patienten.look"
+    "$vxtab" paint "$data/patienten.csv" "$drawings/patienten.png" --look "$dir/patienten.look" --cols 0-2,5-8
+    "$vxtab" paint "$data/dienstplan.txt" "$drawings/dienstplan.pdf" --title Dienstplan | tee "$dir/pages"
+    grep -qx 'pages: 1' "$dir/pages" || die "the roster has not one page"
+    "$vxtab" paint "$data/leistungen.vxt" "$drawings/leistungen.svg"
+    echo "in $drawings/patienten.png, dienstplan.pdf and leistungen.svg"
+    say "Cells of all kinds: heads, stripes, images, buttons, fractions, rich and turned texts"
+    "$programs/cells" "$drawings/cells.png" "$drawings/cells.pdf"
+    say "A gauge through one round of its glow"
+    "$programs/gauge_strip" "$drawings/gauge.png"
   else
     echo "skipped: the component vxlib::drawing was not built, since what it needs is not installed"
   fi
