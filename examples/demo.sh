@@ -214,8 +214,9 @@ if [ -n "$drawings" ]; then
     grep -q '^Frau Müller-Lüdenscheid$' "$dir/note" || die "the plain text is wrong"
     grep -q '^{.rtf1.* M.u252.*}$' "$dir/note" || die "the RTF is wrong"
     say "The patients with a look of their own as a picture, and the roster on a page"
-    for change in "--head 1 --zebra 2 --title Patienten" "--row 0 --style bold" "--col Name --text-color #204080" \
-      "--col Geboren --type Date --format d.mmm.yyyy --align right" "--col Pflegegrad --align centre"; do
+    for change in "--head 1 --zebra 2 --title Patienten" "--col Name --text-color #204080" \
+      "--col Geboren --type Date --format d.mmm.yyyy --align right" "--col Pflegegrad --align centre" \
+      "--row 0 --style bold"; do
       # shellcheck disable=SC2086
       "$vxtab" look "$data/patienten.csv" "$dir/patienten.look" $change
     done
