@@ -144,7 +144,8 @@ std::unique_ptr<TVxFilterCore> TVxFilterItem::GetFilterCore2() {
       core = std::make_unique<TVxFilterNone>(*this);
       break;
   }
-  if (typeid(*core) == typeid(*iFilterCore)) core = nullptr;
+  const TVxFilterCore &made = *core, &present = *iFilterCore;
+  if (typeid(made) == typeid(present)) core = nullptr;
   return core;
 }
 
