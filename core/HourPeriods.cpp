@@ -66,7 +66,7 @@ class TUtc {
 // A moment by both clocks; in the doubled hour the local one goes back between two of them.
 struct TMoment {
   int64_t Utc, Local;
-  friend constexpr auto operator<=>(const TMoment& A, const TMoment& B) noexcept = default;
+  friend constexpr auto operator<=>(TMoment A, TMoment B) noexcept = default;  // NOLINT(modernize-use-nullptr)
 };
 
 struct TEnds {

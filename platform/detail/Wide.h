@@ -15,7 +15,7 @@ namespace vx::detail {
 
 struct TWide {
   uint64_t High = 0, Low = 0;
-  friend constexpr auto operator<=>(const TWide& A, const TWide& B) noexcept = default;
+  friend constexpr auto operator<=>(TWide A, TWide B) noexcept = default;  // NOLINT(modernize-use-nullptr)
 };
 
 constexpr uint64_t SizeOf(int64_t Value) noexcept {
