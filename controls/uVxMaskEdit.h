@@ -5,6 +5,7 @@
 //   TVxMaskMode, TVxLimitModes       what it holds, and which limits apply (MaskTypes.h)
 //   StrToHM, toHour, toMinute        texts of hour counts, and CalStrToHourStr, their normal form (HourText.h)
 //   LiteralString, CharAllowed       templates (Template.h)
+//   ToInteger, ToFloat, ToDate...    values read from texts (ValueText.h)
 //
 // Only what can still become a value of the mode is taken from the keyboard, the arrow keys step the part of the value
 // at the cursor, and when the field is left the text is completed, held to its limits and written in its normal form.
@@ -38,3 +39,4 @@
 #include "controls/uVxMaskEdit/MaskTypes.h"
 #include "controls/uVxMaskEdit/TVxMaskEdit.h"
 #include "controls/uVxMaskEdit/Template.h"
+#include "controls/uVxMaskEdit/ValueText.h"

@@ -3,16 +3,16 @@
 #include <cmath>
 
 #include "controls/uVxMaskEdit.h"
+#include "fuzz/support/PlainMaskEdit.h"
 #include "fuzz/support/Values.h"
 #include "platform/Clock.h"
-#include "tests/support/PlainMaskEdit.h"
 
 namespace vx::fuzz {
 namespace {
 
 void CheckBesidePlain(TVxMaskMode Mode, TValues& Values) {
   const auto pick = [&Values](int low, int high) { return low + Values.Byte() % (high - low + 1); };
-  test::TMaskPair pair(Mode, pick);
+  TMaskPair pair(Mode, pick);
   for (int acts = Values.Byte() % 64; acts > 0; --acts) {
     pair.Act(pick);
     Check(pair.Real() == pair.Plain(), "an editor goes as its rules tell");

@@ -5,6 +5,7 @@
 #include "controls/uVxMaskEdit/detail/FlagScope.h"
 #include "controls/uVxMaskEdit/detail/Judging.h"
 #include "controls/uVxMaskEdit/detail/TimeKinds.h"
+#include "core/uVxFunctionsTime.h"
 
 namespace vx {
 
@@ -12,7 +13,12 @@ namespace {
 
 constexpr int kTimeLength = 10;
 constexpr int kHourDigits = 2;
-constexpr TDateTime kMostTime = detail::kMostHours / 24.0 + 59 / 1440.0;  // 99999:59
+
+TDateTime MostTime() {
+  TDateTime hours;
+  VxStrToHour(u"99999:59", hours);
+  return hours;
+}
 
 }  // namespace
 
@@ -86,8 +92,8 @@ void TVxCustomMaskEdit::LeaveMode() {
   const TMaskRules none;
   if (iRules.iMMMin == -detail::kMostHours) iRules.iMMMin = none.iMMMin;
   if (iRules.iMMMax == detail::kMostHours) iRules.iMMMax = none.iMMMax;
-  if (iRules.iDTMin == -kMostTime) iRules.iDTMin = none.iDTMin;
-  if (iRules.iDTMax == kMostTime) iRules.iDTMax = none.iDTMax;
+  if (iRules.iDTMin == -MostTime()) iRules.iDTMin = none.iDTMin;
+  if (iRules.iDTMax == MostTime()) iRules.iDTMax = none.iDTMax;
   if (iRules.iDecimaldigits == kHourDigits) iRules.iDecimaldigits = none.iDecimaldigits;
   iRules.iDigitLimit = none.iDigitLimit;
 }
@@ -98,8 +104,8 @@ void TVxCustomMaskEdit::EnterHours() {
   if (settings.ThousandSeparator == u':') settings.ThousandSeparator = 0;
   iRules.iMMMin = -detail::kMostHours;
   iRules.iMMMax = detail::kMostHours;
-  iRules.iDTMin = -kMostTime;
-  iRules.iDTMax = kMostTime;
+  iRules.iDTMin = -MostTime();
+  iRules.iDTMax = MostTime();
   iRules.iDecimaldigits = kHourDigits;
   iRules.iDigitLimit = true;
   SetMaxLength(kTimeLength);

@@ -45,6 +45,8 @@ class TVxCustomMaskEdit : public TObject, public TEditEvents {
   void SetSelStart(int aPlace) { iWidget.SetSelStart(aPlace); }
   int GetSelLength() const { return iWidget.GetSelLength(); }
   void SetSelLength(int aLength) { iWidget.SetSelLength(aLength); }
+  String GetSelText() const { return iWidget.GetSelText(); }
+  void SetSelText(std::u16string_view aText) { iWidget.SetSelText(aText); }  // counts as an edit of the user
   int GetMaxLength() const { return iWidget.GetMaxLength(); }
   void SetMaxLength(int aLength) { iWidget.SetMaxLength(aLength); }
   bool GetReadOnly() const { return iWidget.GetReadOnly(); }

@@ -2,58 +2,37 @@
 
 #include "controls/uVxMaskEdit/HourText.h"
 #include "controls/uVxMaskEdit/TVxMaskEdit.h"
+#include "controls/uVxMaskEdit/ValueText.h"
 #include "controls/uVxMaskEdit/detail/Judging.h"
 #include "controls/uVxMaskEdit/detail/TimeKinds.h"
 #include "core/uVxFunctionsTime.h"
-#include "platform/DateText.h"
 
 namespace vx {
 
-namespace {
-
-// What Read leaves of a value that it does not find.
-template <typename T>
-bool OrNone(bool IsRead, T& Value) {
-  if (!IsRead) Value = T{};
-  return IsRead;
-}
-
-bool IsEndOfDay(const String& Text, const TFormatSettings& Settings) {
-  return Text == detail::Picture(u"24:00", Settings) || Text == detail::Picture(u"24:00:00", Settings);
-}
-
-}  // namespace
-
 bool TVxCustomMaskEdit::ToInteger(int& aValue) const {
-  return OrNone(detail::TIntegerKind::Read(iRules, GetText(), aValue), aValue);
+  return vx::ToInteger(GetText(), aValue, iRules.iFormatSettings);
 }
 
 bool TVxCustomMaskEdit::ToFloat(Extended& aValue) const {
-  return OrNone(detail::TFloatKind::Read(iRules, GetText(), aValue), aValue);
+  return vx::ToFloat(GetText(), aValue, iRules.iFormatSettings);
 }
 
 bool TVxCustomMaskEdit::ToDouble(double& aValue) const {
-  Extended value;
-  const bool isRead = ToFloat(value);
-  aValue = static_cast<double>(value);
-  return OrNone(isRead && std::isfinite(aValue), aValue);
+  return vx::ToDouble(GetText(), aValue, iRules.iFormatSettings);
 }
 
 bool TVxCustomMaskEdit::ToCurrency(Currency& aValue) const {
-  return OrNone(detail::TCurrencyKind::Read(iRules, GetText(), aValue), aValue);
+  return vx::ToCurrency(GetText(), aValue, iRules.iFormatSettings);
 }
 
 bool TVxCustomMaskEdit::ToDate(TDateTime& aValue) const {
   const TFormatSettings& settings = iRules.iFormatSettings;
-  const String text = iRules.iMaskMode == mmMonth ? detail::MonthAsDate(GetText(), settings) : GetText();
-  return OrNone(TryStrToDate(text, aValue, settings), aValue);
+  return vx::ToDate(iRules.iMaskMode == mmMonth ? detail::MonthAsDate(GetText(), settings) : GetText(), aValue,
+                    settings);
 }
 
 bool TVxCustomMaskEdit::ToTime(TDateTime& aValue) const {
-  const String text = GetText();
-  const bool isEndOfDay = IsEndOfDay(text, iRules.iFormatSettings);
-  if (isEndOfDay) aValue = 1;
-  return OrNone(isEndOfDay || TryStrToTime(text, aValue, iRules.iFormatSettings), aValue);
+  return vx::ToTime(GetText(), aValue, iRules.iFormatSettings);
 }
 
 bool TVxCustomMaskEdit::toHour(Extended& aHours) const {

@@ -1,8 +1,8 @@
 #include "controls/uVxMaskEdit.h"
 
+#include "fuzz/support/PlainMaskEdit.h"
 #include "platform/DateText.h"
 #include "platform/TCustomEdit.h"
-#include "tests/support/PlainMaskEdit.h"
 #include "tests/support/Test.h"
 
 namespace {
@@ -279,6 +279,11 @@ TEST_F(MaskEdit, TypedValuesReadBackOrAreRefused) {
   expect(mmSecond, &E::SetTime, &E::GetTime, 1.0, u"24:00:00");
   for (const auto& [value, text] : TCases<Extended, String>{{-0.5L, u"-0:30"}, {1e5L, u"100000:00"}, {7.75L, u"7:45"}})
     expect(mmHour, &E::sethour, &E::gethour, value, text);
+  int number = 7;
+  double time = 7, large = 7;
+  EXPECT_EQ((TFacts{ToInteger(u"1.234", number), ToTime(u"24:00:00", time), ToDouble(u"1E999", large)}), "yes yes no");
+  EXPECT_EQ((TFacts{number, time, large}), "1234 1 0");
+  EXPECT_EQ((TFacts{ToDate(u"00.00.0000", time), time}), "no 0");
   EXPECT_FALSE((edit.sethour(1e5L), edit.GetIsValid()));
   edit.SetMaskMode(mmFloat);
   EXPECT_FALSE((edit.SetFloat(NAN), edit.GetIsValid()));
@@ -376,7 +381,7 @@ TEST_F(MaskEdit, GoesAsItsRulesTell) {
     const auto pick = [&random](int low, int high) {
       return low + static_cast<int>(random() % unsigned(high - low + 1));
     };
-    test::TMaskPair pair(static_cast<TVxMaskMode>(seed % 11), pick);
+    fuzz::TMaskPair pair(static_cast<TVxMaskMode>(seed % 11), pick);
     for (int i = 0; i < 60; ++i) {
       const std::string done = pair.Act(pick);
       ASSERT_EQ(pair.Real(), pair.Plain()) << "seed " << seed << ", " << i << ": " << done;

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
+#include "controls/uVxMaskEdit/ValueText.h"
 #include "platform/Numbers.h"
 #include "platform/Text.h"
-#include "platform/TextBuffer.h"
 
 namespace vx::detail {
 namespace {
@@ -14,16 +14,6 @@ constexpr int kPrecision = 18;        // digits of a number
 constexpr int kHintDecimals = 9;      // where the field does not limit them
 constexpr int kMostZeros = 255;       // in front
 constexpr int kCurrencyDecimals = 4;  // of the smallest amount
-
-// Text without thousands separators; what has some is put together in Buffer.
-std::u16string_view EliminateTsd(const TMaskRules& Rules, std::u16string_view Text, TTextBuffer& Buffer) {
-  const char16_t separator = Rules.iFormatSettings.ThousandSeparator;
-  if (separator == 0 || Text.find(separator) == Text.npos) return Text;
-  for (char16_t unit : Text) {
-    if (unit != separator) Buffer.Add(unit);
-  }
-  return Buffer.View();
-}
 
 TFloatFormat FormOf(const TMaskRules& Rules) noexcept { return Rules.iUseTausend ? ffNumber : ffFixed; }
 int DigitsOf(const TMaskRules& Rules, int Unlimited) noexcept {
@@ -129,8 +119,7 @@ String PutIntegerDiggits(const TMaskRules& Rules, const String& Text) {
 }
 
 bool TIntegerKind::Read(const TMaskRules& Rules, std::u16string_view Text, TValue& Value) {
-  TTextBuffer buffer;
-  return TryStrToInt(EliminateTsd(Rules, Text, buffer), Value);
+  return ToInteger(Text, Value, Rules.iFormatSettings);
 }
 
 TLimits<int> TIntegerKind::Limits(const TMaskRules& Rules) noexcept { return NumberLimits<int>(Rules); }
@@ -140,8 +129,7 @@ String TIntegerKind::Write(const TMaskRules& Rules, TValue Value) {
 }
 
 bool TFloatKind::Read(const TMaskRules& Rules, std::u16string_view Text, TValue& Value) {
-  TTextBuffer buffer;
-  return TextToFloat(EliminateTsd(Rules, Text, buffer), Value, Rules.iFormatSettings);
+  return ToFloat(Text, Value, Rules.iFormatSettings);
 }
 
 TLimits<Extended> TFloatKind::Limits(const TMaskRules& Rules) noexcept { return NumberLimits<Extended>(Rules); }
@@ -157,8 +145,7 @@ String TFloatKind::Hint(const TMaskRules& Rules, TValue Value) {
 }
 
 bool TCurrencyKind::Read(const TMaskRules& Rules, std::u16string_view Text, TValue& Value) {
-  TTextBuffer buffer;
-  return TextToCurr(EliminateTsd(Rules, Text, buffer), Value, Rules.iFormatSettings);
+  return ToCurrency(Text, Value, Rules.iFormatSettings);
 }
 
 TLimits<Currency> TCurrencyKind::Limits(const TMaskRules& Rules) noexcept { return NumberLimits<Currency>(Rules); }

@@ -14,7 +14,7 @@
 
 #include "controls/uVxMaskEdit.h"
 
-namespace vx::test {
+namespace vx::fuzz {
 
 struct TPlainMask {
   __extension__ using TNumber = __int128;
@@ -509,4 +509,4 @@ struct TMaskPair {
   TPlainMask FPlain;
 };
 
-}  // namespace vx::test
+}  // namespace vx::fuzz
