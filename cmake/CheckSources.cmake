@@ -6,8 +6,8 @@ file(READ ${BUILD}/compile_commands.json commands)
 set(forgotten)
 foreach(folder core objects tables services rendering controls platform tools examples tests)
   file(GLOB_RECURSE sources RELATIVE ${root} ${root}/${folder}/*.cpp)
-  # The strangers have a build of their own, and the oracles need libraries that not every machine has.
-  list(FILTER sources EXCLUDE REGEX "^tests/(consumer|oracle)/")
+  # The strangers have a build of their own, and the oracles and spreadsheets need libraries that not every machine has.
+  list(FILTER sources EXCLUDE REGEX "^(tests/(consumer|oracle)|tools/vxtab/Spreadsheet)")
   if(NOT DRAWING)
     list(FILTER sources EXCLUDE REGEX "^(platform|tests/platform)/cairo/|^examples/(cells|name_list|reduce_colours|rich_text)")
   endif()

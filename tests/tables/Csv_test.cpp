@@ -95,6 +95,11 @@ TEST(CsvTest, FindsOutTheForm) {
            {"a;b\nc;d\n", "2 0 no 59 1"},
            {"a,b;c\nd,e;f,g\n", "2 0 no 59 1"},
            {"x\ta|b\nc|d\n", "2 0 no 124 1"},
+           {"Tabelle\nStand 1, 2, 3\na;b\nc;d\ne;f\n", "2 0 no 59 1"},
+           {"1,5;2,5\n3,5;4,5\n", "2 0 no 59 1"},
+           {"\"a;b\",c\n\"d;e\",f\n", "2 0 no 44 1"},
+           {"a,b\tc,d\n", "2 0 no 9 1"},
+           {"x\x1By\n", "2 0 no 27 1"},
            {mark + "\"a\r;\",b\r", "2 0 yes 44 2"},
            {"Mädchen;1\r\n", "2 0 no 59 0"},
            {"M\xE4"

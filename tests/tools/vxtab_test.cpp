@@ -5,8 +5,8 @@
 #include "platform/Drawing.h"
 #include "platform/Files.h"
 #include "tests/support/Test.h"
-#include "tools/vxtab/ForeignReader.h"
 #include "tools/vxtab/Painting.h"
+#include "tools/vxtab/SheetCells.h"
 #include "tools/vxtab/Show.h"
 
 namespace {
@@ -87,19 +87,9 @@ TEST_F(VxtabTest, ForeignReadingFollowsOnlySeparatorsLineEndsAndQuotes) {
       {"control characters", std::string("a\0b,\x1F\n", 6), R"(["a\u0000b", "\u001f"])"}};
   for (const auto& [name, bytes, dump] : cases) {
     Put("f", bytes);
-    EXPECT_EQ(Out("dump --foreign --separator comma @f"), dump + "\n") << name;
-    EXPECT_EQ(Out("dump --foreign --separator=, -", bytes), dump + "\n") << name;
+    EXPECT_EQ(Run("dump --foreign --separator comma @f").Out, dump + "\n") << name;
+    EXPECT_EQ(Run("dump --foreign --separator=, -", bytes).Out, dump + "\n") << name;
   }
-}
-
-TEST_F(VxtabTest, ForeignSeparatorIsTheOneThatCutsMostLinesAlike) {
-  const TCases<const char*, const char16_t*, char16_t> cases = {
-      {"title without separators", u"Tabelle\nStand 1, 2, 3\na;b\nc;d\ne;f\n", u';'},
-      {"decimal commas", u"1,5;2,5\n3,5;4,5\n", u';'},
-      {"in quotes", u"\"a;b\",c\n\"d;e\",f\n", u','},
-      {"tab before comma", u"a,b\tc,d\n", u'\t'},
-      {"esc", u"x\x1By\n", u'\x1B'}};
-  for (auto [name, text, separator] : cases) EXPECT_EQ(vxtab::GuessSeparator(text), separator) << name;
 }
 
 TEST_F(VxtabTest, ConvertedForeignTablesReadBackOrTheNoteSaysWhere) {
@@ -124,6 +114,78 @@ TEST_F(VxtabTest, ConvertedForeignTablesReadBackOrTheNoteSaysWhere) {
     fs::remove(Native("out" + extension));
     EXPECT_EQ(Entries(), 1);
   }
+}
+
+TEST_F(VxtabTest, ConvertsToTheFormsOfOtherPrograms) {
+  Put("in", "Name;Ort\nŁukasz B;\"a;b\"\n\"x\ny\";\n");
+  for (const auto& [line, bytes, note] : TCases<std::string, std::string, std::string>{
+           {"o.tsv", "\xEF\xBB\xBFName\tOrt\r\nŁukasz B\ta;b\r\n\"x\ny\"\t\r\n", ""},
+           {"o.txt --to-encoding utf-8-plain", "Name;Ort\r\nŁukasz B;\"a;b\"\r\n\"x\ny\";\r\n", ""},
+           {"o.csv --to-separator ä --to-encoding codepage",
+            "Name\xE4Ort\r\n?ukasz B\xE4"
+            "a;b\r\n\"x\ny\"\xE4\r\n",
+            "1 cells can't be written in this form, first column 0 of row 1, 'Łukasz B'"},
+           {"o.jsonl", "{\"Name\": \"Łukasz B\", \"Ort\": \"a;b\"}\n{\"Name\": \"x\\ny\", \"Ort\": \"\"}\n", ""},
+           {"o.md", "| Name | Ort |\n| --- | --- |\n| Łukasz B | a;b |\n| x<br>y |  |\n", ""},
+       }) {
+    const TResult result = Tells("convert --foreign @in @" + line, 0, note);
+    EXPECT_EQ((TFacts{result.Err.empty(), Get(line.substr(0, line.find(' ')))}),
+              (note.empty() ? "yes " : "no ") + bytes);
+  }
+  Put("in", "a;\"b\nc\"d\n\"e");
+  Tells("dump --foreign @in", 0, "in, line 2, column 3: text stands behind a closing quote; so in 2 places\n");
+  Put("in",
+      "f\x81r;Gr\x94\xE1"
+      "e\n");
+  EXPECT_NE(Out("info --foreign @in").find("encoding: code page 850\n"), std::string::npos);
+  EXPECT_EQ(Out("dump --foreign --codepage 1252 @in"), "[\"f\xC2\x81r\", \"Gr”áe\"]\n");
+  EXPECT_EQ(Out("dump --foreign --encoding utf-16 --separator , -", Bytes(u"ä,b", true)), "[\"ä\", \"b\"]\n");
+}
+
+TEST_F(VxtabTest, SpreadsheetsAreReadAndWritten) {
+  using namespace vxtab;
+  for (const auto& [code, format] : TCases<std::string, TSheetFormat>{{"dd\\.mm\\.yyyy", sfDate},
+                                                                      {"[$-407]d. mmm yy hh:mm", sfMoment},
+                                                                      {"h:mm", sfTime},
+                                                                      {"[h]:mm", sfHours},
+                                                                      {"0.00 \"Stunden d\"", sfNumber},
+                                                                      {"#,##0.00\\ [$€-407]", sfNumber}})
+    EXPECT_EQ(FormatOfCode(code), format) << code;
+  for (const auto& [value, format, text] :
+       TCases<double, TSheetFormat, String>{{5.1875, sfHours, u"124:30"},
+                                            {-0.5, sfHours, u"-12:00"},
+                                            {46380.99999999, sfMoment, u"25.12.2026 00:00:00"},
+                                            {-1, sfDate, u"-1"},
+                                            {1.25, sfTime, u"31.12.1899 06:00:00"},
+                                            {0.1 + 0.2, sfNumber, u"0,3"}})
+    EXPECT_EQ(TextOfValue(value, format), text);
+  for (const char16_t* text :
+       {u"007", u"1e5", u"60.01.2020", u"01.01.1900", u"1.234,50", u"-0", u"12345678901234567", u""})
+    EXPECT_FALSE(ValueOfText(text)) << String(text);
+  Put("in.csv", "PLZ,Tag,Betrag,x\r\n01067,24.12.2026,\"-1234,5\",\"a\nb \"\r\n\x80,,,\x02_x0041_\r\n");
+  const TResult written = Run("convert @in.csv @out.xlsx");
+  if (written.Err.find("was built without spreadsheet files") != std::string::npos) GTEST_SKIP() << "no spreadsheets";
+  EXPECT_EQ((TFacts{written.Status, written.Err}), "0 ");
+  EXPECT_EQ(Out("dump @out.xlsx"), Out("dump @in.csv"));
+  Put("in.csv", "a,b\r\nc,\r\n,\r\n");
+  Tells("convert @in.csv @out.xlsx", 0, "read again, row 2 has 0 cells instead of 2");
+
+  const std::string cells = std::string(" ") + VX_TEST_DATA + "/cells";
+  EXPECT_EQ(Run("dump" + cells + ".xlsx").Out,
+            "[\"shared\", \"rich text\", \" lead\\u0001 \", \"inline\", \"1\", \"#DIV/0!\", \"\", \"\"]\n"
+            "[\"\", \"\", \"\", \"\", \"\", \"\", \"\", \"\"]\n"
+            "[\"24.12.2026\", \"24.12.2026 13:45:00\", \"06:00:00\", \"3,5\", \"formtext\", \"\", \"0\", \"1E21\"]\n");
+  EXPECT_EQ(Run("dump" + cells + ".ods").Out,
+            "[\"Łukasz\\nzwei\", \"12,5\", \"24.12.2026\", \"24.12.2026 13:45:00\", \"13:45:00\", \"1\", \"0,19\", "
+            "\"25,01\"]\n" +
+                std::string("[\"\", \"r\", \"r\", \"r\", \"\", \"\", \"\", \"\"]\n") +
+                "[\"\", \"r\", \"r\", \"r\", \"\", \"\", \"\", \"\"]\n");
+  Tells("dump" + cells + ".ods", 0, "the first sheet is read; take others with --sheet: Zwei\n");
+  EXPECT_EQ(Out("dump --sheet 2" + cells + ".ods") + Out("dump --sheet Zwei" + cells + ".xlsx"),
+            "[\"B\"]\n[\"no refs\", \"-5\"]\n");
+  Tells("dump --sheet Drei" + cells + ".xlsx", 1, "there is no sheet 'Drei'; there are Eins, Zwei");
+  Put("j.xlsx", "PK");
+  Tells("dump @j.xlsx", 1, "j.xlsx: is no spreadsheet file that can be read");
 }
 
 TEST_F(VxtabTest, FailuresTellWhatAndWhereAndWriteNothing) {
@@ -151,6 +213,8 @@ TEST_F(VxtabTest, FailuresTellWhatAndWhereAndWriteNothing) {
       {"show @in.csv --cols 0-2000000000", 2, "too many"},
       {"info --codepage 99 @in.csv", 2, "unknown code page 99"},
       {"info --separator tab @in.csv", 2, "goes with --foreign only"},
+      {"info --foreign --encoding utf-7 @in.csv", 2, "known are utf-8, utf-8-plain, utf-16, utf-16be, codepage"},
+      {"convert @in.csv @old.csv --to-separator ab", 2, "--to-separator ab: neither comma"},
       {"sum @in.csv --col 2 --type hour", 1, "row 0 has no column 2"},
       {"sum @in.csv --col 1 --type hour --to 2", 1, "there is no row 2"},
       {"sum @in.csv --col 1 --type string", 2, "--type string: not a type for this command; known are Integer (Zahl)"},

@@ -13,8 +13,10 @@ namespace vx::vxtab {
 
 // As the user names it: "comma", "semicolon", "tab", "esc"; "other" for other ones.
 const char* SeparatorName(char16_t Separator);
-// The separator that --separator tells, 0 if it is missing. TUsageError.
-char16_t SeparatorOption(const TArguments& Args);
+// How the options of the command line want files read. TUsageError.
+TReading ReadingOptions(const TArguments& Args);
+// The form that --to-separator and --to-encoding tell; none if both are missing. TUsageError.
+std::optional<TCsvForm> WritingOptions(const TArguments& Args);
 
 // The type that --type tells by its name, its number or its word for users, English or German; Default
 // if it is missing. TUsageError, which names all of Known, for a type that is not among them.
@@ -24,13 +26,16 @@ TVxFieldType TypeOption(const TArguments& Args, std::span<const TVxFieldType> Kn
 // --foreign is missing, a note says so. Raises what LoadTable raises.
 std::unique_ptr<TLoadedFile> Load(const TContext& Context, size_t Index = 0, bool WithDetails = false);
 
+// Saves the table in the file that stands at Index, as the options want it. Raises what SaveTable raises.
+void Save(const TContext& Context, TFileCsv& Table, size_t Index);
+
 // What all commands of the form IN OUT have in common: Change makes the table that is saved.
 template <typename F>
 void LoadChangeSave(const TContext& Context, F Change) {
   CheckTarget(Context.Args.File(1));
   auto file = Load(Context);
   Change(file->Table);
-  SaveTable(file->Table, Context.Args.File(1), Context.Reporter);
+  Save(Context, file->Table, 1);
 }
 
 // The column of a name in the table that was read from File. If the name stands twice, a note says so.

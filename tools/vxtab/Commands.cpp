@@ -8,8 +8,8 @@
 #include "core/uVxFunctionsSerialize.h"
 #include "platform/Numbers.h"
 #include "tables/CellSums.h"
+#include "tables/TableTexts.h"
 #include "tools/vxtab/CommandHelpers.h"
-#include "tools/vxtab/Json.h"
 #include "tools/vxtab/LookCommand.h"
 #include "tools/vxtab/NamedCommands.h"
 #include "tools/vxtab/PaintCommand.h"
@@ -58,7 +58,7 @@ void RunInfo(const TContext& Context) {
   Context.Out << "separator: " << SeparatorName(file->Separator) << "\nrows: " << file->Table.GetCount()
               << "\ncolumns: " << least << ".." << most << "\nbytes: " << file->Bytes << "\ncells: " << cells
               << "\nlongest cell: " << longest << '\n';
-  if (Context.Args.Has("foreign")) Context.Out << "encoding: " << EncodingName(file->Encoding) << '\n';
+  if (Context.Args.Has("foreign")) Context.Out << "encoding: " << file->Encoding << '\n';
   if (Context.Args.Has("types")) WriteTypes(file->Table, Context.Out);
 }
 
@@ -67,16 +67,11 @@ void RunDump(const TContext& Context) {
   auto file = Load(Context);
   std::string text;
   for (int row = 0; row < file->Table.GetCount() && Context.Out; ++row) {
-    text += '[';
-    bool isFirst = true;
-    for (const String& cell : file->Table.GetLines(row)->Items()) {
-      if (!std::exchange(isFirst, false)) text += ", ";
-      AppendJson(text, cell);
-      if (text.size() < kBuffer) continue;
-      Context.Out << text;
-      text.clear();
-    }
-    text += "]\n";
+    AppendJsonRow(text, file->Table.GetLines(row)->Items());
+    text += '\n';
+    if (text.size() < kBuffer) continue;
+    Context.Out << text;
+    text.clear();
   }
   Context.Out << text;
 }
@@ -93,7 +88,7 @@ void RunTurn(const TContext& Context) {
     Context.Reporter.Say("note: cells beyond the width of row 0 are left out, first in row " + std::to_string(row));
     break;
   }
-  SaveTable(*file->Table.TurnAxis(), Context.Args.File(1), Context.Reporter);
+  Save(Context, *file->Table.TurnAxis(), 1);
 }
 
 void RunClean(const TContext& Context) {
@@ -114,9 +109,11 @@ void RunMssql(const TContext& Context) {
   const TArguments& args = Context.Args;
   if (args.Has("foreign")) throw TUsageError("mssql and --foreign are two ways to read a file; take one");
   CheckTarget(args.File(1));
-  auto file = LoadTable(args.File(0), rbExport, SeparatorOption(args), false, Context.In, Context.Reporter);
+  TReading reading = ReadingOptions(args);
+  reading.By = rbExport;
+  auto file = LoadTable(args.File(0), reading, Context.In, Context.Reporter);
   if (!file->Hint.empty()) Context.Reporter.Say("note: " + args.File(0) + ": " + file->Hint);
-  SaveTable(file->Table, args.File(1), Context.Reporter);
+  Save(Context, file->Table, 1);
 }
 
 struct TCellText {

@@ -28,7 +28,9 @@ struct TCommand {
 };
 
 // The options that every command has.
-inline constexpr char kCommonUsage[] = " [--foreign] [--separator NAME] [--codepage N]";
+inline constexpr char kCommonUsage[] =
+    " [--foreign] [--separator NAME] [--encoding NAME] [--codepage N]"
+    " [--sheet NAME] [--to-separator NAME] [--to-encoding NAME]";
 
 std::span<const TCommand> AllCommands() noexcept;
 

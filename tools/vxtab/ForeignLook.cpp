@@ -1,12 +1,11 @@
 #include "tools/vxtab/ForeignLook.h"
 
 #include <algorithm>
-#include <memory>
 #include <string_view>
 
 #include "platform/CodePage.h"
+#include "platform/Encoding.h"
 #include "platform/Files.h"
-#include "tools/vxtab/ForeignRows.h"
 
 namespace vx::vxtab {
 
@@ -33,22 +32,12 @@ class TPieces {
   }
 
  private:
-  static constexpr size_t kPiece = size_t{256} * 1024;  // more than GuessEncoding looks at for zeros
+  static constexpr size_t kPiece = size_t{256} * 1024;  // more than a guess looks at for zeros
   TFileStream FFile;
   std::string FBytes;
   size_t FUsed = 0;
   bool FAtEnd = false;
 };
-
-TFileEncoding EncodingOf(const String& Path) {
-  TPieces pieces(Path);
-  TEncodingGuess guess(pieces.Unused(), pieces.GetSize());
-  for (;;) {
-    pieces.Use(guess.Look(pieces.Unused(), pieces.AtEnd()));
-    if (guess.IsSure() || pieces.AtEnd()) return guess.Get();
-    (void)pieces.More();
-  }
-}
 
 // The first line as the library sees it, at least.
 std::string_view FirstLine(TPieces& Pieces) {
@@ -98,43 +87,69 @@ class TRowsBeside {
   std::string FDifference;
 };
 
-std::string FirstUnlikeRow(const TFileCsv& Table, TPieces& Pieces, char Separator) {
+std::string FirstUnlikeRow(const TFileCsv& Table, const String& Path, char16_t Separator) {
   TRowsBeside rows(Table);
-  for (;;) {
-    const std::string_view bytes = Pieces.Unused();
-    const char* const end = bytes.data() + bytes.size();
-    const char* pos = bytes.data();
-    while (pos != end) {
-      TCellCount row;
-      const char* next = WalkRow(pos, end, Separator, row);
-      if (next == end && !Pieces.AtEnd()) break;  // it may go on in the next piece
-      if (!rows.Next(row.Cells)) return rows.Difference();
-      pos = next;
-    }
-    Pieces.Use(static_cast<size_t>(pos - bytes.data()));
-    if (Pieces.AtEnd()) return rows.Difference();
-    (void)Pieces.More();
+  TCsvReader reader(Path, {.Separator = Separator, .Encoding = ceCodePage});
+  for (int cells = reader.Skip(); cells >= 0; cells = reader.Skip()) {
+    if (!rows.Next(cells)) break;
   }
+  return rows.Difference();
+}
+
+const TEncoding& EncodingOf(TCsvEncoding Encoding) {
+  if (Encoding == ceUtf8) return TEncoding::Utf8();
+  if (Encoding == ceUtf16) return TEncoding::Utf16();
+  return Encoding == ceUtf16BigEndian ? TEncoding::Utf16BigEndian() : TEncoding::Default();
 }
 
 }  // namespace
 
+std::string EncodingName(TCsvEncoding Encoding, bool HasMark, int CodePage) {
+  if (Encoding == ceUtf8) return HasMark ? "UTF-8 with a byte order mark" : "UTF-8";
+  if (Encoding == ceUtf16) return "UTF-16, little end first";
+  if (Encoding == ceUtf16BigEndian) return "UTF-16, big end first";
+  if (Encoding == ceGuess) return "ASCII";
+  return CodePage == 0 ? "code page" : "code page " + std::to_string(CodePage);
+}
+
+TCsvEncodingGuess GuessEncoding(std::string_view Bytes) noexcept {
+  TCsvEncodingGuess guess(Bytes, static_cast<int64_t>(Bytes.size()));
+  (void)guess.Look(Bytes, true);
+  return guess;
+}
+
+TCsvEncodingGuess GuessEncodingOf(const String& Path) {
+  TPieces pieces(Path);
+  TCsvEncodingGuess guess(pieces.Unused(), pieces.GetSize());
+  for (;;) {
+    pieces.Use(guess.Look(pieces.Unused(), pieces.AtEnd()));
+    if (guess.IsSure() || pieces.AtEnd()) return guess;
+    (void)pieces.More();
+  }
+}
+
+String DecodeForeign(std::string_view Bytes) {
+  const TEncoding& encoding = EncodingOf(GuessEncoding(Bytes).Get());
+  if (Bytes.starts_with(encoding.Mark())) Bytes.remove_prefix(encoding.Mark().size());
+  return encoding.Decode(Bytes);
+}
+
 TForeignLook LookAsForeign(const TFileCsv& Table, const String& Path) {
   TForeignLook look;
-  look.Encoding = EncodingOf(Path);
-  if (look.Encoding == encUtf16Le || look.Encoding == encUtf16Be) {
+  const TCsvEncodingGuess guess = GuessEncodingOf(Path);
+  const TCsvEncoding encoding = guess.Get();
+  if (encoding == ceUtf16 || encoding == ceUtf16BigEndian) {
     std::string bytes;
     TFileStream(Path, fmOpenRead | fmShareDenyNone).ReadRest(bytes, SIZE_MAX / 4);
-    look.Separator = TFileCsv::AnalyseToParse(DecodeForeign(bytes).Text)[0];
-    look.Hint = std::string("it looks like ") + EncodingName(look.Encoding);
-    return look;
-  }
-  TPieces pieces(Path);
-  look.Separator = TFileCsv::AnalyseToParse(GetSystemCodePage().Decode(FirstLine(pieces)))[0];
-  if (look.Encoding == encAscii || look.Encoding == encCodePage) {
-    look.Hint = FirstUnlikeRow(Table, pieces, static_cast<char>(look.Separator));
+    look.Separator = TFileCsv::AnalyseToParse(DecodeForeign(bytes))[0];
   } else {
-    look.Hint = std::string("it looks like ") + EncodingName(look.Encoding);
+    TPieces pieces(Path);
+    look.Separator = TFileCsv::AnalyseToParse(GetSystemCodePage().Decode(FirstLine(pieces)))[0];
+  }
+  if (encoding == ceGuess || encoding == ceCodePage) {
+    look.Hint = FirstUnlikeRow(Table, Path, look.Separator);
+  } else {
+    look.Hint = "it looks like " + EncodingName(encoding, guess.HasMark());
   }
   return look;
 }

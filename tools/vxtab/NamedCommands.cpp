@@ -208,7 +208,7 @@ void RunSort(const TContext& Context) {
   std::vector<int> order{0};
   for (int index : OrderRows(rows, columns)) order.push_back(index + 1);
   file->Table.Arrange(order);
-  SaveTable(file->Table, args.File(1), Context.Reporter);
+  Save(Context, file->Table, 1);
 }
 
 void RunMerge(const TContext& Context) {
@@ -223,7 +223,7 @@ void RunMerge(const TContext& Context) {
   // A cell that a row has not could not take a value.
   into->Table.DoAll({camBalanceColcount});
   into->Table.AddContent(from->Table, name, args.Has("add-fields"));
-  SaveTable(into->Table, args.File(2), Context.Reporter);
+  Save(Context, into->Table, 2);
 }
 
 void RunSelect(const TContext& Context) {
@@ -246,8 +246,9 @@ void RunIni(const TContext& Context) {
   const TArguments& args = Context.Args;
   if (args.Has("separator")) throw TUsageError("ini reads files without separators");
   CheckTarget(args.File(1));
-  auto file =
-      LoadTable(args.File(0), args.Has("foreign") ? rbForeignIni : rbIni, 0, false, Context.In, Context.Reporter);
+  TReading reading;
+  reading.By = args.Has("foreign") ? rbForeignIni : rbIni;
+  auto file = LoadTable(args.File(0), reading, Context.In, Context.Reporter);
   if (!file->Hint.empty()) Note(Context, 0, file->Hint + "; try --foreign");
   std::unordered_set<String> sections;
   for (int row = 1; row < file->Table.GetCount(); ++row) {
@@ -256,7 +257,7 @@ void RunIni(const TContext& Context) {
     Note(Context, 0, "the section " + section.ToUtf8() + " stands twice; both rows have the values of the first one");
     break;
   }
-  SaveTable(file->Table, args.File(1), Context.Reporter);
+  Save(Context, file->Table, 1);
 }
 
 void RunUnique(const TContext& Context) {
@@ -273,7 +274,7 @@ void RunUnique(const TContext& Context) {
   for (const String& cell : cells.Items()) {
     if (known.insert(cell).second) table.AddRow({cell});
   }
-  SaveTable(table, args.File(1), Context.Reporter);
+  Save(Context, table, 1);
 }
 
 void RunVocab(const TContext& Context) {

@@ -4,7 +4,7 @@
 #include <iterator>
 #include <ostream>
 
-#include "tools/vxtab/Json.h"
+#include "tools/vxtab/CodePoints.h"
 
 namespace vx::vxtab {
 

@@ -12,8 +12,10 @@
 #include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
+#include "tables/TableTexts.h"
 #include "tools/vxtab/ForeignLook.h"
 #include "tools/vxtab/Show.h"
+#include "tools/vxtab/Spreadsheets.h"
 #include "tools/vxtab/System.h"
 
 namespace vx::vxtab {
@@ -96,24 +98,55 @@ class TInput {
   String FPath;
 };
 
-void LoadForeign(TLoadedFile& File, const String& Path, char16_t Separator) {
-  TForeignText text = [&] {
-    std::string bytes = ReadBytes(Path);
-    File.Bytes = static_cast<int64_t>(bytes.size());
-    return DecodeForeign(bytes);
-  }();
-  File.Encoding = text.Encoding;
-  File.Separator = Separator != 0 ? Separator : GuessSeparator(text.Text);
-  ReadForeign(text.Text, File.Separator, File.Table);
+int64_t SizeOf(const String& Path) {
+  TFileInfo info;
+  return GetFileInfo(Path, info) ? info.Size : 0;
+}
+
+const char* FaultText(TCsvFaultKind Kind) {
+  if (Kind == cfOpenQuote) return "a quote is never closed";
+  return Kind == cfTextBehindQuote ? "text stands behind a closing quote" : "bytes are no character";
+}
+
+void LoadForeign(TLoadedFile& File, const std::string& Name, const String& Path, const TReading& Reading,
+                 TReporter& Reporter) {
+  const TCsvLoaded loaded = LoadCsv(File.Table, Path, Reading.Form);
+  File.Bytes = SizeOf(Path);
+  File.Separator = loaded.Form.Separator;
+  if (Reading.WithDetails) {
+    // What is nothing but ASCII was read as UTF-8.
+    const bool isAscii =
+        loaded.Form.Encoding == ceUtf8 && !loaded.Form.HasMark && GuessEncodingOf(Path).Get() == ceGuess;
+    File.Encoding = EncodingName(isAscii ? ceGuess : loaded.Form.Encoding, loaded.Form.HasMark, loaded.Form.CodePage);
+  }
+  if (loaded.Faults.Count == 0) return;
+  const TCsvFault& first = loaded.Faults.First[0];
+  std::string text = "note: " + Name + ", line " + std::to_string(first.Line) + ", column " +
+                     std::to_string(first.Column) + ": " + FaultText(first.Kind);
+  if (loaded.Faults.Count > 1) text += "; so in " + std::to_string(loaded.Faults.Count) + " places";
+  Reporter.Say(text);
+}
+
+bool IsSpreadsheet(const String& Path) {
+  const String extension = LowerCase(ExtractFileExt(Path));
+  return extension == u".xlsx" || extension == u".ods";
+}
+
+void LoadSpreadsheet(TLoadedFile& File, const std::string& Name, const String& Path, const std::string& Sheet,
+                     TReporter& Reporter) {
+  File.Bytes = SizeOf(Path);
+  const std::vector<std::string> names = ReadSpreadsheet(Path, Sheet, File.Table);
+  if (!Sheet.empty() || names.size() < 2) return;
+  std::string others;
+  for (size_t i = 1; i < names.size(); ++i) others += (i > 1 ? ", " : "") + names[i];
+  Reporter.Say("note: " + Name + ": the first sheet is read; take others with --sheet: " + others);
 }
 
 void LoadOwn(TLoadedFile& File, const String& Path, bool WithDetails) {
   if (!File.Table.LoadFromFile(Path)) throw TFailure("");
-  TFileInfo info;
-  if (GetFileInfo(Path, info)) File.Bytes = info.Size;
+  File.Bytes = SizeOf(Path);
   if (!WithDetails) return;
   TForeignLook look = LookAsForeign(File.Table, Path);
-  File.Encoding = look.Encoding;
   File.Separator = look.Separator;
   File.Hint = std::move(look.Hint);
 }
@@ -121,14 +154,12 @@ void LoadOwn(TLoadedFile& File, const String& Path, bool WithDetails) {
 // A configuration file; those of other programs get the byte order mark that they may lack.
 void LoadIni(TLoadedFile& File, TInput& Input, bool IsForeign) {
   const std::string bytes = ReadBytes(Input.Path());
-  size_t mark = 0;
-  (void)TEncoding::Detect(bytes, mark, TEncoding::Default());  // for the mark alone
-  File.Encoding = GuessEncoding(bytes);
+  const TCsvEncodingGuess guess = GuessEncoding(bytes);
   File.Bytes = static_cast<int64_t>(bytes.size());
   if (IsForeign) {
-    Input.Replace("\xEF\xBB\xBF" + DecodeForeign(bytes).Text.ToUtf8());
-  } else if (mark == 0 && File.Encoding != encAscii && File.Encoding != encCodePage) {
-    File.Hint = std::string("it looks like ") + EncodingName(File.Encoding) + " without a byte order mark";
+    Input.Replace("\xEF\xBB\xBF" + DecodeForeign(bytes).ToUtf8());
+  } else if (!guess.HasMark() && guess.Get() != ceGuess && guess.Get() != ceCodePage) {
+    File.Hint = "it looks like " + EncodingName(guess.Get(), false) + " without a byte order mark";
   }
   if (!File.Table.LoadFromIni(Input.Path(), true)) throw TFailure("there is no such file");
 }
@@ -137,11 +168,10 @@ struct TKnownForm {
   std::u16string_view Extension;
   const char* Text;
 };
-constexpr TKnownForm kForms[] = {{u".csv", ".csv (comma)"},
-                                 {u".txt", ".txt (semicolon)"},
-                                 {u".vxt", ".vxt (ESC)"},
-                                 {u".tab", ".tab (tab)"},
-                                 {u"", "none (blank, without quotes)"}};
+constexpr TKnownForm kForms[] = {
+    {u".csv", ".csv (comma)"},  {u".txt", ".txt (semicolon)"},     {u".vxt", ".vxt (ESC)"},
+    {u".tab", ".tab (tab)"},    {u".tsv", ".tsv (tab, UTF-8)"},    {u".jsonl", ".jsonl (JSON lines)"},
+    {u".md", ".md (Markdown)"}, {u".xlsx", ".xlsx (spreadsheet)"}, {u"", "none (blank, without quotes)"}};
 
 // The file that a name leads to, so that the new one can be made beside it.
 String BehindLinks(const String& Path) {
@@ -181,9 +211,13 @@ class TNewFile {
   String FPath;
 };
 
-void WriteNew(TFileCsv& Table, const String& Path) {
-  if (!Table.SaveToFile(Path)) throw TFailure("");
+// Writes the table into the new file, and gives in words what that does not hold; empty if it holds all.
+using TWriteTable = std::function<std::string(TFileCsv& Table, const String& Path)>;
+
+std::string WriteNew(TFileCsv& Table, const TWriteTable& Write, const String& Path) {
+  std::string lost = Write(Table, Path);
   if (!TFileStream(Path, fmOpenReadWrite | fmShareDenyNone).Flush()) throw TFailure("can't be written: " + LastError());
+  return lost;
 }
 
 // Where two rows of that number differ, in words; empty if they are equal.
@@ -235,10 +269,59 @@ class TReadAgain : public TFileCsv {
   std::string FDifference;
 };
 
-std::string DifferenceToFile(const TFileCsv& Table, const String& Path) {
+std::string WriteOwn(TFileCsv& Table, const String& Path) {
+  if (!Table.SaveToFile(Path)) throw TFailure("");
   TReadAgain again(Table);
   if (!again.LoadFromFile(Path)) throw TFailure("");
   return again.Difference();
+}
+
+void PutBytes(const String& Path, std::string_view Bytes) {
+  TFileStream(Path, fmCreate).WriteBuffer(Bytes.data(), Bytes.size());
+}
+
+std::string WriteCsv(TFileCsv& Table, const String& Path, const TCsvForm& Form) {
+  TCsvWriter writer(Form);
+  for (int row = 0; row < Table.GetCount(); ++row) writer.Write(Table.GetLines(row)->Items());
+  PutBytes(Path, writer.Bytes());
+  if (writer.Lost().IsEmpty()) return {};
+  const TLostCell& first = writer.Lost().First[0];
+  return std::to_string(writer.Lost().Count) + " cells can't be written in this form, first column " +
+         std::to_string(first.Col) + " of row " + std::to_string(first.Row) + ", " +
+         Quoted(Table.GetCell(first.Col, first.Row));
+}
+
+std::string WriteSheet(TFileCsv& Table, const String& Path) {
+  WriteSpreadsheet(Table, Path);
+  TFileCsv again;
+  ReadSpreadsheet(Path, {}, again);
+  for (int row = 0; row < Table.GetCount(); ++row) {
+    const auto found = row < again.GetCount() ? again.GetLines(row)->Items() : std::span<const String>();
+    std::string difference = RowDifference(row, Table.GetLines(row)->Items(), found);
+    if (!difference.empty()) return "read again, " + difference;
+  }
+  return {};
+}
+
+// How a table is written to that path.
+TWriteTable WriterFor(const String& Path, std::optional<TCsvForm> Form) {
+  const String extension = LowerCase(ExtractFileExt(Path));
+  if (extension == u".tsv" && !Form) Form.emplace();
+  if (Form) {
+    if (Form->Separator == 0) Form->Separator = CsvSeparatorOf(Path);
+    return [form = *Form](TFileCsv& table, const String& path) { return WriteCsv(table, path, form); };
+  }
+  if (extension == u".xlsx") return WriteSheet;
+  if (extension == u".jsonl") {
+    return [](TFileCsv& table, const String& path) { return PutBytes(path, TableToJsonLines(table)), std::string(); };
+  }
+  if (extension == u".md") {
+    return [](TFileCsv& table, const String& path) { return PutBytes(path, TableToMarkdown(table)), std::string(); };
+  }
+  return [](TFileCsv& table, const String& path) {
+    const std::string difference = WriteOwn(table, path);
+    return difference.empty() ? difference : "read again, " + difference;
+  };
 }
 
 // Writes the bytes of a whole file into a device or pipe.
@@ -251,18 +334,20 @@ void CopyInto(const String& Path, const std::string& Name) {
 
 }  // namespace
 
-std::unique_ptr<TLoadedFile> LoadTable(const std::string& Name, TReadBy ReadBy, char16_t Separator, bool WithDetails,
-                                       std::istream& In, TReporter& Reporter) {
+std::unique_ptr<TLoadedFile> LoadTable(const std::string& Name, const TReading& Reading, std::istream& In,
+                                       TReporter& Reporter) {
   TProgress progress(Reporter, "loading " + Name);
   return Naming(Name, [&] {
     TInput input(Name, In);
     auto file = std::make_unique<TLoadedFile>();
-    if (ReadBy == rbIni || ReadBy == rbForeignIni) {
-      LoadIni(*file, input, ReadBy == rbForeignIni);
-    } else if (ReadBy == rbForeign) {
-      LoadForeign(*file, input.Path(), Separator);
-    } else if (ReadBy == rbLibrary) {
-      LoadOwn(*file, input.Path(), WithDetails);
+    if (IsSpreadsheet(String::FromUtf8(Name))) {
+      LoadSpreadsheet(*file, Name, input.Path(), Reading.Sheet, Reporter);
+    } else if (Reading.By == rbIni || Reading.By == rbForeignIni) {
+      LoadIni(*file, input, Reading.By == rbForeignIni);
+    } else if (Reading.By == rbForeign) {
+      LoadForeign(*file, Name, input.Path(), Reading, Reporter);
+    } else if (Reading.By == rbLibrary) {
+      LoadOwn(*file, input.Path(), Reading.WithDetails);
     } else if (!file->Table.LoadMSSQL(input.Path())) {
       const THeadCsv& table = file->Table;
       file->Hint = "the last record has " + std::to_string(table.GetLines(table.GetCount() - 1)->GetCount()) +
@@ -287,16 +372,14 @@ void CheckTarget(const std::string& Name) {
   if (GetFileInfo(path, info) && info.IsReadOnly) throw TFailure(Name + ": is read-only");
 }
 
-void SaveTable(TFileCsv& Table, const std::string& Name, TReporter& Reporter) {
+void SaveTable(TFileCsv& Table, const std::string& Name, const std::optional<TCsvForm>& Form, TReporter& Reporter) {
   TProgress progress(Reporter, "saving " + Name);
   auto save = [&](const String& Directory, bool ForOwner, const std::function<void(TNewFile&)>& put) {
     String path = String::FromUtf8(Name);
     TNewFile file(Directory, ExtractFileExt(path), ForOwner);
-    WriteNew(Table, file.Path());
-    std::string difference = DifferenceToFile(Table, file.Path());
+    const std::string lost = WriteNew(Table, WriterFor(path, Form), file.Path());
     put(file);
-    if (!difference.empty())
-      Reporter.Say("note: " + Name + " does not hold the whole table: read again, " + difference);
+    if (!lost.empty()) Reporter.Say("note: " + Name + " does not hold the whole table: " + lost);
   };
   Naming(Name, [&] {
     String path = String::FromUtf8(Name);

@@ -16,7 +16,9 @@ namespace {
 
 constexpr char kHelpEnd[] = R"(
 OUT may be IN. The extension of OUT decides its form: .csv comma, .txt semicolon, .vxt ESC, .tab tab,
-none: blanks and no quotes. "-" as a file to read is standard input. Columns and rows count from 0.
+none: blanks and no quotes; .tsv tabs in UTF-8 for other programs, .jsonl JSON lines, .md Markdown,
+.xlsx a spreadsheet. IN may be an .xlsx or .ods file. "-" as a file to read is standard input. Columns
+and rows count from 0.
 The names of columns stand in row 0, and their case does not matter; of a name that stands twice the first
 column is taken.
 
@@ -24,7 +26,13 @@ column is taken.
                     UTF-8 and UTF-16 are recognised. Without it a blank ends a cell that does not stand
                     in quotes, as in the library's own files.
   --separator NAME  with --foreign: comma, semicolon, tab, esc or a character; else it is guessed
-  --codepage N      of files that are not UTF-8 or UTF-16: 1252 unless told
+  --encoding NAME   with --foreign: utf-8, utf-16, utf-16be or codepage; else it is guessed
+  --codepage N      of files that are not UTF-8 or UTF-16: 1252 unless told; with --foreign also 850
+                    where the German letters say so
+  --sheet NAME      of a spreadsheet file, or its number from 1 on; else the first
+  --to-separator NAME, --to-encoding NAME
+                    write OUT as other programs read it, with quotes only where needed, in UTF-8 with a
+                    byte order mark (utf-8-plain: without) unless told
   --help            this text
 
 A form that cannot hold all cells (no empty ones in .tab and .vxt, no characters outside the code page)

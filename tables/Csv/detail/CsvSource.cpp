@@ -26,10 +26,12 @@ const TEncoding& EncodingOf(TCsvEncoding Encoding) {
 }
 
 std::string ReadSample(TCsvInput& Input) {
-  std::string sample(kSample, '\0');
+  // Small files need no large sample; one byte more than the file shows that it has ended.
+  std::string sample(static_cast<size_t>(std::clamp<int64_t>(Input.GetSize() + 1, 4096, kSample)), '\0');
   size_t size = 0;
   while (size < kSample) {
-    const size_t count = Input.Read(sample.data() + size, kSample - size);
+    if (size == sample.size()) sample.resize(std::min(2 * size, kSample));
+    const size_t count = Input.Read(sample.data() + size, sample.size() - size);
     if (count == 0) break;
     size += count;
   }
