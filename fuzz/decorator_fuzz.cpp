@@ -1,4 +1,4 @@
-// What a cell shows, in words and by its size: any type, value, format and look.
+// What a cell shows, in words, by its size and painted: any type, value, format and look.
 #include "fuzz/support/Values.h"
 #include "objects/uVxClasses.h"
 #include "platform/Dialogs.h"
@@ -10,7 +10,6 @@ namespace {
 
 class TSizes : public TDecorator {
  public:
-  void DrawCell(TCanvas&, const TRect&, const String&, TObject*, TDecorationList&, TDecorationDrawStates) override {}
   TObject* GetComponent() const override { return nullptr; }
   void SetComponent(TObject*) override {}
   void Trim() override {}
@@ -76,6 +75,18 @@ FUZZ(Input) {
   const TPoint size = TSizes().Calculate(canvas, value, (flags & 32) != 0 ? &bitmap : nullptr, *cell);
   Check(canvas.GetFont() == font && canvas.GetText().empty(), "measuring draws nothing and keeps the font");
   Check(TSizes().Calculate(canvas, value, (flags & 32) != 0 ? &bitmap : nullptr, *cell) == size, "measured alike");
+
+  TRect rect{0, 0, size.X, size.Y};
+  if ((flags & 64) != 0) rect = {values.Int(), values.Int(), values.Int(), values.Int()};
+  TDecorationDrawStates state;
+  const unsigned bits = values.Byte();
+  for (unsigned i = ddsSelected; i <= ddsFocused; ++i) {
+    if ((bits >> i & 1) != 0) state.Include(static_cast<TDecorationDrawState>(i));
+  }
+  const TBrush brush = canvas.GetBrush();
+  TSizes().DrawCell(canvas, rect, value, (flags & 32) != 0 ? &bitmap : nullptr, *cell, state);
+  Check(canvas.GetFont() == font && canvas.GetBrush() == brush && canvas.GetPen() == TPen(),
+        "painting keeps the state");
 }
 
 }  // namespace vx::fuzz
