@@ -17,6 +17,7 @@
 namespace {
 
 constexpr int kName = 1, kTown = 5, kLevel = 6;
+[[maybe_unused]] constexpr int kPictureWidth = 860, kPictureHeight = 90;
 
 // Filters whenever a value changes.
 class TPatients : public vx::TObject {
@@ -56,13 +57,13 @@ void Draw(TPatients& Patients, const char* Path) {
   vx::InstallDrawing();
   constexpr int kWidths[] = {70, 160, 80, 110, 60, 110, 80, 100, 100};
   for (int col = 0; col < Patients.Bar.GetItems().GetCount(); ++col) Patients.Item(col).SetWidth(kWidths[col % 9]);
-  Patients.Bar.SetWidth(700);
+  Patients.Bar.SetWidth(kPictureWidth);
   vx::TBitmap picture;
   picture.SetPixelFormat(vx::pf24bit);
-  picture.SetSize(700, 220);
+  picture.SetSize(kPictureWidth, kPictureHeight);
   const auto canvas = vx::NewBitmapCanvas(picture);
-  canvas->SetBrush({vx::clWhite});
-  canvas->FillRect({0, 0, 700, 220});
+  canvas->SetBrush({vx::clBtnFace});
+  canvas->FillRect({0, 0, kPictureWidth, kPictureHeight});
   Patients.Bar.SetCanvas(canvas.get());
   Patients.Bar.Paint();
   Patients.Bar.SetCanvas(nullptr);
