@@ -82,7 +82,8 @@ void Check(const std::vector<TCell>& Cells, const String& Drawn) {
   const auto lines = explode(Drawn, u'\n');
   ASSERT_EQ(static_cast<int>(Cells.size()), lines->GetCount());
   for (size_t i = 0; i < Cells.size(); ++i) {
-    const std::u16string_view line = lines->Get(static_cast<int>(i)), name = line.substr(0, line.find(u':'));
+    const String line = lines->Get(static_cast<int>(i));
+    const std::u16string_view name = line.view().substr(0, line.view().find(u':'));
     EXPECT_EQ(Concat({name, u": ", Cells[i].Drawn()}), line);
   }
 }
