@@ -237,7 +237,7 @@ void TListView::SelectByMouse(TListItem& Item, TShiftState Shift) {
     FFocused = &Item;
     return;
   }
-  const auto [first, last] = std::minmax(IndexOf(*from), IndexOf(Item));
+  const auto [first, last] = std::minmax({IndexOf(*from), IndexOf(Item)});
   for (int i = first; i <= last; ++i) SelectItem(GetItems(i), true);
   FFocused = from;
 }

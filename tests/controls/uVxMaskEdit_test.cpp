@@ -37,7 +37,8 @@ struct TField {
   }
   // The text with | at the cursor or [ ] around the selection, and ! behind an invalid one.
   String Shown() const {
-    const std::u16string_view text = Line.GetText();
+    const String whole = Line.GetText();
+    const std::u16string_view text = whole;
     const auto start = static_cast<size_t>(Line.GetSelStart()), length = static_cast<size_t>(Line.GetSelLength());
     return Concat({text.substr(0, start), length > 0 ? u"[" : u"|", text.substr(start, length), length > 0 ? u"]" : u"",
                    text.substr(start + length), Edit.GetIsValid() ? u"" : u"!"});

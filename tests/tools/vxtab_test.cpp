@@ -9,6 +9,9 @@
 #include "tools/vxtab/SheetCells.h"
 #include "tools/vxtab/Show.h"
 
+// What fontconfig keeps of the patterns that it was asked for.
+extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
+
 namespace {
 
 using namespace vx;
