@@ -9,7 +9,7 @@ foreach(folder core objects tables services rendering controls platform tools ex
   # The strangers have a build of their own, and the oracles and spreadsheets need libraries that not every machine has.
   list(FILTER sources EXCLUDE REGEX "^(tests/(consumer|oracle)|tools/vxtab/Spreadsheet)")
   if(NOT DRAWING)
-    list(FILTER sources EXCLUDE REGEX "^(platform|tests/platform)/cairo/|^examples/(cells|name_list|reduce_colours|rich_text)")
+    list(FILTER sources EXCLUDE REGEX "^(platform|tests/platform)/cairo/|^examples/(cells|gauge_strip|name_list|reduce_colours|rich_text)|CellPictures")
   endif()
   foreach(source IN LISTS sources)
     string(FIND "${commands}" "${root}/${source}\"" at)
