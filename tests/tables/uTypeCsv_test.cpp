@@ -127,8 +127,8 @@ TEST(TTypeCsv, SortsAsTheComparisonOfRowsTells) {
         table.AddRow(std::span<const String>(cells).first(1 + random() % 2));
       }
       table.GetDecorations().SetFixed(0, top, 0, 2 - top);
-      std::vector<const TVxStringList*> rows;
-      for (int i = 0; i < 60; ++i) rows.push_back(table.GetLines(i));
+      std::vector<const TVxStringList*> rows(60);
+      std::ranges::generate(rows, [&, i = 0]() mutable { return table.GetLines(i++); });
       const TSortColumn column{.Index = 1, .SortType = type, .SortDirection = top == 1 ? -1 : 1, .DateTimeFormat = {}};
       std::stable_sort(rows.begin() + top, rows.end() - (2 - top),
                        [&](auto* a, auto* b) { return CustomSortProcStr(*a, *b, &column) < 0; });
