@@ -59,6 +59,8 @@ class TCanvasDevice {
   virtual void SetFont(const TFont& Font) = 0;
   virtual TFontMetrics Metrics() = 0;
   virtual int TextWidth(std::u16string_view Text) = 0;
+  // The width of a unit that needs no shaping: a text of such units alone is as wide as all of them. -1 for any other.
+  virtual int Advance(char16_t /*Unit*/) { return -1; }
   // Draws exactly as wide as TextWidth says, underlined or struck out as the font says.
   virtual void Text(const TTextRun& Run) = 0;
 };

@@ -102,6 +102,7 @@ class TRecordingDevice final : public TCanvasDevice {
     for (char16_t unit : Text) width += UnitWidth(unit);
     return static_cast<int>(std::min<int64_t>(width, 1 << 27));
   }
+  int Advance(char16_t Unit) override { return UnitWidth(Unit); }
   void Text(const TTextRun& Run) override {
     const TFontMetrics metrics = Metrics();
     const int width = TextWidth(Run.Text);

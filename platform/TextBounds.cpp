@@ -3,15 +3,16 @@
 #include <algorithm>
 
 #include "platform/TCanvas.h"
+#include "platform/TCanvasDevice.h"
 
 namespace vx {
 
 TTextBounds::TTextBounds(const TCanvas& Canvas) {
-  constexpr char16_t kSoftHyphen = 0xAD;
   FAdvances.fill(kOther);
+  Canvas.TextWidth(u"0");  // the device knows the font then
+  // Units below the blank end lines, and the first one stands for others.
   for (char16_t unit = u' '; unit < kUnits; ++unit) {
-    if ((unit > u'~' && unit < 0xA0) || unit == kSoftHyphen) continue;
-    const int advance = Canvas.TextWidth({&unit, 1});
+    const int advance = Canvas.GetDevice().Advance(unit);
     // What takes no room by itself may be a mark, which joins what is before it.
     if (advance > 0) FAdvances[unit] = advance;
   }

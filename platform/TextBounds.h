@@ -11,9 +11,8 @@
 //   }
 //   widest;                                                 // 37
 //
-// A canvas measures as the sum over the parts of a text where no part needs shaping, and no Latin letter does.
-//
-// Pitfall: the bounds are those of the font that the canvas had when they were made.
+// Pitfall: the bounds are those of the font that the canvas had when they were made. A surface that does not know the
+// advances of letters, or has to shape them, has no bounds, and all texts have to be measured.
 #pragma once
 
 #include <array>
@@ -28,7 +27,7 @@ class TCanvas;
 class TTextBounds {
  public:
   explicit TTextBounds(const TCanvas& Canvas);
-  // No less than the width of Text in pixels; Unknown for a text with other letters than Latin ones.
+  // No less than the width of Text in pixels; Unknown for a text with letters that need shaping, or other than Latin.
   int64_t Of(std::u16string_view Text) const noexcept {
     int64_t width = 0;
     for (char16_t unit : Text) width += FAdvances[unit < kUnits ? unit : 0];

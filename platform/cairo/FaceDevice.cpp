@@ -14,4 +14,6 @@ void TFaceDevice::SetFont(const TFont& Font) {
 
 int TFaceDevice::TextWidth(std::u16string_view Text) { return FaceTextWidth(*FFace, Text); }
 
+int TFaceDevice::Advance(char16_t Unit) { return FFace->IsSimple({&Unit, 1}) ? FFace->Advance(Unit) : -1; }
+
 }  // namespace vx::drawing

@@ -18,6 +18,7 @@ class TFaceDevice : public TCanvasDevice {
   void SetFont(const TFont& Font) final;
   TFontMetrics Metrics() final { return FFace->Metrics(); }
   int TextWidth(std::u16string_view Text) final;
+  int Advance(char16_t Unit) final;
 
  protected:
   explicit TFaceDevice(TPoint PixelsPerInch) : FPixelsPerInch(PixelsPerInch) {}

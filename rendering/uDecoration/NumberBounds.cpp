@@ -20,7 +20,9 @@ TNumberBounds::TNumberBounds(const TDecoration& Look, const TTextBounds& Bounds)
   const char16_t thousand = GetFormatSettings().ThousandSeparator, decimal = GetFormatSettings().DecimalSeparator;
   optional += Bounds.Of({&decimal, 1});
   FDigit = Bounds.Digit();
-  FThousand = Bounds.Of({&thousand, 1});
+  FThousand = std::max(Bounds.Of({&thousand, 1}), Bounds.Of(u"."));
+  FOthers = Bounds.Of(u"-,");
+  FTakesThousands = type == vftCurrency;
   bool isFraction;
   const auto widthOf = [&](std::u16string_view value) {
     const String shown = TDecorator::FormatText(value, type, format, isFraction);
@@ -60,10 +62,12 @@ int64_t TNumberBounds::Of(std::u16string_view Value) const noexcept {
   constexpr int kMostDigits = 14;  // beyond, values are rounded or written in another form
   const bool isNegative = !Value.empty() && Value[0] == u'-';
   if (isNegative) Value.remove_prefix(1);
-  int integers = 0, decimals = -1;
+  int integers = 0, decimals = -1, dots = 0;
   for (char16_t unit : Value) {
     if (unit == u',' && decimals < 0) {
       decimals = 0;
+    } else if (unit == u'.' && FTakesThousands) {
+      ++dots;
     } else if (unit < u'0' || unit > u'9') {
       return TTextBounds::Unknown;
     } else {
@@ -71,11 +75,13 @@ int64_t TNumberBounds::Of(std::u16string_view Value) const noexcept {
     }
   }
   if (integers == 0 || decimals == 0 || integers + std::max(decimals, 0) > kMostDigits) return TTextBounds::Unknown;
+  // With dots at odd places it is shown as it stands.
+  const int64_t asItStands = (integers + std::max(decimals, 0)) * FDigit + dots * FThousand + FOthers;
   if (decimals > FDecimals) ++integers;  // it may be rounded up to another digit
   const int shown = std::max(integers, FIntegers);
   int64_t width = (isNegative ? FMinus : FPlus) + (shown - FIntegers) * FDigit;
   if (FHasThousands) width += ((shown - 1) / 3 - (FIntegers - 1) / 3) * FThousand;
-  return width;
+  return dots > 0 ? std::max(width, asItStands) : width;
 }
 
 }  // namespace vx::detail

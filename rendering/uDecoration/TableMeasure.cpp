@@ -1,6 +1,7 @@
 #include "rendering/uDecoration/detail/TableMeasure.h"
 
 #include <algorithm>
+#include <bit>
 #include <memory>
 #include <optional>
 #include <utility>
@@ -39,6 +40,9 @@ struct TLook {
   int Widest = -1;       // the widest text so far, in which cell, and what stands there
   TPoint WidestCell;
   String WidestText;
+
+  // Another text of known width is as high as the others.
+  bool CanOnlyBeWider() const noexcept { return Height >= 0 && (Kind == lkText || Kind == lkLines); }
 };
 
 TLookKind KindOf(const TDecorationList& List, const TDecoration& Look) {
@@ -72,13 +76,21 @@ TLookKind KindOf(const TDecorationList& List, const TDecoration& Look) {
 // The heights of cells by their texts, for those that were looked at last.
 class THeightMemo {
  public:
+  explicit THeightMemo(int64_t Cells)
+      : FEntries(std::bit_ceil(static_cast<size_t>(std::clamp<int64_t>(Cells, 2, kMostEntries)))) {}
   // -1 if it is not known.
-  int Find(const TLook& Look, const String& Text) const noexcept {
-    const TEntry& entry = At(Look, Text);
-    return entry.Look == Look.Id && entry.Text == Text ? entry.Height : -1;
+  int Find(const TLook& Look, const String& Text) noexcept {
+    const size_t place = PlaceOf(Look, Text);
+    for (const TEntry* entry : {&FEntries[place], &FEntries[place ^ 1]}) {
+      if (entry->Look == Look.Id && entry->Text == Text) return entry->Height;
+    }
+    return -1;
   }
+  // In the place of what was put there before the last.
   void Put(const TLook& Look, const String& Text, int Height) {
-    const_cast<TEntry&>(At(Look, Text)) = {Look.Id, Height, Text};
+    const size_t place = PlaceOf(Look, Text);
+    std::swap(FEntries[place], FEntries[place ^ 1]);
+    FEntries[place] = {Look.Id, Height, Text};
   }
 
  private:
@@ -87,11 +99,12 @@ class THeightMemo {
     int Height = -1;
     String Text;
   };
-  const TEntry& At(const TLook& Look, const String& Text) const noexcept {
+  size_t PlaceOf(const TLook& Look, const String& Text) const noexcept {
     const size_t hash = std::hash<String>()(Text) + Look.Id * size_t{0x9E3779B97F4A7C15};
-    return FEntries[(hash ^ hash >> 29) % FEntries.size()];
+    return (hash ^ hash >> 29) & (FEntries.size() - 1);
   }
-  std::vector<TEntry> FEntries = std::vector<TEntry>(size_t{1} << 16);
+  static constexpr int64_t kMostEntries = 1 << 16;
+  std::vector<TEntry> FEntries;
 };
 
 class TTableMeasure {
@@ -102,6 +115,7 @@ class TTableMeasure {
         FList(List),
         FCells(Cells),
         FIsPlain(IsPlain),
+        FColCount(Cells.CellCols()),
         FBuffer(List.DuplicateHead()),
         FLooks(static_cast<size_t>(Cells.CellCols())) {
     FNeeds.Cols.resize(static_cast<size_t>(Cells.CellCols()));
@@ -115,8 +129,9 @@ class TTableMeasure {
   void BeginBand(int Row);
   void MakeLook(TLook& Look, int Col, int Row);
   void EndLook(TLook& Look, int Col);
+  bool IsSpecial(int Col, int Row) noexcept;
   void MeasureRow(int Row);
-  int MeasureCell(TLook& Look, int Col, int Row, const String& Text);
+  int MeasureCell(TLook& Look, int Col, int Row, const String& Text, bool IsBlankText);
   int MeasureShown(TLook& Look, int Col, int Row, const String& Text);
   int MeasureText(TLook& Look, int Col, int Row, const String& Text, const String& Shown);
   int Calculate(int Col, int Row, const String& Text);
@@ -128,6 +143,7 @@ class TTableMeasure {
   TDecorationList& FList;
   TCellSource& FCells;
   const bool FIsPlain;
+  const int FColCount;
   std::unique_ptr<TDecorationList> FBuffer;
   std::vector<TLook> FLooks;
   unsigned FLookIds = 0;
@@ -173,7 +189,7 @@ void TTableMeasure::FindSpecials() {
 void TTableMeasure::BeginBand(int Row) {
   const bool isFixed = FList.FixedCell(-1, Row, {alTop, alBottom});
   std::vector<TDecoration*> items;
-  for (int col = 0; col < FCells.CellCols(); ++col) {
+  for (int col = 0; col < FColCount; ++col) {
     TLook& look = FLooks[static_cast<size_t>(col)];
     FList.VirtualListForCell(col, Row, *FBuffer);
     items.clear();
@@ -259,36 +275,49 @@ int TTableMeasure::MeasureShown(TLook& Look, int Col, int Row, const String& Tex
   return height;
 }
 
-int TTableMeasure::MeasureCell(TLook& Look, int Col, int Row, const String& Text) {
+int TTableMeasure::MeasureCell(TLook& Look, int Col, int Row, const String& Text, bool IsBlankText) {
   if (Look.Kind == lkByCell) return Calculate(Col, Row, Text);
-  if (IsBlank(Text)) {
+  if (IsBlankText) {
     if (Look.BlankHeight < 0) Look.BlankHeight = Calculate(Col, Row, Text);
     return Look.BlankHeight;
   }
   if (Look.Kind == lkText) return MeasureText(Look, Col, Row, Text, Text);
-  if (Look.Kind == lkLines && Look.Height >= 0 && Look.Bounds->Of(Text) <= Look.Widest) return Look.Height;
-  if (!FMemo) FMemo.emplace();
+  if (!FMemo) FMemo.emplace(int64_t{FCells.CellRows()} * FColCount);
   if (Look.Kind != lkByText) return MeasureShown(Look, Col, Row, Text);
   int height = FMemo->Find(Look, Text);
   if (height < 0) FMemo->Put(Look, Text, height = Calculate(Col, Row, Text));
   return height;
 }
 
+// The next special cell is that one.
+bool TTableMeasure::IsSpecial(int Col, int Row) noexcept {
+  bool isSpecial = false;
+  for (; FNextSpecial < FSpecials.size() && FSpecials[FNextSpecial] <= std::pair(Row, Col); ++FNextSpecial) {
+    isSpecial = FSpecials[FNextSpecial] == std::pair(Row, Col);
+  }
+  return isSpecial;
+}
+
 void TTableMeasure::MeasureRow(int Row) {
   static const String empty;
   const std::span<const String> texts = FCells.RowTexts(Row);
+  const bool hasSpecials = FNextSpecial < FSpecials.size() && FSpecials[FNextSpecial].first <= Row;
   TNeed& need = FNeeds.Rows[static_cast<size_t>(Row)];
-  for (int col = 0; col < FCells.CellCols(); ++col) {
+  for (int col = 0; col < FColCount; ++col) {
     TLook& look = FLooks[static_cast<size_t>(col)];
     const String& text = static_cast<size_t>(col) < texts.size() ? texts[static_cast<size_t>(col)] : empty;
-    bool isSpecial = false;
-    for (; FNextSpecial < FSpecials.size() && FSpecials[FNextSpecial] <= std::pair(Row, col); ++FNextSpecial) {
-      isSpecial = FSpecials[FNextSpecial] == std::pair(Row, col);
+    const bool isBlank = IsBlank(text);
+    int height;
+    if (hasSpecials && IsSpecial(col, Row)) {
+      height = Calculate(col, Row, text);
+    } else if (!isBlank && look.CanOnlyBeWider() && look.Bounds->Of(text) <= look.Widest) {
+      height = look.Height;
+    } else {
+      height = MeasureCell(look, col, Row, text, isBlank);
     }
-    const int height = isSpecial ? Calculate(col, Row, text) : MeasureCell(look, col, Row, text);
     need.Size = std::max(need.Size, height);
     if (look.IsFixedCol) need.FixedSize = std::max(need.FixedSize, height);
-    if (IsBlank(text) && (look.Kind != lkByCell || FCells.CellObject(col, Row) == nullptr)) continue;
+    if (isBlank && (look.Kind != lkByCell || FCells.CellObject(col, Row) == nullptr)) continue;
     const bool isContent = !look.IsFixedCol && !look.IsFixedRow;
     need.HasText = Col(col).HasText = true;
     need.HasContent |= isContent;
@@ -308,7 +337,7 @@ TNeeds TTableMeasure::Run() {
     }
     MeasureRow(row);
   }
-  for (int col = 0; col < FCells.CellCols(); ++col) EndLook(FLooks[static_cast<size_t>(col)], col);
+  for (int col = 0; col < FColCount; ++col) EndLook(FLooks[static_cast<size_t>(col)], col);
   return std::move(FNeeds);
 }
 

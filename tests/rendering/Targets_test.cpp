@@ -1,4 +1,5 @@
 // Decorators of grids, list views and canvases: sizes of columns and rows, layout, mouse.
+#include "core/uVxFunctionsSerialize.h"
 #include "platform/Drawing.h"
 #include "platform/TImageList.h"
 #include "platform/TRecordingCanvas.h"
@@ -66,12 +67,12 @@ class TRandomTable {
   int Upto(int Behind) { return static_cast<int>(FRandom() % static_cast<unsigned>(Behind)); }
   int Place() { return Upto(14) - 3; }
   String Text() {
-    static constexpr std::u16string_view kTexts[] = {
-        u"",       u" ",        u"Müller",     u"11.02.2015",  u"31.12.1999 23:59", u"1234,5", u"-7",
-        u"1,5",    u"0",        u"9999,995",   u"a,b,\"c d\"", u"zwei\r\nZeilen",   u"12:30",  u"124:30",
-        u"1",      u"0,1,7",    u"\x301",      u"e\x301x",     u"Ё\x0E01",          u"1e5",    u"<b>fett</b> x",
-        u"-0,004", u"12345678", u"99999999,99"};
-    if (Upto(2) == 0) return String(kTexts[Upto(static_cast<int>(std::size(kTexts)))]);
+    static const auto texts = explode(
+        u"| |Müller|11.02.2015|31.12.1999 23:59|1234,5|-7|1,5|0|9999,995|a,b,\"c "
+        u"d\"|zwei\r\nZeilen|12:30|124:30|1|0,1,7|"
+        u"\x301|e\x301x|Ё\x0E01|1e5|<b>fett</b> x|1.234.567,5|1.2.3.4,5|-0,004|12345678|99999999,99",
+        u'|');
+    if (Upto(2) == 0) return texts->Get(Upto(texts->GetCount()));
     return CurrToStr(
         Currency::FromUnits(static_cast<int64_t>(FRandom()) * (Upto(2) == 0 ? 1 : -13) / (1 + Upto(90000))));
   }

@@ -5,6 +5,7 @@
 #include "platform/TextBounds.h"
 #include "rendering/uDecoration.h"
 #include "tables/uFileCsv.h"
+#include "tables/uSort.h"
 #include "tests/support/Test.h"
 
 namespace {
@@ -216,6 +217,18 @@ TEST(TableInListView, HeadedTablesShowTheirNames) {
   view.GetItems(0).SetCaption(u"7");
   THeadCsv back;
   EXPECT_EQ((TFacts{back.GetListView(view, u"", 0, 0, false), Text(back)}), "2 x,y;7,2;");
+}
+
+TEST(TableInListView, IsSortedByItsColumns) {
+  TListView view;
+  Table<THeadCsv>(u"Name,Tag;c,01.03.2020;a,01.02.2021;b,01.02.2020;a,31.12.2019;")->SetListview(view, u"", 0, -1);
+  TSortColumn by{.Index = 1, .SortType = vftDate, .SortDirection = 1};
+  view.GetItems(2).SetSelected(true), view.CustomSort(CustomSortProc, &by);
+  EXPECT_EQ(Text(view), "a,31.12.2019;b,01.02.2020;c,01.03.2020;a,01.02.2021;");
+  by = {.Index = 0, .SortType = vftString, .SortDirection = -1};
+  view.CustomSort(CustomSortProc, &by);
+  EXPECT_EQ(Text(view), "c,01.03.2020;b,01.02.2020;a,31.12.2019;a,01.02.2021;");
+  EXPECT_EQ(view.GetItemIndex(), 1);
 }
 
 TEST(DecorationsInListView, SayWhatTheyAre) {

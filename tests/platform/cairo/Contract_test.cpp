@@ -1,6 +1,7 @@
 // What every surface keeps, whatever stands behind its canvas.
 #include <thread>
 
+#include "platform/TextBounds.h"
 #include "platform/cairo/CairoDrawing.h"
 #include "tests/platform/cairo/Devices.h"
 #include "tests/support/Canvas.h"
@@ -195,6 +196,25 @@ TEST_P(Contract, TextsAreAsWideAsMeasured) {
       EXPECT_LE(ink.Bottom, (10 + height + 2) * scale) << name.ToUtf8();
     }
   }
+}
+
+TEST_P(Contract, WidthsOfLettersBoundTexts) {
+  (void)Seen([](TCanvas& canvas) {
+    int known = 0;
+    std::mt19937 random(3);
+    for (const TFontStyles style : {TFontStyles{}, TFontStyles{fsBold}, TFontStyles{fsItalic}}) {
+      canvas.SetFont({.Style = style, .Size = 9});
+      const TTextBounds bounds(canvas);
+      for (int i = 0; i < 300; ++i) {
+        String text = u"AVTofi";
+        for (int n = 0; n < 8; ++n) text += static_cast<char16_t>(random() % (i % 2 == 0 ? 0x80 : 0x190));
+        if (bounds.Of(text) == TTextBounds::Unknown) continue;
+        EXPECT_EQ(bounds.Of(text), canvas.TextWidth(text)) << text;
+        ++known;
+      }
+    }
+    EXPECT_GT(known, 0);
+  });
 }
 
 TEST_P(Contract, TheGroundOfATextIsItsMeasure) {
