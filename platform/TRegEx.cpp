@@ -49,8 +49,9 @@ using TContextPtr = std::unique_ptr<pcre2_match_context_16, TFree<pcre2_match_co
 // What a thread needs for matching, made at its first match.
 struct TScratch {
   TScratch() {
+    pcre2_set_match_limit_16(Short.get(), kShortLimit);
     pcre2_set_match_limit_16(Counted.get(), kNoLimit);
-    for (const TContextPtr* context : {&Plain, &Counted}) {
+    for (const TContextPtr* context : {&Short, &Plain, &Counted}) {
       pcre2_set_depth_limit_16(context->get(), kNoLimit);
       pcre2_set_heap_limit_16(context->get(), kHeapKilobytes);
     }
@@ -60,13 +61,20 @@ struct TScratch {
       Checked(pcre2_match_data_create_16(1, nullptr))};
   std::unique_ptr<pcre2_jit_stack_16, TFree<pcre2_jit_stack_free_16>> Stack{
       Checked(pcre2_jit_stack_create_16(32 * 1024, size_t{kHeapKilobytes} * 1024, nullptr))};
+  TContextPtr Short{Checked(pcre2_match_context_create_16(nullptr))};
   TContextPtr Plain{Checked(pcre2_match_context_create_16(nullptr))};
   TContextPtr Counted{Checked(pcre2_match_context_create_16(nullptr))};
 };
 
-TScratch& Scratch() {
+TScratch& NewScratch(TScratch*& Place) {
   thread_local TScratch scratch;
-  return scratch;
+  return *(Place = &scratch);
+}
+
+// A pointer is asked in less time than whether the value is there.
+TScratch& Scratch() {
+  static constinit thread_local TScratch* scratch = nullptr;
+  return scratch != nullptr ? *scratch : NewScratch(scratch);
 }
 
 // Counts the steps of a match, which calls it before each piece of the expression that it tries.
@@ -200,11 +208,12 @@ struct TRegEx::TCode {
 int TRegEx::TCode::Match(std::u16string_view Text, uint32_t Limit) const {
   TScratch& scratch = Scratch();
   const auto text = reinterpret_cast<PCRE2_SPTR16>(Text.data());
-  pcre2_set_match_limit_16(scratch.Plain.get(), Limit);
+  pcre2_match_context_16* context = Limit == kShortLimit ? scratch.Short.get() : scratch.Plain.get();
+  if (Limit != kShortLimit) pcre2_set_match_limit_16(context, Limit);
   if (IsCompiled)
-    return pcre2_jit_match_16(Code.get(), text, Text.size(), 0, MatchOptions, scratch.Data.get(), scratch.Plain.get());
+    return pcre2_jit_match_16(Code.get(), text, Text.size(), 0, MatchOptions, scratch.Data.get(), context);
   return pcre2_match_16(Code.get(), text, Text.size(), 0, MatchOptions | PCRE2_NO_UTF_CHECK, scratch.Data.get(),
-                        scratch.Plain.get());
+                        context);
 }
 
 // Null where the calls that count would make it too large.
