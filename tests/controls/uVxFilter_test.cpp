@@ -255,7 +255,6 @@ TEST(uVxFilter, Images) {
       item.SetValue(c.Value);
     }
     EXPECT_EQ((TFacts{items[0].Check(c.Cell, nullptr), items[1].Check(c.Cell, nullptr)}), c.Facts)
-
         << String(c.Cell) << ' ' << String(c.Value);
   }
 }
