@@ -25,8 +25,13 @@ TPcre2Expression::~TPcre2Expression() {
   pcre2_code_free_16(FImpl->Code);
 }
 
-// By the way in for texts that are known to be good, which is PCRE2's fastest one.
+// As any text is matched: PCRE2 looks whether it is whole UTF-16, as we do.
 bool TPcre2Expression::IsMatch(std::u16string_view Text) const {
+  return pcre2_match_16(FImpl->Code, reinterpret_cast<PCRE2_SPTR16>(Text.data()), Text.size(), 0, 0, FImpl->Data,
+                        nullptr) >= 0;
+}
+
+bool TPcre2Expression::IsMatchOfWhole(std::u16string_view Text) const {
   return pcre2_jit_match_16(FImpl->Code, reinterpret_cast<PCRE2_SPTR16>(Text.data()), Text.size(), 0, 0, FImpl->Data,
                             nullptr) >= 0;
 }

@@ -14,6 +14,8 @@ class TPcre2Expression {
   explicit TPcre2Expression(std::u16string_view Pattern);
   ~TPcre2Expression();
   bool IsMatch(std::u16string_view Text) const;
+  // The same by PCRE2's fastest way, which takes the text to be whole UTF-16 without a look.
+  bool IsMatchOfWhole(std::u16string_view Text) const;
 
  private:
   struct TImpl;
