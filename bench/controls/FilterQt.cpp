@@ -29,7 +29,6 @@ class TTable : public QAbstractTableModel {
 
 class TProxy : public QSortFilterProxyModel {
  public:
-  using QSortFilterProxyModel::invalidateFilter;
   QString Words[3];
 
  protected:
@@ -45,10 +44,7 @@ class TProxy : public QSortFilterProxyModel {
 }  // namespace
 
 struct TQtFilter::TImpl {
-  explicit TImpl(const std::vector<std::u16string>* Columns) : Table(Columns) {
-    Proxy.setSourceModel(&Table);
-    Proxy.rowCount();
-  }
+  explicit TImpl(const std::vector<std::u16string>* Columns) : Table(Columns) {}
   TTable Table;
   TProxy Proxy;
 };
@@ -59,16 +55,14 @@ TQtFilter::TQtFilter(const std::vector<std::u16string>* Columns, const std::u16s
 }
 TQtFilter::~TQtFilter() = default;
 
+// By a proxy that meets the table anew: to take rows out of one that shows them all moves all others for each run of
+// them, which takes minutes for a million.
 double TQtFilter::Filter(int& Rows) {
-  const double seconds = Time([&] {
-    FImpl->Proxy.invalidateFilter();
+  FImpl->Proxy.setSourceModel(nullptr);
+  return Time([&] {
+    FImpl->Proxy.setSourceModel(&FImpl->Table);
     Rows = FImpl->Proxy.rowCount();
   });
-  const auto words = std::to_array(FImpl->Proxy.Words);
-  for (QString& word : FImpl->Proxy.Words) word.clear();
-  FImpl->Proxy.invalidateFilter();
-  for (size_t col = 0; col < 3; ++col) FImpl->Proxy.Words[col] = words[col];
-  return seconds;
 }
 
 }  // namespace vx::bench
