@@ -6,6 +6,7 @@
 #include "controls/uVxMaskEdit/detail/Judging.h"
 #include "controls/uVxMaskEdit/detail/TimeKinds.h"
 #include "core/uVxFunctionsTime.h"
+#include "platform/Text.h"
 
 namespace vx {
 
@@ -40,7 +41,11 @@ bool TVxCustomMaskEdit::toHour(Extended& aHours) const {
   return vx::toHour(iRules.iMaskMode == mmHour ? CalStrToHourStr(GetText()) : GetText(), aHours);
 }
 
-bool TVxCustomMaskEdit::toMinute(int& aMinutes) const { return vx::toMinute(GetText(), aMinutes); }
+bool TVxCustomMaskEdit::toMinute(int& aMinutes) const {
+  const char16_t& separator = iRules.iFormatSettings.ThousandSeparator;
+  const bool mayHaveThousands = iRules.iMaskMode == mmInteger && separator != 0;
+  return vx::toMinute(mayHaveThousands ? ReplaceAll(GetText(), {&separator, 1}, {}) : GetText(), aMinutes);
+}
 
 int TVxCustomMaskEdit::GetInteger() const {
   int value;

@@ -260,6 +260,9 @@ TEST_F(MaskEdit, TypedValuesReadBackOrAreRefused) {
   using E = TVxMaskEdit;
   expect(mmInteger, &E::SetInteger, &E::GetInteger, INT_MIN, u"-2147483648");
   expect(mmInteger, &E::setMinute, &E::getMinute, -90, u"-90");
+  edit.SetUseTausend(true);
+  expect(mmInteger, &E::setMinute, &E::getMinute, -12345, u"-12.345");
+  edit.SetUseTausend(false);
   for (const auto& [value, text] : TCases<double, String>{{0.1, u"0,1"},
                                                           {-0.0, u"0"},
                                                           {0.1 + 0.2, u"0,30000000000000004"},
