@@ -55,7 +55,7 @@ class TVxCustomMaskEdit : public TObject, public TEditEvents {
   void SetAlignment(TAlignment aAlignment) { iWidget.SetAlignment(aAlignment); }
 
   // --- The value. To... reads the text as it stands, whatever the mode; false, with the value 0, where it is none.
-  // A date is none in an empty picture. Exactly 1.0 is the time 24:00.
+  // A date is none in an empty picture. 1.0, to the millisecond, is the time 24:00.
   bool ToInteger(int& aValue) const;
   bool ToFloat(Extended& aValue) const;
   bool ToDouble(double& aValue) const;

@@ -281,6 +281,7 @@ TEST_F(MaskEdit, TypedValuesReadBackOrAreRefused) {
   for (const auto& [value, text] : TCases<double, String>{{0, u"00:00"}, {0.75, u"18:00"}, {1, u"24:00"}})
     expect(mmTime, &E::SetTime, &E::GetTime, value, text);
   expect(mmSecond, &E::SetTime, &E::GetTime, 1.0, u"24:00:00");
+  EXPECT_EQ((edit.SetTime(22.0 / 24 + 1.9999999999 / 24), edit.GetText()), u"24:00:00");
   for (const auto& [value, text] : TCases<Extended, String>{{-0.5L, u"-0:30"}, {1e5L, u"100000:00"}, {7.75L, u"7:45"}})
     expect(mmHour, &E::sethour, &E::gethour, value, text);
   int number = 7;

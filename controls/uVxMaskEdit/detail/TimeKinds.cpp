@@ -5,6 +5,7 @@
 
 #include "controls/uVxMaskEdit/HourText.h"
 #include "controls/uVxMaskEdit/detail/Completion.h"
+#include "core/uVxFunctionsTime.h"
 #include "platform/Calendar.h"
 #include "platform/DateText.h"
 #include "platform/Text.h"
@@ -80,7 +81,7 @@ int DayOf(TDateTime DateTime) noexcept {
 }
 
 int SecondsOf(TDateTime DateTime) noexcept {
-  if (DateTime == 1.0) return kSecondsPerDay;
+  if (DateTimeDefuzzFunc(DateTime, true) == 1.0) return kSecondsPerDay;
   int hour, minute, second, msec;
   DecodeTime(DateTime, hour, minute, second, msec);
   return hour * 3600 + minute * 60 + second;

@@ -61,7 +61,7 @@ struct THourKind {
 int MonthOf(int Day) noexcept;
 // The day of a date-time, held to the years 1 to 9999; 0 for what is no number.
 int DayOf(TDateTime DateTime) noexcept;
-// The seconds of a time of day; kSecondsPerDay for exactly 1.0.
+// The seconds of a time of day; kSecondsPerDay for 1.0, to the millisecond.
 int SecondsOf(TDateTime DateTime) noexcept;
 // A whole number of minutes, held to what a text of hours can tell; 0 for what is no number.
 int64_t MinutesOf(Extended Minutes) noexcept;
