@@ -98,10 +98,14 @@ void TVxCustomMaskEdit::LeaveMode() {
   iRules.iDigitLimit = none.iDigitLimit;
 }
 
-void TVxCustomMaskEdit::EnterHours() {
+void TVxCustomMaskEdit::UseColons() {
   TFormatSettings& settings = iRules.iFormatSettings;
   settings.DecimalSeparator = settings.TimeSeparator = u':';
   if (settings.ThousandSeparator == u':') settings.ThousandSeparator = 0;
+}
+
+void TVxCustomMaskEdit::EnterHours() {
+  UseColons();
   iRules.iMMMin = -detail::kMostHours;
   iRules.iMMMax = detail::kMostHours;
   iRules.iDTMin = -MostTime();
@@ -133,6 +137,7 @@ void TVxCustomMaskEdit::SetBlankChar(char16_t aChar) {
 
 void TVxCustomMaskEdit::SetFormatSettings(const TFormatSettings& aSettings) {
   iRules.iFormatSettings = detail::FieldSettings(aSettings);
+  if (iRules.iMaskMode == mmHour) UseColons();
 }
 
 void TVxCustomMaskEdit::SetText(const String& aText) { WriteValue(aText); }

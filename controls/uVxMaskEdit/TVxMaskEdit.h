@@ -130,7 +130,8 @@ class TVxCustomMaskEdit : public TObject, public TEditEvents {
   void SetLimitDTMin(TDateTime aLimit) noexcept { iRules.iDTMin = aLimit; }
   TDateTime GetLimitDTMax() const noexcept { return iRules.iDTMax; }
   void SetLimitDTMax(TDateTime aLimit) noexcept { iRules.iDTMax = aLimit; }
-  // The separators of the field, until the mode is set. Dates are of day, month and year whatever the settings say.
+  // The separators of the field, until the mode is set. Dates are of day, month and year whatever the settings say, and
+  // hours have ":".
   const TFormatSettings& GetFormatSettings() const noexcept { return iRules.iFormatSettings; }
   void SetFormatSettings(const TFormatSettings& aSettings);
 
@@ -168,6 +169,7 @@ class TVxCustomMaskEdit : public TObject, public TEditEvents {
   void RefreshStatus();
   void BeginText(const String& aText);
   void EnterHours();
+  void UseColons();
   void EnterCurrency();
   void EnterMode();
   void LeaveMode();

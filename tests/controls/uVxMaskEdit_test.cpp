@@ -372,6 +372,9 @@ TEST_F(MaskEdit, WorksWithAnySeparators) {
     const TFormatSettingsScope scope(settings);
     for (const auto& [mode, script, shown] : cases) EXPECT_EQ(TField(mode).Do(script).Shown(), shown) << script;
   }
+  TField hours(mmHour);
+  hours.Edit.SetFormatSettings(settings);
+  EXPECT_EQ(hours.Do(u"8,30⇄").Shown(), u"[8:30]");
   settings.DecimalSeparator = settings.ThousandSeparator = settings.DateSeparator = settings.TimeSeparator = 0;
   const TFormatSettingsScope scope(settings);
   EXPECT_EQ(TField(mmDate).Do(u"3.4⇄").Shown(), u"[03.04.2015]");
