@@ -136,8 +136,11 @@ void TVxCustomMaskEdit::SetBlankChar(char16_t aChar) {
 }
 
 void TVxCustomMaskEdit::SetFormatSettings(const TFormatSettings& aSettings) {
+  const String before = detail::EmptyPicture(iRules);
   iRules.iFormatSettings = detail::FieldSettings(aSettings);
   if (iRules.iMaskMode == mmHour) UseColons();
+  const String picture = detail::EmptyPicture(iRules);
+  if (picture != before && GetText() == before) BeginText(picture);
 }
 
 void TVxCustomMaskEdit::SetText(const String& aText) { WriteValue(aText); }

@@ -131,7 +131,7 @@ class TVxCustomMaskEdit : public TObject, public TEditEvents {
   TDateTime GetLimitDTMax() const noexcept { return iRules.iDTMax; }
   void SetLimitDTMax(TDateTime aLimit) noexcept { iRules.iDTMax = aLimit; }
   // The separators of the field, until the mode is set. Dates are of day, month and year whatever the settings say, and
-  // hours have ":".
+  // hours have ":". An empty picture is shown with the new ones; any other text stays as it is.
   const TFormatSettings& GetFormatSettings() const noexcept { return iRules.iFormatSettings; }
   void SetFormatSettings(const TFormatSettings& aSettings);
 

@@ -372,9 +372,11 @@ TEST_F(MaskEdit, WorksWithAnySeparators) {
     const TFormatSettingsScope scope(settings);
     for (const auto& [mode, script, shown] : cases) EXPECT_EQ(TField(mode).Do(script).Shown(), shown) << script;
   }
-  TField hours(mmHour);
+  TField hours(mmHour), date(mmDate);
   hours.Edit.SetFormatSettings(settings);
   EXPECT_EQ(hours.Do(u"8,30⇄").Shown(), u"[8:30]");
+  date.Edit.SetFormatSettings(settings);
+  EXPECT_EQ(date.Do(u"⇄").Shown(), u"[00/00/0000]");
   settings.DecimalSeparator = settings.ThousandSeparator = settings.DateSeparator = settings.TimeSeparator = 0;
   const TFormatSettingsScope scope(settings);
   EXPECT_EQ(TField(mmDate).Do(u"3.4⇄").Shown(), u"[03.04.2015]");
