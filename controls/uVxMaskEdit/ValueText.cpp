@@ -21,7 +21,8 @@ bool OrNone(bool IsRead, T& Value) {
 // Text without thousands separators; what has some is put together in Buffer.
 std::u16string_view EliminateTsd(std::u16string_view Text, const TFormatSettings& Settings, TTextBuffer& Buffer) {
   const char16_t separator = Settings.ThousandSeparator;
-  if (separator == 0 || Text.find(separator) == Text.npos) return Text;
+  const bool isUsed = separator != 0 && separator != Settings.DecimalSeparator;
+  if (!isUsed || Text.find(separator) == Text.npos) return Text;
   for (char16_t unit : Text) {
     if (unit != separator) Buffer.Add(unit);
   }

@@ -10,7 +10,8 @@
 //   vx::ToTime(u"24:00", end);            // true
 //   end;                                  // 1
 //
-// Each gives false, with the value 0, for a text that is no such value.
+// Each gives false, with the value 0, for a text that is no such value. A thousands separator that is the decimal one,
+// too, counts as that.
 #pragma once
 
 #include "platform/Currency.h"

@@ -377,6 +377,8 @@ TEST_F(MaskEdit, WorksWithAnySeparators) {
   EXPECT_EQ(hours.Do(u"8,30⇄").Shown(), u"[8:30]");
   date.Edit.SetFormatSettings(settings);
   EXPECT_EQ(date.Do(u"⇄").Shown(), u"[00/00/0000]");
+  Extended number;
+  EXPECT_EQ((ToFloat(u"8.5", number, settings), number), 8.5L);
   settings.DecimalSeparator = settings.ThousandSeparator = settings.DateSeparator = settings.TimeSeparator = 0;
   const TFormatSettingsScope scope(settings);
   EXPECT_EQ(TField(mmDate).Do(u"3.4⇄").Shown(), u"[03.04.2015]");
