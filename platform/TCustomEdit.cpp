@@ -27,7 +27,7 @@ void TPlainEdit::SetSelText(std::u16string_view Text) {
   const int start = GetSelStart(), length = GetSelLength();
   if (length == 0 && Text.empty()) return;
   FText = Concat({FText.view().substr(0, static_cast<size_t>(start)), Text,
-                  FText.view().substr(static_cast<size_t>(start + length))});
+                  FText.view().substr(static_cast<size_t>(start) + static_cast<size_t>(length))});
   FAnchor = FCursor = start + static_cast<int>(Text.size());
   if (FEvents != nullptr) FEvents->Change();
 }

@@ -300,6 +300,10 @@ struct TPlainMask {
       const TNumber minutes = std::stol(m[2]) * 60 + number(3);
       return m[1].length() ? -minutes : minutes;
     }
+    if (is("0*?(\\d{1,4}):0*?(\\d{1,4}):0*?(\\d{1,4}),0*?(\\d{1,4})")) {  // parts of a second go
+      if (number(1) > 23 || number(2) > 59 || number(3) > 59 || number(4) > 999) return {};
+      return number(1) * 3600 + number(2) * 60 + (Mode == mmTime ? 0 : number(3));
+    }
     if (!is("(0*?\\d{0,5}):(0*?\\d{0,5})(?::(0*?\\d{0,5}))?") &&
         !is("(\\d|\\d\\d|\\d(?=\\d\\d$)|\\d\\d(?=\\d\\d$))(\\d\\d)?()") &&
         !(Mode == mmSecond && is("(\\d\\d?)(\\d\\d)(\\d\\d)")))

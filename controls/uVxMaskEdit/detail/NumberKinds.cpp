@@ -57,7 +57,7 @@ int FixedPrecisionOf(Extended Value, const TFormatSettings& Settings) {
 String FreeText(const TMaskRules& Rules, Extended Value) {
   const TFormatSettings& settings = Rules.iFormatSettings;
   const int precision = FixedPrecisionOf(Value, settings);
-  const String text = Trimmed(FloatToStrF(Value, FormOf(Rules), precision, kPrecision, settings), settings);
+  String text = Trimmed(FloatToStrF(Value, FormOf(Rules), precision, kPrecision, settings), settings);
   if (std::abs(Value) >= 1) return text;
   const String exact = FloatToStrF(Value, ffGeneral, precision, 0, settings);
   Extended read = 0, readExact = 0;
