@@ -103,7 +103,7 @@ void TCsvView::AddHidden(std::span<TVxStringList* const> Rows, std::span<const i
   std::vector<TVxStringList*> hidden(iHidden->Items().begin(), iHidden->Items().end());
   hidden.insert(hidden.end(), Rows.begin(), Rows.end());
   iAll->PutAll(all);
-  iHidden->TakeAll(std::move(hidden));
+  HiddenToFill().TakeAll(std::move(hidden));
 }
 
 void TCsvView::Assign(const TFileCsv& Source) {

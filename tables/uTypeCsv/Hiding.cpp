@@ -12,7 +12,7 @@ using detail::TOwnChange;
 void TCsvView::Hide(TVxStringList* Row) {
   SetViewMode(true);
   if (!IsVisible(Row) || IndexOf(Row) < 0) return;
-  iHidden->Add(Row);
+  HiddenToFill().Add(Row);
   const TOwnChange own(FOwn, Row);
   TTypeCsv::Extract(Row);
 }
@@ -66,7 +66,7 @@ void TCsvView::Apply(const std::vector<bool>& WasShown, const std::vector<bool>&
     }
   }
   if (static_cast<int>(shown.size()) > GetCapacity()) SetCapacity(static_cast<int>(shown.size()));
-  iHidden->TakeAll(std::move(hidden));
+  HiddenToFill().TakeAll(std::move(hidden));
   PutAll(shown);
   NotifyAll(gone, lnExtracted);
   NotifyAll(come, lnAdded);

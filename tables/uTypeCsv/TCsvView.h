@@ -107,6 +107,11 @@ class TCsvView : public TTypeCsv {
   // The row of All if it has that cell, else nullptr.
   TVxStringList* AllLineWith(int Col, int Row) const;
   void RemoveHidden();
+  // For rows to be hidden: the table may own by now, as loading makes it do.
+  THiddenCsv& HiddenToFill() noexcept {
+    iHidden->SetOwnsObjects(GetOwnsObjects());
+    return *iHidden;
+  }
   // Puts Rows into All, one after the other, each at its place or at the end, and hides them.
   void AddHidden(std::span<TVxStringList* const> Rows, std::span<const int> Places);
 

@@ -6,6 +6,7 @@
 #include "rendering/uDecoration/TDecoratorCanvas.h"
 #include "rendering/uDecoration/TDecoratorListView.h"
 #include "rendering/uDecoration/TDecoratorStringGrid.h"
+#include "tests/support/TempDir.h"
 #include "tests/support/Test.h"
 #include "tests/support/ViewWalk.h"
 
@@ -375,6 +376,23 @@ TEST(TCsvView, FreesItsRowsExactlyWhenItOwnsThem) {
   hidden.Add(a.get());
   EXPECT_EQ(hidden.Remove(a.get()) >= 0, true);
   hidden.SetOwnsObjects(true);
+
+  struct TCounted : TVxStringList {
+    explicit TCounted(int& Freed) : FFreed(Freed) {}
+    ~TCounted() override { ++FFreed; }
+    int& FFreed;
+  };
+  const test::TTempDir dir;
+  ASSERT_TRUE(TFileCsv().SaveToFile(dir.Path("leer.csv")));
+  int freed = 0;
+  {
+    TCsvView loaded(false);
+    loaded.SetViewMode(true);
+    ASSERT_TRUE(loaded.LoadFromFile(dir.Path("leer.csv")));
+    loaded.Add(new TCounted(freed));
+    loaded.Hide(0);
+  }
+  EXPECT_EQ(freed, 1) << "by loading it owns";
 }
 
 // Rows that change their places behind the view's back.
