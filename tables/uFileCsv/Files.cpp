@@ -4,6 +4,8 @@
 // carriage return and line feed; no head, no byte order mark, no word on its encoding. A line break
 // inside a quoted cell stands as it is. The extension decides the separator when a file is written;
 // when it is read, the counts in the first line do.
+#include "platform/Files.h"
+
 #include <algorithm>
 #include <bit>
 #include <cstring>
@@ -13,7 +15,6 @@
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
 #include "platform/Exceptions.h"
-#include "platform/Files.h"
 #include "platform/Paths.h"
 #include "platform/Shell.h"
 #include "platform/Text.h"
