@@ -57,9 +57,10 @@ class TDeviceScope {
 };
 
 // Sizes with the line behind each column and row.
-std::vector<int> WithLines(const std::vector<int>& Sizes) {
+std::vector<int> WithLines(const std::vector<int>& Sizes, const TDecorationList& List) {
   std::vector<int> result(Sizes.size());
-  std::transform(Sizes.begin(), Sizes.end(), result.begin(), [](int size) { return size > 0 ? size + 1 : 0; });
+  const int line = TDecoratorCanvas::LineOf(List);
+  std::transform(Sizes.begin(), Sizes.end(), result.begin(), [line](int size) { return size > 0 ? size + line : 0; });
   return result;
 }
 
@@ -108,8 +109,8 @@ struct TTablePrinter::TSheet {
   TSheet(TTypeCsv& ATable, TCanvas& Canvas, TPoint Room)
       : Table(ATable),
         Sizes(Measure(Canvas, Room)),
-        ColWidths(WithLines(Sizes.ColWidths)),
-        RowHeights(WithLines(Sizes.RowHeights)),
+        ColWidths(WithLines(Sizes.ColWidths, List())),
+        RowHeights(WithLines(Sizes.RowHeights, List())),
         Plan({.ColWidths = ColWidths,
               .RowHeights = RowHeights,
               .FixedCols = List().GetFixed().Left,

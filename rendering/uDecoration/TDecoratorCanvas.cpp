@@ -13,15 +13,15 @@
 namespace vx {
 namespace {
 
-constexpr int kLine = 1;
-
 // A column or a row on the canvas.
 struct TPiece {
   int Index, Begin, Size;
 };
 
-// What can be seen of one direction from Begin to End: Fixed ones at first, then those from First on.
-std::vector<TPiece> PiecesOf(const std::vector<int>& Sizes, int Count, int Fixed, int First, int Begin, int End) {
+// What can be seen of one direction from Begin to End: Fixed ones at first, then those from First on, each with so many
+// pixels of a line behind it.
+std::vector<TPiece> PiecesOf(const std::vector<int>& Sizes, int Count, int Fixed, int First, int Begin, int End,
+                             int Line) {
   std::vector<TPiece> pieces;
   Fixed = std::clamp(Fixed, 0, Count);
   First = std::max(First, Fixed);
@@ -30,7 +30,7 @@ std::vector<TPiece> PiecesOf(const std::vector<int>& Sizes, int Count, int Fixed
     const int size = static_cast<size_t>(i) < Sizes.size() ? std::max(Sizes[static_cast<size_t>(i)], 0) : 0;
     if (size == 0) continue;
     pieces.push_back({i, static_cast<int>(begin), std::min(size, 1 << 27)});
-    begin += int64_t{pieces.back().Size} + kLine;
+    begin += int64_t{pieces.back().Size} + Line;
   }
   return pieces;
 }
@@ -38,27 +38,30 @@ std::vector<TPiece> PiecesOf(const std::vector<int>& Sizes, int Count, int Fixed
 struct TLayout {
   std::vector<TPiece> Cols, Rows;
   TLayout(const TRect& Rect, const TDecorationList& List, const TTableSizes& Sizes, TPoint First, TPoint Counts)
-      : Cols(PiecesOf(Sizes.ColWidths, Counts.X, List.GetFixed().Left, First.X, Rect.Left, Rect.Right)),
-        Rows(PiecesOf(Sizes.RowHeights, Counts.Y, List.GetFixed().Top, First.Y, Rect.Top, Rect.Bottom)) {}
+      : Cols(PiecesOf(Sizes.ColWidths, Counts.X, List.GetFixed().Left, First.X, Rect.Left, Rect.Right,
+                      TDecoratorCanvas::LineOf(List))),
+        Rows(PiecesOf(Sizes.RowHeights, Counts.Y, List.GetFixed().Top, First.Y, Rect.Top, Rect.Bottom,
+                      TDecoratorCanvas::LineOf(List))) {}
 };
 
 void DrawLines(TCanvas& Canvas, const TRect& Rect, const TDecorationList& List, const TLayout& Layout) {
   const TDecorationListOptions options = List.GetOptions();
-  if (!options.Has(dloGridLines) || Layout.Cols.empty() || Layout.Rows.empty()) return;
-  const auto endOf = [](const std::vector<TPiece>& pieces, int end) {
-    return std::min(pieces.back().Begin + pieces.back().Size + kLine, end);
+  const int line = TDecoratorCanvas::LineOf(List);
+  if (line == 0 || Layout.Cols.empty() || Layout.Rows.empty()) return;
+  const auto endOf = [line](const std::vector<TPiece>& pieces, int end) {
+    return std::min(pieces.back().Begin + pieces.back().Size + line, end);
   };
   const int right = endOf(Layout.Cols, Rect.Right), bottom = endOf(Layout.Rows, Rect.Bottom);
   Canvas.SetBrush({clSilver});
   for (const TPiece& col : Layout.Cols) {
     const bool isFixed = List.FixedCell(col.Index, -1, {alLeft, alRight});
     if (col.Begin + col.Size >= Rect.Right || !options.Has(isFixed ? dloFixedVertLine : dloVertLine)) continue;
-    Canvas.FillRect({col.Begin + col.Size, Rect.Top, col.Begin + col.Size + kLine, bottom});
+    Canvas.FillRect({col.Begin + col.Size, Rect.Top, col.Begin + col.Size + line, bottom});
   }
   for (const TPiece& row : Layout.Rows) {
     const bool isFixed = List.FixedCell(-1, row.Index, {alTop, alBottom});
     if (row.Begin + row.Size >= Rect.Bottom || !options.Has(isFixed ? dloFixedHorzLine : dloHorzLine)) continue;
-    Canvas.FillRect({Rect.Left, row.Begin + row.Size, right, row.Begin + row.Size + kLine});
+    Canvas.FillRect({Rect.Left, row.Begin + row.Size, right, row.Begin + row.Size + line});
   }
 }
 
@@ -75,8 +78,7 @@ TTableSizes TDecoratorCanvas::TrimDevice(TCanvas& Canvas, TPoint Room, TDecorati
   List.SetRowCount(Cells.CellRows());
   const bool isPlain = typeid(*this) == typeid(TDecoratorCanvas);
   const detail::TNeeds needs = detail::MeasureTable(*this, Canvas, List, Cells, isPlain);
-  const bool hasLines = List.GetOptions().Has(dloGridLines);
-  return detail::TrimSizes(List, needs, {Room, hasLines ? TPoint{kLine, kLine} : TPoint{}, Present});
+  return detail::TrimSizes(List, needs, {Room, {LineOf(List), LineOf(List)}, Present});
 }
 
 void TDecoratorCanvas::DrawTable(TCanvas& Canvas, const TRect& Rect, TDecorationList& List, TCellSource& Cells,
@@ -105,9 +107,9 @@ TPoint TDecoratorCanvas::CellAt(const TRect& Rect, const TDecorationList& List, 
                                 TPoint First) noexcept {
   const TLayout layout(Rect, List, Sizes, First,
                        {static_cast<int>(Sizes.ColWidths.size()), static_cast<int>(Sizes.RowHeights.size())});
-  const auto find = [](const std::vector<TPiece>& pieces, int place, int end) {
+  const auto find = [line = LineOf(List)](const std::vector<TPiece>& pieces, int place, int end) {
     for (const TPiece& piece : pieces) {
-      if (place < end && place >= piece.Begin && place < piece.Begin + piece.Size + kLine) return piece.Index;
+      if (place < end && place >= piece.Begin && place < piece.Begin + piece.Size + line) return piece.Index;
     }
     return -1;
   };

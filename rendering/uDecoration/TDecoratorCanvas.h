@@ -33,13 +33,16 @@ class TDecoratorCanvas : public TDecorator {
   void Trim() override;
   const TTableSizes& GetSizes() const noexcept { return FSizes; }
 
+  // The pixels of the line behind each column and row: 1 with dloGridLines, else 0.
+  static int LineOf(const TDecorationList& List) noexcept { return List.GetOptions().Has(dloGridLines) ? 1 : 0; }
+
   // The sizes by the trim modes (TTableSizes.h); a room of 0 is no limit. Present are those that tmNone keeps. The
   // list's counts become those of the cells.
   TTableSizes TrimDevice(TCanvas& Canvas, TPoint Room, TDecorationList& List, TCellSource& Cells,
                          const TTableSizes& Present = {});
   // Paints what fits into the rectangle, clipped to it: the fixed columns and rows at the left and the top, the others
-  // from First on (a cell; fixed ones count as the first that is not), and the lines that the list's options have, of
-  // one pixel behind each column and row. Missing sizes count as 0, which hides.
+  // from First on (a cell; fixed ones count as the first that is not), and the lines that the list's options have,
+  // behind each column and row. Missing sizes count as 0, which hides.
   void DrawTable(TCanvas& Canvas, const TRect& Rect, TDecorationList& List, TCellSource& Cells,
                  const TTableSizes& Sizes, TPoint First = {});
   // The cell at a place of DrawTable, (-1, -1) for none.

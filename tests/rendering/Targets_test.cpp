@@ -330,6 +330,12 @@ TEST(Decorators, HandCellsToTheirPainter) {
                                                                  {99, 206, -1, -1}}) {
     EXPECT_EQ(TDecoratorCanvas::CellAt({100, 200, 140, 213}, list, sizes, {x, y}, {2, 2}), (TPoint{col, row})) << x;
   }
+  list.SetOptions({dloVertLine}), canvases.Text.clear(), canvas.Clear();
+  canvases.DrawTable(canvas, {100, 200, 140, 213}, list, cells, sizes, {2, 2});
+  EXPECT_EQ(canvases.Text,
+            "0,0@100,200 10x5 a;3,0@110,200 30x5 d;0,2@100,205 10x7 2;3,2@110,205 30x7 ;0,3@100,212 10x8 "
+            "3;3,3@110,212 30x8 ;");
+  EXPECT_EQ(canvas.GetText(), u"") << "no grid, no room for its lines";
   TPaintBox box;
   TDecoratorCanvas own;
   own.SetComponent(&box), own.SetDecorations(&list), own.SetCells(&cells), own.Trim();

@@ -56,9 +56,10 @@ class TPicture {
  private:
   const String& Title() const noexcept { return FTable.GetDecorations().GetTitle(); }
   // With the line behind each column and row.
-  static int64_t Total(const std::vector<int>& Sizes) {
+  int64_t Total(const std::vector<int>& Sizes) const {
+    const int line = TDecoratorCanvas::LineOf(FTable.GetDecorations());
     int64_t total = 0;
-    for (int size : Sizes) total += size > 0 ? size + 1 : 0;
+    for (int size : Sizes) total += size > 0 ? size + line : 0;
     return total;
   }
 
