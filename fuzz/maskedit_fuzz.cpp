@@ -79,9 +79,10 @@ void CheckValues(TVxMaskEdit& Edit, TValues& Values) {
       return Check(Edit.GetDate() == value, "a date reads back");
     }
     case mmHour: {
-      const Extended value = Extended(Values.Int()) / 60;
-      Edit.sethour(value);
-      return Check(Edit.gethour() == value, "hours read back");
+      // Hours and minutes/60 are rounded apart from one another, so that minutes are what is compared.
+      const int minutes = Values.Int();
+      Edit.sethour(Extended(minutes) / 60);
+      return Check(std::llround(Edit.gethour() * 60) == minutes, "hours read back");
     }
     case mmSecond:
       return Edit.SetTime(Values.Double());

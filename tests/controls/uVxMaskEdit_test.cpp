@@ -195,6 +195,13 @@ TEST_F(MaskEdit, HoldsToLimits) {
   }
 }
 
+TEST_F(MaskEdit, HoldsHoursToWhatReadsBack) {
+  TField field(mmHour);
+  field.Edit.SetLimitationMax(INT_MIN);
+  EXPECT_EQ(field.Do(u"1⇄").Shown(), u"[-2000000000:00]");
+  EXPECT_EQ(field.Do(u"⇄").Shown(), u"[-2000000000:00]");
+}
+
 TEST_F(MaskEdit, WritesNumbersAsToldAndShowsHints) {
   const struct {
     TVxMaskMode Mode;

@@ -155,8 +155,8 @@ TLimits<int64_t> THourKind::Limits(const TMaskRules& Rules) noexcept {
   auto limits = TimeLimits<int64_t>(Rules, [](TDateTime limit) { return MinutesOf(Extended(limit) * 1440); });
   // The limits in whole hours narrow those, unless they are the ones that every such field begins with.
   std::optional<int64_t> low, high;
-  if (Rules.iMMMin != -kMostHours) low = Rules.iMMMin * int64_t{60};
-  if (Rules.iMMMax != kMostHours) high = Rules.iMMMax * int64_t{60};
+  if (Rules.iMMMin != -kMostHours) low = MinutesOf(Rules.iMMMin * Extended{60});
+  if (Rules.iMMMax != kMostHours) high = MinutesOf(Rules.iMMMax * Extended{60});
   const auto whole = LimitsOf<int64_t>(Rules, Rules.iMMMin != 0 || Rules.iMMMax != 0, low, high);
   if (whole.Low) limits.Low = limits.Low ? std::max(*limits.Low, *whole.Low) : *whole.Low;
   if (whole.High) limits.High = limits.High ? std::min(*limits.High, *whole.High) : *whole.High;
