@@ -211,7 +211,13 @@ FUZZ(Input) {
     const bool wraps = width > 0 && rect.Right > 0;
     Check(!wraps || MayBeSoWide(line, width, overhang), "lines end at the right side");
     isInside = isInside && line.Width() <= width;
-    for (int c = 0; c < line.GetCount(); ++c) isInside = isInside && line.Get(c)->GetSize() >= 1;
+    int ascent = 0;
+    for (int c = 0; c < line.GetCount(); ++c) {
+      isInside = isInside && line.Get(c)->GetSize() >= 1;
+      ascent = std::max(ascent, line.Get(c)->BaseLine());
+    }
+    // The line of a broken word stands on the base line of the word's largest letters, which may be in another line.
+    isInside = isInside && line.GetBaseLine() <= ascent;
     Check(total < std::max(height, 0), "lines begin above the lower side");
     total += line.Height();
     if (!lines->Overflow && line.GetCount() > 0) Check(total <= height, "what fits ends above the lower side");
