@@ -15,8 +15,8 @@
 // stand on each page, as do fixed columns at the left; where they would leave less than half of the room they don't.
 // Columns that don't fit go on pages of their own, to be laid side by side: these follow one another before the next
 // rows come. A row is only cut if it is higher than a page, and a column if it is wider. With a PrintPageColumns above
-// 1 a narrow table stands on each page in so many strips, if all of its columns fit into one. The legend of the table's
-// images comes below the last row, or on a page of its own.
+// 1 a narrow table stands on each page in up to so many strips, as many as have room for all of its columns. The legend
+// of the table's images comes below the last row, or on pages of its own.
 //
 // Sizes are trimmed for the paper as TDecoratorCanvas does it, with the room between the margins. Nothing is kept of
 // the rows but their heights.

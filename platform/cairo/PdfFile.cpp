@@ -31,7 +31,11 @@ class TSpool {
   }
   // EWriteError that names the file, if the temporary one could not take all.
   void WriteTo(const String& Filename) {
-    if (!FIsWhole || std::fflush(FFile.get()) != 0) {
+    if (FIsWhole && std::fflush(FFile.get()) != 0) {
+      FError = errno;
+      FIsWhole = false;
+    }
+    if (!FIsWhole) {
       throw EWriteError(Concat({u"Cannot write file \"", Filename, u"\". ", SysErrorMessage(FError)}));
     }
     ReplaceFileContent(Filename, FSize, [&](int64_t at) { return PieceAt(at); });

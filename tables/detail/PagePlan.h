@@ -1,8 +1,8 @@
 // Where the columns and rows of a table stand when it is put on pages. Knows sizes in pixels only.
 //
 // Example: columns of 40, 60 and 60 pixels, the first one fixed, on pages that are 120 wide:
-//   TPagePlan plan({.ColWidths = widths, .RowHeights = heights, .Fixed = {1, 1, 0, 0}, .Room = {120, 300}});
-//   plan.GetPage(1).Cols;    // the fixed column 0, then column 2
+//   TPagePlan plan({.ColWidths = widths, .RowHeights = heights, .FixedCols = 1, .FixedRows = 1, .Room = {120, 300}});
+//   plan.GetPage(1).Cols;    // column 2, beside the fixed column 0
 //
 // A band is a run of columns, or of rows, that stands on one page. Bands are found in one pass; what is kept is a
 // place for each band, none for each row.

@@ -5,9 +5,9 @@
 
 #include "platform/CodePage.h"
 #include "platform/Dialogs.h"
-#include "platform/Files.h"
 #include "platform/SafeFiles.h"
 #include "tools/vxtab/Arguments.h"
+#include "tools/vxtab/TableFiles.h"
 
 namespace vx::vxtab {
 
@@ -31,22 +31,16 @@ class TDialogWatch {
   TDialogSink FBefore;
 };
 
-std::string ReadBytes(const std::string& Name) {
-  try {
-    TFileStream file(String::FromUtf8(Name), fmOpenRead | fmShareDenyNone);
-    std::string bytes(static_cast<size_t>(file.GetSize()), '\0');
-    file.ReadBuffer(bytes.data(), file.GetSize());
-    return bytes;
-  } catch (const Exception& e) {
-    throw TFailure(e.GetMessage().ToUtf8());
-  }
-}
-
 }  // namespace
 
 std::unique_ptr<TDecorationList> LoadLook(const std::string& Name) {
   auto look = std::make_unique<TDecorationList>();
-  const std::string bytes = ReadBytes(Name);
+  std::string bytes;
+  try {
+    bytes = ReadBytes(String::FromUtf8(Name));
+  } catch (const Exception& e) {
+    throw TFailure(e.GetMessage().ToUtf8());
+  }
   TDialogWatch watch;
   look->SetCommatext(GetSystemCodePage().Decode(bytes));
   if (watch.HasSeenAny()) throw TFailure(Name + " is no whole look of a table");

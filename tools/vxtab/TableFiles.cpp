@@ -48,13 +48,6 @@ auto Naming(const std::string& Name, F Action) {
   throw TFailure(isComplete ? text : Name + ": " + text);
 }
 
-std::string ReadBytes(const String& Path) {
-  TFileStream file(Path, fmOpenRead | fmShareDenyNone);
-  std::string bytes(static_cast<size_t>(std::max<int64_t>(file.GetSize(), 0)), '\0');
-  bytes.resize(file.Read(bytes.data(), bytes.size()));
-  return bytes;
-}
-
 void CopyStream(std::istream& In, const String& Path) {
   TFileStream file(Path, fmCreate | fmShareDenyWrite);
   std::string buffer(1 << 20, '\0');
@@ -333,6 +326,13 @@ void CopyInto(const String& Path, const std::string& Name) {
 }
 
 }  // namespace
+
+std::string ReadBytes(const String& Path) {
+  TFileStream file(Path, fmOpenRead | fmShareDenyNone);
+  std::string bytes(static_cast<size_t>(std::max<int64_t>(file.GetSize(), 0)), '\0');
+  bytes.resize(file.Read(bytes.data(), bytes.size()));
+  return bytes;
+}
 
 std::unique_ptr<TLoadedFile> LoadTable(const std::string& Name, const TReading& Reading, std::istream& In,
                                        TReporter& Reporter) {

@@ -42,6 +42,9 @@ struct TLoadedFile {
 std::unique_ptr<TLoadedFile> LoadTable(const std::string& Name, const TReading& Reading, std::istream& In,
                                        TReporter& Reporter);
 
+// The whole file. Raises EFOpenError and EReadError, which name it.
+std::string ReadBytes(const String& Path);
+
 // Raises TFailure unless Name can be a table's target: a known extension, no directory, not read-only;
 // TUsageError for "-".
 void CheckTarget(const std::string& Name);
