@@ -3,7 +3,8 @@
 #   CheckHeaders.sh COMPILER ROOT FOLDER...
 # A header that a source of the build includes before anything else has compiled alone with that source, and so has one
 # that such a header includes first. Only the others are compiled here. Headers under a folder that is missing are none.
-# Those of platform/cairo need the options of DRAWING_INCLUDES, and without them are left out.
+# Those of platform/cairo need the options of DRAWING_INCLUDES and those of windows DESKTOP_INCLUDES; without them they
+# are left out.
 set -eu
 CXX=$1
 cd "$2"
@@ -12,7 +13,9 @@ export CXX
 for folder; do [ ! -d "$folder" ] || folder_list="${folder_list:-} $folder"; done
 # shellcheck disable=SC2086
 headers=$(find ${folder_list} -name '*.h' | sort)
+windows='^(tests/)?desktop/|^tools/vxview/|^(tests/)?tools/vxview|^examples/desktop'
 [ -n "${DRAWING_INCLUDES:-}" ] || headers=$(echo "$headers" | grep -v '^platform/cairo/')
+[ -n "${DESKTOP_INCLUDES:-}" ] || headers=$(echo "$headers" | grep -vE "$windows")
 [ -n "$headers" ] || { echo "no headers under $*"; exit 1; }
 
 # The headers of the list that no source of ours proves; a fault for each without #pragma once before its code.
@@ -20,6 +23,7 @@ headers=$(find ${folder_list} -name '*.h' | sort)
 # shellcheck disable=SC2086
 sources=$(find ${folder_list} -name '*.cpp' ! -path 'tests/consumer/*' ! -path 'tests/oracle/*' ! -path 'fuzz/*')
 [ -n "${DRAWING_INCLUDES:-}" ] || sources=$(echo "$sources" | grep -v '/cairo/')
+[ -n "${DESKTOP_INCLUDES:-}" ] || sources=$(echo "$sources" | grep -vE "$windows")
 # shellcheck disable=SC2086
 left=$(awk -v headers="$headers" '
   # What the file includes first, "-" if anything else comes before.
@@ -40,7 +44,7 @@ if echo "$left" | grep ': '; then exit 1; fi
 echo "$left" | xargs -r -P 2 -n 4 sh -c '
   status=0
   for header; do
-    "$CXX" -std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wshadow -Werror -I. ${DRAWING_INCLUDES:-} -x c++ \
+    "$CXX" -std=c++20 -fsyntax-only -Wall -Wextra -Wpedantic -Wshadow -Werror -I. ${DRAWING_INCLUDES:-} ${DESKTOP_INCLUDES:-} -x c++ \
       -include "$header" -include "$header" /dev/null || { echo "$header does not compile alone"; status=1; }
   done
   exit $status' sh

@@ -1,15 +1,19 @@
 # Every source of the tree is part of the build, so that no test is forgotten:
-#   cmake -DBUILD=<build directory> [-DDRAWING=<whether vxlib::drawing is built>] -P cmake/CheckSources.cmake
+#   cmake -DBUILD=<build directory> [-DDRAWING=<whether vxlib::drawing is built>]
+#         [-DDESKTOP=<whether vxlib::desktop is built>] -P cmake/CheckSources.cmake
 cmake_minimum_required(VERSION 3.25)
 get_filename_component(root ${CMAKE_CURRENT_LIST_DIR} DIRECTORY)
 file(READ ${BUILD}/compile_commands.json commands)
 set(forgotten)
-foreach(folder core objects tables services rendering controls platform tools examples tests)
+foreach(folder core objects tables services rendering controls desktop platform tools examples tests)
   file(GLOB_RECURSE sources RELATIVE ${root} ${root}/${folder}/*.cpp)
   # The strangers have a build of their own, and the oracles and spreadsheets need libraries that not every machine has.
   list(FILTER sources EXCLUDE REGEX "^(tests/(consumer|oracle)|tools/vxtab/Spreadsheet)")
   if(NOT DRAWING)
     list(FILTER sources EXCLUDE REGEX "^(platform|tests/platform)/cairo/|^examples/(cells|gauge_strip|name_list|reduce_colours|rich_text)|CellPictures")
+  endif()
+  if(NOT DESKTOP)
+    list(FILTER sources EXCLUDE REGEX "^(tests/)?desktop/|^(tests/)?tools/vxview|^examples/desktop")
   endif()
   foreach(source IN LISTS sources)
     string(FIND "${commands}" "${root}/${source}\"" at)

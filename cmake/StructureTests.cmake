@@ -9,7 +9,7 @@ add_test(NAME structure.includes COMMAND ${CMAKE_COMMAND} -P ${vx_cmake}/CheckIn
 add_test(NAME structure.include_check COMMAND ${CMAKE_COMMAND} -DCHECK=${vx_cmake}/CheckIncludes.cmake
   -DDIR=${PROJECT_BINARY_DIR}/include_check -P ${PROJECT_SOURCE_DIR}/tests/cmake/CheckIncludes_test.cmake)
 add_test(NAME structure.headers COMMAND sh ${vx_cmake}/CheckHeaders.sh ${CMAKE_CXX_COMPILER} ${PROJECT_SOURCE_DIR}
-  core objects tables services rendering controls platform tools examples tests fuzz)
+  core objects tables services rendering controls desktop platform tools examples tests fuzz)
 add_test(NAME structure.readme COMMAND ${CMAKE_COMMAND} -P ${vx_cmake}/CheckReadme.cmake)
 add_test(NAME structure.examples COMMAND sh ${vx_cmake}/CheckExamples.sh ${CMAKE_CXX_COMPILER} ${PROJECT_SOURCE_DIR}
   ${PROJECT_BINARY_DIR}/examples_of_headers $<TARGET_FILE:vxlib> -lpthread ${VX_PCRE2_LDFLAGS})
@@ -19,12 +19,20 @@ add_test(NAME structure.examples_check COMMAND sh ${PROJECT_SOURCE_DIR}/tests/cm
 if(TARGET vxlib_drawing)
   list(TRANSFORM VX_DRAWING_LIBS_INCLUDE_DIRS PREPEND "-I" OUTPUT_VARIABLE vx_drawing_includes)
   list(JOIN vx_drawing_includes " " vx_drawing_includes)
-  set_tests_properties(structure.headers PROPERTIES ENVIRONMENT "DRAWING_INCLUDES=${vx_drawing_includes}")
+  set(vx_header_options "DRAWING_INCLUDES=${vx_drawing_includes}")
 endif()
+if(TARGET vxlib_desktop)
+  set(vx_desktop_includes -fPIC ${Qt6Core_INCLUDE_DIRS} ${Qt6Gui_INCLUDE_DIRS} ${Qt6Widgets_INCLUDE_DIRS}
+    ${Qt6PrintSupport_INCLUDE_DIRS} ${Qt6Test_INCLUDE_DIRS})
+  list(TRANSFORM vx_desktop_includes REPLACE "^/" "-isystem/")
+  list(JOIN vx_desktop_includes " " vx_desktop_includes)
+  list(APPEND vx_header_options "DESKTOP_INCLUDES=${vx_desktop_includes}")
+endif()
+set_tests_properties(structure.headers PROPERTIES ENVIRONMENT "${vx_header_options}")
 if(CMAKE_EXPORT_COMPILE_COMMANDS)
   add_test(NAME structure.sources
     COMMAND ${CMAKE_COMMAND} -DBUILD=${PROJECT_BINARY_DIR} -DDRAWING=$<TARGET_EXISTS:vxlib_drawing>
-      -P ${vx_cmake}/CheckSources.cmake)
+      -DDESKTOP=$<TARGET_EXISTS:vxlib_desktop> -P ${vx_cmake}/CheckSources.cmake)
 endif()
 
 # A stranger's project: against the installed package, and with the tree as a part of its own.

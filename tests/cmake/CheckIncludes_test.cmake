@@ -9,6 +9,7 @@ platform/posix: platform platform/os <h>
 core: platform
 objects: platform core
 tables: platform core
+desktop: platform <Q>
 tests: * <h>
 ")
 
@@ -51,6 +52,8 @@ expect("unknown folder" "unknown folder" core/A.cpp "#include \"cors/A.h\"")
 expect("system header above" "core/A.cpp:2: a system header that core/ must not include" core/A.cpp "#include <sys/stat.h>")
 expect("system header outside posix" "platform/A.cpp:2: a system header that platform/ must not include"
   platform/A.cpp "#include <unistd.h>")
+expect("Qt where it belongs" GOOD desktop/A.cpp "#include <QWidget>")
+expect("Qt below" "core/A.cpp:2: a header of Qt" core/A.cpp "#include <QString>")
 expect("a part of a folder is not the folder" "core/A.cpp:2: core/ must not include platform/os/"
   core/A.cpp "#include \"platform/os/O.h\"")
 expect("detail of the own folder" GOOD objects/U/A.cpp "#include \"objects/U/detail/D.h\"" objects/U/detail/D.h "// nothing")
