@@ -46,6 +46,12 @@ uint16_t KeyFromQt(int Key) noexcept {
       return vkReturn;
     case Qt::Key_Escape:
       return vkEscape;
+    case Qt::Key_Space:
+      return vkSpace;
+    case Qt::Key_PageUp:
+      return vkPrior;
+    case Qt::Key_PageDown:
+      return vkNext;
     case Qt::Key_End:
       return vkEnd;
     case Qt::Key_Home:
@@ -62,6 +68,10 @@ uint16_t KeyFromQt(int Key) noexcept {
       return vkDelete;
     case Qt::Key_A:
       return vkA;
+    case Qt::Key_F2:
+      return vkF2;
+    case Qt::Key_F3:
+      return vkF3;
     default:
       return 0;
   }
