@@ -10,6 +10,8 @@
 //   chosen.Add(vx::TIdEvent::Of<&TPatientView::Show>(view));
 //   chosen.Emit(&list, 4711);                                  // view.Show(&list, 4711)
 //   chosen.Remove(vx::TIdEvent::Of<&TPatientView::Show>(view));
+//   int last = 0;
+//   vx::TConnection heard = chosen.Connect([&](vx::TObject*, int id) { last = id; });   // until heard ends
 //
 // Handlers are called in the order in which they were added. While a signal is emitted they may do what they
 // like with it: one that is removed before its turn is not called, one that is added is not called in this
@@ -17,7 +19,7 @@
 // again starts an emission of its own. What one throws ends the emission and reaches the caller of Emit.
 //
 // Pitfalls:
-//   - A handler's object must live until it is removed.
+//   - A handler's object must live until it is removed. That of Connect removes itself (platform/Connection.h).
 //   - The list holds the newest handler first: the first one that was added has the highest index.
 //   - One thread at a time.
 #pragma once

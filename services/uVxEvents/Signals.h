@@ -3,9 +3,11 @@
 
 #include <memory>
 #include <span>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 
+#include "platform/Connection.h"
 #include "platform/Method.h"
 #include "platform/TObject.h"
 #include "services/uVxEvents/HandlerList.h"
@@ -39,6 +41,8 @@ class TEventHandler<TSelf, Method<void(Args...)>> : public TObject {
     const TEvent event = iEvent;
     event(std::forward<Args>(Arguments)...);
   }
+  // The code of a method that does nothing.
+  static void Nothing(void*, Args...) {}
 
  private:
   TEvent iEvent;
@@ -50,6 +54,14 @@ template <typename THandler>
 class TSignal : public TObject {
  public:
   using TEvent = typename THandler::TEvent;
+  TSignal() noexcept = default;
+  ~TSignal() override {
+    if (FSelf) *FSelf = nullptr;
+  }
+  // Lambda is called as a method that was added, until the result ends: it takes the event's arguments, or none. The
+  // signal may go first.
+  template <HandlerOf<TEvent> F>
+  TConnection Connect(F&& Lambda);
   // A method that is there already keeps its place: it is called once. The result is its index, 0 for a new one.
   int Add(TEvent Event);
   // An unknown method is ignored.
@@ -84,6 +96,20 @@ class TSignal : public TObject {
   }
 
   TNotifyHandlerList HandlerList;
+
+ private:
+  // Where a connection's handler is heard.
+  struct TPlace {
+    std::shared_ptr<TSignal*> Signal;
+    bool Has(const TEvent& Event) const noexcept { return *Signal != nullptr && (*Signal)->IndexOf(Event) >= 0; }
+    void Drop(const TEvent& Event) noexcept {
+      if (*Signal != nullptr) (*Signal)->Drop(Event);
+    }
+  };
+  // As Remove. Where memory is lacking the handler stays, and calls nothing any more.
+  void Drop(const TEvent& Event) noexcept;
+
+  std::shared_ptr<TSignal*> FSelf;  // once there was a connection; nullptr in it when the signal is gone
 };
 
 template <typename THandler>
@@ -110,6 +136,27 @@ template <typename THandler>
 void TSignal<THandler>::Remove(TEvent Event) {
   const int index = IndexOf(Event);
   if (index >= 0) HandlerList.Delete(index);
+}
+
+template <typename THandler>
+template <HandlerOf<typename THandler::TEvent> F>
+TConnection TSignal<THandler>::Connect(F&& Lambda) {
+  if (!FSelf) FSelf = std::make_shared<TSignal*>(this);
+  auto* connected =
+      new detail::TConnectedLambda<TPlace, std::remove_cvref_t<F>, TEvent>(TPlace{FSelf}, std::forward<F>(Lambda));
+  TConnection result(connected);
+  Add(connected->GetEvent());
+  return result;
+}
+
+template <typename THandler>
+void TSignal<THandler>::Drop(const TEvent& Event) noexcept {
+  try {
+    Remove(Event);
+  } catch (...) {
+    const int index = IndexOf(Event);
+    if (index >= 0) GetEventHandler(index)->SetEvent({THandler::Nothing, nullptr});
+  }
 }
 
 class TNotifyEventHandler : public TEventHandler<TNotifyEventHandler, TNotifyEvent> {

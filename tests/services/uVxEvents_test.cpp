@@ -180,4 +180,88 @@ TEST(SignalFamilies, KeepTheirOwnRules) {
   second.reset(), list.Clear();
 }
 
+// Notes what a lambda does, and its end.
+struct TNoted {
+  std::string* Log;
+  std::shared_ptr<void> End{nullptr, [log = Log](void*) { *log += 'x'; }};
+};
+
+TEST(Connections, EndWithWhoeverEndsFirst) {
+  std::string log;
+  auto signal = std::make_unique<TIdSignal>();
+  TConnection kept, again;
+  auto hear = [&](char name) {
+    return [&log, name, noted = TNoted{&log}](TObject*, int id) { log.push_back(static_cast<char>(name + id)); };
+  };
+  const TCases<const char*, std::function<void()>, std::string> cases = {
+      {"in their order", [&] { kept = signal->Connect(hear('a')), again = signal->Connect(hear('m')); }, "ambn"},
+      {"assigned over", [&] { kept = signal->Connect(hear('d')); }, "xmdne"},
+      {"moved", [&] { again = std::move(kept); }, "xde"},
+      {"dropped at once", [&] { (void)signal->Connect(hear('q')); }, "xde"},
+      {"ended twice", [&] { again.Disconnect(), again.Disconnect(); }, "x"},
+      {"cleared", [&] { kept = signal->Connect(hear('a')), signal->GetHandlerList().Clear(); }, ""},
+      {"without arguments", [&] { kept = signal->Connect([&log] { log += '-'; }); }, "x--"},
+      {"ended by itself, then unheard",
+       [&] { kept = signal->Connect([&, n = TNoted{&log}] { kept = {}, log += '!'; }); }, "!x"},
+      {"emits and ends in the nested call",
+       [&] {
+         kept = signal->Connect([&, n = TNoted{&log}](TObject*, int id) {
+           id > 5 ? kept.Disconnect() : signal->Emit(nullptr, id + 6);
+           log += '.';
+         });
+       },
+       "..x"},
+      {"another one ended before its turn",
+       [&] {
+         kept = signal->Connect([&, n = TNoted{&log}] { again.Disconnect(), log += '1'; });
+         again = signal->Connect(hear('a'));
+       },
+       "x11"},
+      {"the signal goes in its handler",
+       [&] { kept = {}, again = signal->Connect([&, n = TNoted{&log}] { signal.reset(), log += '?'; }); }, "x?"}};
+  for (const auto& [what, act, told] : cases) {
+    log.clear();
+    act();
+    for (int id : {0, 1}) {
+      if (signal) signal->Emit(nullptr, id);
+    }
+    EXPECT_EQ(log, told) << what;
+  }
+  EXPECT_EQ((TFacts{kept.IsConnected(), again.IsConnected()}), "no no");
+  again = {};
+  EXPECT_EQ(log, "x?x");
+  TProgressSignal progress;
+  TConnections all;
+  for (char name : {'a', 'b'})
+    all.Add(progress.Connect([&, name, n = TNoted{&log}](TObject*, int, int, bool& stop, TObject*) {
+      log += name, stop = stop || name == 'a';
+    }));
+  bool stop = false;
+  log.clear(), progress.Emit(nullptr, 1, 2, stop, nullptr), all.Disconnect();
+  EXPECT_EQ((TFacts{log, stop, all.GetCount(), progress.Count()}), "abxx yes 0 0");
+}
+
+TEST(Connections, OfAnEventLeaveAnotherHandlerAlone) {
+  struct TEvents {
+    TNotifyEvent Field;
+    const TNotifyEvent& Get() const noexcept { return Field; }
+    void Set(TNotifyEvent value) { Field = value; }
+  } events;
+  int heard = 0;
+  for (bool isProperty : {false, true}) {
+    auto connect = [&](int by) {
+      auto add = [&heard, by] { heard += by; };
+      return isProperty ? ConnectEvent(events, &TEvents::Get, &TEvents::Set, add) : ConnectEvent(events.Field, add);
+    };
+    heard = 0;
+    TConnection first = connect(1);
+    events.Field(nullptr);
+    TConnection second = connect(10);
+    events.Field(nullptr);
+    EXPECT_EQ((TFacts{first.IsConnected(), second.IsConnected(), heard}), "no yes 11");
+    first = {}, events.Field(nullptr), second = {};
+    EXPECT_EQ((TFacts{bool(events.Field), heard}), "no 21");
+  }
+}
+
 }  // namespace
