@@ -4,7 +4,6 @@
 #include "platform/TRecordingCanvas.h"
 #include "tests/support/Test.h"
 
-namespace vx {
 namespace {
 
 // A view with a bar that has an item for each column.
@@ -435,4 +434,3 @@ TEST(uVxFilter, Paints) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,8 +1,5 @@
 #include "controls/uVxGauge.h"
 
-#include <mutex>
-#include <thread>
-
 #include "platform/Drawing.h"
 #include "platform/MainThread.h"
 #include "platform/TRecordingCanvas.h"
@@ -11,9 +8,6 @@
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
-using namespace vx::test;
 
 constexpr Extended kInf = std::numeric_limits<Extended>::infinity(), kNan = std::numeric_limits<Extended>::quiet_NaN();
 

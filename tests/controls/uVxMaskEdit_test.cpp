@@ -7,9 +7,6 @@
 
 namespace {
 
-using namespace vx;
-using test::RaisedBy;
-
 constexpr TDateTime kToday = 42046.25;  // 11.02.2015 06:00
 
 // A field that a person has entered. In a script ↑ ↓ ← → are keys, ⇤ and ⇥ Home and End, ⌦ and \b the keys that

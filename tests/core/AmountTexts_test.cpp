@@ -3,12 +3,9 @@
 #include "core/DecimalFactor.h"
 #include "core/HourAmount.h"
 #include "core/MoneyText.h"
-#include "tests/support/Raised.h"
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 // What many texts give alike: a value, or what is wrong. In a text that is refused a ^ stands before the unit at fault;
 // the value stays as it was.

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 constexpr int64_t kMost = INT64_MAX;
 constexpr THourAmount Min(int64_t Minutes) { return THourAmount::FromMinutes(Minutes); }
 

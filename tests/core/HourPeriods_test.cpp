@@ -6,8 +6,6 @@
 
 namespace {
 
-using namespace vx;
-
 // The parts from a moment, each as its end, weekday, N for night, hours by the clock and elapsed. A blank before a
 // moment tells the second of a doubled hour. The parts make up the whole.
 std::string PartsOf(const char* From, const char* To, TPeriodCuts Cuts, TClockWindow Night = {}) {

@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 constexpr int64_t kMost = INT64_MAX;
 constexpr Currency Units(int64_t Count) { return Currency::FromUnits(Count); }
 

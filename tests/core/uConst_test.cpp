@@ -8,8 +8,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(FieldTypes, TextsAndNumbers) {
   String german, internal;
   for (int i = -1; i < 256; ++i) {

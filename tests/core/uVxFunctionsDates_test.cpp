@@ -6,8 +6,6 @@
 
 namespace {
 
-using namespace vx;
-
 TDateTime Time(int Hour, int Minute = 0, int Second = 0, int MSec = 0) {
   return Hour / 24 + EncodeTime(Hour % 24, Minute, Second, MSec);
 }

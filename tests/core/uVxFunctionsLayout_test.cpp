@@ -3,8 +3,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(Colors, BrightnessChangesAndTexts) {
   const TCases<TColor, TColor> cases = {{0, 0},          {clWhite, 255},  {clRed, 76},
                                         {clBlue, 29},    {0x00FAFA, 222}, {0x00009E, 47},

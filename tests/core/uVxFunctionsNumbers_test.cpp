@@ -6,8 +6,6 @@
 
 namespace {
 
-using namespace vx;
-
 constexpr int64_t kMin = INT64_MIN, kMax = INT64_MAX;
 
 TEST(Rounding, MidpointsGoToTheEvenOneOrAwayFromZero) {

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 // Lists are written as their lighttexts here.
 struct TLines : TVxStringList {
   explicit TLines(std::u16string_view Lighttext) { SetLighttext(Lighttext); }

@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 // A text is no bool here, and a character no number.
 template <typename T>
 concept TBoolText = requires(T Value) {

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 constexpr double kMSec = 1.0 / 86400000;
 TDateTime Time(int Hour, int Minute, int Second = 0, int MSec = 0) { return VxEncodeTime(Hour, Minute, Second, MSec); }
 TDateTime Day(int Digits) { return VxIntToDate(Digits); }

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(Quoting, QuotesWhatHoldsASpaceQuoteOrComma) {
   const TCases<String, String> cases = {
       {u"abc", u"abc"},           {u"Max Meier", u"\"Max Meier\""},     {u"", u""},          {u"a,b", u"\"a,b\""},

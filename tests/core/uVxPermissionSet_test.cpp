@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(Permissions, TextsAndNumbers) {
   const TCases<String, int, TVxPermissionPart, TVxPermissionPart> parts = {
       {u"Schreiben", 2, ppWrite, ppWrite},     {u"Lesen/Ausführen", 1, ppRead, ppRead},

@@ -1,11 +1,7 @@
-#include <bit>
-
 #include "objects/uVxClasses.h"
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 TEST(IntegerLists, ReadAndWriteTexts) {
   const TCases<String, String, String, String> cases = {

@@ -3,8 +3,6 @@
 
 namespace {
 
-using namespace vx;
-
 std::string Log;
 std::function<void()> OnGone;
 

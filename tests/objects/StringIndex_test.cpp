@@ -1,13 +1,9 @@
-#include <thread>
-
 #include "objects/uVxClasses.h"
 #include "objects/uVxGenerics.h"
 #include "objects/uVxObjects.h"
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 constexpr TVxStringIndexOptions kOwns{vxioOwnsObjects}, kOwnsAnyCase{vxioOwnsObjects, vxioNotCaseSensitive};
 

@@ -6,8 +6,6 @@
 
 namespace {
 
-using namespace vx;
-
 template <typename T>
 concept TWritable = requires(T Value) {
   TVxString::ToString(Value);

@@ -3,7 +3,6 @@
 #include "fuzz/support/PlainReplacer.h"
 #include "tests/support/Test.h"
 
-namespace vx {
 namespace {
 
 using TTexts = std::vector<String>;
@@ -87,4 +86,3 @@ TEST(StringReplacer, BearsManyMatches) {
 }
 
 }  // namespace
-}  // namespace vx

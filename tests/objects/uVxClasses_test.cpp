@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(Lists, RaiseTheListErrorsWithTheirTexts) {
   void (*runs[])(TTextList&, int) = {
       [](TTextList& l, int i) { l.Get(i); },         [](TTextList& l, int i) { l.Put(i, u"x"); },

@@ -1,13 +1,8 @@
 #include "objects/uVxContnrs.h"
 
-#include <atomic>
-#include <thread>
-
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 char pool[128];
 void* P(char name) { return &pool[static_cast<int>(name)]; }

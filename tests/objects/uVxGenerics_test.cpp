@@ -6,8 +6,6 @@
 
 namespace {
 
-using namespace vx;
-
 struct TCard {
   int Key, Arrival;
   friend bool operator==(const TCard&, const TCard&) = default;

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 TDataHeads Heads(String Marker, const TVxClass& Class, TDataHeads Above, TDataHeads Own) {
   TDataHeadRecordList heads(Marker, Class.ClassName(), &Class);
   return heads.AddRange(Above), heads.AddRange(Own), heads.getDHRecords();

@@ -4,10 +4,7 @@
 #include "platform/Collation.h"
 #include "tests/support/Test.h"
 
-namespace vx {
 namespace {
-
-using test::RaisedBy;
 
 constexpr int kMany = 100000;
 const String kBadNode = u"Ungültige Referenzierung auf Node!";
@@ -512,4 +509,3 @@ TEST(TVxTextNode, StandsManyNodes) {
 }
 
 }  // namespace
-}  // namespace vx

@@ -1,11 +1,5 @@
 #include "platform/BulkMemory.h"
 
-#include <unistd.h>
-
-#include <cstring>
-#include <fstream>
-#include <thread>
-
 #include "objects/uVxClasses.h"
 #include "platform/StringArena.h"
 #include "tests/support/Test.h"
@@ -14,8 +8,6 @@
 #endif
 
 namespace {
-
-using namespace vx;
 
 size_t ResidentBytes() {
   size_t all, resident;

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 constexpr double kMs = 1.0 / MSecsPerDay;
 constexpr TDateTime kNone = -77777;
 

@@ -3,13 +3,10 @@
 #include <signal.h>
 #include <sys/time.h>
 #include <time.h>
-#include <unistd.h>
 
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 constexpr double kMs = 1.0 / 86400000.0;
 // The days on which summer time begins and ends in 2026.

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(CodePageTest, EveryPageHoldsItsCharactersAndMapsEveryByteBack) {
   // FNV-1a over the 256 code units, taken from the tables of another converter.
   const std::pair<int, uint32_t> pages[] = {{437, 0x4D308040},   {850, 0xC42996D0},   {852, 0x4D591DEB},

@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 int Sign(int Value) { return (Value > 0) - (Value < 0); }
 const std::u16string kNasty =
     u"aAäÄáeEsSßẞſæÆǽœøﬁﬃ½…ıIİǆǅǄ中αжЖ \u0301\u0308\u0344\u0300\u0323\u035D\u00AD\uFEFF-1²³ṩǖｓＳ″ɦꞪΘθςσ" +

@@ -8,8 +8,6 @@
 
 namespace {
 
-using namespace vx;
-
 // Writes down what controls tell.
 struct TLog {
   std::string Text;

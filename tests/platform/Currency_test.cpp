@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 constexpr int64_t kMax = INT64_MAX, kRaises = 77777;
 constexpr Currency Units(int64_t Count) { return Currency::FromUnits(Count); }
 static_assert(Currency(-3).Units == -30000 && Currency(922337203685477).Units == 9223372036854770000);

@@ -1,16 +1,10 @@
 #include "platform/Dialogs.h"
 
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include "platform/Graphics.h"
 #include "platform/Shell.h"
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 TEST(DialogsTest, DefaultSinkWritesToStandardErrorAndAnswersOk) {
   testing::internal::CaptureStderr();

@@ -1,16 +1,8 @@
 #include "platform/Files.h"
 
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
-
-using test::GetText, test::RaisedBy;
 
 bool Opens(const String& path, uint32_t mode) {
   return RaisedBy<EStreamError>([&] { TFileStream file(path, mode); }).empty();

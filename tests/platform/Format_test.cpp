@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 using TValues = std::initializer_list<TFormatArg>;
 
 TEST(Format, PutsValuesInTheirPlaces) {

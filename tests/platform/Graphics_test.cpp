@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 const TCases<String, TColor> kNames = {
     {u"clMaroon", clMaroon},         {u"clBlack", clBlack},
     {u"clGreen", clGreen},           {u"clNavy", clNavy},

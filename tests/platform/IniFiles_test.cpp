@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 // Searches of a list against those of a plain one, under random changes of both.
 TEST(HashedStringList, FindsTheFirstWhateverChanges) {
   const std::vector<String> names({u"", u"a", u"A", u"ä", u"Ä", u"ß", u"zZ[{`@", u"Straße", u"STRAßE",

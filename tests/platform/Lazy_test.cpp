@@ -1,15 +1,9 @@
 #include "platform/Lazy.h"
 
-#include <stdexcept>
-#include <thread>
-#include <vector>
-
 #include "platform/FreeBuffers.h"
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 struct TCounted {
   TCounted() { ++Made; }

@@ -1,5 +1,4 @@
 // TObjectList and the protocol of TStrings.
-#include <random>
 
 #include "core/uVxFunctionsSerialize.h"
 #include "objects/uVxClasses.h"
@@ -11,8 +10,6 @@
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 struct TNotedList : TObjectList {
   using TObjectList::TObjectList;

@@ -7,8 +7,6 @@
 
 namespace {
 
-using namespace vx;
-
 using namespace std::literals;
 
 TEST(Encoding, DetectsDecodesAndEncodes) {

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 constexpr int64_t kMax = INT64_MAX, kMin = INT64_MIN;
 constexpr Currency Units(int64_t Count) { return Currency::FromUnits(Count); }
 String Digits(int Count, char16_t Digit = u'0') { return String(Count, Digit); }

@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(Paths, MapsTheGrammarToTheLocalFileSystem) {
   TPathMap map;
   map.SetDrive(u'd', "/srv/daten/"), map.SetShare(u"Server\\Pflege", "/mnt/pflege");

@@ -1,19 +1,12 @@
 #include "platform/SafeFiles.h"
 
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
-
 #include <csignal>
 
 #include "tests/support/Test.h"
 
 namespace {
 
-using namespace vx;
-
 namespace fs = std::filesystem;
-using test::GetText, test::PutText, test::RaisedBy;
 
 class SafeFiles : public testing::Test {
  protected:

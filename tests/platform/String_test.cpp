@@ -1,13 +1,9 @@
 #include "platform/String.h"
 
-#include <thread>
-
 #include "platform/StringArena.h"
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 std::u16string Letters(size_t Length) {
   std::u16string text;

@@ -1,12 +1,8 @@
 #include "platform/System.h"
 
-#include <sys/stat.h>
-
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 // A system of its own in a fresh directory.
 class SystemTest : public testing::Test {

@@ -7,8 +7,6 @@
 
 namespace {
 
-using namespace vx;
-using test::RaisedBy;
 using TPixels = std::vector<uint32_t>;
 
 constexpr TPixelFormat kFormats[] = {pf1bit, pf4bit, pf8bit, pf15bit, pf16bit, pf24bit, pf32bit, pfDevice};

@@ -6,11 +6,9 @@
 #include "tests/support/Canvas.h"
 #include "tests/support/Test.h"
 
-namespace vx {
 namespace {
 
 using TStep = void (*)(TCanvas&);
-using test::Box, test::Brush, test::Pen;
 
 // What the steps leave in the lines, without the last line break.
 String Drawn(TStep Step, const TRecordingSurface& Surface = {}) {
@@ -208,4 +206,3 @@ TEST(Drawing, PixelsPerInchCanBeReplaced) {
 }
 
 }  // namespace
-}  // namespace vx

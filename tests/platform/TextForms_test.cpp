@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 using std::u16string_view;
 using namespace std::string_view_literals;
 

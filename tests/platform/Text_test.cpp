@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(Text, TrimsUnitsUpTo32AtTheEndsOnly) {
   const TCases<String, String, String, String> cases = {{u"", u"", u"", u""},
                                                         {std::u16string_view(u" \t\r\n\0 ", 6), u"", u"", u""},

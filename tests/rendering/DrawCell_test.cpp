@@ -5,7 +5,6 @@
 #include "tests/support/PlainDecorator.h"
 #include "tests/support/Test.h"
 
-namespace vx::test {
 namespace {
 
 // A cell of a table of 4 columns and 10 rows, of which the first ones and the last row are fixed.
@@ -314,4 +313,3 @@ TEST(DrawCell, DrawsTheBorderOfTheTable) {
 }
 
 }  // namespace
-}  // namespace vx::test

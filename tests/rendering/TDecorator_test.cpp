@@ -6,7 +6,6 @@
 #include "tests/support/PlainDecorator.h"
 #include "tests/support/Test.h"
 
-namespace vx::test {
 namespace {
 
 // Behind what is drawn as a fraction stands "#".
@@ -224,4 +223,3 @@ TEST(Decorator, MeasuresACell) {
 }
 
 }  // namespace
-}  // namespace vx::test

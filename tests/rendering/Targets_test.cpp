@@ -6,7 +6,6 @@
 #include "rendering/uDecoration.h"
 #include "tests/support/Test.h"
 
-namespace vx::test {
 namespace {
 
 struct TRows : TCellSource {
@@ -345,4 +344,3 @@ TEST(Decorators, HandCellsToTheirPainter) {
 }
 
 }  // namespace
-}  // namespace vx::test

@@ -13,7 +13,6 @@ void PrintTo(const TRGB& Color, std::ostream* Stream) {
 
 namespace {
 
-using namespace vx;
 using TRow = std::vector<TRGB>;
 
 // One row of words, or of bytes.

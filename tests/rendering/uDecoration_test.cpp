@@ -7,9 +7,6 @@
 
 namespace {
 
-using namespace vx;
-using namespace vx::test;
-
 static_assert(TDecoration::IndexSort(INT_MIN, -1) == INT64_MAX);
 static_assert(TDecoration::IndexSort(2, -1) == 0x1FFFFFFFF);
 

@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(Gradient, GoesTheWayOfItsFlagUnlessSwitchedOff) {
   TRecordingCanvas canvas;
   const TBrush brush = canvas.GetBrush();

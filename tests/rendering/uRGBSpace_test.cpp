@@ -1,13 +1,9 @@
 #include "rendering/uRGBSpace.h"
 
-#include <array>
-#include <optional>
-
 #include "tests/support/Test.h"
 
 namespace {
 
-using namespace vx;
 using TCell = std::array<int, 3>;  // red, green, blue
 
 // The cut as plainly as it can be put: pixels are counted anew for each slab, boxes searched anew for each pixel.

@@ -4,7 +4,6 @@
 #include "platform/TRecordingCanvas.h"
 #include "tests/support/Test.h"
 
-namespace vx::test {
 namespace {
 
 // Tahoma 8 of the recording canvas: a letter is 7 wide, a blank 4, a line 14 high.
@@ -273,4 +272,3 @@ TEST(uVxTinyHTML, ReadsRtfAndWritesItsNormalForm) {
 }
 
 }  // namespace
-}  // namespace vx::test

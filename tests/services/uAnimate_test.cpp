@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 struct AnimateTest : testing::Test {
   ~AnimateTest() override { uAnimate::FreeBuffersForLeakPrevention(); }
   // The statistic without its head, cells joined by "|" and rows by "/".

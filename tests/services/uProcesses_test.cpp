@@ -1,11 +1,7 @@
 #include <fcntl.h>
 #include <signal.h>
-#include <sys/stat.h>
-#include <sys/wait.h>
-#include <unistd.h>
 
 #include <iomanip>
-#include <sstream>
 
 #include "platform/CommandLine.h"
 #include "platform/Desktop.h"
@@ -18,8 +14,6 @@
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 const String kNul(1, u'\0');
 

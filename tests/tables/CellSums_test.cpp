@@ -1,12 +1,8 @@
 #include "tables/CellSums.h"
 
-#include <sstream>
-
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
 
 // The sum, how many cells were read, empty and missing, and the unreadable ones.
 template <typename T>

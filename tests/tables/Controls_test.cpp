@@ -10,8 +10,6 @@
 
 namespace {
 
-using namespace vx;
-
 // Rows as commatexts with ";" between; "*" behind a cell with an object.
 std::string Text(const TStringGrid& Grid) {
   TFileCsv table;

@@ -1,19 +1,12 @@
 // Table files as other programs write them: read, written and back; what files can't hold; other forms of text.
 #include "tables/Csv.h"
 
-#include <random>
-
-#include "platform/CodePage.h"
 #include "tables/SavedTables.h"
 #include "tables/TableTexts.h"
-#include "tests/support/Cases.h"
 #include "tests/support/PlainTable.h"
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
-using test::Rows;
 
 std::string Json(const TFileCsv& Table) {
   std::string text = TableToJsonLines(Table, jrArrays);

@@ -5,9 +5,6 @@
 
 namespace {
 
-using namespace vx;
-using test::Rows;
-
 // A row that is counted, and that can refuse to take over another one's content.
 class TCountedRow : public TVxStringList {
  public:

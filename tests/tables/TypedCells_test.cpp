@@ -3,8 +3,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(TypedCells, TheLookOfATextDecidesItsType) {
   const TCases<TVxFieldType, std::vector<String>> cases = {
       {vftUnknown, {u""}},

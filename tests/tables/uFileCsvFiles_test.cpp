@@ -1,5 +1,4 @@
 // Table files: bytes to rows and back, and everything that can go wrong on the way.
-#include <unistd.h>
 
 #include "platform/Shell.h"
 #include "tables/uFileCsv.h"
@@ -7,10 +6,6 @@
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
-
-using test::GetText, test::PutText, test::ReadPlainly, test::Rows;
 
 struct TableFiles : testing::Test {
   std::vector<TCells> Load(const std::string& Bytes) {

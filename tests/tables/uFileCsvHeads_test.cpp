@@ -1,15 +1,9 @@
-#include <thread>
-
 #include "platform/Collation.h"
 #include "tables/uFileCsv.h"
 #include "tests/support/PlainTable.h"
 #include "tests/support/Test.h"
 
 namespace {
-
-using namespace vx;
-
-using test::Rows;
 
 class TLoudHead : public THeadCsv {  // a derived class: every change goes through the virtual operations
  public:

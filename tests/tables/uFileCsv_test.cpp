@@ -5,8 +5,6 @@
 
 namespace {
 
-using namespace vx;
-
 // The table as one text: cells joined by "|", rows by "/".
 String Show(const TFileCsv& Table) {
   String text;

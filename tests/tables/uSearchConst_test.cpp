@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 TEST(uSearchConst, EveryWordIsFoundByTextAndBySymbol) {
   struct {
     std::span<const std::u16string_view> Texts, Symbols;

@@ -4,8 +4,6 @@
 
 namespace {
 
-using namespace vx;
-
 // Each case has "<", "=" or ">" between its cells.
 TEST(uSort, ComparesCellsByTheirType) {
   const TCases<TVxFieldType, const char16_t*, TCells> cases = {

@@ -6,14 +6,9 @@
 #include "rendering/uDecoration/TDecoratorCanvas.h"
 #include "rendering/uDecoration/TDecoratorListView.h"
 #include "rendering/uDecoration/TDecoratorStringGrid.h"
-#include "tests/support/TempDir.h"
 #include "tests/support/Test.h"
 #include "tests/support/ViewWalk.h"
 
-namespace vx {
-using test::HiddenLines;
-using test::Names;
-using test::RaisedBy;
 namespace {
 
 // A table with the rows of Lines, each a commatext.
@@ -467,4 +462,3 @@ TEST(RenderLegend, ExplainsEachImageOnce) {
 }
 
 }  // namespace
-}  // namespace vx

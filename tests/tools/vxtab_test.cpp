@@ -1,9 +1,6 @@
 #include "tools/vxtab/Vxtab.h"
 
-#include <sstream>
-
 #include "platform/Drawing.h"
-#include "platform/Files.h"
 #include "tests/support/Test.h"
 #include "tools/vxtab/Painting.h"
 #include "tools/vxtab/SheetCells.h"
@@ -13,8 +10,6 @@
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
 
 namespace {
-
-using namespace vx;
 
 namespace fs = std::filesystem;
 struct TResult {

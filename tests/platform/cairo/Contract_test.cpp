@@ -1,5 +1,4 @@
 // What every surface keeps, whatever stands behind its canvas.
-#include <thread>
 
 #include "platform/TextBounds.h"
 #include "platform/cairo/CairoDrawing.h"

@@ -1,8 +1,5 @@
 #include "tests/platform/cairo/Devices.h"
 
-#include <array>
-#include <cstdlib>
-
 #include "platform/cairo/CairoDrawing.h"
 #include "tests/support/Test.h"
 

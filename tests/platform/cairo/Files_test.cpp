@@ -1,11 +1,9 @@
 // Fonts, and the files that drawing reads and writes.
-#include <cstdio>
 
 #include "platform/cairo/CairoDrawing.h"
 #include "tests/platform/cairo/Devices.h"
 #include "tests/support/Test.h"
 
-namespace vx::test {
 namespace {
 
 // What a program writes; "" if it is not installed.
@@ -248,4 +246,3 @@ TEST_F(DrawingFiles, ABitmapMayChangeUnderItsCanvas) {
 }
 
 }  // namespace
-}  // namespace vx::test
