@@ -6,7 +6,9 @@
 #include <cstdio>
 #include <cstdlib>
 #include <fstream>
+#include <iterator>
 #include <random>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -19,79 +21,39 @@ using namespace vx;
 constexpr int kExpressions = 1000;
 constexpr int kTextsEach = 8;
 
+std::vector<std::string> Words(const std::string& Text) {
+  std::istringstream words(Text);
+  return {std::istream_iterator<std::string>(words), {}};
+}
+
 class TGenerator {
  public:
   // Of pieces that meet each other often, now and then one that is wrong at its place.
   std::string Expression() {
-    static const char* const kPieces[] = {"a",
-                                          "b",
-                                          "ab",
-                                          "\\x{e4}",
-                                          "\\x{c4}",
-                                          "\\x{1f600}",
-                                          ".",
-                                          "\\w",
-                                          "\\W",
-                                          "\\d",
-                                          "\\s",
-                                          "\\b",
-                                          "\\B",
-                                          "^",
-                                          "$",
-                                          "\\A",
-                                          "\\z",
-                                          "\\R",
-                                          "\\X",
-                                          "\\.",
-                                          "[ab]",
-                                          "[^a]",
-                                          "[\\w\\W]*",
-                                          "[a-c\\x{e4}-\\x{fc}]",
-                                          "[[:upper:]]",
-                                          "\\p{Lu}",
-                                          "\\p{L}",
-                                          "\\P{Ll}",
-                                          "(?i)",
-                                          "(?=b)",
-                                          "(?!a)",
-                                          "(?<=a)",
-                                          "(?<!b)",
-                                          "\\1",
-                                          "(?1)",
-                                          "(?>a+)",
-                                          "(a)?(?(1)b|c)",
-                                          "\\Qa.b\\E",
-                                          "(?s).",
-                                          "(?m)^"};
-    static const char* const kRepeats[] = {"*", "+", "?", "{2}", "{1,2}", "*?", "++", "{0}"};
-    static const char* const kWrong[] = {"(",   ")",    "[",   "[b-a]",   "*",         "\\p{Xy}",
-                                         "\\C", "(?<n", "\\2", "(?<=a*)", "\\x{d800}", "(?P"};
+    static const auto kPieces = Words(
+        R"(a b ab \x{e4} \x{c4} \x{1f600} . \w \W \d \s \b \B ^ $ \A \z \R \X \. [ab] [^a] [\w\W]* [a-c\x{e4}-\x{fc}])"
+        R"( [[:upper:]] \p{Lu} \p{L} \P{Ll} (?i) (?=b) (?!a) (?<=a) (?<!b) \1 (?1) (?>a+) (a)?(?(1)b|c) \Qa.b\E)"
+        R"( (?s). (?m)^)");
+    static const auto kRepeats = Words("* + ? {2} {1,2} *? ++ {0}");
+    static const auto kWrong = Words(R"(( ) [ [b-a] * \p{Xy} \C (?<n \2 (?<=a*) \x{d800} (?P)");
+    const auto any = [&](const auto& words) { return words[static_cast<size_t>(Below(words.size()))]; };
     std::string result;
     int open = 0;
     for (int count = Below(7) + 1; count > 0; --count) {
-      if (Below(60) == 0) result += kWrong[Below(std::size(kWrong))];
-      switch (Below(10)) {
-        case 0:
-          result += '(';
-          ++open;
-          break;
-        case 1:
-          result += "(?:";
-          ++open;
-          break;
-        case 2:
-          if (open > 0) {
-            result += ')';
-            --open;
-          }
-          break;
-        case 3:
-          if (!result.empty()) result += '|';
-          break;
-        default:
-          result += kPieces[Below(std::size(kPieces))];
+      if (Below(60) == 0) result += any(kWrong);
+      const int kind = Below(10);
+      if (kind < 2) {
+        result += kind == 0 ? "(" : "(?:";
+        ++open;
+      } else if (kind == 2 && open > 0) {
+        result += ')';
+        --open;
+      } else if (kind == 3 && !result.empty()) {
+        result += '|';
+      } else if (kind > 3) {
+        result += any(kPieces);
       }
-      if (Below(4) == 0) result += kRepeats[Below(std::size(kRepeats))];
+      if (Below(4) == 0) result += any(kRepeats);
     }
     return result + std::string(static_cast<size_t>(open), ')');
   }
