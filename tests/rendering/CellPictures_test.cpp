@@ -1,9 +1,6 @@
 // Pictures of cells beside those that stand in pictures/. With VX_WRITE_PICTURES set they are written there anew, to be
 // looked at before they are kept.
-#include <cstdlib>
-#include <filesystem>
 
-#include "platform/Files.h"
 #include "platform/TBitmap.h"
 #include "platform/TImageList.h"
 #include "platform/cairo/CairoDrawing.h"
@@ -13,8 +10,6 @@
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
 
 namespace {
-
-using namespace vx;
 
 constexpr int kWidth = 120, kHeight = 26;
 // Letters look a little different from one version of the font's software to the next.
@@ -47,79 +42,42 @@ struct TScene {
   const char* Name;
   TPoint Cell;
   const char16_t* Text;
-  TDecorationDrawStates State;
-  void (*Decorate)(TDecorationList& List, TDecoration& Look);
+  TDecorationDrawStates State{};
+  TVxFieldType Type = vftUnknown;
+  TAlignSet Align{}, ImageAlign{};
+  int Image = -1, Zebra = 0;
+  const char16_t* Format = u"";
+  TTextAngle Angle = taNone;
+  TTrimModes Modes{};
+  TRect Stripes{};
 };
-
 const TScene kScenes[] = {
-    {"head", {0, 0}, u"Name", {}, [](auto&, auto&) {}},
-    {"head_hover", {0, 0}, u"Name", {ddsMouseOver}, [](auto&, auto&) {}},
-    {"head_pressed", {0, 0}, u"Name", {ddsMouseOver, ddsMouseDown}, [](auto&, auto&) {}},
-    {"head_sorted", {1, 0}, u"Betrag", {}, [](auto&, auto& look) { look.SetAlignSet({alClient}); }},
-    {"zebra_amount",
-     {1, 2},
-     u"1234,5",
-     {},
-     [](auto& list, auto& look) {
-       list.SetZebraLines(2);
-       look.SetFieldType(vftCurrency);
-       look.SetFormatString(u"x");
-       look.SetAlignSet({alRight});
-     }},
-    {"fraction", {1, 1}, u"12,75", {}, [](auto&, auto& look) { look.SetFieldType(vftFraction); }},
-    {"rich_text",
-     {1, 1},
-     u"<b>fett</b> und <u>unten</u>",
-     {},
-     [](auto&, auto& look) { look.SetFieldType(vftTinyHTML); }},
-    {"image_and_text",
-     {1, 1},
-     u"Müller",
-     {},
-     [](auto& list, auto& look) {
-       list.SetImageSpacing(4);
-       look.SetImageIndex(0);
-       look.SetImageAlignSet({alLeft});
-     }},
-    {"images",
-     {1, 1},
-     u"0,1,1",
-     {},
-     [](auto&, auto& look) {
-       look.SetFieldType(vftImage);
-       look.SetAlignSet({alClient});
-     }},
-    {"button",
-     {1, 1},
-     u"0,,1,1|boCircle||",
-     {ddsMouseOver},
-     [](auto&, auto& look) {
-       look.SetFieldType(vftButton);
-       look.SetAlignSet({alClient});
-     }},
-    {"turned", {1, 1}, u"Mo", {}, [](auto&, auto& look) { look.SetTextAngle(taVert); }},
-    {"shortened",
-     {1, 1},
-     u"Pflegestufe von Frau 12 2026",
-     {},
-     [](auto& list, auto&) { list.SetTrimModes({tmNumberProtection}); }},
-    {"selected_stripes", {1, 1}, u"gewählt", {ddsSelected}, [](auto&, auto& look) {
-       look.SetSelectRange(5, 0, 0, 3);
-       look.SetSelectColor(clRed, clSilver, clSilver, clBlue);
-     }}};
+    {"head", {0, 0}, u"Name"},
+    {"head_hover", {0, 0}, u"Name", {ddsMouseOver}},
+    {"head_pressed", {0, 0}, u"Name", {ddsMouseOver, ddsMouseDown}},
+    {"head_sorted", {1, 0}, u"Betrag", {}, vftUnknown, {alClient}},
+    {"zebra_amount", {1, 2}, u"1234,5", {}, vftCurrency, {alRight}, {}, -1, 2, u"x"},
+    {"fraction", {1, 1}, u"12,75", {}, vftFraction},
+    {"rich_text", {1, 1}, u"<b>fett</b> und <u>unten</u>", {}, vftTinyHTML},
+    {"image_and_text", {1, 1}, u"Müller", {}, vftUnknown, {}, {alLeft}, 0},
+    {"images", {1, 1}, u"0,1,1", {}, vftImage, {alClient}},
+    {"button", {1, 1}, u"0,,1,1|boCircle||", {ddsMouseOver}, vftButton, {alClient}},
+    {.Name = "turned", .Cell = {1, 1}, .Text = u"Mo", .Angle = taVert},
+    {.Name = "shortened", .Cell = {1, 1}, .Text = u"Pflegestufe von Frau 12 2026", .Modes = {tmNumberProtection}},
+    {.Name = "selected_stripes", .Cell = {1, 1}, .Text = u"gewählt", .State = {ddsSelected}, .Stripes = {5, 0, 0, 3}}};
 
 void Paint(const TScene& Scene, TBitmap& Bitmap) {
   TSorted table;
   TImages images;
   TDecorationList list(&table);
-  list.SetColCount(3);
-  list.SetRowCount(5);
-  list.SetFixed(0, 1, 0, 0);
-  list.SetMarginHoriz(3);
+  list.SetColCount(3), list.SetRowCount(5), list.SetFixed(0, 1, 0, 0), list.SetMarginHoriz(3);
   list.SetImageList(&images);
   list.SetFont({u"DejaVu Sans", clWindowText, {}, 9});
   TDecoration& look = *list.CreateRange(rtCell, Scene.Cell.X, Scene.Cell.Y, Scene.Cell.X, Scene.Cell.Y);
-  Scene.Decorate(list, look);
+  list.SetZebraLines(Scene.Zebra), list.SetImageSpacing(Scene.Image < 0 ? 1 : 4), list.SetTrimModes(Scene.Modes);
+  look.SetFieldType(Scene.Type), look.SetFormatString(Scene.Format), look.SetTextAngle(Scene.Angle);
+  look.SetAlignSet(Scene.Align), look.SetImageAlignSet(Scene.ImageAlign), look.SetImageIndex(Scene.Image);
+  look.SetSelectRange(Scene.Stripes), look.SetSelectColor(clRed, clSilver, clSilver, clBlue);
   Bitmap.SetPixelFormat(pf24bit);
   Bitmap.SetSize(kWidth, kHeight);
   Bitmap.GetCanvas().SetBrush({clWhite});
