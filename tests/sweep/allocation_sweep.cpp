@@ -3,8 +3,6 @@
 //
 // A program of its own, since it replaces operator new, malloc and realloc. Only allocations of the thread that works
 // fail.
-#include <atomic>
-#include <cstdlib>
 #include <new>
 
 #include "objects/uVxClasses.h"
@@ -90,7 +88,6 @@ void operator delete[](void* Place, size_t) noexcept { Free(Place); }
 void operator delete(void* Place, std::align_val_t) noexcept { Free(Place); }
 void operator delete(void* Place, size_t, std::align_val_t) noexcept { Free(Place); }
 
-namespace vx {
 namespace {
 
 using TWork = std::function<void()>;
@@ -102,7 +99,7 @@ class TRun {
   explicit TRun(int64_t Point) : FPoint(Point) {}
   // Does Work, that begins by itself from any state, with the failure, and then again without; State reads all of what
   // was worked on, also in between.
-  void operator()(const TWork& Work, const TState& State, const String& Expected) {
+  void operator()(const String& Expected, const TWork& Work, const TState& State) {
     std::string raised;
     HasFailed = WasTold = false, Left = FPoint;
     try {
@@ -154,14 +151,6 @@ void Sweep(const char* Name, const TJob& Job) {
     if (!again) ++point;
   }
 }
-struct TNamedJob {
-  const char* Name;
-  TJob Job;
-};
-void SweepAll(std::initializer_list<TNamedJob> Jobs) {
-  for (const TNamedJob& job : Jobs) Sweep(job.Name, job.Job);
-}
-
 const String kLong = u"Lüdenscheid-Brügge", kCells = u"b,Lüdenscheid-Brügge,a,\"Max Müller, Köln\"";
 
 struct TNote : TVxClassed<TNote, TVxDataIdHelper, u"TNote"> {
@@ -178,161 +167,140 @@ void AddIds(TList& List) {
   }
 }
 template <typename TList>
-TNamedJob ObjectListJob(const char* Name, const String& Expected) {
-  return {Name, [Expected](TRun& Run) {
-            TList list(true);
-            Run([&] { AddIds(list), list.Delete(1); },
-                [&] {
-                  String ids;
-                  for (int i = 0; i < list.GetCount(); ++i)
-                    ids += IntToStr(static_cast<TNote*>(list.TVxObjectList::GetItem(i))->GetId());
-                  return ids;
-                },
-                Expected);
-          }};
+void SweepObjects(const char* Name, const String& Expected) {
+  Sweep(Name, [&](TRun& Run) {
+    TList list(true);
+    const auto work = [&] { AddIds(list), list.Delete(1); };
+    Run(Expected, work, [&] {
+      String ids;
+      for (int i = 0; i < list.GetCount(); ++i)
+        ids += IntToStr(static_cast<TNote*>(list.TVxObjectList::GetItem(i))->GetId());
+      return ids;
+    });
+  });
 }
 template <typename TList>
-TNamedJob NumberListJob(const char* Name, const String& Text, const String& Expected) {
-  return {Name, [=](TRun& Run) {
-            TList list;
-            Run([&] { list.SetCommatext(Text); }, [&] { return list.GetCommatext(); }, Expected);
-          }};
+void SweepNumbers(const char* Name, const String& Text, const String& Expected) {
+  Sweep(Name, [&](TRun& Run) {
+    TList list;
+    Run(
+        Expected, [&] { list.SetCommatext(Text); }, [&] { return list.GetCommatext(); });
+  });
 }
 
 TEST(AllocationSweep, Lists) {
-  SweepAll({{"texts",
-             [](TRun& Run) {
-               TVxStringList list, other;
-               Run(
-                   [&] {
-                     list.SetCommatext(kCells), other.SetLighttext(u"x|" + kLong), list.Sort();
-                     list.AddStrings(other), list.Insert(1, kLong + u"!"), list.AddObject(u"o", &other), list.Delete(0);
-                   },
-                   [&] { return list.GetCommatext(); },
-                   u"Lüdenscheid-Brügge!,b,Lüdenscheid-Brügge,\"Max Müller, Köln\",x,Lüdenscheid-Brügge,o");
-             }},
-            {"sorted texts",
-             [](TRun& Run) {
-               TVxStringList list(false, true, dupIgnore, false);
-               Run([&] { list.Clear(), list.SetCommatext(kCells), list.Add(kLong), list.Add(kLong + u"!"); },
-                   [&] { return list.GetLighttext(); }, u"a|b|Lüdenscheid-Brügge|Lüdenscheid-Brügge!|Max Müller, Köln");
-             }},
-            {"an index",
-             [](TRun& Run) {
-               TVxStringIndex index({vxioOwnsObjects, vxioNotCaseSensitive});
-               Run(
-                   [&] {
-                     index.Clear();
-                     for (const char16_t* key : {u"Lüdenscheid-Brügge", u"Köln", u"Bonn", u"KÖLN"}) {
-                       auto note = std::make_unique<TNote>(1);
-                       index.Add(key, note.get());
-                       (void)note.release();
-                     }
-                   },
-                   [&] { return index.GetCsl().GetCommatext(); }, u"Bonn,Köln,Lüdenscheid-Brügge");
-             }},
-            {"values and keys",
-             [](TRun& Run) {
-               GList<String> list;
-               GSortList<String> sorted([](const String& A, const String& B) { return AnsiCompareText(A, B); });
-               Run(
-                   [&] {
-                     list.Clear(), sorted.Clear();
-                     for (int i : {3, 1, 2}) list.Add(kLong + IntToStr(i)), sorted.AddUnique(kLong + IntToStr(i));
-                   },
-                   [&] {
-                     String text;
-                     for (const String& each : list.Items()) text += each.Slice(18);
-                     for (const String& each : sorted.Items()) text += each.Slice(18);
-                     return text;
-                   },
-                   u"312123");
-             }},
-            {"chains and ids",
-             [](TRun& Run) {
-               TVxIdValueList values;
-               TVxThreadList chain;
-               Run(
-                   [&] {
-                     values.Clear(), chain.Clear();
-                     for (int id : {7, 3, 5}) values.Add(id, id * 2), chain.Add(&values);
-                   },
-                   [&] { return IntToStr(values.GetCount()) + IntToStr(chain.GetCount()); }, u"33");
-             }},
-            NumberListJob<TVxIntegerList>("integers", u"3,1,2", u"3,1,2"),
-            NumberListJob<TVxIdList>("ids", u"3,1,2", u"1,2,3"),
-            NumberListJob<TVxDoubleList>("numbers", u"\"3,5\",1,2", u"\"3,5\",1,2"),
-            ObjectListJob<TVxObjectList>("objects", u"5917"),
-            ObjectListJob<TVxObjectListU>("objects without duplicates", u"5917"),
-            ObjectListJob<TVxDataIdList>("objects by id", u"1579")});
+  Sweep("texts", [](TRun& Run) {
+    TVxStringList list, other;
+    const auto work = [&] {
+      list.SetCommatext(kCells), other.SetLighttext(u"x|" + kLong), list.Sort();
+      list.AddStrings(other), list.Insert(1, kLong + u"!"), list.AddObject(u"o", &other), list.Delete(0);
+    };
+    Run(u"Lüdenscheid-Brügge!,b,Lüdenscheid-Brügge,\"Max Müller, Köln\",x,Lüdenscheid-Brügge,o", work,
+        [&] { return list.GetCommatext(); });
+  });
+  Sweep("sorted texts", [](TRun& Run) {
+    TVxStringList list(false, true, dupIgnore, false);
+    const auto work = [&] { list.Clear(), list.SetCommatext(kCells), list.Add(kLong), list.Add(kLong + u"!"); };
+    Run(u"a|b|Lüdenscheid-Brügge|Lüdenscheid-Brügge!|Max Müller, Köln", work, [&] { return list.GetLighttext(); });
+  });
+  Sweep("an index", [](TRun& Run) {
+    TVxStringIndex index({vxioOwnsObjects, vxioNotCaseSensitive});
+    const auto work = [&] {
+      index.Clear();
+      for (const char16_t* key : {u"Lüdenscheid-Brügge", u"Köln", u"Bonn", u"KÖLN"}) {
+        auto note = std::make_unique<TNote>(1);
+        index.Add(key, note.get());
+        (void)note.release();
+      }
+    };
+    Run(u"Bonn,Köln,Lüdenscheid-Brügge", work, [&] { return index.GetCsl().GetCommatext(); });
+  });
+  Sweep("values and keys", [](TRun& Run) {
+    GList<String> list;
+    GSortList<String> sorted([](const String& A, const String& B) { return AnsiCompareText(A, B); });
+    const auto work = [&] {
+      list.Clear(), sorted.Clear();
+      for (int i : {3, 1, 2}) list.Add(kLong + IntToStr(i)), sorted.AddUnique(kLong + IntToStr(i));
+    };
+    Run(u"312123", work, [&] {
+      String text;
+      for (const String& each : list.Items()) text += each.Slice(18);
+      for (const String& each : sorted.Items()) text += each.Slice(18);
+      return text;
+    });
+  });
+  Sweep("chains and ids", [](TRun& Run) {
+    TVxIdValueList values;
+    TVxThreadList chain;
+    const auto work = [&] {
+      values.Clear(), chain.Clear();
+      for (int id : {7, 3, 5}) values.Add(id, id * 2), chain.Add(&values);
+    };
+    Run(u"33", work, [&] { return IntToStr(values.GetCount()) + IntToStr(chain.GetCount()); });
+  });
+  SweepNumbers<TVxIntegerList>("integers", u"3,1,2", u"3,1,2");
+  SweepNumbers<TVxIdList>("ids", u"3,1,2", u"1,2,3");
+  SweepNumbers<TVxDoubleList>("numbers", u"\"3,5\",1,2", u"\"3,5\",1,2");
+  SweepObjects<TVxObjectList>("objects", u"5917");
+  SweepObjects<TVxObjectListU>("objects without duplicates", u"5917");
+  SweepObjects<TVxDataIdList>("objects by id", u"1579");
 }
 
 TEST(AllocationSweep, TreesAndTexts) {
-  SweepAll(
-      {{"a tree",
-        [](TRun& Run) {
-          TVxTree tree, copy;
-          Run(
-              [&] {
-                tree.Clear();
-                TVxTreeNode* home = tree.AddChild(nullptr, kLong);
-                tree.AddChild(home, u"b"), tree.AddChildFirst(home, u"a" + kLong);
-                tree.AlphaSort(), copy.Assign(&tree), copy.AssignOn(&tree, true), tree.Clear();
-                tree.SetSerialize(copy.GetSerialize());
-              },
-              [&] {
-                String text;
-                for (auto* node = tree.GetFirstNode(); node; node = node->GetNext())
-                  text += IntToStr(node->GetLevel()) + node->GetText();
-                return text + IntToStr(copy.GetCount());
-              },
-              u"0Lüdenscheid-Brügge1aLüdenscheid-Brügge1b3");
-        }},
-       {"nodes of texts",
-        [](TRun& Run) {
-          TVxTextNode root;
-          Run(
-              [&] {
-                root.Clear();
-                root.Validate(u"Bonn")->Validate(kLong), root.Validate(kLong);
-                root.SetSerialize(root.GetSerialize());
-              },
-              [&] { return root.GetSerialize(); }, u"2°°°1E°4°Bonn15°12°Lüdenscheid-Brügge15°12°Lüdenscheid-Brügge");
-        }},
-       {"a template",
-        [](TRun& Run) {
-          TVxStringReplacer letter;
-          const String holders[] = {u"%Name%", u"%Ort%"}, values[] = {u"Meier", kLong}, others[] = {kLong, u"Bonn"};
-          Run(
-              [&] {
-                letter.ReplaceString(u"%Name% aus %Ort% und %Name%", holders, values, true), letter.Replace(others);
-              },
-              [&] { return letter.ToString(); }, u"Lüdenscheid-Brügge aus Bonn und Lüdenscheid-Brügge");
-        }},
-       {"values as texts",
-        [](TRun& Run) {
-          String text;
-          Run(
-              [&] {
-                text = Format(u"%s kostet %d und mehr", {kLong, 12}) + FormatFloat(u"#,##0.00", 1234567.5L);
-                text += FormatDateTime(u"dddd, d. mmmm yyyy", 46000);
-              },
-              [&] { return text; }, u"Lüdenscheid-Brügge kostet 12 und mehr1.234.567,50Dienstag, 9. Dezember 2025");
-        }},
-       {"elements both ways", [](TRun& Run) {
-          std::unique_ptr<TXmlObject> read;
-          Run(
-              [&] {
-                TXmlObject patient;
-                patient.SetName(u"Patient"), patient.AddAttribute(u"id", kLong);
-                patient.Add(u"Name", u"Müller & Söhne & Töchter"), patient.Add(u"Ort", kLong);
-                TVxStringList lines;
-                patient.GetXmlText(0, lines);
-                read = std::make_unique<TXmlObject>(), read->Read(lines.GetTextStr());
-              },
-              [&] { return read ? read->GetValue(u"NAME") + read->GetValue(u"ORT") : String(); },
-              u"Müller & Söhne & Töchter\r\n  Lüdenscheid-Brügge\r\n  ");
-        }}});
+  Sweep("a tree", [](TRun& Run) {
+    TVxTree tree, copy;
+    const auto work = [&] {
+      tree.Clear();
+      TVxTreeNode* home = tree.AddChild(nullptr, kLong);
+      tree.AddChild(home, u"b"), tree.AddChildFirst(home, u"a" + kLong);
+      tree.AlphaSort(), copy.Assign(&tree), copy.AssignOn(&tree, true), tree.Clear();
+      tree.SetSerialize(copy.GetSerialize());
+    };
+    Run(u"0Lüdenscheid-Brügge1aLüdenscheid-Brügge1b3", work, [&] {
+      String text;
+      for (auto* node = tree.GetFirstNode(); node; node = node->GetNext())
+        text += IntToStr(node->GetLevel()) + node->GetText();
+      return text + IntToStr(copy.GetCount());
+    });
+  });
+  Sweep("nodes of texts", [](TRun& Run) {
+    TVxTextNode root;
+    const auto work = [&] {
+      root.Clear();
+      root.Validate(u"Bonn")->Validate(kLong), root.Validate(kLong);
+      root.SetSerialize(root.GetSerialize());
+    };
+    Run(u"2°°°1E°4°Bonn15°12°Lüdenscheid-Brügge15°12°Lüdenscheid-Brügge", work, [&] { return root.GetSerialize(); });
+  });
+  Sweep("a template", [](TRun& Run) {
+    TVxStringReplacer letter;
+    const String holders[] = {u"%Name%", u"%Ort%"}, values[] = {u"Meier", kLong}, others[] = {kLong, u"Bonn"};
+    const auto work = [&] {
+      letter.ReplaceString(u"%Name% aus %Ort% und %Name%", holders, values, true), letter.Replace(others);
+    };
+    Run(u"Lüdenscheid-Brügge aus Bonn und Lüdenscheid-Brügge", work, [&] { return letter.ToString(); });
+  });
+  Sweep("values as texts", [](TRun& Run) {
+    String text;
+    const auto work = [&] {
+      text = Format(u"%s kostet %d und mehr", {kLong, 12}) + FormatFloat(u"#,##0.00", 1234567.5L);
+      text += FormatDateTime(u"dddd, d. mmmm yyyy", 46000);
+    };
+    Run(u"Lüdenscheid-Brügge kostet 12 und mehr1.234.567,50Dienstag, 9. Dezember 2025", work, [&] { return text; });
+  });
+  Sweep("elements both ways", [](TRun& Run) {
+    std::unique_ptr<TXmlObject> read;
+    const auto work = [&] {
+      TXmlObject patient;
+      patient.SetName(u"Patient"), patient.AddAttribute(u"id", kLong);
+      patient.Add(u"Name", u"Müller & Söhne & Töchter"), patient.Add(u"Ort", kLong);
+      TVxStringList lines;
+      patient.GetXmlText(0, lines);
+      read = std::make_unique<TXmlObject>(), read->Read(lines.GetTextStr());
+    };
+    Run(u"Müller & Söhne & Töchter\r\n  Lüdenscheid-Brügge\r\n  ", work,
+        [&] { return read ? read->GetValue(u"NAME") + read->GetValue(u"ORT") : String(); });
+  });
 }
 
 const char kTable[] =
@@ -345,71 +313,59 @@ TEST(AllocationSweep, Tables) {
   test::TClockAt clock{46000.25};
   const String path = dir.Path("a.csv"), copy = dir.Path("b.txt");
   test::PutText(path, kTable);
-  SweepAll({{"load, edit, sort, save",
-             [&](TRun& Run) {
-               THeadCsv table;
-               Run(
-                   [&] {
-                     Holds(table.LoadFromFile(path)), table.SetCell(2, 1, kLong + kLong),
-                         table.AddRow({u"8", kLong, u"Köln"});
-                     table.AddEmpty(2), table.DoAll({camTrim, camDeleteEmptyLines}), table.SortByField(u"Nr", true);
-                     Holds(table.SaveToFile(copy));
-                   },
-                   [&] { return table.GetText() + String::FromUtf8(test::GetText(copy)).Slice(0, 3); },
-                   u"Nr,Name,Ort\r\n10,\"Müller-Lüdenscheid, Max\",Lüdenscheid-BrüggeLüdenscheid-Brügge\r\n"
-                   u"8,Lüdenscheid-Brügge,Köln\r\n9,Schmidt,Lüdenscheid-BrüggeNr;");
-             }},
-            {"texts and copies",
-             [&](TRun& Run) {
-               TFileCsv table;
-               std::unique_ptr<TFileCsv> other;
-               Run(
-                   [&] {
-                     table.SetText(u"Nr,Name\r\n1,Lüdenscheid-Brügge\r\n2,b"), table.SetAnsiCsv(table.GetAnsiCsv());
-                     other = table.Duplicate(), other->SetCell(1, 1, kLong + u"!"), other->AddFileCsv(table);
-                     other = other->TurnAxis(), other->ImportFromString(other->ExportToString(u";"), u";");
-                   },
-                   [&] { return other ? other->GetText() : String(); },
-                   u"Nr,1,2,Nr,1,2\r\nName,Lüdenscheid-Brügge!,b,Name,Lüdenscheid-Brügge,b\r\n"
-                   u"Nr,1,2,Nr,1,2\r\nName,Lüdenscheid-Brügge!,b,Name,Lüdenscheid-Brügge,b");
-             }},
-            {"one kept in order",
-             [&](TRun& Run) {
-               TSortCsv table;
-               Run(
-                   [&] {
-                     table.Clear(), Holds(table.LoadFromFile(path)), table.AddRow({u"95", kLong, u"Köln"});
-                   },
-                   [&] { return table.GetText(); },
-                   u"10,\"Müller-Lüdenscheid, Max\",Bonn\r\n9,Schmidt,Lüdenscheid-Brügge\r\n"
-                   u"95,Lüdenscheid-Brügge,Köln\r\nNr,Name,Ort");
-             }},
-            {"sums", [&](TRun& Run) {
-               TFileCsv table;
-               String sums;
-               Run(
-                   [&] {
-                     table.SetText(u"n,m\r\n123456789,\"1.234.567,50\"\r\n2,3\r\n,");
-                     sums = table.SumY(0, vftInteger) + u" " + table.SumY(1, vftCurrency);
-                   },
-                   [&] { return sums; }, u"123456791 1234570,50");
-             }}});
+  Sweep("load, edit, sort, save", [&](TRun& Run) {
+    THeadCsv table;
+    const auto work = [&] {
+      Holds(table.LoadFromFile(path)), table.SetCell(2, 1, kLong + kLong), table.AddRow({u"8", kLong, u"Köln"});
+      table.AddEmpty(2), table.DoAll({camTrim, camDeleteEmptyLines}), table.SortByField(u"Nr", true);
+      Holds(table.SaveToFile(copy));
+    };
+    Run(u"Nr,Name,Ort\r\n10,\"Müller-Lüdenscheid, Max\",Lüdenscheid-BrüggeLüdenscheid-Brügge\r\n"
+        u"8,Lüdenscheid-Brügge,Köln\r\n9,Schmidt,Lüdenscheid-BrüggeNr;",
+        work, [&] { return table.GetText() + String::FromUtf8(test::GetText(copy)).Slice(0, 3); });
+  });
+  Sweep("texts and copies", [&](TRun& Run) {
+    TFileCsv table;
+    std::unique_ptr<TFileCsv> other;
+    const auto work = [&] {
+      table.SetText(u"Nr,Name\r\n1,Lüdenscheid-Brügge\r\n2,b"), table.SetAnsiCsv(table.GetAnsiCsv());
+      other = table.Duplicate(), other->SetCell(1, 1, kLong + u"!"), other->AddFileCsv(table);
+      other = other->TurnAxis(), other->ImportFromString(other->ExportToString(u";"), u";");
+    };
+    Run(u"Nr,1,2,Nr,1,2\r\nName,Lüdenscheid-Brügge!,b,Name,Lüdenscheid-Brügge,b\r\n"
+        u"Nr,1,2,Nr,1,2\r\nName,Lüdenscheid-Brügge!,b,Name,Lüdenscheid-Brügge,b",
+        work, [&] { return other ? other->GetText() : String(); });
+  });
+  Sweep("one kept in order", [&](TRun& Run) {
+    TSortCsv table;
+    const auto work = [&] { table.Clear(), Holds(table.LoadFromFile(path)), table.AddRow({u"95", kLong, u"Köln"}); };
+    Run(u"10,\"Müller-Lüdenscheid, Max\",Bonn\r\n9,Schmidt,Lüdenscheid-Brügge\r\n"
+        u"95,Lüdenscheid-Brügge,Köln\r\nNr,Name,Ort",
+        work, [&] { return table.GetText(); });
+  });
+  Sweep("sums", [&](TRun& Run) {
+    TFileCsv table;
+    String sums;
+    const auto work = [&] {
+      table.SetText(u"n,m\r\n123456789,\"1.234.567,50\"\r\n2,3\r\n,");
+      sums = table.SumY(0, vftInteger) + u" " + table.SumY(1, vftCurrency);
+    };
+    Run(u"123456791 1234570,50", work, [&] { return sums; });
+  });
 }
 
 TEST(AllocationSweep, Pictures) {
-  SweepAll({{"bytes of a file, fewer colours, and turned", [](TRun& Run) {
-               String text;
-               Run(
-                   [&] {
-                     TBitmap picture(pf24bit, 3, 1);
-                     for (int i : {0, 5}) picture.GetScanline(0)[i] = 0;
-                     TBitmap read = DecodeBitmap(EncodeBitmap(picture), u"a.bmp");
-                     auto few = TBitmapX::CreateBitmapX(&read)->CompressColors(2, false), turned = few->Rotate(90);
-                     text = few->ColorStatistic()->GetCommatext() + IntToStr(turned->GetHeight());
-                   },
-                   [&] { return text; },
-                   u"\"rrr.ggg.bbb - Anzahl 2\",\"003.255.255 - 001,000\",\"255.255.131 - 002,000\"3");
-             }}});
+  Sweep("bytes of a file, fewer colours, and turned", [](TRun& Run) {
+    String text;
+    const auto work = [&] {
+      TBitmap picture(pf24bit, 3, 1);
+      for (int i : {0, 5}) picture.GetScanline(0)[i] = 0;
+      TBitmap read = DecodeBitmap(EncodeBitmap(picture), u"a.bmp");
+      auto few = TBitmapX::CreateBitmapX(&read)->CompressColors(2, false), turned = few->Rotate(90);
+      text = few->ColorStatistic()->GetCommatext() + IntToStr(turned->GetHeight());
+    };
+    Run(u"\"rrr.ggg.bbb - Anzahl 2\",\"003.255.255 - 001,000\",\"255.255.131 - 002,000\"3", work, [&] { return text; });
+  });
 }
 
 struct TListener : TObject {
@@ -436,86 +392,71 @@ TEST(AllocationSweep, Services) {
   test::TZoneAt zone{60};
   SetMainThread();
   const String path = dir.Path("a.ini"), log = dir.Path("messages.log"), deep = dir.Path("d1/d2");
-  SweepAll({{"signals",
-             [](TRun& Run) {
-               TIdSignal signal;
-               TListener a, b;
-               Run(
-                   [&] {
-                     for (TListener* each : {&a, &b}) {
-                       each->Heard = 0;
-                       signal.Remove(TIdEvent::Of<&TListener::Hear>(*each)),
-                           signal.Add(TIdEvent::Of<&TListener::Hear>(*each));
-                     }
-                     signal.Emit(nullptr, 1);
-                   },
-                   [&] { return IntToStr(a.Heard) + IntToStr(b.Heard) + IntToStr(signal.Count()); }, u"112");
-             }},
-            {"a pool",
-             [](TRun& Run) {
-               std::atomic<int> sum{0};
-               Run(
-                   [&] {
-                     sum = 0;
-                     TNumbers data;
-                     TThreadPool pool(data, true);
-                     for (int i = 0; i < 5; ++i) {
-                       auto job = std::make_unique<TNumber>(sum);
-                       pool.Add(job.get());
-                       (void)job.release();
-                     }
-                     pool.Start();
-                     while (sum < 5) (void)CheckSynchronize(1);
-                   },
-                   [&] { return IntToStr(sum); }, u"5");
-             }},
-            {"messages",
-             [&](TRun& Run) {
-               TScriptedDialogs screen;
-               Run(
-                   [&] {
-                     uMsg::FreeBuffersForLeakPrevention(), screen.Shown.clear();
-                     Msg().SetLog({true, laInstant, log, u"%2,%3,%4,%5,%6"});
-                     Msg().BeginAction();
-                     Msg().GetMsg()(Warning(kLong, u"Import"), true),
-                         Msg().GetMsg()(Error(u"e" + kLong, u"Import"), false);
-                     Msg().EndAction(Error(u"Der Import ist fehlgeschlagen!"));
-                   },
-                   [&] { return screen.Shown.empty() ? String() : screen.Shown.back().Text; },
-                   u"Der Import ist fehlgeschlagen!\r\n\r\nWarnung: Lüdenscheid-Brügge\r\nFehler: eLüdenscheid-Brügge");
-             }},
-            {"shared configuration",
-             [&](TRun& Run) {
-               Run.NeverRaises = true;
-               VxDeleteFile(path, false);
-               TSharedIni ini(path);
-               Run(
-                   [&] {
-                     ini.WriteString(u"Fenster", u"Breite", kLong), ini.WriteString(u"Lade", u"x", u"1");
-                     ini.DeleteKey(u"Lade", u"x"), ini.AddSection(u"Neu" + kLong), Holds(ini.Store()),
-                         Holds(ini.Reload(true, false));
-                   },
-                   [&] { return ini.ReadString(u"Fenster", u"Breite", u""); }, kLong);
-             }},
-            {"a mirror of it",
-             [&](TRun& Run) {
-               Run.NeverRaises = true;
-               TDuplicateIni ini(dir.Path("local.ini"), path);
-               Run([&] { ini.WriteString(u"Fenster", u"Breite", kLong), Holds(ini.Store()); },
-                   [&] { return ini.ReadString(u"Fenster", u"Breite", u""); }, kLong);
-             }},
-            {"files", [&](TRun& Run) {
-               Run.NeverRaises = true;
-               Run(
-                   [&] {
-                     Holds(VxForceDirectories(deep)), Holds(VxCopyFile(path, deep + u"/b.ini", false));
-                     Holds(VxRenameFile(deep + u"/b.ini", deep + u"/c.ini", false)),
-                         Holds(VxDeleteFile(deep + u"/c.ini", false));
-                     ReplaceFileContent(log, "ab"), AppendToFile(log, "c");
-                   },
-                   [&] { return String::FromUtf8(test::GetText(log)); }, u"abc");
-             }}});
+  Sweep("signals", [](TRun& Run) {
+    TIdSignal signal;
+    TListener a, b;
+    const auto work = [&] {
+      for (TListener* each : {&a, &b}) {
+        each->Heard = 0;
+        signal.Remove(TIdEvent::Of<&TListener::Hear>(*each)), signal.Add(TIdEvent::Of<&TListener::Hear>(*each));
+      }
+      signal.Emit(nullptr, 1);
+    };
+    Run(u"112", work, [&] { return IntToStr(a.Heard) + IntToStr(b.Heard) + IntToStr(signal.Count()); });
+  });
+  Sweep("a pool", [](TRun& Run) {
+    std::atomic<int> sum{0};
+    const auto work = [&] {
+      sum = 0;
+      TNumbers data;
+      TThreadPool pool(data, true);
+      for (int i = 0; i < 5; ++i) {
+        auto job = std::make_unique<TNumber>(sum);
+        pool.Add(job.get());
+        (void)job.release();
+      }
+      pool.Start();
+      while (sum < 5) (void)CheckSynchronize(1);
+    };
+    Run(u"5", work, [&] { return IntToStr(sum); });
+  });
+  Sweep("messages", [&](TRun& Run) {
+    TScriptedDialogs screen;
+    const auto work = [&] {
+      uMsg::FreeBuffersForLeakPrevention(), screen.Shown.clear();
+      Msg().SetLog({true, laInstant, log, u"%2,%3,%4,%5,%6"});
+      Msg().BeginAction();
+      Msg().GetMsg()(Warning(kLong, u"Import"), true), Msg().GetMsg()(Error(u"e" + kLong, u"Import"), false);
+      Msg().EndAction(Error(u"Der Import ist fehlgeschlagen!"));
+    };
+    Run(u"Der Import ist fehlgeschlagen!\r\n\r\nWarnung: Lüdenscheid-Brügge\r\nFehler: eLüdenscheid-Brügge", work,
+        [&] { return screen.Shown.empty() ? String() : screen.Shown.back().Text; });
+  });
+  Sweep("shared configuration", [&](TRun& Run) {
+    Run.NeverRaises = true;
+    VxDeleteFile(path, false);
+    TSharedIni ini(path);
+    const auto work = [&] {
+      ini.WriteString(u"Fenster", u"Breite", kLong), ini.WriteString(u"Lade", u"x", u"1");
+      ini.DeleteKey(u"Lade", u"x"), ini.AddSection(u"Neu" + kLong), Holds(ini.Store()), Holds(ini.Reload(true, false));
+    };
+    Run(kLong, work, [&] { return ini.ReadString(u"Fenster", u"Breite", u""); });
+  });
+  Sweep("a mirror of it", [&](TRun& Run) {
+    Run.NeverRaises = true;
+    TDuplicateIni ini(dir.Path("local.ini"), path);
+    const auto work = [&] { ini.WriteString(u"Fenster", u"Breite", kLong), Holds(ini.Store()); };
+    Run(kLong, work, [&] { return ini.ReadString(u"Fenster", u"Breite", u""); });
+  });
+  Sweep("files", [&](TRun& Run) {
+    Run.NeverRaises = true;
+    const auto work = [&] {
+      Holds(VxForceDirectories(deep)), Holds(VxCopyFile(path, deep + u"/b.ini", false));
+      Holds(VxRenameFile(deep + u"/b.ini", deep + u"/c.ini", false)), Holds(VxDeleteFile(deep + u"/c.ini", false));
+      ReplaceFileContent(log, "ab"), AppendToFile(log, "c");
+    };
+    Run(u"abc", work, [&] { return String::FromUtf8(test::GetText(log)); });
+  });
 }
 
 }  // namespace
-}  // namespace vx
