@@ -9,8 +9,8 @@
 //   fault.Position;                                  // 3
 //   fault.GetText();                                 // u"Minuten über 59 an Position 3"
 //
-// The strict readers of amounts tell it: HourAmount.h, DecimalFactor.h, MoneyText.h. Pitfall: positions count from 1
-// in the text as it was given, blanks in front included.
+// The strict readers tell it: HourAmount.h, DecimalFactor.h, MoneyText.h, StrictDates.h, StrictNumbers.h. Pitfall:
+// positions count from 1 in the text as it was given, blanks in front included.
 #pragma once
 
 #include <cstdint>
@@ -27,7 +27,12 @@ enum TTextFaultKind : uint8_t {
   tfMinutes,     // minutes above 59
   tfGroup,       // a separator of thousands that does not stand between groups of three digits
   tfDecimals,    // more digits behind the separator than the value has
-  tfTooLarge     // outside the range of the value; at its first digit
+  tfTooLarge,    // outside the range of the value; at its first digit
+  tfDay,         // a day that its month does not have; at its first digit, as those below
+  tfMonth,       // a month outside 1 to 12
+  tfYear,        // a year that does not stand in four digits, or is 0
+  tfHour,        // an hour that the day does not have
+  tfSecond       // seconds above 59
 };
 
 struct TTextFault {

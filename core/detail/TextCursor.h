@@ -1,4 +1,4 @@
-// Walks through the text of an amount and keeps the first fault. Internal to the strict readers of amounts.
+// Walks through the text of a value and keeps the first fault. Internal to the strict readers.
 #pragma once
 
 #include <algorithm>
@@ -80,6 +80,14 @@ class TTextCursor {
     FFault = {Kind, Kind == tfEmpty ? 0 : static_cast<int>(Kind == tfTooLarge ? FNumber : FPos) + 1};
     return false;
   }
+  // The same at another place.
+  bool FailAt(size_t Place, TTextFaultKind Kind) noexcept {
+    GoTo(Place);
+    return Fail(Kind);
+  }
+  // A place to come back to.
+  size_t Here() const noexcept { return FPos; }
+  void GoTo(size_t Place) noexcept { FPos = Place; }
   // For a text that should go on in another way.
   bool FailHere() noexcept { return Fail(IsAtEnd() ? tfIncomplete : tfUnexpected); }
   bool HasFault() const noexcept { return FFault.Kind != tfNone; }

@@ -18,7 +18,8 @@ namespace vx {
 
 namespace detail {
 struct TRowAdder;
-}
+class TCellAccess;
+}  // namespace detail
 
 class TListItem;
 class TListView;
@@ -295,6 +296,7 @@ class TFileCsv : public TObjectList {
 
  private:
   friend struct detail::TRowAdder;
+  friend class detail::TCellAccess;
   static TVxStringList* CastRow(TObject* Entry);
   // Whether the row's cells are all blank then.
   bool DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths);
