@@ -410,10 +410,12 @@ struct TPlainMask {
   }
 };
 
-// A real editor and the plain one, which go the same way. Picks give numbers from Low to High.
-struct TMaskPair {
+// A real editor, on a line that is typed into as a TPlainEdit is, and the plain one, which go the same way. Picks give
+// numbers from Low to High.
+template <typename TLine>
+struct TMaskPairOn {
   template <typename TPick>
-  TMaskPair(TVxMaskMode Mode, TPick& Pick) {
+  TMaskPairOn(TVxMaskMode Mode, TPick& Pick) {
     static const char* const kMasks[] = {"00.00", "0_#!a*\\Z", "<>Lv9_1C", "A0!", "C\\", ""};
     const int low = Pick(-30, 30), high = Pick(-3, 30), base = Pick(0, 1) * 42000;
     const bool isNumber = (FPlain.Mode = Mode, FPlain.IsNumber()), isDay = Mode == mmDate || Mode == mmMonth;
@@ -503,7 +505,7 @@ struct TMaskPair {
     Edit.Finishing();
     return Real() == once ? "" : once + " became " + Real();
   }
-  TPlainEdit Line;
+  TLine Line;
   TVxMaskEdit Edit{Line};
 
  private:
@@ -512,5 +514,6 @@ struct TMaskPair {
   }
   TPlainMask FPlain;
 };
+using TMaskPair = TMaskPairOn<TPlainEdit>;
 
 }  // namespace vx::fuzz

@@ -1,0 +1,8 @@
+#include "desktop/TMaskEditWidget.h"
+
+namespace vx {
+
+TMaskEditWidget::TMaskEditWidget(QWidget* Parent) : TLineEdit(Parent) {}
+TMaskEditWidget::~TMaskEditWidget() = default;
+
+}  // namespace vx
