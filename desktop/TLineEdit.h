@@ -14,8 +14,7 @@
 //     is none. Return and Escape go on to the window afterwards, so that a dialog's button is pressed.
 //   - Ctrl+X copies before it is told, since who deals with it may take the selection away.
 //   - Ctrl+Z and Ctrl+Y are the line's own: they put whole texts back, one for each key, paste or leaving, also where
-//   the
-//     listener wrote the text. A text that the program sets begins anew. QLineEdit's own undo() is of no use here.
+//     the listener wrote the text. A text that the program sets begins anew. QLineEdit's own undo() is of no use here.
 //   - DoEnter and DoExit tell of the focus within the window: not of the window's own, nor of menus. A line that is
 //     hidden has been left.
 //
