@@ -124,15 +124,20 @@ void TTypeCsv::MouseUp(TObject* Sender, TMouseButton Button, TShiftState Shift, 
   if (grid == nullptr) return;
   DecoratorStringGrid().MouseUp(*grid, *iDecorations, Button, Shift, X, Y);
   const TPoint cell = grid->MouseToCell(X, Y);
-  if (!iDecorations->GetOptions().Has(dloColumnClick) || cell.Y < 0 || cell.Y >= grid->GetFixedRows()) return;
-  if (Button != mbLeft && (Button != mbRight || !PopupDateFormat(grid, cell.X))) return;
+  if (cell.Y < grid->GetFixedRows()) ClickHead(grid, cell.X, cell.Y, Button, [&] { SetGrid(*grid, false); });
+}
+
+bool TTypeCsv::ClickHead(TObject* Control, int Col, int Row, TMouseButton Button, FunctionRef<void()> Show) {
+  if (!iDecorations->GetOptions().Has(dloColumnClick) || Row < 0) return false;
+  if (Button != mbLeft && (Button != mbRight || !PopupDateFormat(Control, Col))) return false;
   struct TDone {
     std::unique_ptr<TVxIntegerList>& Indices;
     ~TDone() { Indices.reset(); }
   } done{iSortIndices};
   if (ContentMoves()) iSortIndices = std::make_unique<TVxIntegerList>();
-  Sort(cell.X, cell.Y, TS_NONE, {}, iSortIndices.get());
-  SetGrid(*grid, false);
+  Sort(Col, Row, TS_NONE, {}, iSortIndices.get());
+  Show();
+  return true;
 }
 
 bool TTypeCsv::ContentMoves() const {

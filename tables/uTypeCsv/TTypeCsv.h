@@ -7,6 +7,7 @@
 #include "objects/uVxClasses/TVxIntegerList.h"
 #include "platform/TListView.h"
 #include "platform/TStringGrid.h"
+#include "platform/Types.h"
 #include "rendering/uDecoration/TCellSource.h"
 #include "rendering/uDecoration/TDecorationList.h"
 #include "rendering/uDecoration/TSortedTable.h"
@@ -133,6 +134,9 @@ class TTypeCsv : public THeadCsv, public TSortedTable, public TCellSource {
   // With dloColumnClick, in the grid's fixed rows: the left button sorts by that column and fills the grid anew, the
   // right one offers the formats of dates before, and does nothing on a column of other values.
   void MouseUp(TObject* Sender, TMouseButton Button, TShiftState Shift, int X, int Y);
+  // The same on a cell of a control of any kind, whose Show shows the rows anew while SortIndices are there. True if
+  // the table was to be sorted.
+  bool ClickHead(TObject* Control, int Col, int Row, TMouseButton Button, FunctionRef<void()> Show);
   // The row under the mouse, -1 for none; repaints Control, which may be nullptr.
   void SetHoverIndex(TControl* Control, int Index);
 
