@@ -1,0 +1,235 @@
+#include "desktop/TTableWidget.h"
+
+#include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QMouseEvent>
+#include <QPaintEvent>
+#include <QScrollBar>
+#include <algorithm>
+#include <vector>
+
+#include "desktop/QtValues.h"
+#include "desktop/detail/TableParts.h"
+#include "platform/TPopupMenu.h"
+#include "tables/uTypeCsv/TTypeCsv.h"
+
+namespace vx {
+
+TTableWidget::TTableWidget(QWidget* Parent)
+    : QAbstractScrollArea(Parent), FParts(std::make_unique<detail::TTableParts>(*this)) {
+  viewport()->setAttribute(Qt::WA_OpaquePaintEvent);
+  viewport()->setMouseTracking(true);
+  setFocusPolicy(Qt::StrongFocus);
+}
+
+TTableWidget::~TTableWidget() = default;
+
+// --- the table ---
+
+TTypeCsv* TTableWidget::GetTable() const noexcept { return FParts->Scene.GetTable(); }
+
+void TTableWidget::SetTable(TTypeCsv* Value) {
+  FParts->Scene.SetTable(Value);
+  FParts->Current = {-1, -1};
+  FParts->Mouse.Forget();
+  FParts->Head.Forget();
+  FParts->UpdateBars();
+  FParts->Scene.MeasureSample(FParts->Picture.GetCanvas());
+  FParts->UpdateBars();
+  FParts->Invalidate();
+}
+
+void TTableWidget::TableChanged() {
+  const bool hadRows = FParts->Scene.GetRowHeight() > 0 && FParts->Scene.End().Y > 0;
+  FParts->Sync();
+  if (!hadRows) FParts->Scene.MeasureSample(FParts->Picture.GetCanvas());
+  FParts->UpdateBars();
+  FParts->Invalidate();
+}
+
+void TTableWidget::CellChanged(int Col, int Row) { FParts->InvalidateCell({Col, Row}); }
+
+const TTableScene& TTableWidget::GetScene() const noexcept { return FParts->Scene; }
+
+// --- places ---
+
+TPoint TTableWidget::CellAt(QPoint Place) const { return FParts->Scene.CellAt(FromQt(Place)); }
+
+QRect TTableWidget::CellRect(int Col, int Row) const { return ToQt(FParts->Scene.CellRect(Col, Row)); }
+
+void TTableWidget::EnsureVisible(int Col, int Row) {
+  FParts->Sync();
+  const TTableScene::TOffset to = FParts->Scene.OffsetToSee(Col, Row);
+  horizontalScrollBar()->setValue(static_cast<int>(to.X));
+  verticalScrollBar()->setValue(static_cast<int>(to.Y));
+}
+
+TPoint TTableWidget::GetCurrentCell() const noexcept { return FParts->Current; }
+
+void TTableWidget::SetCurrentCell(TPoint Value) {
+  const TPoint cell = FParts->HasCell(Value) ? Value : TPoint{-1, -1};
+  if (cell == FParts->Current) return;
+  FParts->InvalidateCell(FParts->Current);
+  FParts->Current = cell;
+  FParts->InvalidateCell(cell);
+  if (cell.X >= 0) EnsureVisible(cell.X, cell.Y);
+  emit CurrentCellChanged(cell.X, cell.Y);
+}
+
+// --- columns ---
+
+int TTableWidget::GetColumnWidth(int Col) const { return FParts->Scene.Columns().GetWidth(Col); }
+
+void TTableWidget::SetColumnWidth(int Col, int Value) {
+  if (GetColumnWidth(Col) == Value) return;
+  FParts->Scene.Columns().SetWidth(Col, Value);
+  FParts->LayoutChanged();
+}
+
+bool TTableWidget::GetColumnHidden(int Col) const { return FParts->Scene.Columns().GetHidden(Col); }
+
+void TTableWidget::SetColumnHidden(int Col, bool Value) {
+  TTableColumns& columns = FParts->Scene.Columns();
+  if (columns.GetHidden(Col) == Value || (Value && columns.CountShown() < 2)) return;
+  columns.SetHidden(Col, Value);
+  FParts->LayoutChanged();
+}
+
+int TTableWidget::GetColumnPlace(int Col) const { return FParts->Scene.Columns().PlaceOf(Col); }
+
+void TTableWidget::SetColumnPlace(int Col, int Place) {
+  const int from = GetColumnPlace(Col);
+  if (from < 0 || from == Place) return;
+  FParts->Scene.Columns().Move(from, Place);
+  FParts->LayoutChanged();
+}
+
+void TTableWidget::FitColumns() {
+  FParts->Scene.FitColumns(FParts->Picture.GetCanvas());
+  FParts->LayoutChanged();
+}
+
+void TTableWidget::FitColumn(int Col) {
+  FParts->Scene.FitColumn(FParts->Picture.GetCanvas(), Col);
+  FParts->LayoutChanged();
+}
+
+void TTableWidget::FitRows() {
+  FParts->Scene.FitRows(FParts->Picture.GetCanvas());
+  FParts->UpdateBars();
+  FParts->Invalidate();
+}
+
+String TTableWidget::GetLayout() const { return FParts->Scene.Columns().GetLayout(); }
+
+void TTableWidget::SetLayout(const String& Value) {
+  FParts->Scene.Columns().SetLayout(Value);
+  FParts->LayoutChanged();
+}
+
+void TTableWidget::ShowColumnMenu(int Col, QPoint Global) {
+  const TTableColumns& columns = FParts->Scene.Columns();
+  const TTypeCsv* table = GetTable();
+  if (table == nullptr) return;
+  TPopupMenu menu;
+  TMenuItem& hide = menu.AddItem(u"Spalte ausblenden");
+  hide.SetEnabled(Col >= 0 && columns.CountShown() > 1);
+  TMenuItem& fit = menu.AddItem(u"Breite anpassen");
+  fit.SetEnabled(Col >= 0);
+  TMenuItem& fitAll = menu.AddItem(u"Alle Breiten anpassen");
+  TMenuItem& showAll = menu.AddItem(u"Alle Spalten einblenden");
+  showAll.SetEnabled(columns.CountShown() < columns.GetCount());
+  menu.AddItem(u"-");
+  constexpr int most = 60, first = 5;
+  for (int place = 0; place < std::min(columns.GetCount(), most); ++place) {
+    const int col = columns.TableCol(place);
+    const String name = table->FieldName(col);
+    TMenuItem& item = menu.AddItem(name.empty() ? u"Spalte " + String::FromUtf8(std::to_string(col + 1)) : name);
+    item.SetChecked(!columns.GetHidden(col));
+    item.SetTag(col);
+  }
+  TMenuItem* taken = menu.Popup(Global.x(), Global.y());
+  if (taken == nullptr) return;
+  if (taken == &hide) SetColumnHidden(Col, true);
+  if (taken == &fit) FitColumn(Col);
+  if (taken == &fitAll) FitColumns();
+  for (int col = 0; taken == &showAll && col < columns.GetCount(); ++col) SetColumnHidden(col, false);
+  for (int i = first; i < menu.GetCount(); ++i) {
+    const int col = static_cast<int>(menu.GetItems(i).GetTag());
+    if (taken == &menu.GetItems(i)) SetColumnHidden(col, !columns.GetHidden(col));
+  }
+}
+
+const String& TTableWidget::GetEmptyText() const noexcept { return FParts->EmptyText; }
+
+void TTableWidget::SetEmptyText(const String& Value) {
+  FParts->EmptyText = Value;
+  viewport()->update();
+}
+
+// --- events ---
+
+void TTableWidget::paintEvent(QPaintEvent* Event) { FParts->Paint(*Event); }
+
+void TTableWidget::resizeEvent(QResizeEvent*) { FParts->UpdateBars(); }
+
+void TTableWidget::scrollContentsBy(int DX, int DY) { FParts->Scrolled(DX, DY); }
+
+bool TTableWidget::viewportEvent(QEvent* Event) {
+  if (Event->type() == QEvent::Leave) FParts->Mouse.Leave();
+  if (Event->type() == QEvent::ToolTip) return FParts->Mouse.ToolTip(*static_cast<QHelpEvent*>(Event));
+  return QAbstractScrollArea::viewportEvent(Event);
+}
+
+void TTableWidget::mousePressEvent(QMouseEvent* Event) {
+  FParts->Sync();
+  if (FParts->Head.Press(*Event)) return;
+  FParts->Mouse.Press(*Event);
+  const TPoint cell = CellAt(Event->position().toPoint());
+  if (Event->button() == Qt::LeftButton && cell.X >= 0 && cell.Y >= 0) SetCurrentCell(cell);
+}
+
+void TTableWidget::mouseMoveEvent(QMouseEvent* Event) {
+  FParts->Sync();
+  if (!FParts->Head.Move(*Event)) FParts->Mouse.Move(Event->position().toPoint());
+}
+
+void TTableWidget::mouseReleaseEvent(QMouseEvent* Event) {
+  FParts->Sync();
+  if (!FParts->Head.Release(*Event)) FParts->Mouse.Release(*Event);
+}
+
+void TTableWidget::mouseDoubleClickEvent(QMouseEvent* Event) {
+  FParts->Sync();
+  if (FParts->Head.DoubleClick(*Event)) return;
+  mousePressEvent(Event);
+  const TPoint cell = CellAt(Event->position().toPoint());
+  if (Event->button() == Qt::LeftButton && cell.X >= 0 && cell.Y >= 0) emit CellDoubleClicked(cell.X, cell.Y);
+}
+
+void TTableWidget::contextMenuEvent(QContextMenuEvent* Event) {
+  FParts->Sync();
+  const TPoint cell = CellAt(Event->pos());
+  if (!FParts->Scene.IsHead(cell.Y)) {
+    QAbstractScrollArea::contextMenuEvent(Event);
+    return;
+  }
+  FParts->Head.Menu(Event->pos(), Event->modifiers().testFlag(Qt::ShiftModifier));
+}
+
+void TTableWidget::changeEvent(QEvent* Event) {
+  if (Event->type() == QEvent::PaletteChange || Event->type() == QEvent::EnabledChange) FParts->Invalidate();
+  QAbstractScrollArea::changeEvent(Event);
+}
+
+void TTableWidget::focusInEvent(QFocusEvent* Event) {
+  FParts->InvalidateCell(FParts->Current);
+  QAbstractScrollArea::focusInEvent(Event);
+}
+
+void TTableWidget::focusOutEvent(QFocusEvent* Event) {
+  FParts->InvalidateCell(FParts->Current);
+  QAbstractScrollArea::focusOutEvent(Event);
+}
+
+}  // namespace vx
