@@ -10,7 +10,7 @@
 //   EAccessViolation       a node of a tree that should be there and is not
 //   EInvalidPointer        an object that should be there and is not
 //   EStreamError           a fault of a file, and its kinds EFOpenError, EFCreateError, EReadError,
-//                          EWriteError
+//                          EWriteError; carries a text for the person at the screen, too (see UserMessages.h)
 //
 // Example:
 //   try { list.Get(7); }
@@ -20,6 +20,7 @@
 #include <exception>
 #include <memory>
 #include <string>
+#include <utility>
 
 #include "platform/String.h"
 
@@ -85,9 +86,22 @@ class EZeroDivide : public EMathError {
  public:
   using EMathError::EMathError;
 };
+// Its text is English, for logs and for those who look after the program.
 class EStreamError : public Exception {
  public:
-  using Exception::Exception;
+  // Without a UserMessage that is Message, too.
+  explicit EStreamError(String Message) : EStreamError(Message, Message) {}
+  EStreamError(String Message, String UserMessage, int Error = 0)
+      : Exception(std::move(Message)), FUserMessage(std::move(UserMessage)), FError(Error) {}
+  // The same in German, for the person at the screen: u"Die Datei \"a.csv\" kann nicht geöffnet werden. Sie ist nicht
+  // vorhanden."
+  const String& GetUserMessage() const noexcept { return FUserMessage; }
+  // The system's number of the reason; 0 if it is none of the system's.
+  int GetError() const noexcept { return FError; }
+
+ private:
+  String FUserMessage;
+  int FError;
 };
 class EFOpenError : public EStreamError {
  public:

@@ -58,14 +58,14 @@ void TFileStream::ReadRest(std::string& Bytes, size_t Most) {
     }
     Bytes.resize(before + got);
     done += got;
-    if (done > Most) throw EReadError(Format(kCannotRead, {FPath.view(), u"The file is too large."}));
+    if (done > Most) Raise<EReadError>(kCannotRead, FPath, {u"The file is too large.", u"Sie ist zu groß."});
     if (got < room) return;
   }
 }
 
 void TFileStream::ReadBuffer(void* Buffer, size_t Count) {
   if (Read(Buffer, Count) == Count) return;
-  throw EReadError(Format(kCannotRead, {FPath.view(), u"The file ends before."}));
+  Raise<EReadError>(kCannotRead, FPath, {u"The file ends before.", u"Sie endet vorher."});
 }
 
 void TFileStream::WriteBuffer(const void* Buffer, size_t Count) {

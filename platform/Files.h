@@ -122,7 +122,7 @@ bool SetReadOnly(const String& Path, bool ReadOnly) noexcept;
 // The system's number and text of the last failure in this layer, in this thread. A success leaves it.
 int GetLastError() noexcept;
 void SetLastError(int Error) noexcept;
-String SysErrorMessage(int Error);
+String SysErrorMessage(int Error);  // English, for logs; UserErrorMessage has the text for the person at the screen
 
 // The file operations that tests can make fail.
 // foStamp is the asking for what is known of a file, foRename moving and replacing.

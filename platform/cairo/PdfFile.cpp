@@ -9,6 +9,7 @@
 #include "platform/Clock.h"
 #include "platform/DateText.h"
 #include "platform/SafeFiles.h"
+#include "platform/UserMessages.h"
 #include "platform/cairo/CairoDrawing.h"
 #include "platform/cairo/PageDevice.h"
 
@@ -36,7 +37,9 @@ class TSpool {
       FIsWhole = false;
     }
     if (!FIsWhole) {
-      throw EWriteError(Concat({u"Cannot write file \"", Filename, u"\". ", SysErrorMessage(FError)}));
+      throw EWriteError(
+          Concat({u"Cannot write file \"", Filename, u"\". ", SysErrorMessage(FError)}),
+          Concat({u"Die Datei \"", Filename, u"\" kann nicht geschrieben werden. ", UserErrorMessage(FError)}), FError);
     }
     ReplaceFileContent(Filename, FSize, [&](int64_t at) { return PieceAt(at); });
   }
@@ -46,7 +49,9 @@ class TSpool {
     const auto count = static_cast<size_t>(std::min<int64_t>(FSize - At, static_cast<int64_t>(FPiece.size())));
     if (std::fseek(FFile.get(), static_cast<long>(At), SEEK_SET) != 0 ||
         std::fread(FPiece.data(), 1, count, FFile.get()) != count) {
-      throw EReadError(u"A temporary file can't be read. " + SysErrorMessage(errno));
+      const int error = errno;
+      throw EReadError(u"A temporary file can't be read. " + SysErrorMessage(error),
+                       u"Eine Zwischendatei kann nicht gelesen werden. " + UserErrorMessage(error), error);
     }
     return {FPiece.data(), count};
   }

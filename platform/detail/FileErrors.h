@@ -24,14 +24,32 @@ bool Guarded(F&& Body) noexcept {
   }
 }
 
-inline constexpr char16_t kCannotOpen[] = u"Cannot open file \"%s\". %s";
-inline constexpr char16_t kCannotCreate[] = u"Cannot create file \"%s\". %s";
-inline constexpr char16_t kCannotRead[] = u"Cannot read file \"%s\". %s";
-inline constexpr char16_t kCannotWrite[] = u"Cannot write file \"%s\". %s";
-// Raises an E that names Path and the last error.
+// What can't be done, or why: for logs, and in German for the person at the screen.
+struct TTold {
+  std::u16string_view English, German;
+};
+inline constexpr TTold kCannotOpen = {u"Cannot open file \"%s\". %s",
+                                      u"Die Datei \"%s\" kann nicht geöffnet werden. %s"};
+inline constexpr TTold kCannotCreate = {u"Cannot create file \"%s\". %s",
+                                        u"Die Datei \"%s\" kann nicht angelegt werden. %s"};
+inline constexpr TTold kCannotRead = {u"Cannot read file \"%s\". %s",
+                                      u"Die Datei \"%s\" kann nicht gelesen werden. %s"};
+inline constexpr TTold kCannotWrite = {u"Cannot write file \"%s\". %s",
+                                       u"Die Datei \"%s\" kann nicht geschrieben werden. %s"};
+// Raises an E that names Path and the reason.
 template <typename E>
-[[noreturn]] void Raise(std::u16string_view Pattern, const String& Path) {
-  throw E(Format(Pattern, {Path.view(), SysErrorMessage(GetLastError()).view()}));
+[[noreturn]] void Raise(const TTold& What, const String& Path, const TTold& Reason, int Error = 0) {
+  throw E(Format(What.English, {Path.view(), Reason.English}), Format(What.German, {Path.view(), Reason.German}),
+          Error);
+}
+// The German reason of Error at Path: where something is missing, it is told whether file, directory or drive.
+String ReasonAt(int Error, const String& Path);
+// The same with the last error as the reason.
+template <typename E>
+[[noreturn]] void Raise(const TTold& What, const String& Path) {
+  const int error = GetLastError();
+  const String reason = SysErrorMessage(error), german = ReasonAt(error, Path);
+  Raise<E>(What, Path, {reason.view(), german.view()}, error);
 }
 
 TDateTime StampToLocal(os::TMoment Stamp);

@@ -1,5 +1,6 @@
 #include "platform/Files.h"
 
+#include "platform/UserMessages.h"
 #include "tests/support/Test.h"
 
 namespace {
@@ -72,17 +73,37 @@ TEST_F(Files, ReadsAndWritesAtItsPosition) {
 TEST_F(Files, FailuresNameThePathAndTheReason) {
   const String readOnly = Make("ro", "x"), none = Dir.Path("none"), dir = Dir.Path(), nul = u"a" + String(1, u'\0');
   ASSERT_EQ((TFacts{SetReadOnly(readOnly, true), Opens(readOnly, fmOpenRead)}), "yes yes");
-  const TCases<String, uint32_t, int> cases = {
-      {none, fmOpenRead, ENOENT},      {none + u"/a", fmCreate, ENOENT}, {dir, fmOpenRead, EISDIR},
-      {dir, fmCreate, EISDIR},         {nul, fmOpenRead, EINVAL},        {u"", fmOpenRead, ENOENT},
-      {readOnly, fmOpenWrite, EACCES}, {readOnly, fmCreate, EACCES},     {u"Q:\\a", fmCreate, ENOTDIR}};
-  for (const auto& [path, mode, error] : cases) {
+  const String longName = dir + u"/" + String(256, u'l'), gone = u"Das Laufwerk ist nicht erreichbar.";
+  const TFileStream busy(Make("busy", "x"), fmOpenRead | fmShareExclusive);
+  const TCases<String, uint32_t, int, String> cases = {
+      {none, fmOpenRead, ENOENT, u"Sie ist nicht vorhanden."},
+      {none + u"/a", fmCreate, ENOENT, u"Ihr Verzeichnis ist nicht vorhanden."},
+      {none + u"/a", fmOpenRead, ENOENT, u"Ihr Verzeichnis ist nicht vorhanden."},
+      {readOnly + u"/a", fmOpenRead, ENOTDIR, u"Ein Teil ihres Pfades ist kein Verzeichnis."},
+      {dir, fmOpenRead, EISDIR, u"Es ist ein Verzeichnis."},
+      {dir, fmCreate, EISDIR, u"Es ist ein Verzeichnis."},
+      {nul, fmOpenRead, EINVAL, u"Ihr Name oder eine Angabe dazu ist nicht erlaubt."},
+      {u"", fmOpenRead, ENOENT, u"Sie ist nicht vorhanden."},
+      {readOnly, fmOpenWrite, EACCES, u"Das Recht dazu fehlt."},
+      {readOnly, fmCreate, EACCES, u"Das Recht dazu fehlt."},
+      {longName, fmCreate, ENAMETOOLONG, u"Ihr Name ist zu lang."},
+      {busy.GetPath(), fmCreate, EBUSY, u"Sie wird gerade von einem anderen Programm benutzt."},
+      {u"Q:\\a", fmCreate, ENOTDIR, gone},
+      {u"\\\\server\\share\\a", fmOpenRead, ENOTDIR, gone}};
+  for (const auto& [path, mode, error, reason] : cases) {
     auto open = [&name = path, how = mode] { TFileStream file(name, how); };
     const bool create = mode == fmCreate;
     const String text = u" file \"" + path + u"\". " + SysErrorMessage(error);
     EXPECT_EQ(create ? RaisedBy<EFCreateError>(open) : RaisedBy<EFOpenError>(open),
               (create ? u"Cannot create" : u"Cannot open") + text);
     EXPECT_EQ(GetLastError(), error);
+    try {
+      open();
+    } catch (const EStreamError& fault) {
+      EXPECT_EQ(std::pair(fault.GetError(), UserMessage(fault)),
+                std::pair(error, Concat({u"Die Datei \"", path, u"\" kann nicht ", create ? u"angelegt" : u"geöffnet",
+                                         u" werden. ", reason})));
+    }
   }
 }
 
