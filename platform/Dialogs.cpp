@@ -21,6 +21,8 @@ THook<TTaskDialogSink>& TaskHook() {
   return hook;
 }
 
+constinit thread_local TDialogDiversion* Innermost = nullptr;
+
 const char* KindName(TMsgDlgType Kind) noexcept {
   switch (Kind) {
     case mtWarning:
@@ -57,6 +59,7 @@ TDialogSink SetDialogSink(TDialogSink Sink) { return Hook().Exchange(std::move(S
 
 TModalResult MessageDlg(String Text, TMsgDlgType Kind, TMsgDlgButtons Buttons) {
   TDialog dialog{std::move(Text), Kind, Buttons};
+  if (TDialogDiversion::Takes(dialog)) return mrOk;
   auto sink = Hook().Get();
   return sink ? (*sink)(dialog) : WriteToStandardError(dialog);
 }
@@ -72,6 +75,19 @@ bool HasTaskDialogs() { return TaskHook().Get() != nullptr; }
 TModalResult ShowTaskDialog(const TTaskDialog& Dialog) {
   const auto sink = TaskHook().Get();
   return sink ? (*sink)(Dialog) : mrNone;
+}
+
+TDialogDiversion::TDialogDiversion(std::function<bool(const TDialog&)> Take)
+    : FTake(std::move(Take)), FOuter(std::exchange(Innermost, this)) {}
+
+TDialogDiversion::~TDialogDiversion() { Innermost = FOuter; }
+
+bool TDialogDiversion::Takes(const TDialog& Dialog) {
+  const bool onlyTells = (Dialog.Kind == mtWarning || Dialog.Kind == mtError) && Dialog.Buttons == TMsgDlgButtons{mbOK};
+  if (!onlyTells || Innermost == nullptr || !Innermost->FTake) return false;
+  const std::function<bool(const TDialog&)>& take = Innermost->FTake;
+  const TDialogDiversion shown({});
+  return take(Dialog);
 }
 
 TScriptedDialogs::TScriptedDialogs() {

@@ -4,6 +4,7 @@
 //   MessageDlg       shows a dialog through the sink and returns the button pressed
 //   SetDialogSink    replaces the sink
 //   TTaskDialog, ShowTaskDialog, SetTaskDialogSink   the same for dialogs with a title, where a desktop has them
+//   TDialogDiversion takes what only tells something before it is shown
 //   TScriptedDialogs a sink for tests and programs without a screen: records and answers by a script
 //
 // Example (a program with windows of its own):
@@ -84,6 +85,24 @@ TTaskDialogSink SetTaskDialogSink(TTaskDialogSink Sink);
 bool HasTaskDialogs();
 // mrNone where there are none.
 TModalResult ShowTaskDialog(const TTaskDialog& Dialog);
+
+// Takes the dialogs of this thread that only tell something, warnings and errors with the OK button alone, as long as
+// it lives. Scopes nest, and the innermost counts alone. What is taken is answered with OK and reaches no sink.
+class TDialogDiversion {
+ public:
+  // False of Take: the dialog is shown all the same; so is what Take itself shows. An empty one takes nothing, for code
+  // within another scope whose dialogs are to be seen.
+  explicit TDialogDiversion(std::function<bool(const TDialog&)> Take);
+  ~TDialogDiversion();
+  TDialogDiversion(const TDialogDiversion&) = delete;
+  TDialogDiversion& operator=(const TDialogDiversion&) = delete;
+  // For MessageDlg.
+  static bool Takes(const TDialog& Dialog);
+
+ private:
+  std::function<bool(const TDialog&)> FTake;
+  TDialogDiversion* FOuter;
+};
 
 // Takes the sink's place as long as it lives, then puts the previous one back.
 class TScriptedDialogs {

@@ -19,7 +19,8 @@
 //
 // Paths are in the library's grammar or native (platform/Paths.h); routines that build names use the
 // backslash. No routine raises: all report by their result. Where there is a showError, it decides
-// whether a failure opens a dialog as well; the dialogs are warnings with the OK button alone.
+// whether a failure opens a dialog as well; the dialogs are warnings with the OK button alone, and within a TMsgDialogs
+// (uMsg.h) they are reported to the message handler instead.
 //
 // Pitfalls:
 //   - VxFileIsReadable is true if the file can NOT be read.

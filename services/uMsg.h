@@ -4,6 +4,8 @@
 //   TMsgHandler    collects messages, writes the log, shows one dialog when the outermost operation ends
 //   Msg            the handler
 //   TMsgReport, TMsgAction          report by it, or bracket several steps, within a scope
+//   TMsgDialogs, ReportFaults       reports in place of the dialogs and the file faults of other routines
+//   TableLog       a log that can be read back as a table
 //   Error, Warning, Log, msgInfo    make a message and send nothing
 //
 // Example:
@@ -25,5 +27,6 @@
 #pragma once
 
 #include "services/uMsg/MsgTests.h"
+#include "services/uMsg/TMsgDialogs.h"
 #include "services/uMsg/TMsgHandler.h"
 #include "services/uMsg/TMsgInfo.h"

@@ -5,10 +5,15 @@
 #include "platform/DateText.h"
 #include "platform/Dialogs.h"
 #include "platform/Exceptions.h"
+#include "platform/Files.h"
 #include "platform/FormatSettings.h"
 #include "platform/Numbers.h"
+#include "platform/Paths.h"
 #include "platform/SafeFiles.h"
 #include "platform/Text.h"
+#include "platform/TextForms.h"
+#include "platform/UserMessages.h"
+#include "services/uHandleFile.h"
 #include "services/uMsg/TMsgHandler.h"
 
 namespace vx {
@@ -43,10 +48,34 @@ void FillInTurn(TTextBuffer& Line, const String& Pattern, const TValues& Values)
   Line.Add(result);
 }
 
+void AddAsRow(TTextBuffer& Line, const TValues& Values) {
+  for (const std::u16string_view& value : Values) {
+    if (&value != Values) Line.Add(u',');
+    Line.Add(QuotedStr(value, u'"'));
+  }
+  Line.Add(u"\r\n");
+}
+
+// A failure is told by the writing that follows.
+void MakeDirectoryOf(const String& FileName) {
+  const String directory = ExtractFileDir(FileName);
+  if (directory.empty() || DirectoryExists(directory)) return;
+  const TDialogDiversion silence([](const TDialog&) { return true; });
+  VxForceDirectories(directory);
+}
+
 }  // namespace
+
+TMsgHandlerLog TableLog(String FileName) {
+  TMsgHandlerLog log{true, laMsg, std::move(FileName)};
+  log.Form = lfTable;
+  log.MakesDirectory = true;
+  return log;
+}
 
 TMsgHandler::~TMsgHandler() {
   try {
+    const TDialogDiversion shown({});
     if (counter != 0) {
       counter = 1;
       MsgFunction(Log(u"MessageHandler korrupt!", u"TMsgHandler.Destroy"), false);
@@ -82,6 +111,10 @@ void TMsgHandler::AppendLine(std::string& Bytes, const TMsgInfo& MsgInfo, int Le
                           level,
                           MsgInfo.msg};
   FLine.Clear();
+  if (FLog.Form == lfTable) {
+    AddAsRow(FLine, values);
+    return AppendUtf8(Bytes, FLine.View());
+  }
   // What the message itself holds comes last and is not replaced again.
   const bool isPlain = values[0].find(u'%') == values[0].npos && values[3].find(u'%') == values[3].npos;
   if (!isPlain || !FillAtOnce(FLine, FLog.Format, values)) FillInTurn(FLine, FLog.Format, values);
@@ -91,7 +124,7 @@ void TMsgHandler::AppendLine(std::string& Bytes, const TMsgInfo& MsgInfo, int Le
 
 void TMsgHandler::DoLog(const TMsgInfo& MsgInfo, int Level, bool Ignored) {
   if (iLogInterrupt) return iLogInterrupt(MsgInfo, Level, Ignored);
-  if (!FLog.Active || FLog.FileName.empty()) return;
+  if (!HasLog()) return;
   if (FLog.Attitude == laInstant) {
     std::string line;
     AppendLine(line, MsgInfo, Level, Ignored);
@@ -109,11 +142,12 @@ bool TMsgHandler::writeLog(std::string_view Bytes) {
   if (Bytes.empty()) return true;
   for (;;) {
     try {
+      if (FLog.MakesDirectory) MakeDirectoryOf(FLog.FileName);
       AppendLinesToFile(FLog.FileName, Bytes);
       return true;
     } catch (const Exception& error) {
       const String text =
-          Concat({u"TMsgHandler.writeLog: Das Protokoll konnte nicht gespeichert werden.\r\n\r\n", error.GetMessage(),
+          Concat({u"TMsgHandler.writeLog: Das Protokoll konnte nicht gespeichert werden.\r\n\r\n", UserMessage(error),
                   u"\r\nBitte entfernen Sie den eventuell vorhanden Schreibschutz auf der Datei\r\n"
                   u"oder verbinden Sie das betreffende Laufwerk."});
       if (MessageDlg(text, mtError, {mbOK, mbRetry}) != mrRetry) return false;

@@ -9,6 +9,7 @@
 #include "platform/Format.h"
 #include "platform/FreeBuffers.h"
 #include "platform/Lazy.h"
+#include "platform/NumberMasks.h"
 
 namespace vx {
 
@@ -58,11 +59,6 @@ TSummary Summarize(const TMsgInfo& Top, const TMsgList& List, bool Return) {
     result.Headline = Concat({Top.successMsg, u"\r\n", second});
   } else {
     result.Headline = Top.msg;
-  }
-  for (int i = 0; i + 1 < count; ++i) {
-    if (i > 0) result.Detail += u"\r\n";
-    result.Detail += List.Get(i).msgType == msgWarning ? u"Warnung: " : u"Fehler: ";
-    result.Detail += List.Get(i).msg;
   }
   return result;
 }
@@ -205,10 +201,27 @@ bool TMsgHandler::EndAction(const TMsgInfo& MsgInfo) {
   return result;
 }
 
+// All but the last, which is the headline as a rule.
+String TMsgHandler::DetailText(const TMsgList& List) const {
+  constexpr int kFirst = 20;
+  const int count = std::max(List.GetCount() - 1, 0);
+  const bool isCut = count > std::max(FMostDetails, kFirst) && (HasLog() || iLogInterrupt);
+  const int shown = isCut ? kFirst : count;
+  TTextBuffer text;
+  for (int i = 0; i < shown; ++i) {
+    if (i > 0) text.Add(u"\r\n");
+    text.Add(List.Get(i).msgType == msgWarning ? u"Warnung: " : u"Fehler: ");
+    text.Add(List.Get(i).msg);
+  }
+  if (isCut) text.Add(Concat({u"\r\n... und ", FormatFloat(u"#,##0", count - shown), u" weitere"}));
+  return text.ToString();
+}
+
 bool TMsgHandler::IsAlert() const noexcept { return iMsgList.GetCount() > (msgCount.empty() ? 0 : msgCount.back()); }
 
 void TMsgHandler::HandleMsg(const TMsgInfo& TopInfo) {
-  const TMsgInfo top = TopInfo;  // NOLINT(performance-unnecessary-copy-initialization): may be one of the list
+  const TDialogDiversion shown({});  // what is presented is not reported again
+  const TMsgInfo top = TopInfo;      // NOLINT(performance-unnecessary-copy-initialization): may be one of the list
   RemoveDuplicates(iMsgList);
   if (iMsgInterrupt) {
     iMsgInterrupt(top, iMsgList, return_);
@@ -219,7 +232,9 @@ void TMsgHandler::HandleMsg(const TMsgInfo& TopInfo) {
 
 void TMsgHandler::DefaultMsgHandling(const TMsgInfo& TopInfo, const TMsgList& List, bool Return) {
   if (IsTerminating()) return;
-  if (Present(Summarize(TopInfo, List, Return)) != mrIgnore) return;
+  TSummary summary = Summarize(TopInfo, List, Return);
+  summary.Detail = DetailText(List);
+  if (Present(summary) != mrIgnore) return;
   for (int i = 0; i < List.GetCount(); ++i) {
     if (List.Get(i).msgType == msgWarning) Ignore(List.Get(i).sender);
   }

@@ -22,14 +22,29 @@ enum TLogAttitude : uint8_t {
   laDestroy   // when the handler ends
 };
 
+// How a message stands in the log.
+enum TLogForm : uint8_t {
+  lfFormat,  // as TMsgHandlerLog::Format tells
+  lfTable    // as a row of a table file: six cells in quotes, separated by commas, in the order of %1 to %6
+};
+
 struct TMsgHandlerLog {
   bool Active = true;
   TLogAttitude Attitude = laDestroy;
   String FileName = u"messages.log";  // without a directory: in the current one; empty: no log
   // %1 the stamp, %2 LOG, WARNING or ERROR, %3 "ignored" or nothing, %4 the sender, %5 the level, %6 the text;
-  // replaced in this order, so that a text put in may be replaced again by a later one. Nothing is escaped.
+  // replaced in this order, so that a text put in may be replaced again by a later one. Nothing is escaped:
+  // what holds quotes or line breaks can't be read back. TableLog has the form that can.
   String Format = u"%1,%2,%3,%4,%5,\"%6\"";
+  TLogForm Form = lfFormat;
+  bool MakesDirectory = false;  // if that of FileName is missing; else it is told that the log can't be written
 };
+
+// The log for new programs. It is written when the outermost operation ends, its directory is made, and LoadCsv reads
+// it back whatever the messages hold.
+//
+//   vx::Msg().SetLog(vx::TableLog(u"C:\\Daten\\Protokolle\\meldungen.csv"));
+TMsgHandlerLog TableLog(String FileName);
 
 using TMsgList = GList<TMsgInfo>;
 using TMsgFunction = Method<bool(const TMsgInfo& msgInfo, bool success)>;
@@ -56,6 +71,10 @@ class TMsgHandler : public TObject {
   void SetMsgInterrupt(TMsgInterrupt Value) noexcept { iMsgInterrupt = Value; }
   const TMsgHandlerLog& GetLog() const noexcept { return FLog; }
   void SetLog(TMsgHandlerLog Value) { FLog = std::move(Value); }
+  // How many messages below the headline a dialog lists, 100 unless set. Of more it shows the first 20 and how many
+  // there are beside them, u"... und 19.980 weitere", but only if there is a log, which has them all.
+  int GetMostDetails() const noexcept { return FMostDetails; }
+  void SetMostDetails(int Value) noexcept { FMostDetails = Value; }
 
   // Warnings of this sender are neither listed nor shown from now on; the log has them as ignored. An empty
   // sender is not taken.
@@ -88,6 +107,8 @@ class TMsgHandler : public TObject {
   std::u16string_view StampText(TDateTime Stamp);
   void AppendLine(std::string& Bytes, const TMsgInfo& MsgInfo, int Level, bool Ignored);
   bool writeLog(std::string_view Bytes);
+  bool HasLog() const noexcept { return FLog.Active && !FLog.FileName.empty(); }
+  String DetailText(const TMsgList& List) const;
 
   std::string buffer;  // lines of the log that are not in the file yet, as they will stand there
   int counter = 0;     // depth
@@ -98,6 +119,7 @@ class TMsgHandler : public TObject {
   std::vector<int> msgCount;  // of each open action, how long iMsgList was when it began
   bool return_ = true;
   TMsgHandlerLog FLog;
+  int FMostDetails = 100;
   TTextBuffer FLine;  // the line that is being made
   String FStampText;  // of the latest stamp, by its second and the separator in use
   int64_t FStampSecond = -1;

@@ -34,6 +34,29 @@ TEST(DialogsTest, ScriptRecordsAnswersInOrderAndPutsThePreviousBack) {
   EXPECT_EQ(std::pair(dialogs.Shown[2].Kind, dialogs.Shown[2].Buttons), std::pair(mtWarning, TMsgDlgButtons{mbOK}));
 }
 
+TEST(DialogsTest, DiversionsTakeWhatOnlyTells) {
+  TScriptedDialogs screen;
+  String taken;
+  const auto take = [&](const TDialog& dialog) {
+    ShowWarning(u"by the taker of " + dialog.Text);
+    return taken += dialog.Text, dialog.Text != u"w";
+  };
+  {
+    const TDialogDiversion diversion(take);
+    screen.AnswerNext(mrCancel), screen.AnswerNext(mrYes), screen.AnswerNext(mrRetry);
+    EXPECT_EQ((TFacts{MessageDlg(u"e", mtError, {mbOK}), MessageDlg(u"q", mtConfirmation, {mbOK}),
+                      MessageDlg(u"r", mtError, {mbOK, mbRetry}), taken}),
+              "1 6 4 e");
+    ShowWarning(u"w"), ShowMessage(u"m");
+    const TDialogDiversion shown({});
+    ShowWarning(u"s");
+  }
+  ShowWarning(u"outside");
+  String all;
+  for (const TDialog& dialog : screen.Shown) all += dialog.Text + u"|";
+  EXPECT_EQ((TFacts{all, taken}), "by the taker of e|q|r|by the taker of w|w|m|s|outside| ew");
+}
+
 // An own directory with an opener that tells on a pipe what it was given.
 class ShellTest : public testing::Test {
  protected:
