@@ -24,6 +24,8 @@ struct TCall {
   bool IsRunning = false;
   bool IsDone = false;
   std::exception_ptr Error{};
+  const TThread* Caller = TThread::CurrentThread();
+  const TCall* Outer = nullptr;  // in whose run this one runs
 };
 
 struct TEntry {
@@ -40,6 +42,7 @@ struct TMainQueue {
   uint64_t NextNumber = 0;
   THook<std::function<void()>> WakeHook;
   std::atomic<std::thread::id> Main{};
+  const TCall* Served = nullptr;  // the innermost one that runs; the main thread's own
 };
 
 // Threads may hand over until the very end of the program.
@@ -62,11 +65,13 @@ void Push(TMainQueue& Queue, std::function<void()> Method, TCall* Call) {
 }
 
 void RunCall(TMainQueue& Queue, TCall& Call) noexcept {
+  Call.Outer = std::exchange(Queue.Served, &Call);
   try {
     Call.Method();
   } catch (...) {
     Call.Error = std::current_exception();
   }
+  Queue.Served = Call.Outer;
   {
     std::lock_guard lock(Queue.Mutex);
     Call.IsDone = true;
@@ -161,13 +166,19 @@ void Enqueue(std::function<void()> Method) {
   if (Method) Push(MainQueue(), std::move(Method), nullptr);
 }
 
-void DrainUntil(FunctionRef<bool()> IsOver) noexcept {
+bool DrainUntil(FunctionRef<bool()> IsOver, int64_t Timeout) noexcept {
   TMainQueue& queue = MainQueue();
+  const auto end = std::chrono::steady_clock::now() + std::chrono::milliseconds(std::max(Timeout, int64_t{0}));
   while (true) {
     {
       std::unique_lock lock(queue.Mutex);
-      queue.Changed.wait(lock, [&] { return IsOver() || !queue.Entries.empty(); });
-      if (IsOver()) return;
+      auto hasCome = [&] { return IsOver() || !queue.Entries.empty(); };
+      if (Timeout < 0) {
+        queue.Changed.wait(lock, hasCome);
+      } else if (!queue.Changed.wait_until(lock, end, hasCome)) {
+        return false;
+      }
+      if (IsOver()) return true;
     }
     try {
       RunOne(queue, std::numeric_limits<uint64_t>::max());
@@ -176,6 +187,14 @@ void DrainUntil(FunctionRef<bool()> IsOver) noexcept {
       queue.Raised.push_back(std::current_exception());
     }
   }
+}
+
+bool IsServing(FunctionRef<bool(const TThread* Thread)> IsMeant) {
+  if (!IsMainThread()) return false;
+  for (const TCall* call = MainQueue().Served; call != nullptr; call = call->Outer) {
+    if (IsMeant(call->Caller)) return true;
+  }
+  return false;
 }
 
 void Wake() noexcept {

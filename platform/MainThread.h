@@ -14,11 +14,14 @@
 #pragma once
 
 #include <atomic>
+#include <cstdint>
 #include <functional>
 
 #include "platform/Types.h"
 
 namespace vx {
+
+class TThread;
 
 // Whether the calling thread is the main thread. The first thread to ask becomes it, unless one was set; the
 // constructor of every TThread asks. A thread that a TThread runs never becomes it by asking.
@@ -38,13 +41,16 @@ std::function<void()> SetWakeMainThread(std::function<void()> Wake);
 
 namespace main_thread {
 
-// For TThread alone. Run waits until the main thread has run Method, see TThread::Synchronize; once Terminated is
-// set, GaveUp tells a later call not to wait again.
+// For threads and pools alone. Run waits until the main thread has run Method, see TThread::Synchronize; once
+// Terminated is set, GaveUp tells a later call not to wait again.
 bool Run(FunctionRef<void()> Method, const std::atomic<bool>* Terminated, bool* GaveUp);
 void Enqueue(std::function<void()> Method);
-// Runs what comes until IsOver, which is asked again after each Wake. Never raises: what queued methods raise is raised
-// by the next CheckSynchronize.
-void DrainUntil(FunctionRef<bool()> IsOver) noexcept;
+// Runs what comes until IsOver, which is asked again after each Wake, for at most so many milliseconds (below 0:
+// without end). Whether it is over. Never raises: what queued methods raise is raised by the next CheckSynchronize.
+bool DrainUntil(FunctionRef<bool()> IsOver, int64_t Timeout = -1) noexcept;
+// Whether the calling thread is the main thread and runs a method for a thread of which IsMeant is true, which waits
+// for the method to end.
+bool IsServing(FunctionRef<bool(const TThread* Thread)> IsMeant);
 // All that wait look again.
 void Wake() noexcept;
 

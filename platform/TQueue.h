@@ -40,6 +40,11 @@ class TQueue : public TObject {
     --FCount;
     return result;
   }
+  void Swap(TQueue& Other) noexcept {
+    FItems.swap(Other.FItems);
+    std::swap(FHead, Other.FHead);
+    std::swap(FCount, Other.FCount);
+  }
 
  private:
   void Grow() {

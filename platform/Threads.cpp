@@ -66,8 +66,10 @@ TWaitResult TEvent::WaitFor(uint32_t Milliseconds) noexcept {
   return state != 0 ? wrAbandoned : wrTimeout;
 }
 
+bool TCriticalSection::IsHeld() const noexcept { return FOwner.load(std::memory_order_relaxed) == Self(); }
+
 bool TCriticalSection::EnterAgain() noexcept {
-  if (FOwner.load(std::memory_order_relaxed) != Self()) return false;
+  if (!IsHeld()) return false;
   ++FDepth;
   return true;
 }
@@ -163,7 +165,7 @@ void TThread::WaitFor() noexcept {
   if (Current == this || !GetStarted()) return;
   const std::shared_ptr<TState> state = FState;
   auto isFinished = [&] { return state->IsFinished.load(); };
-  if (IsMainThread()) return main_thread::DrainUntil(isFinished);
+  if (IsMainThread()) return (void)main_thread::DrainUntil(isFinished);
   std::unique_lock lock(state->Mutex);
   state->Ended.wait(lock, isFinished);
 }

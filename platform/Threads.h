@@ -96,6 +96,8 @@ class TCriticalSection {
   [[nodiscard]] bool TryEnter() noexcept;
   // Only by the thread that holds it.
   void Leave() noexcept;
+  // Whether the calling thread holds it.
+  bool IsHeld() const noexcept;
 
  private:
   enum TLockState : int { lsFree, lsHeld, lsAwaited };

@@ -4,6 +4,7 @@
 //   TThreadJob, TThreadJobs           a piece of work; several as one
 //   TThreadData                       a pool's settings and measurements, and what the application does with its jobs
 //   TThreadPool, TThreadWorker        the pool and its threads
+//   TPoolTask, TLoopParts, TPoolProgress   for functions with a result, loops, and progress in the main thread
 //   TThreadTicks, TThreadQueue        durations of the latest jobs; jobs that wait
 //   ReportInMainThread                an error of any thread as a message
 //   SetEvent, ResetEvent              for sure
@@ -33,6 +34,16 @@
 //   vx::TThreadPool pool(data, true);
 //   for (int i = 0; i < 1000; ++i) pool.Add(new TSquare(i));
 //   pool.Start();
+//   bool isDone = pool.Wait() == vx::pwDone;
+//   data.sum;                                                    // 332833500
+//
+// For most work no class is needed: functions that a pool runs, and loops.
+// Example (tasks and a loop):
+//   vx::TThreadPool pool;                                          // as many workers as there are processors
+//   vx::TPoolTask<int> sum = pool.Run([] { return 20 + 22; });     // on a worker
+//   std::vector<int> squares(1000);
+//   bool isWhole = pool.ForEach(0, 1000, [&](int i) { squares[i] = i * i; });
+//   sum.Get();                                                     // 42
 //
 // The pool measures how long jobs take and hands a worker so many at a time that they take about
 // TThreadData::GetTicksWork milliseconds. Short jobs come as one TThreadJobs that holds them: Done gets that.
@@ -46,7 +57,9 @@
 // if the main thread is what ends the pool, and otherwise gives up after a second.
 //
 // Pitfalls:
-//   - What runs in the main thread runs when the application calls CheckSynchronize (platform/MainThread.h).
+//   - What runs in the main thread runs when the application calls CheckSynchronize (platform/MainThread.h), or waits
+//     there for a pool, a task or a loop.
+//   - In one pool tasks and loops go before jobs or behind them as it comes.
 //   - Hooks of TThreadData run under the pool's lock: they must not block. They may add jobs.
 //   - Done has to free jobs; the pool doesn't.
 //   - A pool on the stack must not be terminated by Terminate, see TVxThread.
@@ -55,6 +68,9 @@
 //   - Batches are lists of objects: don't count objects (DoCountObjects) while a pool runs.
 #pragma once
 
+#include "services/uThreadPool/TLoopParts.h"
+#include "services/uThreadPool/TPoolProgress.h"
+#include "services/uThreadPool/TPoolTask.h"
 #include "services/uThreadPool/TThreadData.h"
 #include "services/uThreadPool/TThreadJob.h"
 #include "services/uThreadPool/TThreadPool.h"

@@ -2,6 +2,7 @@
 
 #include "platform/Clock.h"
 #include "platform/Threads.h"
+#include "services/uThreadPool/TPoolTask.h"
 
 namespace vx {
 
@@ -40,16 +41,16 @@ void TThreadJob::doExecuteCaught(TThreadData& data) noexcept {
   }
 }
 
-TThreadJobList::~TThreadJobList() {
-  if (GetOwnsObjects()) {
-    for (int i = 0; i < GetCount(); ++i) delete &At(i);
-  }
-  iList.SetCount(0);
-}
+TThreadJobList::~TThreadJobList() { Drop(0); }
 
 void TThreadJobList::Take(TThreadQueue& queue, int count) {
   SetCount(count);
   for (int i = 0; i < count; ++i) iList[i] = queue.Pop();
+}
+
+void TThreadJobList::Drop(int kept) {
+  for (int i = kept; i < GetCount() && GetOwnsObjects(); ++i) delete &At(i);
+  iList.SetCount(kept);
 }
 
 void TThreadJobs::Add(TThreadJob* job) {
@@ -62,6 +63,7 @@ void TThreadJobs::doExecute(TThreadData& data) {
   auto begin = static_cast<uint32_t>(ticks.Read());
   const int count = GetCount();
   for (int i = 0; i < count; ++i) {
+    if (detail::TCancelScope::IsCanceled()) return iList.Drop(i);
     if (i + kAhead < count) __builtin_prefetch(&iList.At(i + kAhead), 1);
     TThreadJob& job = iList.At(i);
     job.iTicks = begin;

@@ -68,6 +68,8 @@ class TThreadJobList : public TVxListClassed<TThreadJobList, TVxObjectList, u"TT
   TThreadJob& At(int index) const noexcept { return static_cast<TThreadJob&>(*iList[index]); }
   // Takes so many jobs out of the queue, which has as many, into this list, which is empty.
   void Take(TThreadQueue& queue, int count);
+  // Frees, if it owns, and forgets all but the first ones.
+  void Drop(int kept);
 };
 
 // Several jobs as one, in the order in which they were added.
@@ -86,7 +88,8 @@ class TThreadJobs : public TThreadJob {
   void Add(TThreadJob* job);
 
  protected:
-  // Runs each job. One that raises keeps its error, and the others run all the same.
+  // Runs each job. One that raises keeps its error, and the others run all the same. Where the pool is cancelled
+  // meanwhile (TThreadPool::IsCanceled) those that have not begun leave this object.
   void doExecute(TThreadData& data) override;
 
  private:

@@ -14,6 +14,20 @@ constexpr int kLargestSpare = 64;  // jobs
 
 uint32_t Ticks() { return static_cast<uint32_t>(GetTickCount()); }
 
+// Of a pool without an application's.
+class TPlainData final : public TThreadData {
+ public:
+  explicit TPlainData(int Threads) {
+    if (Threads > 0) iThreadCount = Threads;
+  }
+  void Done(TThreadJob* job, TThreadQueue& queue, int doing) override {
+    TThreadData::Done(job, queue, doing);
+    delete job;
+  }
+  bool HaveToSync() override { return false; }
+  void Synchronize() override {}
+};
+
 }  // namespace
 
 TThreadWorker::TThreadWorker(TThreadData& data, TThreadPoolExchange exchange)
@@ -24,13 +38,25 @@ TThreadWorker::~TThreadWorker() {
   delete iJob;
 }
 
+void TThreadWorker::Stop() {
+  TVxThread::Stop();
+  FWake.SetEvent();
+}
+
+void TThreadWorker::TerminatedSet() noexcept {
+  TVxThread::TerminatedSet();
+  FWake.Abandon();
+}
+
 void TThreadWorker::doExecute() {
   iExchange(iJob);
   if (iJob == nullptr) {
-    Sleep(kRoundTicks);
-  } else {
-    iJob->ExecuteCaught(iData);
+    if (FPool == nullptr) return (void)Sleep(kRoundTicks);
+    return FPool->HelpOrRest(*this);
   }
+  if (FPool == nullptr) return iJob->ExecuteCaught(iData);
+  const detail::TCancelScope scope(FPool->FCancels, FCancels);
+  iJob->ExecuteCaught(iData);
 }
 
 TThreadPool::TThreadPool(TThreadData& data, bool suspended) : TVxThread(suspended), iData(data) {
@@ -40,14 +66,25 @@ TThreadPool::TThreadPool(TThreadData& data, bool suspended) : TVxThread(suspende
   }
   for (int i = 0; i < iData.GetThreadCount(); ++i) {
     iThreads.push_back(std::make_unique<TThreadWorker>(iData, TThreadPoolExchange::Of<&TThreadPool::Exchange>(*this)));
+    iThreads.back()->FPool = this;
   }
+  FHasWorkers = !iThreads.empty();
+  FLoopThreads = std::max(iData.GetThreadCount(), 1);
   FEnding.reserve(iThreads.size());  // the end needs no memory
   AfterConstruction();
+}
+
+TThreadPool::TThreadPool(int Threads) : TThreadPool(std::make_unique<TPlainData>(Threads)) {}
+
+TThreadPool::TThreadPool(std::unique_ptr<TThreadData> data) : TThreadPool(*data, true) {
+  FOwnData = std::move(data);
+  Start();
 }
 
 TThreadPool::~TThreadPool() {
   ThreadsDestroy(false);
   Finish();
+  for (auto& task : FTasks) task->Cancel();
 }
 
 void TThreadPool::Add(TThreadJob* job) {
@@ -65,6 +102,7 @@ void TThreadPool::Start() {
 void TThreadPool::Stop() {
   ThreadsStop();
   TVxThread::Stop();
+  TellWaiters();
 }
 
 void TThreadPool::Terminate() {
@@ -77,6 +115,7 @@ void TThreadPool::ThreadsDestroy(bool terminateOnly) {
   {
     std::lock_guard lock(FControl);
     iThreadsOn = false;
+    FHasWorkers = false;
     for (auto& worker : iThreads) FEnding.push_back(std::move(worker));
     iThreads.clear();
     for (auto& worker : FEnding) {
@@ -89,6 +128,7 @@ void TThreadPool::ThreadsDestroy(bool terminateOnly) {
     std::erase(FEnding, nullptr);
     if (!terminateOnly) ended.swap(FEnding);
   }
+  TellWaiters();
 }
 
 void TThreadPool::Exchange(TThreadJob*& job) noexcept {
@@ -104,11 +144,16 @@ void TThreadPool::Exchange(TThreadJob*& job) noexcept {
   } catch (...) {
     ReportFailure(nullptr, std::current_exception());
   }
+  const bool hasOther = !FTasks.empty() || FLoops != nullptr;
+  FIsJobsTurn = !hasOther || !FIsJobsTurn;
+  if (!FIsJobsTurn) return TellIfDone();
   try {
     job = TakeNext(batch);
   } catch (...) {
     ReportFailure(nullptr, std::current_exception());
   }
+  if (job != nullptr) static_cast<TThreadWorker*>(CurrentThread())->FCancels = FCancels;
+  TellIfDone();
 }
 
 // Workers read it outside of the lock, so it is left alone where it can be.
@@ -174,8 +219,9 @@ void TThreadPool::LookForWork() {
   int waiting, doing;
   {
     TCriticalSectionLock lock(iCritical);
-    waiting = iToDo.GetCount();
-    doing = iDoing;
+    waiting = iToDo.GetCount() + static_cast<int>(FTasks.size()) + (FLoops != nullptr ? 1 : 0);
+    doing = iDoing + FTasksRunning;
+    if (FWaiters != nullptr) waiting += doing;  // jobs have to come to Done, though the queue may be empty
   }
   if (waiting > 0) {
     iToDoEmpty = 0;
@@ -203,11 +249,14 @@ void TThreadPool::ThreadsStart() {
 }
 
 void TThreadPool::ThreadsStop() {
-  std::lock_guard lock(FControl);
-  if (!iThreadsOn) return;
-  iData.SetTicksBegin(Ticks() - iData.GetTicksBegin());
-  iThreadsOn = false;
-  for (auto& worker : iThreads) worker->Stop();
+  {
+    std::lock_guard lock(FControl);
+    if (!iThreadsOn) return;
+    iData.SetTicksBegin(Ticks() - iData.GetTicksBegin());
+    iThreadsOn = false;
+    for (auto& worker : iThreads) worker->Stop();
+  }
+  TellWaiters();
 }
 
 }  // namespace vx
