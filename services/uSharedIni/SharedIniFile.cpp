@@ -16,6 +16,7 @@
 #include "platform/Paths.h"
 #include "platform/SafeFiles.h"
 #include "platform/Sorting.h"
+#include "platform/detail/Utf8.h"
 #include "services/uHandleFile.h"
 #include "services/uMsg.h"
 #include "services/uSharedIni/TSharedIni.h"
@@ -120,20 +121,40 @@ TDateTime TSharedIni::LoadValues() {
     FIsWhole = false;
     Tell(msgWarning, u"gelesen werden", name, kLoadValues, true);
   }
+  if (FIsUnmarked) iEncoding = FGiven;  // it was found out for the bytes that stood there before
   size_t mark = 0;
   iEncoding = &TEncoding::Detect(bytes, mark, iEncoding ? *iEncoding : TEncoding::Default());
+  FIsUnmarked = mark == 0 && IsUtf8WithoutMark(bytes);
+  if (FIsUnmarked) iEncoding = &TEncoding::Utf8();
   SetText(iEncoding->Decode(std::string_view(bytes).substr(mark)));
   return result;
 }
 
+bool TSharedIni::IsUtf8WithoutMark(std::string_view Bytes) const noexcept {
+  if (!iOptions.Has(sioUtf8)) return false;
+  for (size_t at = 0; at < Bytes.size();) {
+    if (detail::NextFromUtf8(Bytes, at) == detail::kBrokenUtf8) return false;
+  }
+  return true;
+}
+
 bool TSharedIni::StoreValues(TSharedIni& Target) {
+  // A file that was never read has no encoding yet.
+  if (iEncoding == nullptr && iOptions.Has(sioUtf8)) {
+    iEncoding = &TEncoding::Utf8();
+    FIsUnmarked = true;
+  }
   const TEncoding& encoding = iEncoding ? *iEncoding : TEncoding::Default();
-  const std::string bytes = std::string(encoding.Mark()) + encoding.Encode(Target.GetText());
+  const bool isMarked = !FIsUnmarked || &encoding != &TEncoding::Utf8();
+  const std::string bytes =
+      (isMarked ? std::string(encoding.Mark()) : std::string()) + encoding.Encode(Target.GetText());
+  FIsWritten = true;
   return Retry(Target.GetFileName(), iTimeOut, kStoreValues, [&] {
     try {
       const String& name = Target.GetFileName();
       FStored = FTurn ? ReplaceFileContent(name, bytes, *FTurn) : ReplaceFileContent(name, bytes);
     } catch (const EWriteError&) {
+      FIsWritten = false;
       FStored = VxFileLastWrite(Target.GetFileName(), false);
       Tell(msgWarning, u"geschrieben werden", Target.GetFileName(), kLoadValues, true);
     }
@@ -193,9 +214,9 @@ bool TSharedIni::InTurn(const std::function<bool()>& Work) {
   // Where there is no turn for another reason, the file can't be written; StoreValues tells that.
   if (!isTaken && turn.IsOthers()) return TellNotOpened(GetFileName(), kStoreValues);
   FTurn = &turn;
-  const bool result = Work();
-  FTurn = nullptr;
-  return result;
+  const std::unique_ptr<const TFileTurn*, void (*)(const TFileTurn**)> end(
+      &FTurn, [](const TFileTurn** held) { *held = nullptr; });
+  return Work();
 }
 
 // A mirror takes an empty central file for one that has gone.
@@ -203,11 +224,6 @@ bool TSharedIni::IsToBeMade() const {
   const bool isThere = FTurn->IsHeld() ? !FTurn->IsToMake() : VxFileExists(GetFileName());
   return !isThere || (FOrigin != nullptr && VxFileSize(GetFileName(), false) == 0);
 }
-
-// The stamp of all sections that one store touches.
-struct TSharedIni::TStamp {
-  String Date, Time, User;
-};
 
 TSharedIni::TStamp TSharedIni::MakeStamp() const {
   if (!GetSectionStamp()) return {};
@@ -269,9 +285,13 @@ bool TSharedIni::Replay(TSharedIni& Other, std::vector<String>& Changed) const {
 // Into a file that is there: the journal is replayed on what stands in it now.
 bool TSharedIni::StoreMerged() {
   const TStamp stamp = MakeStamp();
-  TSharedIni other(GetFileName(), {sioReadOnly}, iEncoding);  // a file without a mark is read as it is written
+  TSharedIniOptions options{sioReadOnly};
+  if (iOptions.Has(sioUtf8)) options.Include(sioUtf8);
+  // A file without a mark is read as it is written.
+  TSharedIni other(GetFileName(), options, FIsUnmarked ? FGiven : iEncoding);
   if (other.iLoaded == 0 || !other.FIsWhole) return false;
   iEncoding = other.iEncoding;  // a mark that the file has got counts
+  FIsUnmarked = other.FIsUnmarked;
   std::vector<String> changed;
   bool isPlain = true;
   for (const TSharedIniModification& entry : Journal().Items()) {
@@ -301,6 +321,7 @@ bool TSharedIni::StoreWhole() {
   if (FOrigin != nullptr) {
     Assign(FOrigin);
     iEncoding = FOrigin->iEncoding;
+    FIsUnmarked = FOrigin->FIsUnmarked;
   }
   if (GetSectionStamp()) {
     std::vector<String> sections;

@@ -149,6 +149,25 @@ bool TDuplicateIni::Reload(bool Force, bool ClearModifications) {
   return TSharedIni::Reload(Force, ClearModifications) && isFetched;
 }
 
+TIniChange TDuplicateIni::Change(const String& Section, const String& Ident,
+                                 FunctionRef<bool(String& Value)> Function) {
+  if (!iDuplicateOptions.Has(dioInstantSourceWrite)) return TSharedIni::Change(Section, Ident, Function);
+  TSharedIni source(iSourcename);
+  source.SetTimeOut(GetTimeOut());
+  String value;
+  const TIniChange result = ChangeIn(source, *this, Section, Ident, [&](String& text) {
+    const bool isChanged = Function(text);
+    value = text;
+    return isChanged;
+  });
+  if (result == icStored) {
+    TSharedIni local(GetFileName());
+    local.WriteString(Section, Ident, value);
+    (void)local.Store();  // reports through Msg
+  }
+  return result;
+}
+
 void TDuplicateIni::ModificationsClear() {
   if (iSource && GetModifications()) iSource->AddModifications(*GetModifications());
   TSharedIni::ModificationsClear();

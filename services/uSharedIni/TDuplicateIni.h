@@ -46,6 +46,10 @@ class TDuplicateIni : public TSharedIni {
   [[nodiscard]] bool Store() override;
   bool Reload(bool Force, bool ClearModifications) override;
   void ModificationsClear() override;
+  // Where changes are passed on, the central file decides, and the local one gets its value; that it could not be
+  // stored there is reported, and the next fetch brings it. Otherwise the change is one of the local file alone.
+  [[nodiscard]] TIniChange Change(const String& Section, const String& Ident,
+                                  FunctionRef<bool(String& Value)> Function) override;
 
  private:
   TDuplicateIni(String FileName, String Sourcename, TDuplicateIniOptions Options, const TEncoding* Encoding,

@@ -54,7 +54,8 @@ TSharedIni::TSharedIni(String FileName, TSharedIniOptions Options, const TEncodi
     : TCustomIniFile(std::move(FileName)),
       iEncoding(Encoding),
       iOptions(Options),
-      iSections(std::make_unique<THashedStringList>()) {
+      iSections(std::make_unique<THashedStringList>()),
+      FGiven(Encoding) {
   if (!Options.Has(sioReadOnly)) iModifications = std::make_unique<TSharedIniModifications>();
   if (Options.Has(sioMemorizeDefaults)) iDefaultList = std::make_unique<TSharedIniModifications>();
   try {
@@ -199,6 +200,11 @@ void TSharedIni::WriteString(const String& Section, const String& Ident, const S
     return;
   }
   Modification(Section, Ident, Value, atModify);
+  PutLine(Section, Ident, Value);
+  InstantWrite();
+}
+
+void TSharedIni::PutLine(const String& Section, const String& Ident, const String& Value) {
   THashedStringList* lines = Lines(Section);
   if (!lines) lines = &AddSection(Section);
   if (const int place = lines->IndexOfName(Ident); place >= 0) {
@@ -206,7 +212,6 @@ void TSharedIni::WriteString(const String& Section, const String& Ident, const S
   } else {
     lines->Add(Line(Ident, Value));
   }
-  InstantWrite();
 }
 
 void TSharedIni::DeleteKey(const String& Section, const String& Ident) {

@@ -14,6 +14,7 @@
 #include "platform/CustomIniFile.h"
 #include "platform/Encoding.h"
 #include "platform/THashedStringList.h"
+#include "services/uSharedIni/IniValues.h"
 
 namespace vx {
 
@@ -24,7 +25,10 @@ enum TSharedIniOption : uint8_t {
   sioMemorizeDefaults,  // reads, and writes in default mode, note keys with their defaults
   sioSectionStamp,      // each stored section gets "Datum", "Zeit" and, with a user, "Benutzer"
   sioInstantWrite,      // each change is stored at once, but in a transaction
-  sioInstantRead        // each read first reloads a file that has changed, but in a transaction
+  sioInstantRead,       // each read first reloads a file that has changed, but in a transaction
+  sioUtf8               // a file without a byte order mark that is valid UTF-8, ASCII alone included, is read as such
+                        // and stored without a mark, and a new one made so; without the option it is of the encoding
+                        // told to the constructor, mostly the code page
 };
 using TSharedIniOptions = Set<TSharedIniOption>;
 
@@ -32,6 +36,12 @@ enum TSharedIniModificationType : uint8_t {
   atModify,  // a key got a value
   atDelete,  // a key went
   atErase    // a section went; Ident is empty
+};
+
+enum TIniChange : uint8_t {
+  icStored,     // the value is in the file
+  icUnchanged,  // the function wanted no change
+  icNotStored   // it could not be stored, which was reported through Msg; the file is as it was
 };
 
 // One entry of a journal.
@@ -115,6 +125,19 @@ class TSharedIni : public TCustomIniFile {
   // ReadString and WriteString for texts of any characters; see IniStrToData.
   String ReadData(std::u16string_view Section, std::u16string_view Ident, const String& Default);
   void WriteData(const String& Section, const String& Ident, const String& Value);
+  // Amounts, hours and days as texts that mean the same on every machine; IniValues.h tells their forms. Read gives
+  // Default if there is no such key or its text is no such value; Check tells which, and takes no part in the memory of
+  // defaults. A day with a time of day, or outside the years 1 to 9999, is refused: a warning names the key, and
+  // nothing changes.
+  Currency ReadMoney(std::u16string_view Section, std::u16string_view Ident, Currency Default);
+  THourAmount ReadHours(std::u16string_view Section, std::u16string_view Ident, THourAmount Default);
+  TDateTime ReadDay(std::u16string_view Section, std::u16string_view Ident, TDateTime Default);
+  TIniValue<Currency> CheckMoney(std::u16string_view Section, std::u16string_view Ident);
+  TIniValue<THourAmount> CheckHours(std::u16string_view Section, std::u16string_view Ident);
+  TIniValue<TDateTime> CheckDay(std::u16string_view Section, std::u16string_view Ident);
+  void WriteMoney(const String& Section, const String& Ident, Currency Value);
+  void WriteHours(const String& Section, const String& Ident, THourAmount Value);
+  void WriteDay(const String& Section, const String& Ident, TDateTime Value);
   // u"Letzte Bearbeitung: 24.12.2026, 8:30, meier" in the separators in use; empty without sioSectionStamp.
   String ReadSectionStamp(std::u16string_view Section);
 
@@ -144,6 +167,16 @@ class TSharedIni : public TCustomIniFile {
   virtual void ModificationsClear();
   // Entries for the journal; they replace those of the same section and key.
   void AddModifications(const TSharedIniModifications& List);
+  // Changes one key so that no change by another process is lost: takes the turn to store, reads the file, calls
+  // Function with the value of the key, empty if there is none, and stores what it makes of it. Function is called at
+  // most once, and gives false for no change; what it raises goes to the caller, with nothing stored. It must not store
+  // in the same file, for which it would wait in vain. A waiting change of the key counts as its value and is stored
+  // with it; other waiting changes go on waiting. icNotStored also on a full disk, in default mode, in a transaction
+  // that puts stores off, without a file name and with sioReadOnly.
+  // Once it gives icStored, the value is in the file. A process that is killed before that leaves the old or the new
+  // value, and nothing else of the change.
+  [[nodiscard]] virtual TIniChange Change(const String& Section, const String& Ident,
+                                          FunctionRef<bool(String& Value)> Function);
 
  protected:
   // Reads the file; its last-write time, or 0 if there is none or it can't be opened.
@@ -156,11 +189,18 @@ class TSharedIni : public TCustomIniFile {
   // Makes the content of Origin that of Path, unless there is one by the time that it has its turn; Begin is called
   // before. False if that failed.
   [[nodiscard]] static bool MakeFrom(const TSharedIni& Origin, const String& Path, const std::function<void()>& Begin);
+  // The same in the file of Ini, a fresh object: a waiting change of Origin counts, and a file that is not there gets
+  // all that Origin holds. Origin takes the value over.
+  [[nodiscard]] static TIniChange ChangeIn(TSharedIni& Ini, TSharedIni& Origin, const String& Section,
+                                           const String& Ident, FunctionRef<bool(String& Value)> Function);
   // nullptr with sioReadOnly.
   const TSharedIniModifications* GetModifications() const { return iModifications ? &Journal() : nullptr; }
 
  private:
-  struct TStamp;
+  // The stamp of all sections that one store touches.
+  struct TStamp {
+    String Date, Time, User;
+  };
   // What tells of a change of the file besides its last-write time, which some drives know to a second only.
   struct TMark {
     int64_t Size = 0;
@@ -189,6 +229,8 @@ class TSharedIni : public TCustomIniFile {
   bool HasKeys(std::u16string_view Section) const;
   template <typename F>
   void ReadLines(std::u16string_view Section, TStrings& Strings, F Take);
+  template <typename T, typename F>
+  TIniValue<T> CheckKey(std::u16string_view Section, std::u16string_view Ident, F Read);
   void TakeLine(const String& Text, THashedStringList*& Section);
   // The content as the text of a file.
   template <typename F>
@@ -199,6 +241,11 @@ class TSharedIni : public TCustomIniFile {
   bool IsFileAsLoaded() const;
   bool InTurn(const std::function<bool()>& Work);
   bool IsToBeMade() const;
+  bool ChangeInTurn(const TSharedIni& Origin, const TSharedIniModification& Key, TIniChange& Result, String& Value,
+                    FunctionRef<bool(String& Value)> Function);
+  void TakeStored(const TSharedIniModification& Key);
+  void PutLine(const String& Section, const String& Ident, const String& Value);
+  bool IsUtf8WithoutMark(std::string_view Bytes) const noexcept;
   bool StoreMerged();
   bool StoreWhole();
   bool Replay(TSharedIni& Other, std::vector<String>& Changed) const;
@@ -223,6 +270,9 @@ class TSharedIni : public TCustomIniFile {
   const TSharedIni* FOrigin = nullptr;  // whose content comes into a file that is not there; nullptr: this one's
   const TFileTurn* FTurn = nullptr;     // while it is stored
   bool FIsWhole = true;                 // whether the last load could read all
+  bool FIsWritten = true;               // whether the last store could write all
+  bool FIsUnmarked = false;             // whether the file is UTF-8 without a mark
+  const TEncoding* FGiven = nullptr;    // the encoding told to the constructor
   TMark FMark;                          // of the file at the last load or store
   TDateTime FStored = 0;                // the last-write time of the file as StoreValues left it
 };

@@ -1,12 +1,20 @@
 #include "services/uSharedIni.h"
 
+#include <signal.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <cmath>
 #include <optional>
 #include <sstream>
 
+#include "platform/Calendar.h"
 #include "platform/IniLine.h"
+#include "platform/Numbers.h"
 #include "platform/SafeFiles.h"
 #include "services/uHandleFile.h"
 #include "services/uMsg.h"
+#include "tests/support/Cases.h"
 #include "tests/support/Test.h"
 
 namespace {
@@ -355,6 +363,124 @@ TContent Replayed(TContent file, const TJournal& journal) {
     if (place.second.empty() && file.contains(place.first) && file[place.first].empty()) file.erase(place.first);
   }
   return file;
+}
+
+TEST_F(SharedIni, TypedKeysMeanTheSameWhateverTheSettings) {
+  TFormatSettings settings = GetFormatSettings();
+  settings.DecimalSeparator = u'.';
+  settings.ThousandSeparator = u',';
+  settings.DateSeparator = u'/';
+  settings.ShortDateFormat = u"m/d/yyyy";
+  const TFormatSettings foreign = std::exchange(settings, GetFormatSettings());
+  SetFormatSettings(foreign);
+  TSharedIni ini(Dir.Path("typed"));
+  ini.WriteMoney(u"M", u"least", Currency::FromUnits(INT64_MIN));
+  ini.WriteMoney(u"M", u"cent", Currency::FromUnits(-100));
+  ini.WriteMoney(u"M", u"part", Currency::FromUnits(12345678));
+  ini.WriteHours(u"H", u"minus", THourAmount::Of(-6, -45));
+  ini.WriteDay(u"D", u"day", EncodeDate(2026, 2, 3));
+  ini.WriteDay(u"D", u"first", EncodeDate(1, 1, 1));
+  ini.WriteDay(u"D", u"none", 0);
+  EXPECT_TRUE(Told().empty());
+  for (TDateTime none : {0.5, 1e9, std::nan("")}) ini.WriteDay(u"D", u"day", none);
+  EXPECT_EQ(Told().size(), 3U);
+  EXPECT_EQ(Lines(ini),
+            "[M]\nleast=-922337203685477,5808\ncent=-0,01\npart=1234,5678\n\n[H]\nminus=-6:45\n\n"
+            "[D]\nday=03.02.2026\nfirst=01.01.0001\nnone=\n\n");
+  EXPECT_EQ(ini.ReadMoney(u"M", u"least", 1).Units, INT64_MIN);
+  EXPECT_EQ(ini.ReadHours(u"H", u"minus", {}).Minutes, -405);
+  EXPECT_EQ((TFacts{ini.ReadDay(u"D", u"day", 7), ini.ReadDay(u"D", u"first", 7), ini.ReadDay(u"D", u"none", 7),
+                    ini.ReadDay(u"D", u"missing", 7), ini.ReadMoney(u"H", u"minus", 5).Units}),
+            "46056 -693593 7 7 50000");
+  for (const auto& [text, told] :
+       TCases<String, std::string>{{u"3.2.2026", "46056"},
+                                   {u"2026-02-03", "46056"},
+                                   {u"", "leer"},
+                                   {u"3.2.26", "unvollständig an Position 7"},
+                                   {u"31.02.2026", "unerwartetes Zeichen an Position 1"},
+                                   {u"2026-2-3", "unerwartetes Zeichen an Position 7"},
+                                   {u"3/2/2026", "unerwartetes Zeichen an Position 2"},
+                                   {u"03.02.2026 7:00", "unerwartetes Zeichen an Position 11"}}) {
+    ini.WriteString(u"D", u"day", text);
+    const TIniValue<TDateTime> day = ini.CheckDay(u"D", u"day");
+    EXPECT_EQ(day ? (std::ostringstream() << day.Value).str() : day.GetText().ToUtf8(), told) << text;
+  }
+  EXPECT_EQ(ini.CheckMoney(u"M", u"x").GetText() + ini.CheckHours(u"H", u"minus").GetText(), u"nicht vorhanden");
+  SetFormatSettings(settings);
+}
+
+TEST_F(SharedIni, Utf8WithoutAMarkIsReadIfAskedFor) {
+  for (const auto& [text, value, stored] : TCases<std::string, String, std::string>{
+           {"[A]\nx=\xC3\xA4\n", u"ä", "[A]\nx=\xC3\xA4\ny=\xC3\x9F\n\n"},
+           {"[A]\nx=\xE4\n", u"ä", "[A]\nx=\xE4\ny=\xDF\n\n"},
+           {"[A]\nx=a\n", u"a", "[A]\nx=a\ny=\xC3\x9F\n\n"},
+           {"\xEF\xBB\xBF[A]\nx=a\n", u"a", "\xEF\xBB\xBF[A]\nx=a\ny=\xC3\x9F\n\n"}}) {
+    TSharedIni ini(Put("f", text), {sioUtf8});
+    ini.WriteString(u"A", u"y", u"ß");
+    EXPECT_EQ(ini.ReadString(u"A", u"x", u""), value);
+    EXPECT_TRUE(ini.Store());
+    EXPECT_EQ(Get("f"), stored);
+  }
+  TSharedIni made(Dir.Path("new"), {sioUtf8}), old(Put("old", "[A]\nx=\xC3\xA4\n"));
+  made.WriteString(u"A", u"x", u"ä");
+  EXPECT_TRUE(made.Store());
+  EXPECT_EQ(Get("new") + Get("old"), "[A]\nx=\xC3\xA4\n\n[A]\nx=\xC3\xA4\n");
+  EXPECT_EQ(old.ReadString(u"A", u"x", u""), u"Ã¤");  // the code page, unless told
+}
+
+TEST_F(SharedIni, ChangesOneKeyAsItStandsInTheFile) {
+  const auto addOne = [](String& text) { return text = IntToStr(StrToIntDef(text, 0) + 1), true; };
+  TSharedIni a(Put("f", "[N]\nn=4\n")), b(a.GetFileName());
+  a.WriteString(u"N", u"other", u"1");
+  EXPECT_EQ((TFacts{b.Change(u"N", u"n", addOne), a.Change(u"n", u"N", addOne), a.ReadString(u"N", u"n", u"")}),
+            "0 0 6");
+  EXPECT_EQ(Get("f"), "[N]\nN=6\n\n");  // the other key waits
+  a.WriteString(u"N", u"n", u"20");
+  EXPECT_EQ((TFacts{a.Change(u"N", u"n", addOne), b.Change(u"N", u"m", [](String&) { return false; }), a.Store()}),
+            "0 1 yes");
+  EXPECT_EQ(Get("f"), "[N]\nn=21\nother=1\n\n");
+  EXPECT_TRUE(Told().empty());
+  const auto raise = [](String&) -> bool { throw Exception(u"no"); };
+  EXPECT_THROW((void)a.Change(u"N", u"n", raise), Exception);
+  TFileFaults faults;
+  faults.LimitSpace(3);
+  EXPECT_EQ(a.Change(u"N", u"n", addOne), icNotStored);
+  faults.LimitSpace(1 << 20);
+  EXPECT_EQ(a.Change(u"N", u"n", [](String& text) { return text = u"a\nb", true; }), icNotStored);
+  EXPECT_EQ(Told().size(), 2U);
+  EXPECT_EQ(Get("f"), "[N]\nn=21\nother=1\n\n");
+  TSharedIni reading(a.GetFileName(), {sioReadOnly}), gone(Dir.Path("gone"));
+  gone.WriteString(u"N", u"waits", u"1");
+  EXPECT_EQ((TFacts{reading.Change(u"N", u"n", addOne), gone.Change(u"N", u"n", addOne)}), "2 0");
+  EXPECT_EQ(Get("gone"), "[N]\nwaits=1\nn=1\n\n");
+  TDuplicateIni mirror(Dir.Path("local"), a.GetFileName(), {dioInstantSourceRead, dioInstantSourceWrite});
+  EXPECT_EQ(
+      (TFacts{a.Change(u"N", u"n", addOne), mirror.Change(u"N", u"n", addOne), mirror.ReadString(u"N", u"n", u"")}),
+      "0 0 23");
+  EXPECT_EQ(Get("f") + Get("local"), "[N]\nn=23\nother=1\n\n[N]\nn=23\nother=1\n\n");
+}
+
+TEST(SharedIniProcesses, LoseNoIncrementNotEvenWhenKilled) {
+  const test::TTempDir dir;
+  const String path = dir.Path("count.ini");
+  std::vector<pid_t> children;
+  for (int child = 0; child < 4; ++child) {
+    children.push_back(::fork());
+    if (children.back() != 0) continue;
+    Msg().SetLogInterrupt({[](void*, const TMsgInfo&, int, bool) {}, nullptr});
+    Msg().SetMsgInterrupt({[](void*, const TMsgInfo&, TMsgList&, bool) {}, nullptr});
+    TSharedIni ini(path);
+    for (int n = 0; n < 30;) {
+      const bool isLast = child == 3 && n == 14;
+      n += ini.Change(u"N", u"n", [&](String& text) {
+        if (isLast) ::raise(SIGKILL);
+        return text = IntToStr(StrToIntDef(text, 0) + 1), true;
+      }) == icStored;
+    }
+    ::_exit(0);
+  }
+  for (pid_t child : children) ::waitpid(child, nullptr, 0);
+  EXPECT_EQ(TSharedIni(path).ReadString(u"N", u"n", u""), u"104");
 }
 
 TEST_F(SharedIni, RandomStepsGoAsOnMaps) {
