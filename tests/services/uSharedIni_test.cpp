@@ -396,8 +396,8 @@ TEST_F(SharedIni, TypedKeysMeanTheSameWhateverTheSettings) {
        TCases<String, std::string>{{u"3.2.2026", "46056"},
                                    {u"2026-02-03", "46056"},
                                    {u"", "leer"},
-                                   {u"3.2.26", "unvollständig an Position 7"},
-                                   {u"31.02.2026", "unerwartetes Zeichen an Position 1"},
+                                   {u"3.2.26", "kein vierstelliges Jahr an Position 5"},
+                                   {u"31.02.2026", "diesen Tag gibt es nicht an Position 1"},
                                    {u"2026-2-3", "unerwartetes Zeichen an Position 7"},
                                    {u"3/2/2026", "unerwartetes Zeichen an Position 2"},
                                    {u"03.02.2026 7:00", "unerwartetes Zeichen an Position 11"}}) {
