@@ -40,10 +40,14 @@ bool Fill(TTextCursor& Cursor, uint64_t Hours, uint64_t Minutes, bool IsNegative
 
 // Behind the colon: two digits up to 59.
 bool ReadMinutes(TTextCursor& Cursor, uint64_t Hours, bool IsNegative, int64_t& Value) noexcept {
-  if (Cursor.IsAtDigit() && Cursor.IsAtDigit(1) && Cursor.Peek() > u'5') return Cursor.Fail(tfMinutes);
-  uint64_t minutes = 0;
-  if (Cursor.TakeDigits(minutes, 2) < 2) return Cursor.FailHere();
-  return Cursor.Ends() && Fill(Cursor, Hours, minutes, IsNegative, Value);
+  const char16_t* const place = Cursor.Here();
+  const int minutes = Cursor.TakeExactly<2>();
+  if (minutes > 59) return Cursor.FailAt(place, tfMinutes);
+  if (minutes < 0) {
+    if (Cursor.IsAtDigit()) Cursor.Skip();
+    return Cursor.FailHere();
+  }
+  return Cursor.Ends() && Fill(Cursor, Hours, static_cast<uint64_t>(minutes), IsNegative, Value);
 }
 
 // Behind the whole hours, which may be missing if there are hundredths: a comma and one or two digits, or nothing.

@@ -25,12 +25,9 @@ class TMoneyReader {
 
   bool Read(Currency& Value) noexcept {
     if (FCursor.IsAtEnd()) return FCursor.Fail(tfEmpty);
-    ReadFront();
+    if (!FCursor.IsAtDigit()) ReadFront();
     if (!ReadNumber()) return false;
-    if (!FHasSign && FDecimals >= 2 && FCursor.TakeDash()) FIsNegative = true;
-    FCursor.SkipBlanks();
-    if (!FHasCurrency) TakeCurrency();
-    FCursor.SkipBlanks();
+    if (!FCursor.IsAtEnd()) ReadBack();
     if (!FCursor.Ends()) return false;
     const detail::TWide size = detail::Multiplied(FDigits, detail::PowerOfTen(kPlaces - FDecimals));
     return (size.High == 0 && detail::FromSize(size.Low, FIsNegative, Value.Units)) || FCursor.Fail(tfTooLarge);
@@ -44,6 +41,13 @@ class TMoneyReader {
     TakeCurrency();
     FCursor.SkipBlanks();
     if (!FHasSign && FHasCurrency) TakeSign();
+    FCursor.SkipBlanks();
+  }
+  // A minus and the currency, each or none.
+  void ReadBack() noexcept {
+    if (!FHasSign && FDecimals >= 2 && FCursor.TakeDash()) FIsNegative = true;
+    FCursor.SkipBlanks();
+    if (!FHasCurrency) TakeCurrency();
     FCursor.SkipBlanks();
   }
   void TakeSign() noexcept {
@@ -106,9 +110,31 @@ class TMoneyReader {
   int FDecimals = 0;
 };
 
+// The usual form, up to 14 units of digits and perhaps two decimals, is read at once; false for all else, which
+// TMoneyReader looks at part by part.
+bool ReadUsual(std::u16string_view Text, char16_t Point, Currency& Value) noexcept {
+  if (Text.size() > 14) return false;
+  int64_t number = 0;
+  size_t at = 0;
+  auto takeDigits = [&] {
+    const size_t first = at;
+    for (; at < Text.size() && IsDigit(Text[at]); ++at) number = number * 10 + (Text[at] - u'0');
+    return at - first;
+  };
+  if (takeDigits() == 0) return false;
+  const bool isWhole = at == Text.size();
+  if (!isWhole && (Text[at++] != Point || takeDigits() != 2 || at != Text.size())) return false;
+  Value = Currency::FromUnits(number * (isWhole ? 10000 : 100));
+  return true;
+}
+
 }  // namespace
 
 bool TryStrToMoney(std::u16string_view Text, Currency& Value, TTextFault& Fault, TMoneyReadOptions Options) noexcept {
+  if (ReadUsual(Text, Options.Has(mroDecimalPoint) ? u'.' : u',', Value)) [[likely]] {
+    Fault = {};
+    return true;
+  }
   return TMoneyReader(Text, Fault, Options).Read(Value);
 }
 

@@ -98,12 +98,17 @@ bool TryStrToDoubleStrict(std::u16string_view Text, double& Value, TTextFault& F
 }
 
 bool TryStrToBoolStrict(std::u16string_view Text, bool& Value, TTextFault& Fault) noexcept {
-  static constexpr std::u16string_view kWords[][2] = {{u"0", u"1"},    {u"n", u"j"},         {u"nein", u"ja"},
-                                                      {u"no", u"yes"}, {u"falsch", u"wahr"}, {u"false", u"true"},
-                                                      {u"n", u"y"}};
+  static constexpr std::u16string_view kWords[][2] = {{u"n", u"j"},         {u"nein", u"ja"},    {u"no", u"yes"},
+                                                      {u"falsch", u"wahr"}, {u"false", u"true"}, {u"n", u"y"}};
   TTextCursor cursor(Text, Fault);
   if (cursor.IsAtEnd()) return cursor.Fail(tfEmpty);
-  const size_t place = cursor.Here();
+  const char16_t* const place = cursor.Here();
+  const bool isOne = cursor.Take(u'1');
+  if ((isOne || cursor.Take(u'0')) && cursor.IsAtEnd()) {
+    Value = isOne;
+    return true;
+  }
+  cursor.GoTo(place);
   for (const auto& words : kWords) {
     for (const bool value : {false, true}) {
       if (cursor.TakeWord(words[value]) && cursor.IsAtEnd()) {

@@ -85,43 +85,18 @@ bool Write(const TCellValue<K>& Value, String& Text, TCellOptions Options) {
   return true;
 }
 
-// What is asked, and so what a fault tells.
-struct TQuestion {
-  TCellFault Fault(TCellFaultKind Kind) const {
-    TCellFault fault;
-    fault.Kind = Kind;
-    fault.Wanted = Wanted;
-    fault.Col = Col;
-    fault.Row = Row;
-    fault.Column = Column.GetName();
-    const auto* head = dynamic_cast<const THeadCsv*>(&Table);
-    if (head && Col >= 0 && head->GetCount() > 0) fault.Column = head->FieldName(Col);
-    return fault;
-  }
-  TCellFault Unreadable(const String& Cell, TTextFault Why) const {
-    TCellFault fault = Fault(Why.Kind == tfEmpty ? cfEmpty : cfUnreadable);
-    fault.Text = Why;
-    if (fault.Kind == cfUnreadable) fault.Cell = Cell.Detached();
-    return fault;
-  }
-
-  const TFileCsv& Table;
-  const TCellColumn& Column;
-  TCellKind Wanted;
-  int Col, Row;
-};
-
-template <TCellKind K>
-TCheckedCell<TCellValue<K>> Parsed(const TQuestion& Question, const String& Cell, TCellOptions Options) {
-  if constexpr (K == ckText) {
-    return TCheckedCell<String>(Cell);
-  } else {
-    TCellValue<K> value{};
-    TTextFault fault;
-    if (Read<K>(Cell, value, fault, Options)) [[likely]]
-      return TCheckedCell<TCellValue<K>>(value);
-    return TCheckedCell<TCellValue<K>>(Question.Unreadable(Cell, fault));
-  }
+// What is told of a cell that was asked for as Wanted; apart, so that good cells don't pay for it.
+[[gnu::noinline, gnu::cold]] TCellFault FaultOf(const TFileCsv& Table, const TCellColumn& Column, int Col, int Row,
+                                                TCellKind Wanted, TCellFaultKind Kind) {
+  TCellFault fault;
+  fault.Kind = Kind;
+  fault.Wanted = Wanted;
+  fault.Col = Col;
+  fault.Row = Row;
+  fault.Column = Column.GetName();
+  const auto* head = dynamic_cast<const THeadCsv*>(&Table);
+  if (head && Col >= 0 && head->GetCount() > 0) fault.Column = head->FieldName(Col);
+  return fault;
 }
 
 void Grow(TVxStringList& Row, int Count) {
@@ -203,27 +178,43 @@ String TCellFault::GetLogText() const {
 void TCellFault::Raise() const { throw EConvertError(GetText()); }
 
 template <TCellKind K>
-TCheckedCell<TCellValue<K>> ReadCell(const TFileCsv& Table, TCellColumn Col, int Row, TCellOptions Options) {
-  const TQuestion question{Table, Col, K, Col.In(Table), Row};
+TCheckedCell<TCellValue<K>> ReadCell(const TFileCsv& Table, TCellColumn Column, int Row, TCellOptions Options) {
+  using TResult = TCheckedCell<TCellValue<K>>;
+  const int col = Column.In(Table);
   const String* cell = nullptr;
-  const TCellFaultKind fault = TCellAccess::Find(Table, question.Col, Row, cell);
-  if (fault != cfNone) [[unlikely]]
-    return TCheckedCell<TCellValue<K>>(question.Fault(fault));
-  if (TCellAccess::IsPlain(Table)) return Parsed<K>(question, *cell, Options);
-  return Parsed<K>(question, Table.GetCell(question.Col, Row), Options);
+  const TCellFaultKind kind = TCellAccess::Find(Table, col, Row, cell);
+  if (kind != cfNone) [[unlikely]]
+    return TResult(FaultOf(Table, Column, col, Row, K, kind));
+  String made;
+  if (!TCellAccess::IsPlain(Table)) {
+    made = Table.GetCell(col, Row);
+    cell = &made;
+  }
+  if constexpr (K == ckText) {
+    return TResult(*cell);
+  } else {
+    TCellValue<K> value{};
+    TTextFault why;
+    if (Read<K>(*cell, value, why, Options)) [[likely]]
+      return TResult(value);
+    TCellFault fault = FaultOf(Table, Column, col, Row, K, why.Kind == tfEmpty ? cfEmpty : cfUnreadable);
+    fault.Text = why;
+    if (fault.Kind == cfUnreadable) fault.Cell = cell->Detached();
+    return TResult(std::move(fault));
+  }
 }
 
 template <TCellKind K>
-TCellResult detail::PutCell(TFileCsv& Table, TCellColumn Col, int Row, const TCellValue<K>& Value, TCellOptions Options,
-                            bool MayGrow) {
-  const TQuestion question{Table, Col, K, Col.In(Table), Row};
+TCellResult detail::PutCell(TFileCsv& Table, TCellColumn Column, int Row, const TCellValue<K>& Value,
+                            TCellOptions Options, bool MayGrow) {
+  const int col = Column.In(Table);
   const String* cell = nullptr;
-  const TCellFaultKind fault = TCellAccess::Find(Table, question.Col, Row, cell);
-  if (fault != cfNone && !(fault == cfNoCell && MayGrow)) return TCellResult(question.Fault(fault));
+  const TCellFaultKind kind = TCellAccess::Find(Table, col, Row, cell);
+  if (kind != cfNone && !(kind == cfNoCell && MayGrow)) return TCellResult(FaultOf(Table, Column, col, Row, K, kind));
   String text;
-  if (!Write<K>(Value, text, Options)) return TCellResult(question.Fault(cfUnwritable));
-  if (fault == cfNoCell) Grow(*Table.GetLines(Row), question.Col + 1);
-  Table.SetCell(question.Col, Row, text);
+  if (!Write<K>(Value, text, Options)) return TCellResult(FaultOf(Table, Column, col, Row, K, cfUnwritable));
+  if (kind == cfNoCell) Grow(*Table.GetLines(Row), col + 1);
+  Table.SetCell(col, Row, text);
   return {};
 }
 

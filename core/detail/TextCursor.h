@@ -1,7 +1,7 @@
 // Walks through the text of a value and keeps the first fault. Internal to the strict readers.
 #pragma once
 
-#include <algorithm>
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 
@@ -12,43 +12,45 @@ namespace vx::detail {
 
 // The hyphen, the minus of mathematics and the two dashes that programs put in its place.
 constexpr bool IsDash(char16_t Unit) noexcept {
-  return Unit == u'-' || Unit == u'\u2212' || Unit == u'\u2013' || Unit == u'\u2014';
+  return Unit == u'-' || (Unit >= u'\u2013' && (Unit == u'\u2212' || Unit <= u'\u2014'));
 }
 // Blanks, also those at which no line may break.
 constexpr bool IsBlank(char16_t Unit) noexcept {
-  return Unit <= u' ' || Unit == u'\u00A0' || Unit == u'\u2009' || Unit == u'\u202F';
+  return Unit <= u' ' || (Unit >= u'\u00A0' && (Unit == u'\u00A0' || Unit == u'\u2009' || Unit == u'\u202F'));
 }
 
 class TTextCursor {
  public:
   // Stands behind the blanks in front; those at the end are no part of the text.
-  TTextCursor(std::u16string_view Text, TTextFault& Fault) noexcept : FText(Text), FFault(Fault) {
+  TTextCursor(std::u16string_view Text, TTextFault& Fault) noexcept
+      : FBegin(Text.data()), FAt(FBegin), FEnd(FBegin + Text.size()), FNumber(FBegin), FFault(Fault) {
     FFault = {};
-    while (!FText.empty() && IsBlank(FText.back())) FText.remove_suffix(1);
+    while (FEnd != FBegin && IsBlank(FEnd[-1])) --FEnd;
     SkipBlanks();
   }
-  bool IsAtEnd() const noexcept { return FPos == FText.size(); }
+  bool IsAtEnd() const noexcept { return FAt == FEnd; }
   // The unit so many places ahead; 0 behind the end.
-  char16_t Peek(size_t Ahead = 0) const noexcept { return Ahead < FText.size() - FPos ? FText[FPos + Ahead] : u'\0'; }
-  bool IsAtDigit(size_t Ahead = 0) const noexcept { return IsDigit(Peek(Ahead)); }
-  void Skip(size_t Count = 1) noexcept { FPos += Count; }
+  char16_t Peek(int Ahead = 0) const noexcept { return Ahead < FEnd - FAt ? FAt[Ahead] : u'\0'; }
+  bool IsAtDigit(int Ahead = 0) const noexcept { return IsDigit(Peek(Ahead)); }
+  void Skip(int Count = 1) noexcept { FAt += Count; }
   void SkipBlanks() noexcept {
-    while (!IsAtEnd() && IsBlank(FText[FPos])) ++FPos;
+    while (!IsAtEnd() && IsBlank(*FAt)) ++FAt;
   }
   bool Take(char16_t Unit) noexcept {
-    if (IsAtEnd() || FText[FPos] != Unit) return false;
-    ++FPos;
+    if (IsAtEnd() || *FAt != Unit) return false;
+    ++FAt;
     return true;
   }
   bool TakeDash() noexcept {
-    if (IsAtEnd() || !IsDash(FText[FPos])) return false;
-    ++FPos;
+    if (IsAtEnd() || !IsDash(*FAt)) return false;
+    ++FAt;
     return true;
   }
   // Takes Word, which stands in small letters, in any case.
   bool TakeWord(std::u16string_view Word) noexcept {
-    if (FText.size() - FPos < Word.size() || !SameAscii(FText.substr(FPos, Word.size()), Word)) return false;
-    FPos += Word.size();
+    const auto size = static_cast<std::ptrdiff_t>(Word.size());
+    if (FEnd - FAt < size || !SameAscii({FAt, Word.size()}, Word)) return false;
+    FAt += size;
     return true;
   }
   // A sign or none; true for one that makes the value negative.
@@ -58,36 +60,52 @@ class TTextCursor {
     return false;
   }
   // From here on the number stands that may turn out too large.
-  void BeginNumber() noexcept { FNumber = FPos; }
+  void BeginNumber() noexcept { FNumber = FAt; }
   // Takes all digits, up to Most of them, behind those of Value and returns how many there are. More than fits 64
   // bits is a fault.
   int TakeDigits(uint64_t& Value, int Most = INT32_MAX) noexcept {
-    int count = 0;
-    for (; count < Most && IsAtDigit(); ++count, ++FPos) {
-      const unsigned digit = FText[FPos] - unsigned{u'0'};
-      if (Value > (UINT64_MAX - digit) / 10) {
+    const char16_t* const first = FAt;
+    const char16_t* const end = FEnd - FAt > Most ? FAt + Most : FEnd;
+    uint64_t value = Value;
+    for (; FAt != end && IsDigit(*FAt); ++FAt) {
+      const unsigned digit = *FAt - unsigned{u'0'};
+      if (value > (UINT64_MAX - 9) / 10 && value > (UINT64_MAX - digit) / 10) [[unlikely]] {
         Fail(tfTooLarge);
       } else {
-        Value = Value * 10 + digit;
+        value = value * 10 + digit;
       }
     }
-    return count;
+    Value = value;
+    return static_cast<int>(FAt - first);
+  }
+
+  // Takes Count digits and returns their number; -1, and nothing is taken, if there are not so many.
+  template <int Count>
+  int TakeExactly() noexcept {
+    if (FEnd - FAt < Count) return -1;
+    unsigned value = 0;
+    for (int i = 0; i < Count; ++i) {
+      if (!IsDigit(FAt[i])) return -1;
+      value = value * 10 + FAt[i] - u'0';
+    }
+    FAt += Count;
+    return static_cast<int>(value);
   }
 
   // The first fault stands; always false.
   bool Fail(TTextFaultKind Kind) noexcept {
     if (HasFault()) return false;
-    FFault = {Kind, Kind == tfEmpty ? 0 : static_cast<int>(Kind == tfTooLarge ? FNumber : FPos) + 1};
+    FFault = {Kind, Kind == tfEmpty ? 0 : static_cast<int>((Kind == tfTooLarge ? FNumber : FAt) - FBegin) + 1};
     return false;
   }
   // The same at another place.
-  bool FailAt(size_t Place, TTextFaultKind Kind) noexcept {
+  bool FailAt(const char16_t* Place, TTextFaultKind Kind) noexcept {
     GoTo(Place);
     return Fail(Kind);
   }
   // A place to come back to.
-  size_t Here() const noexcept { return FPos; }
-  void GoTo(size_t Place) noexcept { FPos = Place; }
+  const char16_t* Here() const noexcept { return FAt; }
+  void GoTo(const char16_t* Place) noexcept { FAt = Place; }
   // For a text that should go on in another way.
   bool FailHere() noexcept { return Fail(IsAtEnd() ? tfIncomplete : tfUnexpected); }
   bool HasFault() const noexcept { return FFault.Kind != tfNone; }
@@ -95,8 +113,10 @@ class TTextCursor {
   bool Ends() noexcept { return HasFault() || IsAtEnd() ? !HasFault() : Fail(tfUnexpected); }
 
  private:
-  std::u16string_view FText;
-  size_t FPos = 0, FNumber = 0;
+  const char16_t* FBegin;
+  const char16_t* FAt;
+  const char16_t* FEnd;
+  const char16_t* FNumber;
   TTextFault& FFault;
 };
 

@@ -126,9 +126,12 @@ std::unique_ptr<TFileCsv> TFileCsv::Duplicate() const {
 }
 
 bool TFileCsv::IsPlain() const noexcept {
-  const std::type_info& type = typeid(*this);
-  return type == typeid(TFileCsv) || type == typeid(THeadCsv) || type == typeid(TSortCsv) || type == typeid(TTypeCsv) ||
-         type == typeid(TCsvView);
+  static const std::type_info* const kPlain[] = {&typeid(TFileCsv), &typeid(THeadCsv), &typeid(TSortCsv),
+                                                 &typeid(TTypeCsv), &typeid(TCsvView)};
+  const std::type_info* type = &typeid(*this);
+  // One address is the usual case; classes of another library may have their names elsewhere.
+  return std::find(std::begin(kPlain), std::end(kPlain), type) != std::end(kPlain) ||
+         std::any_of(std::begin(kPlain), std::end(kPlain), [type](const auto* plain) { return *plain == *type; });
 }
 
 // Each row leaves its own place, as a derived class's Delete sees it.
