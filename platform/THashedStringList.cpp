@@ -2,69 +2,17 @@
 
 #include <algorithm>
 #include <bit>
-#include <cstring>
 #include <iterator>
-#include <random>
 
 #include "platform/Exceptions.h"
-#include "platform/detail/CaseTables.h"
 #include "platform/detail/Holes.h"
+#include "platform/detail/TextHash.h"
 
 namespace vx {
 
 namespace {
 
-constexpr size_t kBlock = 4;  // code units in 64 bits
 constexpr size_t kLeastSlots = 16;
-
-uint64_t Spread(uint16_t Unit) noexcept { return uint64_t{Unit} * 0x0001000100010001; }
-
-// Four units as small letters.
-uint64_t Fold(uint64_t Units) noexcept {
-  if ((Units & Spread(0xFF80)) == 0) {
-    // Bit 7 of each unit: from "A" on, and from behind "Z" on.
-    const uint64_t large = (Units + Spread(0x80 - u'A')) & ~(Units + Spread(0x80 - u'Z' - 1)) & Spread(0x80);
-    return Units + (large >> 2);
-  }
-  uint64_t result = 0;
-  for (int shift = 0; shift < 64; shift += 16) {
-    result |= uint64_t{CaseMap::Lower(static_cast<char16_t>(Units >> shift))} << shift;
-  }
-  return result;
-}
-
-// The units from Index on; in a longer text the last four for the rest at its end, in a shorter one 0 for units
-// that are not there.
-uint64_t Load(std::u16string_view Text, size_t Index) noexcept {
-  uint64_t block = 0;
-  if (Text.size() >= kBlock) {
-    std::memcpy(&block, Text.data() + std::min(Index, Text.size() - kBlock), sizeof block);
-  } else {
-    for (char16_t unit : Text) block = block << 16 | unit;
-  }
-  return block;
-}
-
-bool IsSame(std::u16string_view A, std::u16string_view B) noexcept {
-  if (A.size() != B.size()) return false;
-  for (size_t i = 0; i < A.size(); i += kBlock) {
-    const uint64_t a = Load(A, i), b = Load(B, i);
-    if (a != b && Fold(a) != Fold(b)) return false;
-  }
-  return true;
-}
-
-// Nobody can choose texts of equal hashes, as no one knows the seed.
-uint64_t Seed() {
-  static const uint64_t seed = uint64_t{std::random_device()()} << 32 | std::random_device()();
-  return seed;
-}
-
-uint64_t Mix(uint64_t A, uint64_t B) noexcept {
-  __extension__ using TWide = unsigned __int128;
-  const TWide product = static_cast<TWide>(A) * B;
-  return static_cast<uint64_t>(product) ^ static_cast<uint64_t>(product >> 64);
-}
 
 }  // namespace
 
@@ -76,7 +24,7 @@ struct THashedStringList::THashes {
     int Size;  // of the key
   };
   const bool ByName;
-  const uint64_t Seed = vx::Seed();
+  const uint64_t Seed = detail::HashSeed();
   size_t Used = 0;
   std::vector<TSlot> Slots;
   std::vector<int>
@@ -97,11 +45,9 @@ struct THashedStringList::THashes {
   }
 
   uint32_t HashOf(std::u16string_view Key) const noexcept {
-    uint64_t hash = Seed ^ Key.size();
-    for (size_t i = 0; i < Key.size(); i += kBlock) {
-      hash = Mix(hash ^ Fold(Load(Key, i)), 0x9E3779B97F4A7C15);
-    }
-    return static_cast<uint32_t>(hash ^ hash >> 32);
+    detail::TTextHash hash(Seed);
+    hash.AddFolded(Key);
+    return static_cast<uint32_t>(hash.Get());
   }
 
   // The slot of Key, or the free one where it belongs.
@@ -112,7 +58,7 @@ struct THashedStringList::THashes {
       if (slot.Last < 0) return slot;
       if (slot.Hash != Hash || static_cast<size_t>(slot.Size) != Key.size()) continue;
       const String& text = Items[static_cast<size_t>(slot.Last)].Text;
-      if (IsSame(text.view().substr(0, Key.size()), Key)) return slot;
+      if (detail::IsSameFolded(text.view().substr(0, Key.size()), Key)) return slot;
     }
   }
 
@@ -228,7 +174,7 @@ void THashedStringList::Put(int Index, const String& Text) {
   String& item = At(Index).Text;
   std::u16string_view oldName, newName;
   const bool hadName = THashes::KeyOf(true, item, oldName), hasName = THashes::KeyOf(true, Text, newName);
-  if (hadName != hasName || (hasName && !IsSame(oldName, newName))) FNames.reset();
+  if (hadName != hasName || (hasName && !detail::IsSameFolded(oldName, newName))) FNames.reset();
   FTexts.reset();
   item = Text;
   Changed();
