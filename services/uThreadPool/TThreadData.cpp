@@ -4,8 +4,8 @@
 #include <limits>
 #include <utility>
 
-#include "platform/Exceptions.h"
 #include "platform/Threads.h"
+#include "platform/UserMessages.h"
 #include "services/uMsg.h"
 
 namespace vx {
@@ -15,10 +15,8 @@ namespace {
 String TextOf(const std::exception_ptr& Raised) {
   try {
     std::rethrow_exception(Raised);
-  } catch (const Exception& error) {
-    return error.GetMessage();
   } catch (const std::exception& error) {
-    return String::FromUtf8(error.what());
+    return UserMessage(error);
   } catch (...) {
     return u"Unbekannter Fehler";
   }

@@ -55,7 +55,9 @@ TEST_F(Document, NothingIsLostInSilence) {
   EXPECT_EQ(SaveTable(*loaded.View, path, loaded.Form, loaded.Stamp).Kind, skChanged);
   EXPECT_EQ(test::GetText(path), "Name\r\nHuber\r\n");
   EXPECT_EQ(SaveTable(*loaded.View, path, loaded.Form, {}).Kind, skSaved);
-  EXPECT_EQ(SaveTable(*loaded.View, dir.Path("no/a.csv"), loaded.Form, {}).Kind, skFailed);
+  const TSaveOutcome failed = SaveTable(*loaded.View, dir.Path("no/a.csv"), loaded.Form, {});
+  EXPECT_EQ(failed.Kind, skFailed);
+  EXPECT_TRUE(failed.Text.view().ends_with(u"Ihr Verzeichnis ist nicht vorhanden.")) << failed.Text;
   EXPECT_THROW(LoadTable(dir.Path("none.csv"), TFileForm{frForeign, {}}, state), EFOpenError);
 }
 

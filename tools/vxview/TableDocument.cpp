@@ -8,6 +8,7 @@
 #include "platform/Paths.h"
 #include "platform/SafeFiles.h"
 #include "platform/Text.h"
+#include "platform/UserMessages.h"
 #include "tables/SavedTables.h"
 #include "tools/vxtab/ForeignLook.h"
 #include "tools/vxtab/TypeGuess.h"
@@ -182,7 +183,7 @@ TSaveOutcome SaveTable(const TCsvView& View, const String& Path, const TFileForm
     if (!saved.IsSaved) return {skLost, saved.Lost.ToText(), {}};
     return {skSaved, {}, StampOf(Path)};
   } catch (const Exception& e) {
-    return {skFailed, Concat({u"Die Datei\r\n", Path, u"\r\nkann nicht gespeichert werden:\r\n", e.GetMessage()}), {}};
+    return {skFailed, Concat({u"Die Datei\r\n", Path, u"\r\nkann nicht gespeichert werden:\r\n", UserMessage(e)}), {}};
   }
 }
 
