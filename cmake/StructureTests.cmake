@@ -11,6 +11,7 @@ add_test(NAME structure.include_check COMMAND ${CMAKE_COMMAND} -DCHECK=${vx_cmak
 add_test(NAME structure.headers COMMAND sh ${vx_cmake}/CheckHeaders.sh ${CMAKE_CXX_COMPILER} ${PROJECT_SOURCE_DIR}
   core objects tables services rendering controls desktop platform tools examples tests fuzz)
 add_test(NAME structure.readme COMMAND ${CMAKE_COMMAND} -P ${vx_cmake}/CheckReadme.cmake)
+add_test(NAME structure.names COMMAND sh ${vx_cmake}/CheckNames.sh ${PROJECT_SOURCE_DIR} docs/which-one.md)
 add_test(NAME structure.examples COMMAND sh ${vx_cmake}/CheckExamples.sh ${CMAKE_CXX_COMPILER} ${PROJECT_SOURCE_DIR}
   ${PROJECT_BINARY_DIR}/examples_of_headers $<TARGET_FILE:vxlib> -lpthread ${VX_PCRE2_LDFLAGS})
 add_test(NAME structure.examples_check COMMAND sh ${PROJECT_SOURCE_DIR}/tests/cmake/CheckExamples_test.sh
