@@ -2,6 +2,7 @@
 
 #include "core/detail/TextCursor.h"
 #include "platform/Exceptions.h"
+#include "platform/TextBuffer.h"
 #include "platform/detail/Wide.h"
 
 namespace vx {
@@ -149,6 +150,20 @@ Currency StrToMoney(std::u16string_view Text, TMoneyReadOptions Options) {
   if (!TryStrToMoney(Text, result, fault, Options))
     throw EConvertError(Concat({u"'", Text, u"' ist kein Betrag: ", fault.GetText()}));
   return result;
+}
+
+String MoneyToStr(Currency Value, char16_t DecimalSeparator) {
+  const uint64_t units = Value.Units < 0 ? 0 - static_cast<uint64_t>(Value.Units) : static_cast<uint64_t>(Value.Units);
+  TTextBuffer text;
+  if (Value.Units < 0) text.Add(u'-');
+  text.AddNumber(units / 10000);
+  text.Add(DecimalSeparator);
+  if (units % 100 == 0) {
+    text.AddNumber(units % 10000 / 100, 2);
+  } else {
+    text.AddNumber(units % 10000, 4);
+  }
+  return text.ToString();
 }
 
 }  // namespace vx

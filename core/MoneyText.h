@@ -1,6 +1,7 @@
-// Amounts of money as people write them, read strictly.
+// Amounts of money as people write them, read strictly, and written so that they are read back.
 //
 //   TryStrToMoney   a text as an amount, or what is wrong with it and where
+//   MoneyToStr      and back
 //
 // Example:
 //   vx::StrToMoney(u"1.234,50 EUR");                   // 1234.5
@@ -46,5 +47,9 @@ using TMoneyReadOptions = Set<TMoneyReadOption>;
 [[nodiscard]] bool TryStrToMoney(std::u16string_view Text, Currency& Value, TMoneyReadOptions Options = {}) noexcept;
 // The same; EConvertError "'25.01' ist kein Betrag: falsche Tausendergruppe an Position 3".
 Currency StrToMoney(std::u16string_view Text, TMoneyReadOptions Options = {});
+
+// Two decimals, or four where two would not tell the amount, without groups: u"1234,50", u"-0,0125". What it writes is
+// read back as the same amount, with a point by mroDecimalPoint. For people with groups and sign: VxCurrToStr.
+String MoneyToStr(Currency Value, char16_t DecimalSeparator = u',');
 
 }  // namespace vx

@@ -54,21 +54,6 @@ bool Read(std::u16string_view Text, TCellValue<K>& Value, TTextFault& Fault, TCe
   if constexpr (K == ckBool) return TryStrToBoolStrict(Text, Value, Fault);
 }
 
-// Two decimals, or four where two would not tell the amount.
-String MoneyToStr(Currency Value, char16_t Separator) {
-  const uint64_t units = Value.Units < 0 ? 0 - static_cast<uint64_t>(Value.Units) : static_cast<uint64_t>(Value.Units);
-  TTextBuffer text;
-  if (Value.Units < 0) text.Add(u'-');
-  text.AddNumber(units / 10000);
-  text.Add(Separator);
-  if (units % 100 == 0) {
-    text.AddNumber(units % 10000 / 100, 2);
-  } else {
-    text.AddNumber(units % 10000, 4);
-  }
-  return text.ToString();
-}
-
 // False for a value that Text can't hold.
 template <TCellKind K>
 bool Write(const TCellValue<K>& Value, String& Text, TCellOptions Options) {

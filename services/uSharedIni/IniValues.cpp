@@ -2,7 +2,6 @@
 
 #include "core/MoneyText.h"
 #include "core/StrictDates.h"
-#include "platform/TextBuffer.h"
 
 namespace vx {
 
@@ -21,19 +20,7 @@ TIniValue<T> Read(const String& Text, F Try) {
 
 }  // namespace
 
-String CurrencyToIni(Currency Value) {
-  const auto units = static_cast<uint64_t>(Value.Units);
-  const uint64_t size = Value.Units < 0 ? uint64_t{0} - units : units;
-  uint64_t decimals = size % Currency::Scale;
-  int digits = 4;
-  for (; digits > 2 && decimals % 10 == 0; --digits) decimals /= 10;
-  TTextBuffer text;
-  if (Value.Units < 0) text.Add(u'-');
-  text.AddNumber(size / Currency::Scale);
-  text.Add(u',');
-  text.AddNumber(decimals, digits);
-  return text.ToString();
-}
+String CurrencyToIni(Currency Value) { return MoneyToStr(Value); }
 
 TIniValue<Currency> IniToCurrency(const String& Text) {
   return Read<Currency>(

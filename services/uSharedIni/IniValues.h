@@ -47,7 +47,7 @@ struct TIniValue {
   }
 };
 
-// A comma and two decimals, or as many as are needed: u"-0,05", u"1234,5678".
+// As MoneyToStr: u"-0,05", u"1234,5678".
 String CurrencyToIni(Currency Value);
 // All forms of core/MoneyText.h.
 TIniValue<Currency> IniToCurrency(const String& Text);
