@@ -128,46 +128,19 @@ inline void TViewWalk::Do(int Kind) {
                any = static_cast<size_t>(FAny(static_cast<int>(FAll.size())));
   TVxStringList* const anyRow = View.GetAllLines(static_cast<int>(any));
   const TRow old = FAll[place];
-  switch (Kind) {
-    case 0:
-      View.Hide(row), FAll[place].IsHidden = true;
-      break;
-    case 1:
-      View.Show(anyRow), FAll[any].IsHidden = false;
-      break;
-    case 2:
-      View.Hide(anyRow), FAll[any].IsHidden = true;
-      break;
-    case 3:
-      ShowOnly();
-      break;
-    case 5:
-      View.Insert(row, NewRow(false)), FAll.insert(At(place), FLast);
-      break;
-    case 6:
-      View.Delete(row), FAll.erase(At(place));
-      break;
-    case 7:
-      delete View.Extract(View.Get(row)), FAll.erase(At(place));
-      break;
-    case 8:
-      View.Exchange(row, other), std::swap(FAll[place], FAll[far]);
-      break;
-    case 9:
-      View.Move(row, other), FAll.erase(At(place)), FAll.insert(At(far), old);
-      break;
-    case 10:
-      Sort();
-      break;
-    case 11:
-      View.SetHiddenText(View.GetHiddenText());
-      break;
-    case 12:
-      View.SetLines(row, NewRow(false)), FAll[place] = FLast;
-      break;
-    default:
-      ShowAll(FAny(2) == 0);
-  }
+  if (Kind == 0) View.Hide(row), FAll[place].IsHidden = true;
+  if (Kind == 1) View.Show(anyRow), FAll[any].IsHidden = false;
+  if (Kind == 2) View.Hide(anyRow), FAll[any].IsHidden = true;
+  if (Kind == 3) ShowOnly();
+  if (Kind == 5) View.Insert(row, NewRow(false)), FAll.insert(At(place), FLast);
+  if (Kind == 6) View.Delete(row), FAll.erase(At(place));
+  if (Kind == 7) delete View.Extract(View.Get(row)), FAll.erase(At(place));
+  if (Kind == 8) View.Exchange(row, other), std::swap(FAll[place], FAll[far]);
+  if (Kind == 9) View.Move(row, other), FAll.erase(At(place)), FAll.insert(At(far), old);
+  if (Kind == 10) Sort();
+  if (Kind == 11) View.SetHiddenText(View.GetHiddenText());
+  if (Kind == 12) View.SetLines(row, NewRow(false)), FAll[place] = FLast;
+  if (Kind == 13) ShowAll(FAny(2) == 0);
 }
 
 inline void TViewWalk::Sort() {
