@@ -7,8 +7,6 @@
 
 namespace {
 
-using namespace vx;
-
 std::string Text(const detail::TBand& Band) {
   std::string text = std::to_string(Band.First) + "-" + std::to_string(Band.End);
   if (Band.Skip > 0) text += " from " + std::to_string(Band.Skip);
@@ -28,75 +26,40 @@ std::string Pages(const detail::TPagePlan& Plan) {
 }
 
 TEST(PagePlan, ColumnsAndRowsComeOntoPages) {
-  using TSizes = std::vector<int>;
-  struct TCase {
-    const char* Name;
-    TSizes Cols, Rows;
-    TPoint Fixed, Room;
-    int Strips;
-    std::string Pages;
-    int Rest;
-  };
-  const std::vector<TCase> cases = {
-      {"all on one page", {40, 60}, {10, 10}, {0, 1}, {100, 20}, 1, "0-2: 1-2", 0},
-      {"rows that don't fit go on", {40}, {10, 10, 10, 10}, {0, 1}, {100, 35}, 1, "0-1: 1-3; 0-1: 3-4", 15},
-      {"columns side by side first",
-       {40, 60, 60},
-       {10, 30, 30},
-       {1, 1},
-       {110, 50},
-       1,
-       "1-2: 1-2; 2-3: 1-2; 1-2: 2-3; 2-3: 2-3",
+  // The widths of the columns, the heights of the rows, how many are fixed, the room and the strips; the pages and what
+  // is left of the last one.
+  const TCases<const char*, const char*, std::string, int> cases = {
+      {"all on one page", "40 60 | 10 10 | 0 1 | 100 20 | 1", "0-2: 1-2", 0},
+      {"rows that don't fit go on", "40 | 10 10 10 10 | 0 1 | 100 35 | 1", "0-1: 1-3; 0-1: 3-4", 15},
+      {"columns side by side first", "40 60 60 | 10 30 30 | 1 1 | 110 50 | 1", "1-2: 1-2; 2-3: 1-2; 1-2: 2-3; 2-3: 2-3",
        10},
-      {"a row higher than a page is cut",
-       {40},
-       {10, 70, 5},
-       {0, 1},
-       {100, 40},
-       1,
-       "0-1: 1-2 for 30; 0-1: 1-2 from 30 for 30; 0-1: 1-3 from 60",
-       15},
-      {"a column wider than a page, too",
-       {150, 20},
-       {10},
-       {0, 0},
-       {100, 40},
-       1,
-       "0-1 for 100: 0-1; 0-2 from 100: 0-1",
-       30},
-      {"large fixed lines are not repeated",
-       {60, 60},
-       {30, 10, 10},
-       {1, 1},
-       {100, 40},
-       1,
-       "0-1: 0-2; 1-2: 0-2; 0-1: 2-3; 1-2: 2-3",
-       30},
-      {"hidden lines take no room", {100, 0, -5}, {40, 0, 0}, {0, 0}, {100, 40}, 1, "0-3: 0-3", 0},
-      {"strips", {30}, {10, 20, 20, 20}, {0, 1}, {100, 30}, 3, "0-1: 1-2 | 2-3 | 3-4", 0},
-      {"as many strips as there is room for", {40}, {20, 20, 20}, {0, 0}, {100, 20}, 9, "0-1: 0-1 | 1-2; 0-1: 2-3", 0},
-      {"no rows", {40}, {}, {0, 1}, {100, 40}, 1, "0-1: 0-0", 40},
-      {"no columns", {}, {10}, {1, 1}, {100, 40}, 1, "0-0: 1-1", 30},
-      {"no room",
-       {5},
-       {2},
-       {0, 0},
-       {0, 0},
-       1,
-       "0-1 for 1: 0-1 for 1; 0-1 from 1 for 1: 0-1 for 1; "
-       "0-1 from 2 for 1: 0-1 for 1; 0-1 from 3 for 1: 0-1 for 1; 0-1 from 4: 0-1 for 1; 0-1 for 1: 0-1 from 1; "
-       "0-1 from 1 for 1: 0-1 from 1; 0-1 from 2 for 1: 0-1 from 1; 0-1 from 3 for 1: 0-1 from 1; 0-1 from 4: 0-1 from "
-       "1",
+      {"a row higher than a page is cut", "40 | 10 70 5 | 0 1 | 100 40 | 1",
+       "0-1: 1-2 for 30; 0-1: 1-2 from 30 for 30; 0-1: 1-3 from 60", 15},
+      {"a column wider than a page, too", "150 20 | 10 | 0 0 | 100 40 | 1", "0-1 for 100: 0-1; 0-2 from 100: 0-1", 30},
+      {"large fixed lines are not repeated", "60 60 | 30 10 10 | 1 1 | 100 40 | 1",
+       "0-1: 0-2; 1-2: 0-2; 0-1: 2-3; 1-2: 2-3", 30},
+      {"hidden lines take no room", "100 0 -5 | 40 0 0 | 0 0 | 100 40 | 1", "0-3: 0-3", 0},
+      {"strips", "30 | 10 20 20 20 | 0 1 | 100 30 | 3", "0-1: 1-2 | 2-3 | 3-4", 0},
+      {"as many strips as there is room for", "40 | 20 20 20 | 0 0 | 100 20 | 9", "0-1: 0-1 | 1-2; 0-1: 2-3", 0},
+      {"no rows", "40 | | 0 1 | 100 40 | 1", "0-1: 0-0", 40},
+      {"no columns", "| 10 | 1 1 | 100 40 | 1", "0-0: 1-1", 30},
+      {"no room", "5 | 2 | 0 0 | 0 0 | 1",
+       "0-1 for 1: 0-1 for 1; 0-1 from 1 for 1: 0-1 for 1; 0-1 from 2 for 1: 0-1 for 1; 0-1 from 3 for 1: 0-1 for 1; "
+       "0-1 from 4: 0-1 for 1; 0-1 for 1: 0-1 from 1; 0-1 from 1 for 1: 0-1 from 1; 0-1 from 2 for 1: 0-1 from 1; "
+       "0-1 from 3 for 1: 0-1 from 1; 0-1 from 4: 0-1 from 1",
        -1}};
-  for (const TCase& test : cases) {
-    const detail::TPagePlan plan({.ColWidths = test.Cols,
-                                  .RowHeights = test.Rows,
-                                  .FixedCols = test.Fixed.X,
-                                  .FixedRows = test.Fixed.Y,
-                                  .Room = test.Room,
-                                  .Strips = test.Strips});
-    EXPECT_EQ(Pages(plan), test.Pages) << test.Name;
-    EXPECT_EQ(plan.GetRest(), test.Rest) << test.Name;
+  for (const auto& [name, table, pages, rest] : cases) {
+    std::vector<std::vector<int>> t(1);
+    std::istringstream words(table);
+    for (std::string word; words >> word;) word == "|" ? void(t.emplace_back()) : t.back().push_back(std::stoi(word));
+    const detail::TPagePlan plan({.ColWidths = t[0],
+                                  .RowHeights = t[1],
+                                  .FixedCols = t[2][0],
+                                  .FixedRows = t[2][1],
+                                  .Room = {t[3][0], t[3][1]},
+                                  .Strips = t[4][0]});
+    EXPECT_EQ(Pages(plan), pages) << name;
+    EXPECT_EQ(plan.GetRest(), rest) << name;
   }
 }
 
