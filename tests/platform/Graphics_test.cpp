@@ -1,40 +1,28 @@
 #include "platform/Graphics.h"
 
+#include "platform/TextForms.h"
 #include "tests/support/Test.h"
 
 namespace {
 
-const TCases<String, TColor> kNames = {
-    {u"clMaroon", clMaroon},         {u"clBlack", clBlack},
-    {u"clGreen", clGreen},           {u"clNavy", clNavy},
-    {u"clOlive", clOlive},           {u"clTeal", clTeal},
-    {u"clPurple", clPurple},         {u"clGray", clGray},
-    {u"clSilver", clSilver},         {u"clRed", clRed},
-    {u"clYellow", clYellow},         {u"clLime", clLime},
-    {u"clFuchsia", clFuchsia},       {u"clBlue", clBlue},
-    {u"clWhite", clWhite},           {u"clAqua", clAqua},
-    {u"clMoneyGreen", clMoneyGreen}, {u"clNone", clNone},
-    {u"clSkyBlue", clSkyBlue},       {u"clBackground", clBackground},
-    {u"clCream", clCream},           {u"clActiveCaption", clActiveCaption},
-    {u"clMedGray", clMedGray},       {u"clInactiveCaption", clInactiveCaption},
-    {u"clDefault", clDefault},       {u"clMenu", clMenu},
-    {u"clScrollBar", clScrollBar},   {u"clWindowFrame", clWindowFrame},
-    {u"clWindow", clWindow},         {u"clWindowText", clWindowText},
-    {u"clMenuText", clMenuText},     {u"clCaptionText", clCaptionText},
-    {u"clHighlight", clHighlight},   {u"clActiveBorder", clActiveBorder},
-    {u"clBtnFace", clBtnFace},       {u"clInactiveBorder", clInactiveBorder},
-    {u"clBtnShadow", clBtnShadow},   {u"clAppWorkSpace", clAppWorkSpace},
-    {u"clGrayText", clGrayText},     {u"clHighlightText", clHighlightText},
-    {u"clBtnText", clBtnText},       {u"clInactiveCaptionText", clInactiveCaptionText},
-    {u"cl3DLight", cl3DLight},       {u"clBtnHighlight", clBtnHighlight},
-    {u"clInfoText", clInfoText},     {u"cl3DDkShadow", cl3DDkShadow},
-    {u"clInfoBk", clInfoBk},         {u"clGradientActiveCaption", clGradientActiveCaption},
-    {u"clHotLight", clHotLight},     {u"clGradientInactiveCaption", clGradientInactiveCaption},
-    {u"clMenuBar", clMenuBar},       {u"clMenuHighlight", clMenuHighlight}};
-
 TEST(Graphics, EveryNameHasItsColour) {
+  // Names without "cl" and their numbers.
+  const TCells words = ReadSerialize(
+      u"Black 0 Maroon 80 Red FF Green 8000 Olive 8080 Lime FF00 Yellow FFFF Navy 800000 Purple 800080 Teal "
+      u"808000 Gray 808080 MedGray A4A0A0 Silver C0C0C0 MoneyGreen C0DCC0 SkyBlue F0CAA6 Cream F0FBFF Blue "
+      u"FF0000 Fuchsia FF00FF Aqua FFFF00 White FFFFFF None 1FFFFFFF Default 20000000 ScrollBar FF000000 "
+      u"Background FF000001 ActiveCaption FF000002 InactiveCaption FF000003 Menu FF000004 Window FF000005 "
+      u"WindowFrame FF000006 MenuText FF000007 WindowText FF000008 CaptionText FF000009 ActiveBorder FF00000A "
+      u"InactiveBorder FF00000B AppWorkSpace FF00000C Highlight FF00000D HighlightText FF00000E BtnFace FF00000F "
+      u"BtnShadow FF000010 GrayText FF000011 BtnText FF000012 InactiveCaptionText FF000013 BtnHighlight FF000014 "
+      u"3DDkShadow FF000015 3DLight FF000016 InfoText FF000017 InfoBk FF000018 HotLight FF00001A "
+      u"GradientActiveCaption FF00001B GradientInactiveCaption FF00001C MenuHighlight FF00001D MenuBar FF00001E",
+      u' ', u'"');
+  ASSERT_EQ(words.size(), 2 * 52u);
   TColor found = 7;
-  for (const auto& [name, color] : kNames) {
+  for (size_t i = 0; i < words.size(); i += 2) {
+    const String name = u"cl" + words[i];
+    const auto color = static_cast<TColor>(StrToInt64(u"$" + words[i + 1]));
     EXPECT_EQ(
         (std::tuple{ColorToString(color), IdentToColor(UpperCase(name), found), found, StringToColor(LowerCase(name))}),
         std::tuple(name, true, color, color));
