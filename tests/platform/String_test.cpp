@@ -59,16 +59,9 @@ TEST(String, AppendsLikeAPlainText) {
 }
 
 TEST(String, ComparesByCodeUnitsWhateverTheForm) {
-  const std::u16string texts[] = {u"",
-                                  std::u16string(1, u'\0'),
-                                  std::u16string(u"a\0b", 3),
-                                  u"a",
-                                  u"\u00E4",
-                                  u"\xD800",
-                                  Letters(11),
-                                  Letters(12),
-                                  Letters(12) + u'\0',
-                                  u"\xFFFF"};
+  using namespace std::string_literals;
+  const std::vector texts = {
+      u""s, u"\0"s, u"a\0b"s, u"a"s, u"\u00E4"s, u"\xD800"s, Letters(11), Letters(12), Letters(12) + u'\0', u"\xFFFF"s};
   for (const auto& a : texts) {
     for (const auto& b : texts) {
       String sa = std::u16string_view(a), sb = std::u16string_view(b);
@@ -79,25 +72,19 @@ TEST(String, ComparesByCodeUnitsWhateverTheForm) {
 }
 
 TEST(String, ConvertsUtf8BothWays) {
-  const std::pair<const char*, std::u16string_view> cases[] = {{"Stra\xC3\x9F"
-                                                                "e \xE2\x82\xAC \xF0\x9F\x98\x80",
-                                                                u"Stra\u00DFe \u20AC \U0001F600"},
-                                                               {"a\xFF"
-                                                                "b",
-                                                                u"a\uFFFDb"},
-                                                               {"\xC3", u"\uFFFD"},
-                                                               {"\xE2\x82"
-                                                                "A",
-                                                                u"\uFFFDA"},
-                                                               {"\xC0\xAF", u"\uFFFD\uFFFD"},
-                                                               {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
-                                                               {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"}};
+  const std::pair<const char*, std::u16string_view> cases[] = {
+      {"Stra\xC3\237e \xE2\x82\xAC \xF0\x9F\x98\x80", u"Stra\u00DFe \u20AC \U0001F600"},
+      {"a\377b", u"a\uFFFDb"},
+      {"\xC3", u"\uFFFD"},
+      {"\xE2\202A", u"\uFFFDA"},
+      {"\xC0\xAF", u"\uFFFD\uFFFD"},
+      {"\xED\xA0\x80", u"\uFFFD\uFFFD\uFFFD"},
+      {"\xF4\x90\x80\x80", u"\uFFFD\uFFFD\uFFFD\uFFFD"}};
   for (const auto& [utf8, text] : cases) EXPECT_EQ(String::FromUtf8(utf8).view(), text);
   EXPECT_EQ(String(u"a\xD800"
                    u"b\xDC00")
                 .ToUtf8(),
-            "a\xEF\xBF\xBD"
-            "b\xEF\xBF\xBD");
+            "a\xEF\xBF\275b\xEF\xBF\xBD");
   EXPECT_EQ(String(cases[0].second).ToUtf8(), cases[0].first);
 }
 

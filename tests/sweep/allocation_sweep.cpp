@@ -304,9 +304,7 @@ TEST(AllocationSweep, TreesAndTexts) {
 }
 
 const char kTable[] =
-    "Nr,Name,Ort\r\n10,\"M\xFCller-L\xFC"
-    "denscheid, Max\",Bonn\r\n9,Schmidt,L\xFC"
-    "denscheid-Br\xFCgge\r\n";
+    "Nr,Name,Ort\r\n10,\"M\xFCller-L\374denscheid, Max\",Bonn\r\n9,Schmidt,L\374denscheid-Br\xFCgge\r\n";
 
 TEST(AllocationSweep, Tables) {
   test::TTempDir dir;

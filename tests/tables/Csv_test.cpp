@@ -95,13 +95,8 @@ TEST(CsvTest, FindsOutTheForm) {
            {"x\x1By\n", "2 0 no 27 1"},
            {mark + "\"a\r;\",b\r", "2 0 yes 44 2"},
            {"Mädchen;1\r\n", "2 0 no 59 0"},
-           {"M\xE4"
-            "dchen\x84;1\r\n",
-            "1 0 no 59 0"},
-           {"M\x84"
-            "dchen f\x81r Gr\x94\xE1"
-            "e\n",
-            "1 850 no 44 1"},
+           {"M\344dchen\x84;1\r\n", "1 0 no 59 0"},
+           {"M\204dchen f\x81r Gr\x94\341e\n", "1 850 no 44 1"},
            {"sagte \x84ja\x93 \x96 nein\n", "1 0 no 44 1"},
            {Wide(u"\uFEFFa\tb\r\n"), "3 0 yes 9 0"},
            {Wide(u"ab;cd\r", true), "4 0 no 59 2"},

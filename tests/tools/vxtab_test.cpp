@@ -119,9 +119,7 @@ TEST_F(VxtabTest, ConvertsToTheFormsOfOtherPrograms) {
   for (const auto& [line, bytes, note] : TCases<std::string, std::string, std::string>{
            {"o.tsv", "\xEF\xBB\xBFName\tOrt\r\nŁukasz B\ta;b\r\n\"x\ny\"\t\r\n", ""},
            {"o.txt --to-encoding utf-8-plain", "Name;Ort\r\nŁukasz B;\"a;b\"\r\n\"x\ny\";\r\n", ""},
-           {"o.csv --to-separator ä --to-encoding codepage",
-            "Name\xE4Ort\r\n?ukasz B\xE4"
-            "a;b\r\n\"x\ny\"\xE4\r\n",
+           {"o.csv --to-separator ä --to-encoding codepage", "Name\xE4Ort\r\n?ukasz B\344a;b\r\n\"x\ny\"\xE4\r\n",
             "1 cells can't be written in this form, first column 0 of row 1, 'Łukasz B'"},
            {"o.jsonl", "{\"Name\": \"Łukasz B\", \"Ort\": \"a;b\"}\n{\"Name\": \"x\\ny\", \"Ort\": \"\"}\n", ""},
            {"o.md", "| Name | Ort |\n| --- | --- |\n| Łukasz B | a;b |\n| x<br>y |  |\n", ""},
@@ -132,9 +130,7 @@ TEST_F(VxtabTest, ConvertsToTheFormsOfOtherPrograms) {
   }
   Put("in", "a;\"b\nc\"d\n\"e");
   Tells("dump --foreign @in", 0, "in, line 2, column 3: text stands behind a closing quote; so in 2 places\n");
-  Put("in",
-      "f\x81r;Gr\x94\xE1"
-      "e\n");
+  Put("in", "f\x81r;Gr\x94\341e\n");
   EXPECT_NE(Out("info --foreign @in").find("encoding: code page 850\n"), std::string::npos);
   EXPECT_EQ(Out("dump --foreign --codepage 1252 @in"), "[\"f\xC2\x81r\", \"Gr”áe\"]\n");
   EXPECT_EQ(Out("dump --foreign --encoding utf-16 --separator , -", Bytes(u"ä,b", true)), "[\"ä\", \"b\"]\n");
