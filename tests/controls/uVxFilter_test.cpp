@@ -84,8 +84,7 @@ TEST(uVxFilter, FiltersAsEachRowByTheRules) {
     for (int col = 0; col < columns; ++col) {
       TVxFilterItem& item = set.Item(col);
       item.SetFilterType(below(3) == 0 ? ftAuto : ftText);
-      item.SetMultiSelect(static_cast<TFilterMultiSelect>(below(3)));
-      item.SetStrictValues(below(4) == 0);
+      item.SetMultiSelect(static_cast<TFilterMultiSelect>(below(3))), item.SetStrictValues(below(4) == 0);
       String value = text(u"abAÄǆ,\"*!", 4);
       for (int more = below(4) == 0 ? 9 : 0; more > 0; --more) value += u"," + text(u"abAÄ*!", 3);
       item.SetValue(below(6) == 0 ? u"=" + TRegEx::Escape(value) + u".?" : value);
@@ -171,8 +170,7 @@ TEST(uVxFilter, ExpressionsOfValues) {
       {u"=a|(b", true, false, u"a|(b"}};
   for (const auto& [value, multi, strict, expression] : cases) {
     TVxFilterItem item;
-    item.SetMultiSelect(multi ? fmsYes : fmsNo);
-    item.SetStrictValues(strict);
+    item.SetMultiSelect(multi ? fmsYes : fmsNo), item.SetStrictValues(strict);
     EXPECT_EQ(item.BuildRegEx(value), expression) << value;
   }
   TVxFilterItem item;
@@ -227,34 +225,28 @@ TEST(uVxFilter, KindsOfItems) {
 }
 
 TEST(uVxFilter, Images) {
-  struct TCase {
-    const char16_t *Cell, *Value;
-    bool Multi, Strict;
-    const char* Facts;
-  };  // drawn, of a list
-  for (const TCase& c : {TCase{u"3", u"", false, false, "yes yes"},
-                         {u"3", u"", true, false, "yes yes"},
-                         {u"3", u"3", false, false, "yes yes"},
-                         {u"13", u"3", false, false, "no no"},
-                         {u"3", u"1,3", true, false, "yes yes"},
-                         {u"3", u"1,3", false, false, "no no"},
-                         {u"2,3", u"3", false, false, "yes yes"},
-                         {u"2,3", u"3", false, true, "no yes"},
-                         {u"2,3", u"1,3", true, false, "no yes"},
-                         {u"2,3", u"3", true, false, "yes yes"},
-                         {u"2,3", u"2,3", false, true, "yes no"},
-                         {u"2,3", u"\"2,3\"", true, false, "yes no"},
-                         {u"", u"3", false, false, "no no"}}) {
+  // Of several values, strict; found where it is drawn, and of a list.
+  for (const auto& [cell, value, multi, strict, facts] :
+       TCases<String, String, bool, bool, const char*>{{u"3", u"", false, false, "yes yes"},
+                                                       {u"3", u"", true, false, "yes yes"},
+                                                       {u"3", u"3", false, false, "yes yes"},
+                                                       {u"13", u"3", false, false, "no no"},
+                                                       {u"3", u"1,3", true, false, "yes yes"},
+                                                       {u"3", u"1,3", false, false, "no no"},
+                                                       {u"2,3", u"3", false, false, "yes yes"},
+                                                       {u"2,3", u"3", false, true, "no yes"},
+                                                       {u"2,3", u"1,3", true, false, "no yes"},
+                                                       {u"2,3", u"3", true, false, "yes yes"},
+                                                       {u"2,3", u"2,3", false, true, "yes no"},
+                                                       {u"2,3", u"\"2,3\"", true, false, "yes no"},
+                                                       {u"", u"3", false, false, "no no"}}) {
     TVxFilterItem items[2];
     items[0].SetOnDrawCol(TCallbackPostDraw::Of<&DrawValue>());
     for (TVxFilterItem& item : items) {
-      item.SetFilterType(ftImage);
-      item.SetMultiSelect(c.Multi ? fmsYes : fmsNo);
-      item.SetStrictValues(c.Strict);
-      item.SetValue(c.Value);
+      item.SetFilterType(ftImage), item.SetMultiSelect(multi ? fmsYes : fmsNo), item.SetStrictValues(strict);
+      item.SetValue(value);
     }
-    EXPECT_EQ((TFacts{items[0].Check(c.Cell, nullptr), items[1].Check(c.Cell, nullptr)}), c.Facts)
-        << String(c.Cell) << ' ' << String(c.Value);
+    EXPECT_EQ((TFacts{items[0].Check(cell, nullptr), items[1].Check(cell, nullptr)}), facts) << cell << ' ' << value;
   }
 }
 

@@ -44,21 +44,19 @@ TEST(ClockTest, SystemSleepIsNotCutShortBySignals) {
 }
 
 void CheckCentralEurope2026() {
-  struct {
-    TDateTime Local, Utc;
-    bool IsSkipped = false;
-  } cases[] = {{At(46204, 14), At(46204, 12)},
-               {At(kSpring, 2) - kMs, At(kSpring, 1) - kMs},
-               {At(kSpring, 3), At(kSpring, 1)},
-               {At(kSpring, 2), At(kSpring, 1), true},
-               {At(kSpring, 2, 30), At(kSpring, 1, 30), true},
-               // the doubled hour
-               {At(kAutumn, 2, 30), At(kAutumn, 0, 30)},
-               {At(kAutumn, 3) - kMs, At(kAutumn, 1) - kMs},
-               {At(kAutumn, 3), At(kAutumn, 2)}};
-  for (const auto& c : cases) {
-    EXPECT_NEAR(LocalToUtc(c.Local), c.Utc, kMs / 100) << c.Local;
-    EXPECT_NEAR(UtcToLocal(c.Utc), c.IsSkipped ? c.Local + 1 / 24.0 : c.Local, kMs / 100) << c.Local;
+  const TCases<TDateTime, TDateTime, bool> cases = {// local and universal time, and whether the first is skipped
+                                                    {At(46204, 14), At(46204, 12), false},
+                                                    {At(kSpring, 2) - kMs, At(kSpring, 1) - kMs, false},
+                                                    {At(kSpring, 3), At(kSpring, 1), false},
+                                                    {At(kSpring, 2), At(kSpring, 1), true},
+                                                    {At(kSpring, 2, 30), At(kSpring, 1, 30), true},
+                                                    // the doubled hour
+                                                    {At(kAutumn, 2, 30), At(kAutumn, 0, 30), false},
+                                                    {At(kAutumn, 3) - kMs, At(kAutumn, 1) - kMs, false},
+                                                    {At(kAutumn, 3), At(kAutumn, 2), false}};
+  for (const auto& [local, utc, isSkipped] : cases) {
+    EXPECT_NEAR(LocalToUtc(local), utc, kMs / 100) << local;
+    EXPECT_NEAR(UtcToLocal(utc), isSkipped ? local + 1 / 24.0 : local, kMs / 100) << local;
   }
   EXPECT_NEAR(UtcToLocal(At(kAutumn, 1, 30)), At(kAutumn, 2, 30), kMs / 100) << "second half";
 }

@@ -154,12 +154,7 @@ std::string TCell::Size(const String& Text) const {
 TEST(Decorator, MeasuresACell) {
   const TPoint printer = GetPrinterPixelsPerInch();
   SetPrinterPixelsPerInch({192, 288});
-  const struct {
-    const char* Name;
-    String Text;
-    const char* Size;
-    TCell Cell;
-  } cases[] = {
+  const TCases<const char*, String, const char*, TCell> cases = {
       {"plain", u"aa", "16 14", {}},
       {"lines of a plain text", u"a\r\nb", "24 14", {}},
       {"nothing", u" ", "0 0", {.Stripes = {1, 1, 1, 1}}},
@@ -213,7 +208,7 @@ TEST(Decorator, MeasuresACell) {
       {"coupled with many", u"aa", "1 14", {.Coupled = {20, 1}}},
       {"turned behind the limits", u"aa", "14 7", {.Angle = taVert, .WidthMax = 5}},
   };
-  for (const auto& c : cases) EXPECT_EQ(c.Cell.Size(c.Text), c.Size) << c.Name;
+  for (const auto& [name, text, size, cell] : cases) EXPECT_EQ(cell.Size(text), size) << name;
   SetPrinterPixelsPerInch(printer);
   TSortedPlain table;
   TDecorationList list(&table);

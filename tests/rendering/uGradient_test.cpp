@@ -21,14 +21,12 @@ TEST(Gradient, GoesTheWayOfItsFlagUnlessSwitchedOff) {
 
 TEST(Gradient, ColoursBetweenColours) {
   EXPECT_EQ(AverageGradient(0x00FF0001, clWindow), 0xFF7F80u);
-  const struct {
-    TColor Color;
-    int Amount;
-    TColor Result;
-  } cases[] = {{0x808080, 30, 0x888888},   {0x808080, -1000, 0},    {0x000000, 500, 0x808080},
-               {0xFFFFFF, 30, 0xFFFFFF},   {0x0000FF, 0, 0x0000FF}, {0x0000FF, 250, 0x8080FF},
-               {0x0000FF, -250, 0x000080}, {0x304060, 0, 0x304060}, {clWindow, 0, 0xFFFFFF}};
-  for (const auto& c : cases) EXPECT_EQ(ColorAdjustLuma(c.Color, c.Amount), c.Result) << c.Color << ' ' << c.Amount;
+  const TCases<TColor, int, TColor> cases = {
+      {0x808080, 30, 0x888888},   {0x808080, -1000, 0},    {0x000000, 500, 0x808080},
+      {0xFFFFFF, 30, 0xFFFFFF},   {0x0000FF, 0, 0x0000FF}, {0x0000FF, 250, 0x8080FF},
+      {0x0000FF, -250, 0x000080}, {0x304060, 0, 0x304060}, {clWindow, 0, 0xFFFFFF}};
+  for (const auto& [color, amount, result] : cases)
+    EXPECT_EQ(ColorAdjustLuma(color, amount), result) << color << ' ' << amount;
 }
 
 }  // namespace

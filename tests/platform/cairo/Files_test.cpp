@@ -24,25 +24,15 @@ class DrawingFiles : public testing::Test {
 
 TEST_F(DrawingFiles, TahomaIsAboutAsWideWhereSomethingStandsInForIt) {
   // The figures of the font itself at 100 pixels.
-  const struct {
-    const char16_t* Text;
-    TFontStyles Style;
-    int Width;
-  } cases[] = {
-      {u"Müller, Hans-Jürgen 12.03.1956 Große Morgenpflege Königswinter 1.234,56 Straße Wohnbereich Schmidt Anna",
-       {},
-       4921},
-      {u"Müller, Hans-Jürgen 12.03.1956 Große Morgenpflege Königswinter 1.234,56 Straße Wohnbereich Schmidt Anna",
-       {fsBold},
-       5625},
-  };
+  const String text =
+      u"Müller, Hans-Jürgen 12.03.1956 Große Morgenpflege Königswinter 1.234,56 Straße Wohnbereich Schmidt Anna";
   TBitmap bitmap(pf24bit, 1, 1);
   TCanvas& canvas = bitmap.GetCanvas();
-  for (const auto& c : cases) {
+  for (const auto& [style, width] : TCases<TFontStyles, int>{{TFontStyles{}, 4921}, {TFontStyles{fsBold}, 5625}}) {
     for (const int size : {8, 9, 10, 75}) {
-      canvas.SetFont({u"Tahoma", clBlack, c.Style, size});
-      const double exact = c.Width / 100.0 * std::lround(size * 96 / 72.0);
-      EXPECT_NEAR(canvas.TextWidth(c.Text), exact, exact * (size < 75 ? 0.07 : 0.05)) << size;
+      canvas.SetFont({u"Tahoma", clBlack, style, size});
+      const double exact = width / 100.0 * std::lround(size * 96 / 72.0);
+      EXPECT_NEAR(canvas.TextWidth(text), exact, exact * (size < 75 ? 0.07 : 0.05)) << size;
     }
   }
 }
