@@ -32,9 +32,7 @@ std::vector<String> Told(const TScriptedDialogs& Dialogs) {
 
 TDecoration* Make(TRangeType Type, TRect Range, int Tag = 0) {
   auto* item = new TDecoration;
-  item->SetRangeType(Type);
-  item->SetRange(Range);
-  item->SetTag(Tag);
+  item->SetRangeType(Type), item->SetRange(Range), item->SetTag(Tag);
   return item;
 }
 
@@ -50,24 +48,13 @@ TEST(Decoration, SaysAllInItsText) {
   TDecoration item;
   EXPECT_EQ(item.GetCommatext(), kPlain);
   EXPECT_TRUE(item.Empty());
-  item.SetRangeType(rtRect);
-  item.SetRange(1, 2, -1, 7);
-  item.SetAlignSet({alTop, alBottom, alLeft, alRight, alClient});
-  item.SetColor(clRed);
-  item.SetFieldType(vftDate);
-  item.SetFont({u"Arial", clBlue, {fsBold, fsItalic}, 12});
-  item.SetFormatString(u"dd, \"mm\"");
-  item.SetImageAlignSet({alTop});
-  item.SetOptions({doCoupled, doZebraLine});
-  item.SetSelectColor(clBlack, clSilver, 0x123456, clHighlight);
-  item.SetSelectRange(1, 0, 2, -3);
-  item.SetTrimModes({tmNone, tmCanvasHeightMin, tmTrueCommatext});
-  item.SetImageIndex(0);
-  item.SetTextAngle(taVert);
-  item.SetWidthMin(0);
-  item.SetWidthMax(10);
-  item.SetHeightMin(-5);
-  item.SetHeightMax(20);
+  item.SetRangeType(rtRect), item.SetRange(1, 2, -1, 7);
+  item.SetAlignSet({alTop, alBottom, alLeft, alRight, alClient}), item.SetColor(clRed), item.SetFieldType(vftDate);
+  item.SetFont({u"Arial", clBlue, {fsBold, fsItalic}, 12}), item.SetFormatString(u"dd, \"mm\"");
+  item.SetImageAlignSet({alTop}), item.SetOptions({doCoupled, doZebraLine});
+  item.SetSelectColor(clBlack, clSilver, 0x123456, clHighlight), item.SetSelectRange(1, 0, 2, -3);
+  item.SetTrimModes({tmNone, tmCanvasHeightMin, tmTrueCommatext}), item.SetImageIndex(0), item.SetTextAngle(taVert);
+  item.SetWidthMin(0), item.SetWidthMax(10), item.SetHeightMin(-5), item.SetHeightMax(20);
   const String text = item.GetCommatext();
   EXPECT_EQ(text,
             u"4,1,2,-1,7,LTRBC,clRed,6,\"Arial,clBlue,BI,12\",\"dd, \"\"mm\"\"\",T,CZ,clBlack,,$00123456,clHighlight,"
@@ -116,8 +103,7 @@ TEST(Decoration, WhatCannotBeReadIsAsAtFirst) {
   for (int i = 0; i < 16; ++i) {
     TDecoration item;
     item.SetTrimModes({static_cast<TTrimMode>(i)});
-    list.SetTrimModes(item.GetTrimModes());
-    list.SetOptions({static_cast<TDecorationListOption>(i)});
+    list.SetTrimModes(item.GetTrimModes()), list.SetOptions({static_cast<TDecorationListOption>(i)});
     ofItem.push_back(ReadCommatext(item.GetCommatext())[20]);
     ofList.push_back(ReadCommatext(list.GetCommatext())[16]);
     options.push_back(ReadCommatext(list.GetCommatext())[17]);
@@ -143,9 +129,7 @@ TEST(Decoration, OlderTextsEndBefore) {
 TEST(Decoration, CoversCells) {
   TDecorationList list;
   const TDecorationList empty(false);
-  list.SetColCount(10);
-  list.SetRowCount(20);
-  list.SetFixed(1, 2, 3, 4);
+  list.SetColCount(10), list.SetRowCount(20), list.SetFixed(1, 2, 3, 4);
   const TPlainDecorations plain(list), nothing(empty);
   for (const auto& [type, range, cells, withoutList] :
        TCases<TRangeType, TRect, TRect, TRect>{{rtUnknown, {1, 2, 3, 4}, {-1, -1, -1, -1}, {-1, -1, -1, -1}},
@@ -159,8 +143,7 @@ TEST(Decoration, CoversCells) {
                                                {rtContent, {-1, 2, 3, 4}, {1, 2, 6, 15}, {-1, 2, 3, 4}}}) {
     TDecoration item(&list), loose;
     for (TDecoration* each : {&item, &loose}) {
-      each->SetRangeType(type);
-      each->SetRange(range);
+      each->SetRangeType(type), each->SetRange(range);
       TRect covered;
       each->RangeRect(covered);
       EXPECT_EQ(covered, each == &item ? cells : withoutList) << type;
@@ -175,8 +158,7 @@ TEST(Decoration, CoversCells) {
   }
   TRect range;
   TDecoration row(&list);
-  row.SetRangeType(rtRow);
-  row.SetRange(-5, -3, -1, -100);
+  row.SetRangeType(rtRow), row.SetRange(-5, -3, -1, -100);
   row.CalculateRange(range);
   EXPECT_EQ(range, (TRect{-5, 17, -1, -80}));
 }
@@ -190,8 +172,7 @@ TEST(Decoration, FontsAreItsOwnOrTheLists) {
   TFont own = list.GetFont();
   EXPECT_EQ(item.GetFont(), own);
   own.Size = 33;
-  item.SetFont(own);
-  item.SetFontOwner(true);
+  item.SetFont(own), item.SetFontOwner(true);
   EXPECT_EQ(item.GetFont().Size, 33);
   item.SetFontOwner(false);
   EXPECT_EQ(&item.GetFont(), &list.GetFont());
@@ -234,8 +215,7 @@ TEST(DecorationList, StandsInItsOrder) {
 
 TEST(DecorationList, FindsItems) {
   TDecorationList list;
-  list.SetColCount(10);
-  list.SetRowCount(20);
+  list.SetColCount(10), list.SetRowCount(20);
   TDecoration* column = list.CreateRange(rtColumn, -2, -1, -1, -1);
   column->SetFieldType(vftCurrency);
   EXPECT_EQ((TItems{list.GetRange(rtColumn, 8, 3, 9, 4, false), list.GetRange(rtColumn, 8, 3, 8, 4, false)}),
@@ -264,8 +244,7 @@ TEST(DecorationList, FindsItems) {
 
 TEST(DecorationList, KnowsTheFixedBorder) {
   TDecorationList list;
-  list.SetColCount(10);
-  list.SetRowCount(20);
+  list.SetColCount(10), list.SetRowCount(20);
   String inside;
   // Each the fixed border, the sides asked for, and a cell.
   for (std::u16string_view text : {u"1,0,0,0,,0,5", u"1,0,0,0,,1,5", u"1,0,0,0,T,0,5", u"0,2,0,0,T,5,1",
@@ -337,8 +316,7 @@ TEST(DecorationList, FindsWhatAppliesToACell) {
   for (int round = 0; round < 100; ++round) {
     MakeDecorations(list, round % 2 != 0, next);
     compare(true);
-    list.SetColCount(next(13));
-    list.SetRowCount(next(13));
+    list.SetColCount(next(13)), list.SetRowCount(next(13));
     compare(true);
     for (int deleted = 1 + next(6); deleted > 0 && list.GetCount() > 0; --deleted) list.Delete(next(list.GetCount()));
     compare(false);
@@ -351,8 +329,7 @@ TEST(DecorationList, FindsWhatAppliesToACell) {
 
 TEST(DecorationList, ListsOfCellsAreBuffers) {
   TDecorationList list;
-  list.SetHoverIndex(7);
-  list.SetTitle(u"Dienst");
+  list.SetHoverIndex(7), list.SetTitle(u"Dienst");
   for (int i = 0; i < 40; ++i) list.CreateRange(rtColumn, i, 0, i, 0);
   TDecoration* cell = list.GetCell(3, 3, true);
   const auto fresh = list.VirtualListForCell(3, 3);
@@ -402,8 +379,7 @@ TEST(DecorationList, MergesWhatIsSet) {
       }
       auto* item = new TDecoration;
       list.TObjectList::Add(item);
-      item->SetCommatext(WriteCommatext(cells));
-      item->SetImageList(round % 3 == i ? &others : nullptr);
+      item->SetCommatext(WriteCommatext(cells)), item->SetImageList(round % 3 == i ? &others : nullptr);
       merged.SetCommatext(wanted);
       wanted = MergedText(*item, merged);
     }
@@ -442,8 +418,7 @@ TEST(DecorationList, SaysAllInItsText) {
 TEST(DecorationList, RefusesTextsWithADialog) {
   TScriptedDialogs dialogs;
   TDecorationList list;
-  list.SetTitle(u"Titel");
-  list.SetCommatext(u"a,b");
+  list.SetTitle(u"Titel"), list.SetCommatext(u"a,b");
   EXPECT_EQ((TFacts{list.GetCount(), list.GetTitle()}), "0 Titel");
   list.SetCommatext(u"1,2,3,4,5,6,7,8,9,0,1,2,3,4,5,6,7,8,ÿ,x");
   EXPECT_EQ(list.GetCommatext(), TDecorationList().GetCommatext());
@@ -484,13 +459,8 @@ TEST(DecorationList, Copies) {
   TDecorationList list(&table);
   list.SetCommatext(u"a,b,clRed,1,2,3,4,clBlue,\"Arial,,,9\",5,6,7,8,9,10,clGreen,NU,FB,11,12,ÿ");
   TImageList images;
-  list.SetImageList(&images);
-  list.SetColCount(3);
-  list.SetRowCount(4);
-  list.SetCell({1, 2});
-  list.SetDevice(ddPrinter);
-  list.SetHoverIndex(6);
-  list.SetCallbackPreDraw(TCallbackDraw::Of<&Draw>());
+  list.SetImageList(&images), list.SetColCount(3), list.SetRowCount(4), list.SetCell({1, 2});
+  list.SetDevice(ddPrinter), list.SetHoverIndex(6), list.SetCallbackPreDraw(TCallbackDraw::Of<&Draw>());
   list.CreateRange(rtRow, 0, 0, 0, 0);
   list.SetCoupled(list.GetItems(0));
   const auto copy = list.Duplicate(), head = list.DuplicateHead();
