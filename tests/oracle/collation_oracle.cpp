@@ -145,14 +145,9 @@ bool CompareNames(std::vector<std::u16string> Cells) {
 bool CompareUnits() {
   TComparison alone, within;
   std::vector<char16_t> units;
-  for (auto [first, last] : {std::pair{0x20, 0x362},
-                             {0x1E00, 0x1EFF},
-                             {0x2000, 0x2056},
-                             {0x2058, 0x205F},
-                             {0x20A0, 0x20C0},
-                             {0x2C60, 0x2C7F},
-                             {0xFB00, 0xFB06},
-                             {0xFF01, 0xFF5E}}) {
+  constexpr int ranges[][2] = {{0x20, 0x362},    {0x1E00, 0x1EFF}, {0x2000, 0x2056}, {0x2058, 0x205F},
+                               {0x20A0, 0x20C0}, {0x2C60, 0x2C7F}, {0xFB00, 0xFB06}, {0xFF01, 0xFF5E}};
+  for (const auto& [first, last] : ranges) {
     for (int unit = first; unit <= last; ++unit) units.push_back(static_cast<char16_t>(unit));
   }
   std::mt19937 random(7);
