@@ -98,8 +98,7 @@ TEST(VxData, TextsAndKeys) {
   EXPECT_EQ((TFacts{a->Compare(*b), a->Compare(*c), c->Compare(*a)}), "0 1 -1");
   EXPECT_NE(a->Compare(other), 0);
   EXPECT_EQ(a->Compare(other), -other.Compare(*a));
-  EXPECT_EQ((a->Assign(nullptr), a->GetSerialize()), u"12");
-  EXPECT_EQ((a->SetSerialize(u"x"), a->GetSerialize()), u"0");
+  EXPECT_EQ((TFacts{(a->Assign(nullptr), a->GetSerialize()), (a->SetSerialize(u"x"), a->GetSerialize())}), "12 0");
 }
 
 TEST(DataHeads, AreMadeOnceWithTheAncestorsInside) {

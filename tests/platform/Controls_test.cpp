@@ -35,14 +35,11 @@ TEST(TControl, TellsOfChangesOnceAndOfTheMouse) {
   TLog log;
   TControl parent, control;
   parent.SetBounds({100, 50, 300, 250});
-  control.SetParent(&parent);
-  control.SetOnInvalidate(TNotifyEvent::Of<&TLog::Invalid>(log));
+  control.SetParent(&parent), control.SetOnInvalidate(TNotifyEvent::Of<&TLog::Invalid>(log));
   control.SetOnClick(TNotifyEvent::Of<&TLog::Click>(log));
   control.SetOnMouseEnter(TNotifyEvent::Of<&TLog::Enter>(log));
-  control.SetOnMouseLeave(TNotifyEvent::Of<&TLog::Leave>(log));
-  control.SetBounds({10, 10, 5, 40});
-  control.SetWidth(20);
-  control.SetWidth(20);
+  control.SetOnMouseLeave(TNotifyEvent::Of<&TLog::Leave>(log)), control.SetBounds({10, 10, 5, 40});
+  control.SetWidth(20), control.SetWidth(20);
   {
     TControlUpdate update(control), inner(control);
     control.SetColor(clRed), control.SetEnabled(false);
@@ -62,8 +59,7 @@ TEST(TControl, TellsOfChangesOnceAndOfTheMouse) {
 TEST(TStringGrid, KeepsCellsInsideItself) {
   TStringGrid grid;
   TObject object;
-  grid.SetColCount(10000), grid.SetRowCount(INT_MAX);
-  grid.SetCells(9999, 3, u"a"), grid.SetObjects(2, 4, &object);
+  grid.SetColCount(10000), grid.SetRowCount(INT_MAX), grid.SetCells(9999, 3, u"a"), grid.SetObjects(2, 4, &object);
   for (const auto& [col, row] : TCases<int, int>{{-1, 0}, {0, -1}, {10000, 0}, {0, INT_MAX}}) {
     grid.SetCells(col, row, u"b"), grid.SetObjects(col, row, &object);
     EXPECT_EQ((TFacts{grid.GetCells(col, row), grid.GetObjects(col, row) == nullptr}), " yes") << col << ' ' << row;
@@ -84,8 +80,7 @@ TEST(TStringGrid, PlacesAndCellsAreEachOthersInverse) {
   EXPECT_EQ((TFacts{Of(grid.CellRect(0, 0)), Of(grid.CellRect(1, 2)), Of(grid.CellRect(2, 0)), Of(grid.CellRect(3, 1)),
                     Of(grid.CellRect(9, 0)), Of(grid.CellRect(-1, 0))}),
             "0,0-64,24 65,50-165,74 0,0-0,0 166,25-230,49 0,0-0,0 0,0-0,0");
-  EXPECT_EQ((TFacts{grid.GetVisibleColCount(), grid.GetVisibleRowCount()}), "3 3");
-  EXPECT_TRUE(grid.SelectCell(5, 999999));
+  EXPECT_EQ((TFacts{grid.GetVisibleColCount(), grid.GetVisibleRowCount(), grid.SelectCell(5, 999999)}), "3 3 yes");
   EXPECT_EQ((TFacts{grid.GetLeftCol(), grid.GetTopRow(), Of(grid.CellRect(5, 999999)), Of(grid.CellRect(1, 999999))}),
             "2 999996 195,100-259,110 0,0-0,0");
   for (const TPoint cell : {TPoint{0, 0}, TPoint{3, 999997}, TPoint{4, 999999}}) {
@@ -105,8 +100,7 @@ TEST(TStringGrid, MouseSelectsAndPaintingTellsTheState) {
   TStringGrid grid;
   grid.SetBounds({0, 0, 190, 80}), grid.SetColCount(3), grid.SetRowCount(3);
   grid.SetOnSelectCell(TSelectCellEvent::Of<&TLog::SelectCell>(log));
-  grid.SetOnDrawCell(TDrawCellEvent::Of<&TLog::DrawCell>(log));
-  grid.SetCells(1, 1, u"A");
+  grid.SetOnDrawCell(TDrawCellEvent::Of<&TLog::DrawCell>(log)), grid.SetCells(1, 1, u"A");
   grid.Paint();  // nothing without a canvas
   grid.SetCanvas(&canvas);
   grid.MouseDown(mbLeft, {}, 70, 30), grid.MouseUp(mbLeft, {}, 70, 30);
@@ -188,10 +182,8 @@ TEST(TListView, MouseFindsHeadsAndItems) {
     view.MouseDown(mbLeft, shift, 10, y), view.MouseUp(mbLeft, shift, 10, y);
     return Items(view);
   };
-  EXPECT_EQ(click(30, {}), "aa2 bb2* cc2 dd2 ");
-  EXPECT_EQ(click(70, {ssShift}), "aa2 bb2* cc2* dd2* ");
-  EXPECT_EQ(click(50, {ssCtrl}), "aa2 bb2* cc2 dd2* ");
-  EXPECT_EQ(click(50, {}), "aa2 bb2 cc2* dd2 ");
+  EXPECT_EQ((TFacts{click(30, {}), click(70, {ssShift})}), "aa2 bb2* cc2 dd2  aa2 bb2* cc2* dd2* ");
+  EXPECT_EQ((TFacts{click(50, {ssCtrl}), click(50, {})}), "aa2 bb2* cc2 dd2*  aa2 bb2 cc2* dd2 ");
   view.SetItemIndex(0);
   EXPECT_EQ((TFacts{Items(view), view.GetTopIndex()}), "aa2* bb2 cc2 dd2  0");
 }

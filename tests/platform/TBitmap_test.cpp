@@ -93,8 +93,7 @@ TEST(Bitmap, ColoursBecomeTheNearestOnes) {
     EXPECT_EQ(PixelsOf(Made(format, 5, source)), pixels) << format;
   TBitmap alpha = Made(pf32bit, 1, {0x00FF8040});
   EXPECT_EQ(PixelsOf(alpha), TPixels{0xFFFF8040});
-  alpha.SetAlphaFormat(afPremultiplied);
-  alpha.SetRow(0, TPixels{0x80FF8040});
+  alpha.SetAlphaFormat(afPremultiplied), alpha.SetRow(0, TPixels{0x80FF8040});
   EXPECT_EQ(std::string(reinterpret_cast<const char*>(alpha.GetScanline(0)), 4), "\x20\x40\x80\x80");
   EXPECT_EQ(PixelsOf(alpha), TPixels{0x80FF8040});
 }
@@ -138,8 +137,7 @@ TEST(Bitmap, FilesOfEveryFormatComeBack) {
     }
   }
   TBitmap alpha(pf32bit, 2, 1);
-  alpha.SetAlphaFormat(afDefined);
-  alpha.SetRow(0, TPixels{0x80112233, 0x00FFFFFF});
+  alpha.SetAlphaFormat(afDefined), alpha.SetRow(0, TPixels{0x80112233, 0x00FFFFFF});
   const TBitmap back = DecodeBitmap(EncodeBitmap(alpha), u"a");
   EXPECT_EQ(back.GetAlphaFormat(), afDefined);
   EXPECT_EQ(PixelsOf(back), (TPixels{0x80112233, 0x00FFFFFF}));
@@ -262,8 +260,7 @@ TEST(ImageList, KeepsImagesNamesAndTransparency) {
   TBitmap image;
   EXPECT_EQ((TFacts{images.GetBitmap(0, image, clBlue), images.GetBitmap(3, image)}), "yes no");
   EXPECT_EQ(PixelsOf(image), (TPixels{0xFF112233, 0xFF0000FF, 0xFF0000FF, 0xFF0000FF}));
-  images.SetItems(1, u"offen");
-  images.SetItems(9, u"zu");
+  images.SetItems(1, u"offen"), images.SetItems(9, u"zu");
   images.Delete(0);
   EXPECT_EQ(PixelsOf(images.GetImage(0)), wanted[1]);
   EXPECT_EQ((TFacts{images.GetItems(0), images.IndexOf(u"OFFEN"), images.GetItems(-1)}), "offen 0 ");

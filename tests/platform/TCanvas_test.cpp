@@ -128,9 +128,7 @@ TEST(TCanvas, MeasuresByTheRulesOfItsMetrics) {
 
 TEST(TCanvas, AScopePutsAllStateBack) {
   TRecordingCanvas canvas;
-  canvas.SetFont({u"Arial", clRed, {fsBold}, 9});
-  canvas.SetPen({clLime, 3, psDot});
-  canvas.SetBrush({clBlue});
+  canvas.SetFont({u"Arial", clRed, {fsBold}, 9}), canvas.SetPen({clLime, 3, psDot}), canvas.SetBrush({clBlue});
   canvas.MoveTo(7, 8);
   canvas.SetClip({0, 0, 40, 40});
   const auto draw = [&canvas] {
@@ -143,12 +141,8 @@ TEST(TCanvas, AScopePutsAllStateBack) {
   const String before = draw();
   {
     const TCanvasState saved(canvas);
-    canvas.SetFont({u"Tahoma", clBlack, {}, 20});
-    canvas.SetFontPixelsPerInch(300);
-    canvas.SetPen({});
-    canvas.SetBrush({clWhite, bsClear});
-    canvas.SetTextUpward(true);
-    canvas.SetTextVertical(tvBaseline);
+    canvas.SetFont({u"Tahoma", clBlack, {}, 20}), canvas.SetFontPixelsPerInch(300), canvas.SetPen({});
+    canvas.SetBrush({clWhite, bsClear}), canvas.SetTextUpward(true), canvas.SetTextVertical(tvBaseline);
     canvas.SetTextOpaque(false);
     canvas.ResetClip();
     canvas.SetScale(2);

@@ -108,8 +108,7 @@ TEST(TextForms, OfTheListsAndOfNoCellAndOneEmptyCell) {
     EXPECT_EQ((list.*form.Get)(), form.Write(cells));
     EXPECT_EQ(list.Updates, form.Set != &TList::SetCellText);
     list.SetSerialize(u';', u'\'', u"a;'b c'");
-    EXPECT_EQ(list.GetSerialize(u';', u'\''), u"a;'b c'");
-    EXPECT_EQ(list.GetUpdateCount(), 0);
+    EXPECT_EQ((TFacts{list.GetSerialize(u';', u'\''), list.GetUpdateCount()}), "a;'b c' 0");
   };
   for (const TForm& form : kForms) {
     EXPECT_EQ(form.Write({}) + form.Write(TCells{u""}), form.OneEmpty) << form.Name;

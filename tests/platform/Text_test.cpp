@@ -56,8 +56,7 @@ TEST(Text, PosFindsEveryPartThatAPlainSearchFinds) {
     ASSERT_EQ(Pos(part, text, from), place == text.npos ? 0 : static_cast<int>(place) + 1);
   }
   std::u16string text(1000000, u'a'), part(300000, u'a');  // quadratic time would not end
-  EXPECT_EQ(Pos(part + u"b", text), 0);
-  EXPECT_EQ(Pos(u"b" + part, text), 0);
+  EXPECT_EQ((TFacts{Pos(part + u"b", text), Pos(u"b" + part, text)}), "0 0");
   EXPECT_EQ(ReplaceAll(String(text), part, u"x"), String(u"xxx" + std::u16string(100000, u'a')));
 }
 

@@ -52,8 +52,7 @@ class TRandomTable {
     }
     Cells.Object = Upto(2) == 0 ? &Graphic : nullptr;
     Sorted.Cell = {Upto(8), Upto(4)};
-    List.SetFixed(Upto(2), Upto(3), Upto(2), Upto(2));
-    List.SetImageList(&Images);
+    List.SetFixed(Upto(2), Upto(3), Upto(2), Upto(2)), List.SetImageList(&Images);
     List.SetMarginHoriz(Upto(9) - 1), List.SetMarginVerti(Upto(3)), List.SetMaxSubLines(Upto(4));
     if (Upto(3) == 0) List.SetTrimModes({tmFitImage, tmTrueCommatext});
     if (Upto(4) == 0) List.SetDevice(ddPrinter);
@@ -190,8 +189,7 @@ TEST(Trim, TheCallbackChangesWidths) {
   TRecordingCanvas canvas;
   TCall call;
   TDecorationList list;
-  list.SetTrimModes({tmCanvasWidthMax});
-  list.SetCallbackTrimmingHoriz(TCallbackTrimming::Of<&TCall::Widths>(call));
+  list.SetTrimModes({tmCanvasWidthMax}), list.SetCallbackTrimmingHoriz(TCallbackTrimming::Of<&TCall::Widths>(call));
   TRows cells;
   cells.Cols = 3, cells.Rows = {{u"aaaa", u"aaaa", u"a"}};
   EXPECT_EQ((TFacts{DecoratorCanvas().TrimDevice(canvas, {50, 0}, list, cells).ColWidths, call.Text}),

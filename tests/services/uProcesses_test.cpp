@@ -92,8 +92,7 @@ TEST_F(ProcessTest, EndsAreWaitedForAndHandlesKept) {
   }
   ASSERT_EQ(::pipe2(ends, O_CLOEXEC) + ::mkfifo((FDirectory + "/fifo").c_str(), 0600), 0);
   ASSERT_EQ(::write(ends[1], "hello\n", 6), 6);
-  EXPECT_EQ(Run(Script("read line; echo \"<$line>\" > out"), u"", ends[0]), 0);
-  EXPECT_EQ(Read("out"), "<hello>\n");
+  EXPECT_EQ((TFacts{Run(Script("read line; echo \"<$line>\" > out"), u"", ends[0]), Read("out")}), "0 <hello>\n");
   const int64_t reading = VxExecAndWait(u"/bin/cat", u"", code, false, true, ends[0]);
   EXPECT_EQ((TFacts{VxProcessExists(reading, u"CAT"), VxProcessExists(reading, u"dog")}), "yes no");
   ::close(ends[1]);
@@ -126,8 +125,7 @@ TEST_F(ProcessTest, WhatCannotBeStartedGivesMinusOne) {
     EXPECT_EQ((TFacts{Run(file), VxExecAndWait(file, u"", false, false)}), "-1 -1") << file;
   }
   for (int64_t input : {int64_t{-1}, int64_t{999}, INT64_MAX}) EXPECT_EQ(Run(found, u"", input), -1) << input;
-  EXPECT_EQ(Run(u"found"), 3);
-  EXPECT_FALSE(VxNetExe(u"use"));
+  EXPECT_EQ((TFacts{Run(u"found"), VxNetExe(u"use")}), "3 no");
   Put("net", "#!/bin/sh\necho \"$0 $*\" > " + FDirectory + "/out; exit 1\n");
   EXPECT_TRUE(VxNetExe(u"  use X: \"a b\" "));
   EXPECT_EQ(Read("out"), FDirectory + "/net use X: a b\n");
@@ -194,8 +192,7 @@ TEST_F(ProcessTest, ExecuteTellsWhyAFileIsNotOpened) {
   EXPECT_FALSE(VxExecute(file + u"x", u"", &error));
   EXPECT_EQ(error, u"Die Datei existiert nicht, kann also nicht ausgeführt werden!" + path + u"x");
   SetFindWindow([&](const String&, const String& title) { return TWindow{title == u"T" ? 5 : 0, 1, file}; });
-  EXPECT_TRUE(VxExecute(file, u"", &error, u"other"));
-  EXPECT_FALSE(VxExecute(file, u"", &error, u"T"));
+  EXPECT_EQ((TFacts{VxExecute(file, u"", &error, u"other"), VxExecute(file, u"", &error, u"T")}), "yes no");
   EXPECT_EQ(error, u"Das Programm läuft bereits, darf aber nicht mehrfach gestartet werden! +#13#10#13#10");
   EXPECT_TRUE(FDialogs.Shown.empty());
 }
@@ -248,8 +245,7 @@ TEST_F(ProcessTest, ToolsMailsAndAddressesGoThroughTheShell) {
   const String file = Put("a b", "x");
   EXPECT_TRUE(VxProcessMailTo(u"a@b", u"s t", u"x\"y", file));
   EXPECT_EQ(told, u"open mailto:a@b?subject=s t&body=x\"y&file=\"" + file + u"\" ");
-  EXPECT_TRUE(VxProcessMailTo(u"a", u"", u"", file + u"x"));
-  EXPECT_EQ(told, u"open mailto:a?subject=&body= ");
+  EXPECT_EQ((TFacts{VxProcessMailTo(u"a", u"", u"", file + u"x"), told}), "yes open mailto:a?subject=&body= ");
   result = 32;
   EXPECT_EQ((TFacts{VxWindowsTool(wtCommand), VxProcessMailTo(u"a", u"b", u"c", u"")}), "no no");
   const TCases<String, String> urls = {
@@ -349,8 +345,7 @@ TEST_F(ProcessTest, DirectoriesAreThoseOfTheSystemAndTheUser) {
   String directory = u"a";
   EXPECT_FALSE(VxSelectDirectory(u"c", u"r", directory));
   SetSelectDirectory([](const TDirectoryQuestion& q, String& chosen) { return chosen = q.Caption + q.Root, true; });
-  EXPECT_TRUE(VxSelectDirectory(u"c", u"r", directory));
-  EXPECT_EQ(directory, u"cr");
+  EXPECT_EQ((TFacts{VxSelectDirectory(u"c", u"r", directory), directory}), "yes cr");
   EXPECT_TRUE(SetSelectDirectory({}));
 }
 

@@ -72,12 +72,10 @@ TEST(THeadCsv, TheLastHitIsTriedFirst) {
   int col = 7;
   EXPECT_EQ((TFacts{table->TestLastItem(u"x", u"b", col) != nullptr, col}), "no -1");
 
-  EXPECT_EQ(table->getElement(u"V", u"K", u"B", u"col", u"row"), u"col");
-  EXPECT_EQ(table->GetLastItem(), 4);
+  EXPECT_EQ((TFacts{table->getElement(u"V", u"K", u"B", u"col", u"row"), table->GetLastItem()}), "col 4");
   EXPECT_EQ(table->getElement(u"V", u"K", u"c", u"col", u"row") + table->getElement(u"k", 2, u"", u""), u"3A");
   EXPECT_EQ(table->getElement(u"V", u"K", u"k", u"col", u"row"), u"V");  // the head, without regard to case
-  EXPECT_EQ(table->getElement(u"V", u"x", u"c", u"col", u"row"), u"row");
-  EXPECT_EQ(table->GetLastItem(), -1);
+  EXPECT_EQ((TFacts{table->getElement(u"V", u"x", u"c", u"col", u"row"), table->GetLastItem()}), "row -1");
 }
 
 TCells RandomRow(std::mt19937& Random, int Width) {
@@ -201,8 +199,7 @@ TEST(THeadCsv, LoadFromIni) {
     auto table = Make(u"a/1");
     TFileStream locked(path, fmOpenReadWrite | fmShareExclusive);
     EXPECT_THROW(table->LoadFromIni(path, true), EStreamError);
-    EXPECT_EQ(Show(*table), u"a/1/");
-    EXPECT_FALSE(table->LoadFromIni(dir.Path("none.ini"), replace));
+    EXPECT_EQ((TFacts{Show(*table), table->LoadFromIni(dir.Path("none.ini"), replace)}), "a/1/ no");
     EXPECT_EQ(Show(*table), replace ? u"" : u"a/1/");
   }
   EXPECT_TRUE(dialogs.Shown.empty());

@@ -102,8 +102,7 @@ TEST(TFileCsv, EmptyRowsLeaveTheirOwnPlacesInDerivedTables) {
     TToldTable table;
     for (const char16_t* row : {u",", u"a,", u",", u",", u"b,", u"c,", u",", u"d,"}) table.AddRow(row);
     isRemoved ? (void)table.RemoveEmpty() : table.DoAll({camDeleteEmptyLines});
-    EXPECT_EQ(table.Told, u"6/8c-d 3/7-b 2/6a-b 0/5<-a ");
-    EXPECT_EQ(Show(table), u"a|/b|/c|/d|");
+    EXPECT_EQ((TFacts{table.Told, Show(table)}), "6/8c-d 3/7-b 2/6a-b 0/5<-a  a|/b|/c|/d|");
     for (const char16_t* row : {u",", u"e,", u",", u",f"}) table.AddRow(row);
     table.Told = u"", table.Twice = 6, table.RemoveEmpty();
     EXPECT_EQ(table.Told + Show(table), u"6/8e- 3/5d-e b|/c|/d|/e|");
@@ -193,8 +192,7 @@ TEST(TFileCsv, WholeTableAsText) {
   copy.Clear();
   EXPECT_TRUE(copy.ImportFromString(u"  " + table->ExportToString(u"#") + u" ##", u"#"));
   EXPECT_EQ(Show(copy), Show(*table));
-  EXPECT_TRUE(copy.ImportFromString(u"e##f", u"##"));
-  EXPECT_EQ(copy.GetLines(3)->GetCommatext(), u"e##f");
+  EXPECT_EQ((TFacts{copy.ImportFromString(u"e##f", u"##"), copy.GetLines(3)->GetCommatext()}), "yes e##f");
 
   auto strings = CsvToStrings(*table);
   table->ExportToStringList(*strings);
@@ -205,8 +203,7 @@ TEST(TFileCsv, WholeTableAsText) {
 TEST(TFileCsv, RowsThatHoldTables) {
   TFileCsv table;
   table.AddRow({u"head", u"a,b", u"", u"\"c d\""});
-  EXPECT_EQ(Show(*table.ItemToCsv(0, 1)), u"a|b//c d");
-  EXPECT_EQ(table.ItemToCsv(0, 9)->GetCount(), 0);
+  EXPECT_EQ((TFacts{Show(*table.ItemToCsv(0, 1)), table.ItemToCsv(0, 9)->GetCount()}), "a|b//c d 0");
   for (int row : {1, -1}) EXPECT_EQ(table.ItemToCsv(row, 0), nullptr);
   table.ImportFromStringList(nullptr);
   TScriptedDialogs dialogs;

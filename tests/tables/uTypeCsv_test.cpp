@@ -52,8 +52,7 @@ TEST(TTypeCsv, ClicksOnAHeadTurnTheOrder) {
     return Concat({Names(*table), IntToStr(cell.X), u"/", IntToStr(cell.Y), u" ", IntToStr(table->GetSortDirection()),
                    IntToStr(table->GetSortArrow()), u" ", indices.GetCommatext()});
   };
-  EXPECT_EQ(sorted(-1, 0), u"Name b a c Summe -1/-1 00 ");
-  EXPECT_EQ(sorted(1, -1), u"Name b a c Summe -1/-1 00 ");
+  EXPECT_EQ((TFacts{sorted(-1, 0), sorted(1, -1)}), "Name b a c Summe -1/-1 00  Name b a c Summe -1/-1 00 ");
   EXPECT_EQ(sorted(1, 0), u"Name a c b Summe 1/0 11 0,2,3,1,4");
   EXPECT_EQ(sorted(1, 0), u"Name b a c Summe 1/0 22 0,3,1,2,4") << "equal ones stay in their order";
   EXPECT_EQ(sorted(0, 3), u"Name a b c Summe 0/3 11 0,2,1,3,4") << "another column after a descending one";
@@ -155,8 +154,7 @@ TEST(TTypeCsv, GrowsIsEmptiedAndCopied) {
   table->SetCell(1, 4, u"x");
   EXPECT_EQ(table->GetText(), u"Kopf\r\na,b\r\nFuß");
   looks.SetOptions(looks.GetOptions() + TDecorationListOptions{dloDimensionBySet});
-  table->SetCell(2, 1, u"c");
-  table->SetCell(1, 4, u"x");
+  table->SetCell(2, 1, u"c"), table->SetCell(1, 4, u"x");
   EXPECT_EQ(table->GetText(), u"Kopf\r\na,b,c\r\nFuß\r\n\r\n,x");
   EXPECT_EQ(RaisedBy<Exception>([&] { table->SetCell(0, -1, u"x"); }), FormatListError(SListIndexError, -1));
   TListener listener;
@@ -181,8 +179,7 @@ TEST(TTypeCsv, GrowsIsEmptiedAndCopied) {
 TEST(TTypeCsv, ExportsWhatIsVisible) {
   TVxImageList images(1, 1);
   images.Add(TBitmap(pf24bit, 3, 1));
-  images.SetItems(0, u"rot");
-  images.SetItems(1, u"blau");
+  images.SetItems(0, u"rot"), images.SetItems(1, u"blau");
   auto table = Table({u"\"a,b\",<b>x</b><br>y,\"0,2,9,z,1\",\"0,1\",7", u",,1"});
   TDecorationList& looks = table->GetDecorations();
   for (const auto& [col, type] :
@@ -213,8 +210,7 @@ TEST(TTypeCsv, IsSortedByClicksOnGridsAndViews) {
   grid.SetCanvas(&canvas);
   TListener listener;
   table->SetOnSorted(TVxSortEvent::Of<&TListener::Indices>(listener));
-  table->SetOnSetGrid(TNotifyEvent::Of<&TListener::Set>(listener));
-  table->SetGrid(grid, true);
+  table->SetOnSetGrid(TNotifyEvent::Of<&TListener::Set>(listener)), table->SetGrid(grid, true);
   EXPECT_EQ((TFacts{grid.GetColCount(), grid.GetRowCount(), grid.GetFixedRows(), grid.GetCells(0, 1), listener.Heard}),
             "2 4 1 b voll;");
   const auto clicked = [&](TMouseButton Button, int Col, int Row) {
@@ -272,8 +268,7 @@ TEST(TTypeCsv, HandsCellsToTheDecoratorOfEachTarget) {
     }
     table->DrawPaintBox(&box, 0, 1, rect, {});
     EXPECT_EQ(canvas.GetText().empty(), i == 0);
-    table->SetGrid(grid, false);
-    table->SetListView(view);
+    table->SetGrid(grid, false), table->SetListView(view);
   }
   const auto drawn = [&](TCanvas& from) { return static_cast<TRecordingCanvas&>(from).GetText(); };
   const auto look = table->GetDecorations().VirtualListForCell(0, 1);
@@ -323,8 +318,7 @@ TEST(TCsvView, KeepsHiddenRowsInCopiesAndTexts) {
   view->Hide(1);
   EXPECT_EQ((TFacts{view->GetText(), view->GetAllCells(1, 1), view->GetAllCells(1, 2), view->GetAllCells(0, 9)}),
             "k\r\nc 1  ");
-  view->SetAllCells(0, 2, u"B");
-  view->SetAllCells(5, 2, u"x");
+  view->SetAllCells(0, 2, u"B"), view->SetAllCells(5, 2, u"x");
   const std::unique_ptr<TTypeCsv> copy = view->Duplicate();
   const auto& twin = dynamic_cast<const TCsvView&>(*copy);
   EXPECT_EQ((TFacts{twin.GetText(), twin.GetAllCount(), twin.GetContentTop()}), "k\r\nc 4 1");
@@ -435,8 +429,7 @@ TEST(RenderLegend, ExplainsEachImageOnce) {
   EXPECT_FALSE(RenderLegend(*table, dorPortrait, legend, nullptr));
   EXPECT_EQ(legend, nullptr);
   TDecoration* images = looks.CreateRange(rtColumn, 1, -1, 1, -1);
-  images->SetFieldType(vftImage);
-  images->SetImageList(&first);
+  images->SetFieldType(vftImage), images->SetImageList(&first);
   looks.GetCell(2, 0, true)->SetImageIndex(1);
   looks.GetCell(2, 0, true)->SetImageList(&second);
   looks.GetCell(2, 1, true)->SetImageIndex(1);  // of an empty cell

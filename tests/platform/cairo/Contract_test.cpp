@@ -50,8 +50,7 @@ void DrawAll(TCanvas& Canvas) {
   const TCanvasState saved(Canvas);
   const TBitmap cross = Cross();
   for (const int step : {0, 37, 74}) {
-    Canvas.SetBrush({clBlue});
-    Canvas.SetPen({clBlack, 1 + step / 20, step == 37 ? psDash : psSolid});
+    Canvas.SetBrush({clBlue}), Canvas.SetPen({clBlack, 1 + step / 20, step == 37 ? psDash : psSolid});
     Canvas.FillRect({step, -5, step + 20, 30});
     Canvas.Rectangle({-9, step, 140, step + 9});
     Canvas.FrameRect({step, step, 200, 200});
@@ -80,8 +79,7 @@ TEST_P(Contract, NothingOutsideTheClipChanges) {
   for (const double scale : {1.0, 2.0}) {
     const TBitmap after = *Seen([&](TCanvas& canvas) {
       ground(canvas);
-      canvas.SetScale(scale);
-      canvas.SetClip({0, 0, 119, 79});
+      canvas.SetScale(scale), canvas.SetClip({0, 0, 119, 79});
       canvas.IntersectClip(scale == 1 ? clip : TRect{16, 11, 46, 29});
       DrawAll(canvas);
     });
@@ -100,8 +98,7 @@ TEST_P(Contract, NothingOutsideTheClipChanges) {
 
 TEST_P(Contract, StateComesBack) {
   const auto draw = [](TCanvas& canvas) {
-    canvas.SetFont({u"Tahoma", clBlack, {fsBold}, 10});
-    canvas.SetBrush({clWhite, bsClear});
+    canvas.SetFont({u"Tahoma", clBlack, {fsBold}, 10}), canvas.SetBrush({clWhite, bsClear});
     canvas.TextOut(5, 5, u"Größe ה");
     canvas.Rectangle({40, 30, 80, 60});
     canvas.LineTo(100, 70);
@@ -110,10 +107,7 @@ TEST_P(Contract, StateComesBack) {
   const TBitmap after = *Seen([&](TCanvas& canvas) {
     {
       const TCanvasState saved(canvas);
-      canvas.SetClip({0, 0, 0, 0});
-      canvas.SetScale(3);
-      canvas.SetTextUpward(true);
-      canvas.SetFontPixelsPerInch(200);
+      canvas.SetClip({0, 0, 0, 0}), canvas.SetScale(3), canvas.SetTextUpward(true), canvas.SetFontPixelsPerInch(200);
       canvas.TextOut(1, 1, u"x");
       canvas.MoveTo(9, 9);
     }
@@ -179,8 +173,7 @@ TEST_P(Contract, TextsAreAsWideAsMeasured) {
     for (const double scale : {1.0, 1.5}) {
       int width = 0, height = 0, prefixes = 0;
       SEEN_OR_SKIP(seen, [&](TCanvas& canvas) {
-        canvas.SetScale(scale);
-        canvas.SetBrush({clWhite, bsClear});
+        canvas.SetScale(scale), canvas.SetBrush({clWhite, bsClear});
         width = canvas.TextWidth(text);
         height = canvas.TextHeight(text);
         prefixes = canvas.TextPrefixWidth(text, 99);
@@ -221,8 +214,7 @@ TEST_P(Contract, TheGroundOfATextIsItsMeasure) {
     for (const char16_t* text : {u"Wert", u"שרה"}) {
       TRect ground;
       SEEN_OR_SKIP(seen, [&](TCanvas& canvas) {
-        canvas.SetFont({u"Tahoma", clBlack, {fsUnderline}, 10});
-        canvas.SetBrush({clBlack});
+        canvas.SetFont({u"Tahoma", clBlack, {fsUnderline}, 10}), canvas.SetBrush({clBlack});
         canvas.SetTextUpward(upward);
         canvas.TextOut(30, 60, text);
         const int width = canvas.TextWidth(text), height = canvas.TextHeight(text);
