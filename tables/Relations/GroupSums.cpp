@@ -136,7 +136,7 @@ class TPivot {
 
  private:
   // By the texts of the keys First to Last.
-  int Compare(int A, int B, int First, int Last) const noexcept {
+  int Compare(int A, int B, int First, int Last) const {
     int result = 0;
     for (int key = First; key <= Last && result == 0; ++key) {
       const String &a = FGroups.Key(A, key), &b = FGroups.Key(B, key);

@@ -3,7 +3,6 @@
 #include "platform/Numbers.h"
 #include "platform/detail/TextHash.h"
 #include "tables/Relations/detail/Cells.h"
-#include "tables/Relations/detail/KeySlots.h"
 
 namespace vx {
 

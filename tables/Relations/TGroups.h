@@ -8,6 +8,7 @@
 
 #include "tables/CellSums.h"
 #include "tables/Relations/RelationRows.h"
+#include "tables/Relations/detail/KeySlots.h"
 
 namespace vx {
 
@@ -22,17 +23,20 @@ class TGroups {
 
   int GetCount() const noexcept { return static_cast<int>(FStarts.size()) - 1; }
   int GetKeyCount() const noexcept { return static_cast<int>(FNames.size()); }
-  // The text of a group's key, as its first row has it.
-  const String& Key(int Group, int Index = 0) const noexcept { return FKeys[At(Group) * FNames.size() + At(Index)]; }
-  // The name of a key's column; empty in a table without a head.
-  const String& KeyName(int Index) const noexcept { return FNames[At(Index)]; }
-  // The rows of a group in their order; never empty.
-  std::span<const int> Rows(int Group) const noexcept {
-    return std::span(FItems).subspan(FStarts[At(Group)], FStarts[At(Group) + 1] - FStarts[At(Group)]);
+  // The text of a group's key, as its first row has it. Indexes that there are not raise EListError, here and below.
+  const String& Key(int Group, int Index = 0) const {
+    return FKeys[At(Group, GetCount()) * FNames.size() + At(Index, GetKeyCount())];
   }
-  int Size(int Group) const noexcept { return static_cast<int>(Rows(Group).size()); }
-  // The group of a row, which has to be one of those grouped.
-  int GroupOf(int Row) const noexcept { return FGroupOf[At(Row - FRows.GetFirst())]; }
+  // The name of a key's column; empty in a table without a head.
+  const String& KeyName(int Index) const { return FNames[At(Index, GetKeyCount())]; }
+  // The rows of a group in their order; never empty.
+  std::span<const int> Rows(int Group) const {
+    const size_t group = At(Group, GetCount());
+    return std::span(FItems).subspan(FStarts[group], FStarts[group + 1] - FStarts[group]);
+  }
+  int Size(int Group) const { return static_cast<int>(Rows(Group).size()); }
+  // The group of a row.
+  int GroupOf(int Row) const { return FGroupOf[At(Row - FRows.GetFirst(), FRows.GetCount())]; }
   // The cells of which no key could be made, in the order of rows.
   std::span<const TUnreadableCell> GetUnreadable() const noexcept { return FUnreadable; }
   const TRelationRows& GetRows() const noexcept { return FRows; }
@@ -43,7 +47,10 @@ class TGroups {
   [[nodiscard]] std::unique_ptr<THeadCsv> ToTable(std::u16string_view CountName = {}) const;
 
  private:
-  static constexpr size_t At(int Index) noexcept { return static_cast<size_t>(Index); }
+  static size_t At(int Index, int Count) {
+    detail::CheckIndex(Index, Count);
+    return static_cast<size_t>(Index);
+  }
 
   TRelationRows FRows;
   TKeyOptions FOptions;

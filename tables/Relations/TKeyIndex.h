@@ -44,9 +44,11 @@ class TKeyIndex {
   // The number of a key, which RowsAt takes; -1 if there is none.
   int IndexOf(std::span<const std::u16string_view> Key) const;
 
-  // How many different keys there are, in the order of their first rows, and all rows of one of them.
+  // How many different keys there are, in the order of their first rows, and all rows of one of them; EListError for an
+  // index that there is not.
   int GetCount() const noexcept { return FSlots.GetCount(); }
-  std::span<const int> RowsAt(int Index) const noexcept {
+  std::span<const int> RowsAt(int Index) const {
+    detail::CheckIndex(Index, GetCount());
     const auto index = static_cast<size_t>(Index);
     return std::span(FRowNumbers).subspan(FStarts[index], FStarts[index + 1] - FStarts[index]);
   }

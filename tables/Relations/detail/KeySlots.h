@@ -5,6 +5,8 @@
 #include <span>
 #include <vector>
 
+#include "platform/Exceptions.h"
+
 namespace vx::detail {
 
 // Open with linear probing, at most two thirds full. It knows no key itself: IsSame(slot) tells whether a slot of the
@@ -57,6 +59,12 @@ class TKeySlots {
   std::vector<TSlot> FSlots;
   int FCount = 0;
 };
+
+// EListError for an index outside a list.
+inline void CheckIndex(int Index, int Count) {
+  if (static_cast<unsigned>(Index) >= static_cast<unsigned>(Count)) [[unlikely]]
+    throw EListError(FormatListError(SListIndexError, Index));
+}
 
 // Items by the numbers of the groups they are in, in their order: GroupOf[i] is the group of the item First + i.
 // Starts gets where each group begins in Items, and the end.
