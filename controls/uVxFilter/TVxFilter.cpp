@@ -97,8 +97,14 @@ void TVxFilter::Changed() {
 
 // --- the bar ---
 
+void TVxFilter::SetPlaces(std::vector<TFilterPlace> Value) {
+  iPlaces = std::move(Value);
+  Invalidate();
+}
+
 void TVxFilter::Realign() {
   const TControlUpdate update(*this);
+  if (!iPlaces.empty()) return TakePlaces();
   int left = 0;
   for (int i = 0; i < iItems.GetCount(); ++i) {
     TVxFilterItem& item = iItems.Get(i);
@@ -108,12 +114,32 @@ void TVxFilter::Realign() {
   }
 }
 
+void TVxFilter::TakePlaces() {
+  iPlaces.resize(static_cast<size_t>(iItems.GetCount()));
+  for (int i = 0; i < iItems.GetCount(); ++i) {
+    const TFilterPlace& place = iPlaces[static_cast<size_t>(i)];
+    TVxFilterItem& item = iItems.Get(i);
+    item.SetLeft(place.Left);
+    if (item.GetWidth() != place.Width) item.SetWidth(place.Width);
+  }
+}
+
+TRect TVxFilter::ItemRect(int Index) const noexcept {
+  if (Index < 0 || Index >= iItems.GetCount()) return {};
+  const TVxFilterItem& item = iItems.Get(Index);
+  const TRect rect{item.GetLeft(), 0, item.GetLeft() + item.GetWidth(), GetHeight()};
+  if (iPlaces.empty()) return rect;
+  const auto place = static_cast<size_t>(Index);
+  if (place >= iPlaces.size()) return {};
+  return IntersectRect(rect, {iPlaces[place].From, 0, iPlaces[place].To, GetHeight()});
+}
+
 TVxFilterItem* TVxFilter::ItemAt(int X, int Y) {
   if (X < 0 || Y < 0 || X >= GetWidth() || Y >= GetHeight()) return nullptr;
   Realign();
   for (int i = 0; i < iItems.GetCount(); ++i) {
-    TVxFilterItem& item = iItems.Get(i);
-    if (X >= item.GetLeft() && X < item.GetLeft() + item.GetWidth()) return &item;
+    const TRect rect = ItemRect(i);
+    if (X >= rect.Left && X < rect.Right) return &iItems.Get(i);
   }
   return nullptr;
 }
@@ -122,15 +148,15 @@ void TVxFilter::PaintContent(TCanvas& Canvas) {
   Realign();
   for (int i = 0; i < iItems.GetCount(); ++i) {
     const TVxFilterItem& item = iItems.Get(i);
-    const TRect rect{item.GetLeft(), 0, item.GetLeft() + item.GetWidth(), GetHeight()};
-    if (rect.Right < 0 || rect.Left >= GetWidth()) continue;
+    const TRect seen = ItemRect(i), rect{item.GetLeft(), 0, item.GetLeft() + item.GetWidth(), GetHeight()};
+    if (seen.Right < 0 || seen.Left >= GetWidth() || (!iPlaces.empty() && seen.IsEmpty())) continue;
     {
       const TCanvasState saved(Canvas);
-      Canvas.IntersectClip(rect);
+      Canvas.IntersectClip(seen);
       item.GetFilterCore().Paint(Canvas, rect);
     }
     Canvas.SetBrush({clBtnShadow});
-    Canvas.FillRect({rect.Right, 0, rect.Right + iSplitLineWidth, GetHeight()});
+    Canvas.FillRect({seen.Right, 0, seen.Right + iSplitLineWidth, GetHeight()});
   }
 }
 

@@ -1,6 +1,8 @@
 // The filter bar.
 #pragma once
 
+#include <vector>
+
 #include "controls/uVxFilter/TVxFilterItem.h"
 #include "controls/uVxFilter/TVxPaintBox.h"
 #include "platform/TPopupMenu.h"
@@ -9,6 +11,14 @@
 namespace vx {
 
 class TCsvView;
+
+// Where an item stands, in pixels of the bar, and the part of the bar in which it may be seen.
+struct TFilterPlace {
+  int Left = 0;
+  int Width = 0;
+  int From = 0;
+  int To = 0;  // behind it
+};
 
 // 18 pixels high, in clBtnFace. A left click on an item opens its window, a right click anywhere the menu.
 class TVxFilter : public TVxPaintBox {
@@ -49,8 +59,13 @@ class TVxFilter : public TVxPaintBox {
   // Between items, in pixels; 1 at first.
   int GetSplitLineWidth() const noexcept { return iSplitLineWidth; }
   void SetSplitLineWidth(int Value) { Change(iSplitLineWidth, Value); }
-  // Puts the items side by side; Paint and the mouse do that, too.
+  // Where a table has its columns on the screen: by index of the item, with no width for one that is not seen. None, as
+  // at first: side by side in their order, as GetLeftCol and their widths tell.
+  void SetPlaces(std::vector<TFilterPlace> Value);
+  // Puts the items where they stand; Paint and the mouse do that, too.
   void Realign();
+  // Of an item, as far as its place may be seen; empty for nothing.
+  TRect ItemRect(int Index) const noexcept;
   // The item at that place; nullptr for none.
   TVxFilterItem* ItemAt(int X, int Y);
 
@@ -62,9 +77,11 @@ class TVxFilter : public TVxPaintBox {
  private:
   void ResetClick(TObject* Sender);
   void TellStopped();
+  void TakePlaces();
 
   TPopupMenu iFilterPopup;
   TVxFilterItems iItems{this};
+  std::vector<TFilterPlace> iPlaces;
   int iLeftCol = 0;
   TNotifyEvent iOnChanged, iOnDestroy;
   TNotifySignal iSigChanged;

@@ -76,6 +76,13 @@ void TVxFilterForm::KeyPress(char16_t Key) {
   Changed();
 }
 
+void TVxFilterForm::EditText(const String& Value) {
+  if (!HasText() || Value == FText) return;
+  FText = Value;
+  FItemIndex = -1;
+  Changed();
+}
+
 void TVxFilterForm::ClickLine(int Index) {
   if (!HasLines() || Index < 0 || Index >= GetLineCount()) return;
   if (FKind == ffChecks) {
@@ -115,6 +122,10 @@ void TVxFilterForm::PaintHead(TCanvas& Canvas) const {
   if (HasText()) PaintText(Canvas, {1, LineHeight, GetWidth() - 1, 2 * LineHeight}, FText, clWindowText);
 }
 
+void TVxFilterForm::PaintPicture(TCanvas& Canvas, int Index, TRect Rect) const {
+  if (HasPicture(Index)) FOnDrawLine(Canvas, Index, Rect);
+}
+
 void TVxFilterForm::PaintLine(TCanvas& Canvas, int Index) const {
   const TFilterLine& line = GetLine(Index);
   TRect rect = GetLineRect(Index);
@@ -127,8 +138,8 @@ void TVxFilterForm::PaintLine(TCanvas& Canvas, int Index) const {
     detail::PaintCheckBox(Canvas, {rect.Left, rect.Top, rect.Left + LineHeight, rect.Bottom}, line.Checked);
     rect.Left += LineHeight;
   }
-  if (FOnDrawLine && line.Row >= 0)
-    FOnDrawLine(Canvas, Index, rect);
+  if (HasPicture(Index))
+    PaintPicture(Canvas, Index, rect);
   else
     detail::PaintText(Canvas, rect, line.Caption, isChosen ? clHighlightText : clWindowText);
 }

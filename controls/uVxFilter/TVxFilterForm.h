@@ -69,10 +69,15 @@ class TVxFilterForm : public TControl {
   void SetTopLine(int Value);
   TRect GetLineRect(int Index) const noexcept;
   TRect GetButtonRect() const noexcept;
+  // Whether OnDrawLine paints the line, and its painting, for a desktop that shows lines in its own way.
+  bool HasPicture(int Index) const noexcept { return FOnDrawLine && GetLine(Index).Row >= 0; }
+  void PaintPicture(TCanvas& Canvas, int Index, TRect Rect) const;
 
   // --- what the user does ---
   // A key that OnKeyPress leaves goes to the text, if there is one: 8 deletes its last character.
   void KeyPress(char16_t Key);
+  // The text was made another one, where a desktop has an editor of its own for it. No line is chosen any more.
+  void EditText(const String& Value);
   // Checks a line or takes its check away; elsewhere chooses it.
   void ClickLine(int Index);
   void ClickButton();
