@@ -2,6 +2,7 @@
 //
 //   String           a value of UTF-16 code units whose copies share characters
 //   operator+        joins two texts in one allocation
+//   operator<<       writes into streams, for those who include <ostream>
 //   std::hash        over the code units
 //
 // Example:
@@ -29,6 +30,7 @@
 #include <cstdint>
 #include <cstring>
 #include <functional>
+#include <iosfwd>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -113,6 +115,25 @@ class String {
   }
   friend std::strong_ordering operator<=>(const String& A, const std::u16string& B) noexcept {
     return A.view() <=> std::u16string_view(B);
+  }
+
+  // A text of bytes has to be turned into one first: write u"...", or FromUtf8.
+  template <size_t N>
+  friend bool operator==(const String&, const char (&)[N]) = delete;
+  template <size_t N>
+  friend String operator+(const String&, const char (&)[N]) = delete;
+  template <size_t N>
+  friend String operator+(const char (&)[N], const String&) = delete;
+
+  // Writes UTF-8 into a stream. A width told before (std::setw) counts characters.
+  template <typename TTraits>
+  friend std::basic_ostream<char, TTraits>& operator<<(std::basic_ostream<char, TTraits>& Stream, const String& Text) {
+    const std::string bytes = Text.ToUtf8();
+    if (Stream.width() > 0) {
+      for (const char byte : bytes)
+        if ((byte & 0xC0) == 0x80) Stream.width(Stream.width() + 1);  // a byte that begins no character
+    }
+    return Stream << bytes;
   }
 
   // The bytes of the block that this text stands in, 0 for a text inside the value. Several texts

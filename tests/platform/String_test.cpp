@@ -1,5 +1,7 @@
 #include "platform/String.h"
 
+#include <iomanip>
+
 #include "platform/StringArena.h"
 #include "tests/support/Test.h"
 
@@ -86,6 +88,13 @@ TEST(String, ConvertsUtf8BothWays) {
                 .ToUtf8(),
             "a\xEF\xBF\275b\xEF\xBF\xBD");
   EXPECT_EQ(String(cases[0].second).ToUtf8(), cases[0].first);
+}
+
+TEST(String, GoesIntoStreamsAsUtf8) {
+  std::ostringstream stream;
+  stream << String(u"Größe 😀") << '|' << std::setw(5) << std::left << String(u"Öl") << '|' << std::setw(2)
+         << String(u"Weiß") << '|' << String(u"\xD800") + u"!" << '|' << std::setw(3) << String();
+  EXPECT_EQ(stream.str(), "Größe 😀|Öl   |Weiß|\xEF\xBF\xBD!|   ");
 }
 
 TEST(String, ArenaTextsOutliveTheArenaAndEachOther) {

@@ -9,6 +9,4 @@ namespace vx {
 
 inline void PrintTo(const String& Text, std::ostream* Stream) { *Stream << '"' << Text.ToUtf8() << '"'; }
 
-inline std::ostream& operator<<(std::ostream& Stream, const String& Text) { return Stream << Text.ToUtf8(); }
-
 }  // namespace vx
