@@ -16,6 +16,8 @@ add_test(NAME structure.examples COMMAND sh ${vx_cmake}/CheckExamples.sh ${CMAKE
   ${PROJECT_BINARY_DIR}/examples_of_headers $<TARGET_FILE:vxlib> -lpthread ${VX_PCRE2_LDFLAGS})
 add_test(NAME structure.examples_check COMMAND sh ${PROJECT_SOURCE_DIR}/tests/cmake/CheckExamples_test.sh
   ${vx_cmake}/CheckExamples.sh ${CMAKE_CXX_COMPILER} ${PROJECT_BINARY_DIR}/examples_check)
+add_test(NAME structure.refusals COMMAND sh ${vx_cmake}/CheckRefusals.sh ${CMAKE_CXX_COMPILER} ${PROJECT_SOURCE_DIR}
+  ${PROJECT_SOURCE_DIR}/tests/refused/cells.txt ${PROJECT_BINARY_DIR}/refusals)
 # What the component's own headers need is told in a variable; without it they are left out.
 if(TARGET vxlib_drawing)
   list(TRANSFORM VX_DRAWING_LIBS_INCLUDE_DIRS PREPEND "-I" OUTPUT_VARIABLE vx_drawing_includes)

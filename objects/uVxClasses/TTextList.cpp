@@ -115,6 +115,10 @@ String TTextList::GetTextStr() const {
 
 void TTextList::AddStrings(std::span<const String> Texts) { AddStrings(Texts, {}); }
 
+void TTextList::AddStrings(std::initializer_list<TNewText> Texts) {
+  AddStrings(TCells(Texts.begin(), Texts.end()), std::span<TObject* const>());
+}
+
 void TTextList::AddStrings(std::span<const String> Texts, std::span<TObject* const> Objects) {
   TCells kept(Texts.begin(), Texts.end());  // the texts may be items of this list
   TUpdateScope scope(*this);

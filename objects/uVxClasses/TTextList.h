@@ -8,6 +8,7 @@
 #include <unordered_map>
 
 #include "core/uVxTypes.h"
+#include "objects/uVxClasses/TNewText.h"
 #include "objects/uVxClasses/detail/Entries.h"
 #include "platform/Currency.h"
 #include "platform/TStrings.h"
@@ -41,6 +42,8 @@ class TTextList : public TStrings {
   void SetCapacity(int Value) override;
   // The items for walking, without a copy; ends with the next change of the list.
   std::span<const String> Items() const noexcept { return Entries().Texts(); }
+  const String* begin() const noexcept { return Items().data(); }
+  const String* end() const noexcept { return begin() + Items().size(); }
 
   int Add(const String& Text) override { return AddObject(Text, nullptr); }
   void Insert(int Index, const String& Text) override { InsertObject(Index, Text, nullptr); }
@@ -61,7 +64,12 @@ class TTextList : public TStrings {
   using TStrings::AddStrings;
   // Appends the texts, and the objects beside them; where there are fewer objects, the rest has none.
   void AddStrings(std::span<const String> Texts);
-  void AddStrings(std::initializer_list<String> Texts) { AddStrings(std::span<const String>(Texts)); }
+  // In braces each item is a text; numbers are refused.
+  void AddStrings(std::initializer_list<TNewText> Texts);
+  template <typename = void>  // behind the one before, where both fit
+  void AddStrings(std::initializer_list<String> Texts) {
+    AddStrings(std::span<const String>(Texts));
+  }
   void AddStrings(std::span<const String> Texts, std::span<TObject* const> Objects);
   // Appends the cells of a commatext.
   void AddStrings(std::u16string_view Commatext);

@@ -5,7 +5,6 @@
 #include <span>
 #include <string>
 #include <string_view>
-#include <typeinfo>
 
 #include "core/uConst.h"
 #include "core/uVxTypes.h"
@@ -13,6 +12,7 @@
 #include "platform/Currency.h"
 #include "platform/TObjectList.h"
 #include "platform/Types.h"
+#include "tables/uFileCsv/Ranges.h"
 
 namespace vx {
 
@@ -54,6 +54,7 @@ class TFileCsv : public TObjectList {
 
   // --- what derived classes may override, beside the operations of TObjectList ---
   // The text of a cell, empty past the end. Negative indexes raise the list errors.
+  // ReadCell<ckText> of tables/CheckedCells.h tells an empty cell from none.
   virtual String GetCell(int Col, int Row) const;
   // Puts what Item has in a column of its view (0: caption and data, n: sub-item n - 1 with its object) into the cell
   // TableCol of Line, which becomes the row TableRow; cells before it are added where they are missing. Nothing for a
@@ -62,6 +63,7 @@ class TFileCsv : public TObjectList {
   // A new empty table of the same class; a derived class overrides it.
   [[nodiscard]] virtual std::unique_ptr<TFileCsv> GetNewInstance() const;
   // Writes only a cell that there is: the table never grows. Negative indexes raise the list errors.
+  // WriteCell and GrowCell of tables/CheckedCells.h tell where nothing was written, or let the row grow.
   virtual void SetCell(int Col, int Row, const String& Text);
   // Makes the grid as large as the table, row 0 telling the columns, and writes the cells and objects that differ.
   // WithNumbers puts a column before them: "Nr." and the indexes of the rows. An empty table, or one without cells in
@@ -111,6 +113,17 @@ class TFileCsv : public TObjectList {
   // times, by Factor, cut to whole pixels; a column without texts gets no width. Nothing if the grid has no canvas.
   static void SetGridColWidth(TStringGrid& Grid, Extended Factor);
 
+  // --- walking; tables/uFileCsv/Ranges.h tells what must not happen meanwhile ---
+  auto begin() noexcept { return Rows().begin(); }
+  auto end() noexcept { return Rows().end(); }
+  auto begin() const noexcept { return Rows().begin(); }
+  auto end() const noexcept { return Rows().end(); }
+  // The rows from First on; EArgumentException for a First below 0.
+  TRowRange Rows(int First = 0) { return {ItemsFrom(First), {}}; }
+  TConstRowRange Rows(int First = 0) const { return {ItemsFrom(First), {}}; }
+  // The cells of a column in the rows from First on; EArgumentException for a Col or First below 0.
+  TColumnRange Column(int Col, int First = 0) const;
+
   // --- rows ---
   // The row stays the table's.
   TVxStringList* GetLines(int Row) const { return AsRow(Get(Row)); }
@@ -121,7 +134,17 @@ class TFileCsv : public TObjectList {
   // Both append a row and return its index.
   int AddRow(std::u16string_view Commatext);
   int AddRow(std::span<const String> Cells);
-  int AddRow(std::initializer_list<String> Cells) { return AddRow(std::span<const String>(Cells)); }
+  // In braces each cell is a text: AddRow({u"a", IntToStr(5)}). Numbers are refused.
+  int AddRow(std::initializer_list<TNewText> Cells);
+  template <typename = void>  // behind the one before, where both fit
+  int AddRow(std::initializer_list<String> Cells) {
+    return AddRow(std::span<const String>(Cells));
+  }
+  template <detail::NoText T>
+  int AddRow(T&&) {
+    detail::RefuseNoText<T>();
+    return -1;
+  }
   // Appends a row of Count empty cells and returns its index; a negative Count means FieldCount.
   int AddEmpty(int Count);
   // Appends copies of the rows of Other, which stays as it is.
@@ -142,7 +165,7 @@ class TFileCsv : public TObjectList {
 
   // --- cells as typed values; see TVxString for the readers and writers ---
   // Getters trim what GetCell gives; a text that is no such value is 0 or false. Setters hand their text
-  // to SetCell.
+  // to SetCell. ReadCell and WriteCell of tables/CheckedCells.h tell what could not be read or written.
   bool GetCellsAsBool(int Col, int Row) const;
   void SetCellsAsBool(int Col, int Row, bool Value);
   TBoolExt GetCellsAsBoolExt(int Col, int Row) const;
@@ -267,10 +290,7 @@ class TFileCsv : public TObjectList {
 
  protected:
   // The entry as a row; EInvalidCast if it is none.
-  static TVxStringList* AsRow(TObject* Entry) {
-    if (Entry && typeid(*Entry) == typeid(TVxStringList)) return static_cast<TVxStringList*>(Entry);
-    return CastRow(Entry);
-  }
+  static TVxStringList* AsRow(TObject* Entry) { return detail::AsRow(Entry); }
 
   // Appends a row of the table's own making through the virtual Add and returns its index.
   int AddNew(std::unique_ptr<TVxStringList> Row);
@@ -297,7 +317,7 @@ class TFileCsv : public TObjectList {
  private:
   friend struct detail::TRowAdder;
   friend class detail::TCellAccess;
-  static TVxStringList* CastRow(TObject* Entry);
+  std::span<TObject* const> ItemsFrom(int First) const;
   // Whether the row's cells are all blank then.
   bool DoRow(int Row, TCsvAllModes Modes, int Width, std::span<const int> CellWidths);
   static String WithThousandDivider(const String& Text);

@@ -46,10 +46,20 @@ bool IsBlank(const String& Text) { return TrimView(Text).empty(); }
 
 }  // namespace
 
-TVxStringList* TFileCsv::CastRow(TObject* Entry) {
+TVxStringList* detail::CastRow(TObject* Entry) {
   if (auto* row = dynamic_cast<TVxStringList*>(Entry)) return row;
   throw EInvalidCast(
       Concat({u"An entry of the table is not a TVxStringList but ", Entry ? Entry->ClassName() : u"nil"}));
+}
+
+std::span<TObject* const> TFileCsv::ItemsFrom(int First) const {
+  if (First < 0) throw EArgumentException(u"A walk from before the first row");
+  return Items().subspan(static_cast<size_t>(std::min(First, GetCount())));
+}
+
+TColumnRange TFileCsv::Column(int Col, int First) const {
+  if (Col < 0) throw EArgumentException(u"A walk before the first column");
+  return {ItemsFrom(First), {Col}};
 }
 
 std::unique_ptr<TFileCsv> TFileCsv::GetNewInstance() const { return std::make_unique<TFileCsv>(); }
@@ -67,6 +77,11 @@ int TFileCsv::AddRow(std::span<const String> Cells) {
   row->SetCapacity(static_cast<int>(Cells.size()));
   row->AddStrings(Cells);
   return AddNew(std::move(row));
+}
+
+int TFileCsv::AddRow(std::initializer_list<TNewText> Cells) {
+  const std::vector<String> cells(Cells.begin(), Cells.end());
+  return AddRow(std::span<const String>(cells));
 }
 
 int TFileCsv::AddEmpty(int Count) {

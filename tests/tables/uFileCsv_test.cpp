@@ -231,4 +231,38 @@ TEST(TFileCsv, LinesOfFiles) {
   EXPECT_EQ(TFileCsv::ParseChar(row, u" "), u"a b  c\"d e;f " + String(1, u'\0') + u" g,h");
 }
 
+TEST(TFileCsv, IsWalkedByRowsCellsAndColumns) {
+  auto table = Make({u"Name,Ort", u"Anja,Köln", u"Tim", u"Ida,Bonn,x"});
+  const TFileCsv& constant = *table;
+  String cells;
+  for (const TVxStringList& row : constant)
+    for (const String& cell : row) cells += cell + u";";
+  EXPECT_EQ(cells, u"Name;Ort;Anja;Köln;Tim;Ida;Bonn;x;");
+  for (TVxStringList& row : table->Rows(2)) row.Put(0, row.Get(0) + u"!");
+  EXPECT_EQ(Show(*table), u"Name|Ort/Anja|Köln/Tim!/Ida!|Bonn|x");
+  EXPECT_EQ(&*constant.begin(), table->GetLines(0));
+  const TColumnRange towns = constant.Column(1, 1);
+  EXPECT_EQ((TFacts{towns, towns.size(), towns[2], &towns[0] == &table->GetLines(1)->Items()[1]}),
+            "Köln,,Bonn 3 Bonn yes");
+  auto shortest = [](const TVxStringList& a, const TVxStringList& b) { return a.GetCount() < b.GetCount(); };
+  const auto found = std::ranges::min_element(constant, shortest);
+  EXPECT_EQ((TFacts{found - constant.begin(), found->GetCount(), (found + 1)[-1].Get(0), constant.end() - found,
+                    constant.Rows(9).empty(), TFileCsv().begin() == TFileCsv().end(), constant.Column(7, 3)}),
+            "2 1 Tim! 2 yes yes ");
+  EXPECT_THROW(table->Rows(-1), EArgumentException);
+  EXPECT_THROW(table->Column(-1), EArgumentException);
+  table->Add(new TObject);
+  EXPECT_THROW((void)*std::prev(table->end()), EInvalidCast);
+}
+
+TEST(TFileCsv, TakesRowsOfTextsInBraces) {
+  TFileCsv table;
+  const String text = u"a,b";
+  const std::vector<String> cells = {u"x", u"y", u"z"};
+  EXPECT_EQ((TFacts{table.AddRow({u"1", text, nullptr}), table.AddRow({}), table.AddRow({text}), table.AddRow(text),
+                    table.AddRow({cells.data(), 2}), table.AddRow(*table.GetLines(4))}),
+            "0 1 2 3 4 5");
+  EXPECT_EQ(Show(table), u"1|a,b|//a,b/a|b/x|y/x|y");
+}
+
 }  // namespace
