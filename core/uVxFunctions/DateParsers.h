@@ -2,7 +2,7 @@
 //
 // Routines in Def give their default for a text that is no such value; routines in Heavy repair the text
 // before. None of them raises. Dates are read in the order of the program's format settings, day, month
-// and year in German ones.
+// and year in German ones. Readers that repair nothing and tell what is wrong: core/StrictDates.h.
 #pragma once
 
 #include <string_view>

@@ -2,7 +2,8 @@
 //
 // Routines in Def give their default for a text that is no such value; routines in Heavy repair the text
 // before. None of them raises for a text. Where nothing else is said, numbers are read by the program's
-// format settings, so with German ones u"1234,56" is a number and u"1.234,56" an amount only.
+// format settings, so with German ones u"1234,56" is a number and u"1.234,56" an amount only. Readers that repair
+// nothing and tell what is wrong: core/StrictNumbers.h.
 #pragma once
 
 #include <cstdint>

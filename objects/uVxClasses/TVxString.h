@@ -12,6 +12,8 @@
 // Pitfalls:
 //   - Readers take the text as it is: blanks at its ends make most values unreadable. The typed cells
 //     of a table trim first.
+//   - A text that is no such value gives the default, and nobody hears of it: the readers of core/StrictDates.h and
+//     StrictNumbers.h tell what is wrong.
 //   - ToString of a date gives its number. Dates and times have writers with names of their own.
 #pragma once
 
