@@ -5,6 +5,7 @@
 #include "platform/TImageList.h"
 #include "platform/cairo/CairoDrawing.h"
 #include "rendering/uDecoration.h"
+#include "tests/support/PlainDecorator.h"
 #include "tests/support/Test.h"
 
 extern "C" const char* __lsan_default_suppressions() { return "leak:libfontconfig"; }
@@ -19,11 +20,6 @@ constexpr double kMostMean = 2.5;  // of all channels
 
 // Before anybody asks for a font.
 const bool kFontsAreOurs = setenv("FONTCONFIG_FILE", VX_TEST_RENDERING "/fonts.conf", 1) == 0;
-
-struct TSorted : TObject, TSortedTable {
-  TPoint GetSortCell() const noexcept override { return {1, 0}; }
-  TSortArrow GetSortArrow() const noexcept override { return saDown; }
-};
 
 // Two images of 12 pixels.
 struct TImages : TImageList {
@@ -67,7 +63,8 @@ const TScene kScenes[] = {
     {.Name = "selected_stripes", .Cell = {1, 1}, .Text = u"gewählt", .State = {ddsSelected}, .Stripes = {5, 0, 0, 3}}};
 
 void Paint(const TScene& Scene, TBitmap& Bitmap) {
-  TSorted table;
+  TSortedPlain table;
+  table.Cell = {1, 0}, table.Arrow = saDown;
   TImages images;
   TDecorationList list(&table);
   list.SetColCount(3), list.SetRowCount(5), list.SetFixed(0, 1, 0, 0), list.SetMarginHoriz(3);

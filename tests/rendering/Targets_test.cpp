@@ -4,6 +4,7 @@
 #include "platform/TImageList.h"
 #include "platform/TRecordingCanvas.h"
 #include "rendering/uDecoration.h"
+#include "tests/support/PlainDecorator.h"
 #include "tests/support/Test.h"
 
 namespace {
@@ -34,12 +35,6 @@ TTableSizes SizesOfAll(TDecorator& Decorator, TCanvas& Canvas, TDecorationList& 
   }
   return sizes;
 }
-
-struct TSorted : TObject, TSortedTable {
-  TPoint Cell{-1, -1};
-  TPoint GetSortCell() const noexcept override { return Cell; }
-  TSortArrow GetSortArrow() const noexcept override { return saUp; }
-};
 
 class TRandomTable {
  public:
@@ -92,7 +87,7 @@ class TRandomTable {
   std::mt19937 FRandom;
 
  public:
-  TSorted Sorted;
+  TSortedPlain Sorted;
   TVxImageList Images{20, 9};
   TBitmap Graphic{pf24bit, 70, 30};
   TRows Cells;
