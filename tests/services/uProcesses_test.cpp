@@ -110,20 +110,11 @@ TEST_F(ProcessTest, EndsAreWaitedForAndHandlesKept) {
 TEST_F(ProcessTest, WhatCannotBeStartedGivesMinusOne) {
   ::setenv("PATH", FDirectory.c_str(), 1);
   const String found = Put("found", "#!/bin/sh\nexit 3\n");
-  const String files[] = {u"",
-                          u"none",
-                          found + u"/",
-                          kNul,
-                          FDir.Path("missing"),
-                          FDir.Path(),
-                          Put("plain", "x", 0644),
-                          Put("text", "x\n"),
-                          Put("bad", "#!/no/such\n"),
-                          Put("elf", "\177ELF junk"),
-                          Put("empty", "")};
-  for (const String& file : files) {
+  const std::vector<String> files({u"", u"none", found + u"/", kNul, FDir.Path("missing"), FDir.Path(),
+                                   Put("plain", "x", 0644), Put("text", "x\n"), Put("bad", "#!/no/such\n"),
+                                   Put("elf", "\177ELF junk"), Put("empty", "")});
+  for (const String& file : files)
     EXPECT_EQ((TFacts{Run(file), VxExecAndWait(file, u"", false, false)}), "-1 -1") << file;
-  }
   for (int64_t input : {int64_t{-1}, int64_t{999}, INT64_MAX}) EXPECT_EQ(Run(found, u"", input), -1) << input;
   EXPECT_EQ((TFacts{Run(u"found"), VxNetExe(u"use")}), "3 no");
   Put("net", "#!/bin/sh\necho \"$0 $*\" > " + FDirectory + "/out; exit 1\n");

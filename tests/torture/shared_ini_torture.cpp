@@ -33,6 +33,7 @@
 #include <map>
 #include <memory>
 #include <random>
+#include <vector>
 
 #include "platform/Clock.h"
 #include "platform/Dialogs.h"
@@ -47,19 +48,9 @@ namespace {
 using TCount = std::atomic<uint64_t>;
 using TContent = std::map<std::string, std::string>;  // "Section|key" and its value, "Section|" for a section
 enum { Done, Acknowledged, Lost, Damaged, Litter, Kills, Stops, Full, LogLines, Pieces, Broken, Reads, Again, kTotals };
-const char* const kTotalNames[] = {"stores done",
-                                   "acknowledged",
-                                   "lost",
-                                   "damaged",
-                                   "litter",
-                                   "kills",
-                                   "stops",
-                                   "disk-full",
-                                   "log-lines",
-                                   "pieces-of-lines",
-                                   "broken-lines",
-                                   "contents read",
-                                   "stores tried again"};
+const std::vector<const char*> kTotalNames({"stores done", "acknowledged", "lost", "damaged", "litter", "kills",
+                                            "stops", "disk-full", "log-lines", "pieces-of-lines", "broken-lines",
+                                            "contents read", "stores tried again"});
 constexpr int kWriters = 8, kSlots = 7, kCommon = 2, kLines = 1 << 17;
 // The keys, and sections behind theirs, that each writer has to itself; "#" is its number.
 const char* const kNames[kSlots] = {"Alle|a#", "Alle|b#", "Alle|c#", "Fach#|x", "Fach#|", "Lade#|x", "Lade#|"};

@@ -75,13 +75,8 @@ TEST_F(DrawingFiles, LettersThatAreNotKeptAreDrawnAlike) {
 
 TEST_F(DrawingFiles, PdfTextsComeBack) {
   const TClockAt clock(46000);
-  const char16_t* lines[] = {u"Weiß-Müller, Jörg Ägidius",
-                             u"Ελένη Παπαδοπούλου",
-                             u"Иванова 1.234,56 €",
-                             u"„fi ffl“ <&>",
-                             u"שרה",
-                             u"محمد",
-                             u"王小明"};
+  const std::vector<const char16_t*> lines({u"Weiß-Müller, Jörg Ägidius", u"Ελένη Παπαδοπούλου", u"Иванова 1.234,56 €",
+                                            u"„fi ffl“ <&>", u"שרה", u"محمد", u"王小明"});
   const auto write = [&](const char* name) {
     TPdfFile pdf(Dir.Path(name), PageA4());
     for (int page = 0; page < 2; ++page) {
