@@ -90,7 +90,7 @@ class EZeroDivide : public EMathError {
 class EStreamError : public Exception {
  public:
   // Without a UserMessage that is Message, too.
-  explicit EStreamError(String Message) : EStreamError(Message, Message) {}
+  explicit EStreamError(const String& Message) : EStreamError(Message, Message) {}
   EStreamError(String Message, String UserMessage, int Error = 0)
       : Exception(std::move(Message)), FUserMessage(std::move(UserMessage)), FError(Error) {}
   // The same in German, for the person at the screen: u"Die Datei \"a.csv\" kann nicht geöffnet werden. Sie ist nicht
