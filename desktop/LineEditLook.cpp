@@ -3,6 +3,7 @@
 #include <QPainter>
 #include <QStyleOptionFrame>
 #include <QToolTip>
+#include <cmath>
 
 #include "desktop/QtPictures.h"
 #include "desktop/QtValues.h"
@@ -18,6 +19,24 @@ constexpr int kGap = 4;
 int WidthOf(const TBitmap* Image) { return Image != nullptr && !Image->GetEmpty() ? Image->GetWidth() + kGap : 0; }
 int WidthOf(const QFontMetrics& Metrics, const String& Text) {
   return Text.empty() ? 0 : Metrics.horizontalAdvance(ToQt(Text)) + kGap;
+}
+
+double LightOf(const QColor& Color) {
+  const auto channel = [](double value) {
+    return value <= 0.04045 ? value / 12.92 : std::pow((value + 0.055) / 1.055, 2.4);
+  };
+  return 0.2126 * channel(Color.redF()) + 0.7152 * channel(Color.greenF()) + 0.0722 * channel(Color.blueF());
+}
+
+// A colour that was chosen for light desktops, as light as it has to be on a dark one.
+QColor ReadableOn(const QColor& Ground, QColor Color) {
+  constexpr double kContrast = 4.5, kHaze = 0.05;
+  const double ground = LightOf(Ground);
+  if (ground > 0.18) return Color;
+  for (int step = 0; step < 20 && (LightOf(Color) + kHaze) / (ground + kHaze) < kContrast; ++step) {
+    Color = QColor::fromRgbF(Color.redF() * 0.9F + 0.1F, Color.greenF() * 0.9F + 0.1F, Color.blueF() * 0.9F + 0.1F);
+  }
+  return Color;
 }
 
 // Draws in the rest of a line, whose left or right side moves on.
@@ -83,7 +102,7 @@ void TLineEdit::ShowStatus(const TEditStatus& Status) {
   if (!Status.IsValid && Status.IsShown) {
     FValidPalette = palette();
     QPalette invalid = palette();
-    invalid.setColor(QPalette::Text, ColorToQt(Status.InvalidColor));
+    invalid.setColor(QPalette::Text, ReadableOn(palette().color(QPalette::Base), ColorToQt(Status.InvalidColor)));
     setPalette(invalid);
   }
   FitSides();

@@ -18,6 +18,9 @@ TGaugeWidget::TGaugeWidget(QWidget* Parent)
     : QWidget(Parent), FSurface(std::make_shared<detail::TGaugeSurface>(*this)), FGauge(FSurface) {
   setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
   FGauge.SetOnInvalidate(TNotifyEvent::Of<&TGaugeWidget::Invalidated>(*this));
+  TFont font = FGauge.GetPaintObject().GetFont();
+  font.Color = clBlack;  // the colours below it are no system colours, either
+  FGauge.GetPaintObject().SetFont(font);
   FGlowTimer.setInterval(kGlowTicks);
   connect(&FGlowTimer, &QTimer::timeout, this, [this] {
     FGauge.GlowTimer();
