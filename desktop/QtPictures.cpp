@@ -16,15 +16,19 @@ uint32_t RowColor(TColor Color) noexcept { return (Color & 0xFF) << 16 | (Color 
 
 }  // namespace
 
-QImage ToQt(const TBitmap& Bitmap) {
+QImage ToQt(const TBitmap& Bitmap, const TColor* Transparent) {
   if (Bitmap.GetEmpty()) return {};
-  const bool hasAlpha = Bitmap.GetTransparent() || Bitmap.GetAlphaFormat() != afIgnored;
-  QImage image(Bitmap.GetWidth(), Bitmap.GetHeight(), hasAlpha ? QImage::Format_ARGB32 : QImage::Format_RGB32);
-  const uint32_t none = RowColor(Bitmap.GetTransparent() ? Bitmap.GetTransparentColor() : clNone);
+  const bool isKeyed = Transparent != nullptr || Bitmap.GetTransparent();
+  const TAlphaFormat alpha = Bitmap.GetAlphaFormat();
+  const QImage::Format format = alpha == afPremultiplied        ? QImage::Format_ARGB32_Premultiplied
+                                : isKeyed || alpha != afIgnored ? QImage::Format_ARGB32
+                                                                : QImage::Format_RGB32;
+  QImage image(Bitmap.GetWidth(), Bitmap.GetHeight(), format);
+  const uint32_t none = RowColor(ColorToRGB(Transparent != nullptr ? *Transparent : Bitmap.GetTransparentColor()));
   for (int y = 0; y < image.height(); ++y) {
     const std::span row(reinterpret_cast<uint32_t*>(image.scanLine(y)), static_cast<size_t>(image.width()));
     Bitmap.GetRow(y, row);
-    if (!Bitmap.GetTransparent()) continue;
+    if (!isKeyed) continue;
     std::replace_if(
         row.begin(), row.end(), [none](uint32_t pixel) { return (pixel & kColors) == none; }, 0U);
   }

@@ -12,11 +12,14 @@
 
 #include <QImage>
 
+#include "platform/Graphics.h"
+
 namespace vx {
 
 class TBitmap;
 
-// A copy, with what the bitmap calls transparent left out; an image without pixels for one without.
-QImage ToQt(const TBitmap& Bitmap);
+// A copy without the pixels of the colour Transparent, or, for nullptr, those that the bitmap calls transparent. An
+// image without pixels for a bitmap without.
+QImage ToQt(const TBitmap& Bitmap, const TColor* Transparent = nullptr);
 
 }  // namespace vx
