@@ -10,7 +10,7 @@
 // Example:
 //   vx::TXmlDocument letter;
 //   const vx::TXmlFault fault = vx::ReadXml(letter, u"<Brief an='Müller'><Ort>Köln</Ort><Eilig/></Brief>");
-//   if (fault) show(fault.GetText());     // u"Zeile 3, Spalte 7: ..."; the document is as it was
+//   if (fault) show(fault.GetText());                       // Zeile 3, Spalte 7: ...; the document is as it was
 //   vx::TXmlNode* root = letter.GetRoot();
 //   root->GetAttribute(u"an");                              // u"Müller"
 //   root->Find(u"Ort")->GetText();                          // u"Köln"

@@ -17,7 +17,8 @@
 //   read.GetValue(u"NAME", name);     // true; u"Müller & Söhne\r\n  "
 //
 // This is no conforming parser: it reads the subset that the library and its partners write, with a
-// forgiving scan that rejects nothing.
+// forgiving scan that rejects nothing. Files of other programs, and new ones, are read and written by Xml.h, which
+// keeps names and values as they are and refuses what is no XML.
 //
 // Pitfalls:
 //   - Names are written in upper case and are compared with regard to case.

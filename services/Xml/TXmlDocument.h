@@ -35,6 +35,7 @@ class TXmlAttr {
  private:
   friend class TXmlNode;
   friend class TXmlDocument;
+  friend class detail::TXmlTreeBuilder;
   std::u16string_view FName, FValue;
   TXmlAttr* FNext = nullptr;
 };

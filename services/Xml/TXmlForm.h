@@ -41,8 +41,8 @@ enum TXmlReadOption : uint8_t {
 using TXmlReadOptions = Set<TXmlReadOption>;
 
 struct TXmlLimits {
-  int Depth = 1000;                // of elements in elements
-  int64_t EntityUnits = 10000000;  // code units that references to declared entities may expand to in all
+  int Depth = 1000;               // of elements in elements
+  int64_t EntityUnits = 2000000;  // code units that references to declared entities may expand to in all, and one each
   TXmlReadOptions Options;
 };
 
