@@ -203,9 +203,9 @@ TCellResult detail::PutCell(TFileCsv& Table, TCellColumn Column, int Row, const 
   return {};
 }
 
-#define VX_CELL_KIND(K)                                                                              \
-  template TCheckedCell<TCellValue<K>> ReadCell<K>(const TFileCsv&, TCellColumn, int, TCellOptions); \
-  template TCellResult detail::PutCell<K>(TFileCsv&, TCellColumn, int, const TCellValue<K>&, TCellOptions, bool);
+#define VX_CELL_KIND(K)                                                                                  \
+  template TCheckedCell<TCellValue<(K)>> ReadCell<(K)>(const TFileCsv&, TCellColumn, int, TCellOptions); \
+  template TCellResult detail::PutCell<(K)>(TFileCsv&, TCellColumn, int, const TCellValue<(K)>&, TCellOptions, bool);
 VX_CELL_KIND(ckText)
 VX_CELL_KIND(ckInt)
 VX_CELL_KIND(ckFloat)

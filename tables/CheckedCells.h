@@ -148,7 +148,7 @@ using TCellValue = std::tuple_element_t<K, std::tuple<String, int64_t, double, T
 // The cell as a value of that kind. Allocates nothing for a cell that can be read, unless a derived class's GetCell
 // does; the text of ckText shares its characters.
 template <TCellKind K>
-TCheckedCell<TCellValue<K>> ReadCell(const TFileCsv& Table, TCellColumn Col, int Row, TCellOptions Options = {});
+TCheckedCell<TCellValue<K>> ReadCell(const TFileCsv& Table, TCellColumn Column, int Row, TCellOptions Options = {});
 
 namespace detail {
 
@@ -157,20 +157,20 @@ template <typename T, typename V>
 concept KeptAs = std::convertible_to<T, V> &&(!std::integral<V> || requires(const T& Value) { V{Value}; });
 
 template <TCellKind K>
-TCellResult PutCell(TFileCsv& Table, TCellColumn Col, int Row, const TCellValue<K>& Value, TCellOptions Options,
+TCellResult PutCell(TFileCsv& Table, TCellColumn Column, int Row, const TCellValue<K>& Value, TCellOptions Options,
                     bool MayGrow);
 
 }  // namespace detail
 
 // Writes a value into a cell that there is; with a fault nothing has changed. Of the options coDecimalPoint counts.
 template <TCellKind K, detail::KeptAs<TCellValue<K>> T>
-TCellResult WriteCell(TFileCsv& Table, TCellColumn Col, int Row, const T& Value, TCellOptions Options = {}) {
-  return detail::PutCell<K>(Table, Col, Row, Value, Options, false);
+TCellResult WriteCell(TFileCsv& Table, TCellColumn Column, int Row, const T& Value, TCellOptions Options = {}) {
+  return detail::PutCell<K>(Table, Column, Row, Value, Options, false);
 }
 // The same; a row that is too short gets empty cells up to this one. Rows are never added.
 template <TCellKind K, detail::KeptAs<TCellValue<K>> T>
-TCellResult GrowCell(TFileCsv& Table, TCellColumn Col, int Row, const T& Value, TCellOptions Options = {}) {
-  return detail::PutCell<K>(Table, Col, Row, Value, Options, true);
+TCellResult GrowCell(TFileCsv& Table, TCellColumn Column, int Row, const T& Value, TCellOptions Options = {}) {
+  return detail::PutCell<K>(Table, Column, Row, Value, Options, true);
 }
 
 }  // namespace vx
