@@ -7,6 +7,7 @@
 #include "platform/Exceptions.h"
 #include "platform/TextBuffer.h"
 #include "tables/Relations/detail/Cells.h"
+#include "tables/uTypeCsv.h"
 
 namespace vx {
 
@@ -46,10 +47,11 @@ TGroupKey ByPart(const TRelationColumn& Column, TDatePart Part) {
 
 TRelationRows::TRelationRows(const TFileCsv& Table, int First, int Last) : FLeft(&Table) {
   if (First < -1 || Last < -1) throw EArgumentException(u"Rows of a table before the first one");
-  const int count = Table.GetCount();
-  if (First < 0) First = dynamic_cast<const THeadCsv*>(&Table) != nullptr ? 1 : 0;
+  const auto* typed = dynamic_cast<const TTypeCsv*>(&Table);
+  const int count = Table.GetCount(), end = typed ? typed->GetContentCount() : count;
+  if (First < 0) First = typed ? std::max(1, typed->GetContentTop()) : dynamic_cast<const THeadCsv*>(&Table) ? 1 : 0;
   FFirst = std::min(First, count);
-  FEnd = Last < 0 ? count : std::max(FFirst, std::min(Last, count - 1) + 1);
+  FEnd = std::max(FFirst, Last < 0 ? end : std::min(Last, count - 1) + 1);
 }
 
 const TFileCsv& TRelationRows::Table(bool IsRight) const {

@@ -30,7 +30,8 @@ struct TRowPair {
 class TRelationRows {
  public:
   // The rows First to Last, both included and held to the table. A First of -1 is 1 in a table with a head and 0 in
-  // others, a Last of -1 is the last row; EArgumentException for others below 0.
+  // others, a Last of -1 is the last row, but the fixed rows of a typed table are left out then. EArgumentException for
+  // others below 0.
   TRelationRows(const TFileCsv& Table, int First = -1, int Last = -1);
   TRelationRows(const TFileCsv&& Table, int = -1, int = -1) = delete;  // it has to outlive the rows
   TRelationRows(const TFileCsv& Left, const TFileCsv& Right, std::span<const TRowPair> Pairs) noexcept

@@ -13,6 +13,7 @@
 #include "tables/Relations/detail/Cells.h"
 #include "tables/uSort/detail/SortKeys.h"
 #include "tables/uSort/detail/SortRecords.h"
+#include "tables/uTypeCsv.h"
 
 namespace vx {
 
@@ -149,7 +150,10 @@ void Arrange(TFileCsv& Table, std::span<const int> Order, int First, TSortFaults
 }  // namespace
 
 TSortFaults SortRows(TFileCsv& Table, std::span<const TRowSort> Columns, int First, int Last) {
-  if (dynamic_cast<const TSortCsv*>(&Table)) throw EArgumentException(u"SortRows of a table that keeps its own order");
+  const auto* view = dynamic_cast<const TCsvView*>(&Table);
+  if ((view && view->GetViewMode()) || dynamic_cast<const TSortCsv*>(&Table)) {
+    throw EArgumentException(u"SortRows of a table that keeps an order of its own");
+  }
   const TRelationRows rows(Table, First, Last);
   std::vector<int> cols;
   for (const TRowSort& column : Columns) cols.push_back(detail::IndexIn(Table, column.Column));

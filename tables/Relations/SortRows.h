@@ -30,7 +30,8 @@ struct TSortFaults {
 
 // Puts the rows First to Last in the order of the first of Columns, those equal in it in the order of the next, and
 // those equal in all in the order in which they stand. No row is dropped; all others stay where they are. First and
-// Last as at TRelationRows. EArgumentException for a table that keeps an order of its own, such as TSortCsv.
+// Last as at TRelationRows. EArgumentException for a table that keeps an order of its own: a TSortCsv, and a TCsvView
+// that may hide rows, whose Sort takes the hidden ones along.
 TSortFaults SortRows(TFileCsv& Table, std::initializer_list<TRowSort> Columns, int First = -1, int Last = -1);
 TSortFaults SortRows(TFileCsv& Table, std::span<const TRowSort> Columns, int First = -1, int Last = -1);
 

@@ -55,14 +55,23 @@ bool TKeyIndex::HasKey(const TVxStringList& Row, F Cell) const {
 }
 
 void TKeyIndex::Build() {
+  constexpr int kBlock = 32;  // rows whose slots are fetched while those of the next ones are told
   const TFileCsv& table = FRows.Table();
-  std::vector<int> keyOf(static_cast<size_t>(FRows.GetCount()));
-  for (int row = FRows.GetFirst(); row < FRows.GetEnd(); ++row) {
-    const TVxStringList& line = *table.GetLines(row);
-    keyOf[static_cast<size_t>(row - FRows.GetFirst())] =
-        FSlots.FindOrAdd(HashOf(line), row, [&](const detail::TKeySlots::TSlot& slot) {
-          return HasKey(*table.GetLines(slot.First), [&](size_t i) { return detail::CellText(line, FColumns[i]); });
-        });
+  std::vector<int> keyOf;
+  keyOf.reserve(static_cast<size_t>(FRows.GetCount()));
+  uint64_t hashes[kBlock];
+  for (int first = FRows.GetFirst(); first < FRows.GetEnd(); first += kBlock) {
+    const int count = std::min(kBlock, FRows.GetEnd() - first);
+    for (int i = 0; i < count; ++i) {
+      hashes[i] = HashOf(*table.GetLines(first + i));
+      FSlots.Prefetch(hashes[i]);
+    }
+    for (int i = 0; i < count; ++i) {
+      const TVxStringList& line = *table.GetLines(first + i);
+      keyOf.push_back(FSlots.FindOrAdd(hashes[i], first + i, [&](const detail::TKeySlots::TSlot& slot) {
+        return HasKey(*table.GetLines(slot.First), [&](size_t col) { return detail::CellText(line, FColumns[col]); });
+      }));
+    }
   }
   detail::GroupItems(keyOf, FRows.GetFirst(), GetCount(), FStarts, FRowNumbers);
 }

@@ -5,6 +5,7 @@
 
 #include "core/StrictNumbers.h"
 #include "platform/Collation.h"
+#include "tables/uTypeCsv.h"
 #include "tests/support/Test.h"
 
 namespace {
@@ -60,8 +61,8 @@ bool IsSame(const TKey& A, const TKey& B, TKeyOptions Options = {}) {
   return std::ranges::equal(
       A, B, [&](const String& a, const String& b) { return Options.Has(koNoCase) ? AnsiSameText(a, b) : a == b; });
 }
-std::vector<int> RowsWith(const TFileCsv& Table, const TKey& Key, std::initializer_list<int> Cols,
-                          TKeyOptions Options) {
+using TCols = std::initializer_list<int>;
+std::vector<int> RowsWith(const TFileCsv& Table, const TKey& Key, TCols Cols, TKeyOptions Options) {
   std::vector<int> rows;
   for (int row = 0; row < Table.GetCount(); ++row)
     if (IsSame(KeyOf(Table, row, Cols), Key, Options)) rows.push_back(row);
@@ -275,11 +276,17 @@ TEST(Relations, RefuseWhatCannotBe) {
   THeadCsv table;
   table.SetText(u"a,b\r\n1,2");
   TSortCsv sorted;
+  TCsvView view;
+  view.SetText(u"a\r\n2\r\n1\r\nSumme");
+  view.GetDecorations().SetFixed(0, 1, 0, 1);
+  SortRows(view, {{u"a"}});
+  EXPECT_EQ(view.GetText(), u"a\r\n1\r\n2\r\nSumme") << "fixed rows stay";
+  view.SetViewMode(true);
   const TGroups groups(table, {u"a"});
   EXPECT_EQ(test::RaisedBy<EArgumentException>([&] { SortRows(table, {{u"c"}}); }), u"The table has no column 'c'");
   for (const auto& wrong : std::vector<std::function<void()>>{
-           [&] { SortRows(sorted, {{0}}); }, [&] { (void)TKeyIndex(table, {}); }, [&] { (void)TKeyIndex(table, {-1}); },
-           [&] { (void)TGroups(table, {OfRight(0)}); },
+           [&] { SortRows(sorted, {{0}}); }, [&] { SortRows(view, {{0}}); }, [&] { (void)TKeyIndex(table, {}); },
+           [&] { (void)TKeyIndex(table, {-1}); }, [&] { (void)TGroups(table, {OfRight(0)}); },
            [&] {
              (void)InnerJoin(table, {u"a", u"b"}, table, {u"a"});
            },

@@ -23,6 +23,8 @@ class TKeySlots {
 
   int GetCount() const noexcept { return FCount; }
   std::span<const TSlot> Slots() const noexcept { return FSlots; }
+  // The key of that hash will be asked for soon.
+  void Prefetch(uint64_t Hash) const noexcept { __builtin_prefetch(&FSlots[Hash & (FSlots.size() - 1)]); }
   // The number of the key; -1 if there is none.
   template <typename F>
   int Find(uint64_t Hash, F IsSame) const {
