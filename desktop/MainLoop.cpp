@@ -4,8 +4,8 @@
 #include <mutex>
 
 #include "desktop/detail/DesktopServices.h"
-#include "platform/Exceptions.h"
 #include "platform/MainThread.h"
+#include "platform/UserMessages.h"
 
 namespace vx::detail {
 
@@ -51,10 +51,8 @@ class TMainLoop::TReceiver {
       try {
         CheckSynchronize();
         isDone = true;
-      } catch (const Exception& error) {
-        MessageDlg(error.GetMessage(), mtError, {mbOK});
       } catch (const std::exception& error) {
-        MessageDlg(String::FromUtf8(error.what()), mtError, {mbOK});
+        MessageDlg(UserMessage(error), mtError, {mbOK});
       }
     }
   }

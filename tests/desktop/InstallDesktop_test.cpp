@@ -85,7 +85,7 @@ TEST(InstallDesktop, RunsWhatThreadsHandOver) {
 
   bool isRun = false;
   const TAnswer<QMessageBox> failed(Qt::Key_Escape, [&shown](QMessageBox& found) { shown = TextOf(found); });
-  TThread::Queue([] { throw EReadError(u"kaputt"); });
+  TThread::Queue([] { throw EReadError(u"broken", u"kaputt"); });
   TThread::Queue([&isRun] { isRun = true; });
   EXPECT_TRUE(QTest::qWaitFor([&isRun] { return isRun; }));
   EXPECT_EQ(shown, "Fehler|kaputt||OK");
