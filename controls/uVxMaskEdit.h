@@ -27,6 +27,9 @@
 //   line.Down(vx::vkUp);
 //   edit.GetText();                       // u"09:30"
 //
+// Threads: an editor belongs to the thread of its window; any number may call the routines for texts and templates at
+// once.
+//
 // Pitfalls:
 //   - Setting the mode of a field empties it, and takes separators and the texts beside it from the program's settings.
 //   - OnChanged compares with the text at entry: a field that goes back to that is not told of, even if another value

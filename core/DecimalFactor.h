@@ -13,6 +13,8 @@
 //
 // What is done with amounts and factors stands in Money.h. Pitfall: no factor is made of a floating point number, for
 // there 1.0537 is another number already.
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <compare>

@@ -13,6 +13,8 @@
 //   sum.Add(-2);
 //   sum.TryGet(total);                           // true
 //
+// Threads: each adds up in a sum of its own, and any number may read the same one.
+//
 // Pitfall: only the result can be outside the range of amounts, so ask TryGet, or let Get raise.
 #pragma once
 

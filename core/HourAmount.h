@@ -14,6 +14,8 @@
 //
 // What leaves the range of 64 bits raises EOverflow and changes nothing.
 //
+// Threads: each has its own values, and any number may read the same one.
+//
 // Pitfalls: an hour has 100 hundredths and 60 minutes, so a hundredth is no whole minute. Each amount survives the way
 // to hundredths and back; a sum of hundredths does not equal the hundredths of the sum: add up amounts, and turn the
 // sum into hundredths once. The told routines on hours as date-times (VxHourMinToStr and its kin) read and write other

@@ -21,6 +21,8 @@
 // machine's. A time that the clock skips is the moment of the change; one that comes twice is the first, unless the
 // period says that its end is the second. A cut in a doubled hour is made where its time comes first within the period.
 //
+// Threads: each has its own values, and any number may read the same one.
+//
 // Pitfalls: the hours by the clock of a part that ends in a doubled hour may be below 0; the elapsed ones never are.
 // Parts make up the whole, by the clock and elapsed.
 #pragma once

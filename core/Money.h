@@ -19,6 +19,8 @@
 // for whole units, down to -3 for thousands; EInvalidArgument below. EOverflow where a result leaves the range of
 // amounts, EZeroDivide for a division by 0.
 //
+// Threads: any number may call these at once.
+//
 // Pitfall: Amount * Amount and RoundCurrency(Price * Factor, 2) round twice, to 4 places and then to 2: 1,21 times
 // 1,0537 comes out as 1,28. Sums that may leave the range on their way: TMoneySum in ExactSum.h.
 #pragma once

@@ -23,6 +23,8 @@
 // Refused is what could be meant in two ways or is none of these: 25.01 (a point before two digits), 0.125, 1,234.50,
 // 12345,678.90, 5,, -,50, (3,00), 1e3, $ 5, more than four decimals, an amount outside the range of Currency.
 //
+// Threads: any number may call these at once.
+//
 // Pitfall: 1.234 is one thousand, 1,234 one and a bit. Texts of databases and of programs with a decimal point are read
 // with mroDecimalPoint, never by trying both.
 #pragma once

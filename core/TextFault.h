@@ -11,6 +11,8 @@
 //
 // The strict readers tell it: HourAmount.h, DecimalFactor.h, MoneyText.h, StrictDates.h, StrictNumbers.h. Pitfall:
 // positions count from 1 in the text as it was given, blanks in front included.
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <cstdint>

@@ -7,6 +7,8 @@
 //   vx::IntToHexConst[0xB0];                                       // u"B0"
 //   vx::HexToIntConstHigh[1][u'B' - u'A'] + vx::HexToIntConstLow[0][0];   // 0xB0
 //
+// Threads: constants, which any number may read.
+//
 // Pitfall: the texts have no leading zero: IntToHexConst[10] is u"A".
 #pragma once
 

@@ -22,6 +22,8 @@
 // Routines in Def give their default for a text that is no such value; routines in Heavy repair the text
 // first. Pitfall: some repairs look odd, such as StrToIntHeavy(u"-12", 0) being 12. They are wanted: all
 // programs that share data read it alike.
+//
+// Threads: any number may call these at once; the program's settings are to stand still meanwhile.
 #pragma once
 
 #include "core/uVxFunctions/Colors.h"

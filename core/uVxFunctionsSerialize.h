@@ -13,6 +13,8 @@
 //   auto parts = vx::explode(u"Bonn; Köln;", u';', {vx::eoTrim});      // Bonn, Köln and an empty one
 //   vx::String text = vx::implode(*parts, u", ", {vx::eoSkipEmpty});   // u"Bonn, Köln"
 //
+// Threads: any number may call these at once; the program's settings are to stand still meanwhile.
+//
 // Pitfalls:
 //   - explode takes the last piece as it stands, whatever the options say.
 //   - TrimStrings raises EStringListError when it removes inner lines behind two or more leading ones.

@@ -15,6 +15,8 @@
 //   vx::VxHourToComma(worked);               // u"42,50"
 //   vx::GetCalWeek(vx::VxStrToDate(u"11.02.2015"));   // 201507
 //
+// Threads: any number may call these at once; the program's settings are to stand still meanwhile.
+//
 // Pitfalls:
 //   - 0 is no date and no time. Exactly 1.0 as a time of day is 24:00, but only for routines with 24 in their
 //     name; for all others it is a day and 00:00.

@@ -10,6 +10,8 @@
 //   vx::PermissionSetToStr({vx::ppRead, vx::ppExport});      // u"Lesen/Ausführen,Exportieren"
 //   vx::IntToPermissionSet(3);                               // {vx::ppRead, vx::ppWrite}
 //
+// Threads: each has its own values, and any number may read the same one.
+//
 // Pitfalls:
 //   - A number tells what a set implies (delete implies write, everything implies read), so a set does
 //     not always come back from its number as it was: {ppDelete} is 7.

@@ -13,6 +13,8 @@
 //
 // TBoolExt is stored as "0", "1" and the empty text, see BoolExtToStr in core/uVxFunctionsSerialize.h.
 // Pitfall: its ordinals are no truth values; bNone is 2, which a condition takes for true.
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <cstdint>

@@ -22,6 +22,9 @@
 //   row.Put(2, u"Köln");
 //   vx::String line = row.GetCommatext();       // u"4711,\"Max Meier\",Köln"
 //
+// Threads: several may read one at once through its const members; who changes it has to be alone with it. Copies share
+// what they hold until one of them changes, and may go to other threads.
+//
 // Pitfalls:
 //   - Commatext: a blank ends a cell that does not stand in quotes, just as a comma does.
 //   - Lists do not own the objects of their items unless told.

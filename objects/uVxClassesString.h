@@ -13,6 +13,8 @@
 //
 // Filling again searches nothing, and a text is printed with one allocation.
 //
+// Threads: an object is for one at a time; different objects may be used at once.
+//
 // Pitfalls:
 //   - Search strings that overlap in the text all print: u"abc" with u"ab" and u"bc" for u"1" and u"2" gives u"12".
 //     No search string is favoured. Of matches at one place the search string with the higher index prints first.

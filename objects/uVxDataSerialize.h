@@ -27,6 +27,8 @@
 //
 // The forms are told in platform/TextForms.h. Pitfalls: the order of the fields is the form of
 // stored data, so new fields go to the end; SetData has to bear a list with fewer fields than it knows.
+//
+// Threads: an object is for one at a time; different objects may be used at once.
 #pragma once
 
 #include "objects/uVxClasses/TVxStringList.h"

@@ -13,6 +13,8 @@
 //   rows.AddUnique(&meier);                    // -1: it is there
 //   for (vx::TVxStringList* row : rows.Items()) Print(*row);
 //
+// Threads: several may read one at once through its const members; who changes it has to be alone with it.
+//
 // Pitfalls:
 //   - Lists of pointers free nothing. A derived list may do so in Notify; it then has to call Clear in
 //     its destructor.

@@ -18,6 +18,8 @@
 //
 // Both models stand trees of any depth and texts of any content: no operation goes down by calling itself.
 //
+// Threads: several may read one at once through its const members; who changes it has to be alone with it.
+//
 // Pitfalls:
 //   - Nodes of a TVxTree are the tree's: they are freed by Delete and Clear of the tree, never by hand.
 //   - Setting the Serialize of a TVxTree or of its nodes adds to what is there; that of a TVxTextNode replaces.

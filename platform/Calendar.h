@@ -14,6 +14,8 @@
 //
 // Values are read to the nearest millisecond, midpoints to the even one. Pitfall: so the last half
 // millisecond of a day reads as 00:00 of the next one; of a negative day, of the one before.
+//
+// Threads: any number may call these at once.
 #pragma once
 
 #include <cstdint>

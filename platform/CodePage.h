@@ -14,6 +14,8 @@
 //   const vx::TCodePage& page = vx::GetSystemCodePage();
 //   vx::String text = page.Decode("Stra\xDF" "e");       // u"Straße"
 //   std::string bytes = page.Encode(u"Straße 5 €");       // "Stra\xDF" "e 5 \x80"
+//
+// Threads: any number may read a page, once the system's is set.
 #pragma once
 
 #include <cstddef>

@@ -23,6 +23,8 @@
 //
 // Both are strict weak orders on any input, lone surrogates and code units 0 among it, allocate
 // nothing and never raise.
+//
+// Threads: any number may call these at once.
 #pragma once
 
 #include <cstddef>

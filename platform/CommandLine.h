@@ -15,6 +15,8 @@
 //     ordinary character. Backslashes elsewhere are ordinary.
 //   - A stretch that isn't ended goes to the end of the text.
 // No shell is asked, so that "$", ";", "*", "'" and the like are ordinary everywhere.
+//
+// Threads: any number may call these at once.
 #pragma once
 
 #include <vector>

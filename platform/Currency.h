@@ -12,6 +12,8 @@
 // ToExtended. Products and quotients are rounded to the nearest 1/10000, midpoints to the even one.
 // What leaves the range of -922337203685477.5808 to 922337203685477.5807 raises EOverflow and changes
 // nothing; a division by 0 raises EZeroDivide. Products by decimal factors, rounded once: core/Money.h.
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <compare>

@@ -3,6 +3,8 @@
 //   TCustomIniFile   the base; a derived class reads and writes texts
 //
 // Numbers, dates and times are written and read by the format settings in use.
+//
+// Threads: an object is for one at a time; different objects may be used at once.
 #pragma once
 
 #include <string_view>

@@ -24,6 +24,8 @@
 //   'x' "x"              taken as it stands
 // Everything else is taken as it stands.
 //
+// Threads: any number may call these at once; the program's settings are to stand still meanwhile.
+//
 // Pitfall: a text of two digits for the year means a year near the present one, so its value changes
 // with the program's clock.
 #pragma once

@@ -7,6 +7,8 @@
 //   vx::SetSelectDirectory([](const vx::TDirectoryQuestion& question, vx::String& directory) {
 //     return MyFolderDialog(question.Caption, directory);
 //   });
+//
+// Threads: any number may ask and replace.
 #pragma once
 
 #include <cstdint>

@@ -6,6 +6,8 @@
 //   size_t mark = 0;
 //   const vx::TEncoding& encoding = vx::TEncoding::Detect(bytes, mark, vx::TEncoding::Default());
 //   vx::String text = encoding.Decode(std::string_view(bytes).substr(mark));
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <cstdint>

@@ -15,6 +15,8 @@
 // Example:
 //   try { list.Get(7); }
 //   catch (const vx::EStringListError& e) { std::puts(e.what()); }  // List index out of bounds (7)
+//
+// Threads: an exception may be caught in one thread and raised again in another.
 #pragma once
 
 #include <exception>

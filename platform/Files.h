@@ -15,6 +15,8 @@
 //   vx::TFileStream file(u"C:\\Daten\\a.txt", vx::fmOpenRead | vx::fmShareDenyWrite);
 //   std::string bytes(static_cast<size_t>(file.GetSize()), '\0');
 //   file.ReadBuffer(bytes.data(), bytes.size());
+//
+// Threads: an object is for one at a time; different objects may be used at once.
 #pragma once
 
 #include <cstddef>

@@ -8,6 +8,8 @@
 //
 // The user's own are told by the file of the desktop that names them in the user's language. All are looked for
 // as System.h says. No environment variable is read.
+//
+// Threads: any number may call these at once.
 #pragma once
 
 #include <cstdint>

@@ -18,6 +18,8 @@
 //   m    an amount by the settings' form of money
 // "%%" is "%". An index is counted from 0, and the places behind it go on from there. Width and
 // precision may be "*": the value before says them.
+//
+// Threads: any number may call these at once; the program's settings are to stand still meanwhile.
 #pragma once
 
 #include <concepts>

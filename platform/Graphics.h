@@ -13,6 +13,8 @@
 //   vx::ColorToString(0x123456);           // u"$00123456"
 //   vx::StringToColor(u"clbtnface");       // 0xFF00000F
 //
+// Threads: each has its own values, and any number may read the same one.
+//
 // Pitfall: red is the lowest byte, so 0x0000FF is red and 0xFF0000 is blue.
 #pragma once
 

@@ -2,6 +2,8 @@
 //
 //   TIniLine, ParseIniLine   what one line says
 //   ForEachLine              the lines of a text
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <cstdint>

@@ -3,6 +3,8 @@
 //   TShift, TShiftState    Shift, Alt, Ctrl, and the buttons of a mouse; ssDouble: the second click of two
 //   vkUp, vkDelete...      the numbers of keys that give no character
 //   chBack, chTab...       the characters of keys that give no letter
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <cstdint>

@@ -10,6 +10,8 @@
 //   item.GetSubItems().Get(0);                // u"Anna"
 //
 // A program's own kind of items may say caption and sub-items by overriding the two.
+//
+// Threads: all of it belongs to the thread of its window; a program without windows uses it in one thread at a time.
 #pragma once
 
 #include <memory>

@@ -12,6 +12,8 @@
 //
 // The bytes are UTF-8 or UTF-16 if a byte order mark says so, else the system's code page.
 //
+// Threads: an object is for one at a time; different objects may be used at once.
+//
 // Pitfall: of sections or keys that stand twice the first one is found.
 #pragma once
 

@@ -10,6 +10,8 @@
 // The object stays the caller's and has to live as long as the method is called. A function that belongs to
 // no object is taken by Of as well: Of<&LogChange>().
 //
+// Threads: copies go anywhere; whether the function may be called in several threads is its object's affair.
+//
 // Pitfall: an empty method must not be called.
 #pragma once
 

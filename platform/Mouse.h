@@ -1,6 +1,8 @@
 // The words of mouse events.
 //
 //   TMouseButton             which button; what was held down with it: TShiftState of Keys.h
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <cstdint>

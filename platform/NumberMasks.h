@@ -24,6 +24,8 @@
 // is written by the first one with a minus sign in front, a zero number by the first one; a number
 // that rounds to zero is zero. An empty mask, and a number of more than 18 digits before the decimal separator in a
 // mask that is not scientific, give FloatToStr's text.
+//
+// Threads: any number may call these at once; the program's settings are to stand still meanwhile.
 #pragma once
 
 #include "platform/Currency.h"

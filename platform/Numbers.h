@@ -13,6 +13,8 @@
 // Decimal texts are exact: a printed number is the decimal number of so many significant digits nearest to
 // the value, midpoints away from zero; a read one is the value nearest to the decimal number. For masks see
 // NumberMasks.h. Pitfall: the readers take no thousands separators; u"1.234,56" is no number for them.
+//
+// Threads: any number may call these at once; the program's settings are to stand still meanwhile.
 #pragma once
 
 #include <cstdint>

@@ -8,6 +8,8 @@
 //   vx::SimpleRoundTo(2.5L, 0);       // 3
 //   vx::SimpleRoundTo(1250, 2);       // 1300: place 2 are the hundreds
 //   vx::SameValue(0.1 + 0.2, 0.3);    // true
+//
+// Threads: any number may call these at once.
 #pragma once
 
 #include "platform/Types.h"

@@ -23,6 +23,8 @@
 //     fails. The drive has to make directories and to move files in one step.
 // Which kind it is, is tried out at each use. A file on a network drive that another machine has just replaced is read
 // as it is now when it is opened; its stamp may be told late, by a second or as the drive remembers it.
+//
+// Threads: any number may work at one file, as processes may; a TFileTurn is for one at a time.
 #pragma once
 
 #include <memory>

@@ -1,6 +1,8 @@
 // Searching for units in memory, with vector instructions where the machine has them.
 //
 // All functions look at [First, Last) alone and return Last if nothing is found.
+//
+// Threads: any number may call these at once.
 #pragma once
 
 #include <bit>

@@ -8,6 +8,8 @@
 //   vx::OpenDocument(u"D:\\Listen\\a.csv", u"D:\\Listen\\");
 //
 // The system's own way starts "xdg-open" with the file alone, never through a command line.
+//
+// Threads: any number may call these at once.
 #pragma once
 
 #include <functional>

@@ -15,6 +15,8 @@
 //     that kind: the first that is installed of a few.
 //   - "print" hands the file to "lp"; "explore" opens it like "open".
 // Nothing waits for what it started, and no shell reads any of these texts.
+//
+// Threads: any number may call these at once.
 #pragma once
 
 #include <functional>

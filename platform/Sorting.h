@@ -9,6 +9,8 @@
 // A comparison over odd data may contradict itself, and it may raise. No order is promised in the first case and the
 // error is passed on in the second, but no sort here loses an item, has one twice, or looks beyond the items.
 //
+// Threads: each sorts what is its own.
+//
 // Pitfall: PartitionSort costs n log n mostly, but n x n on items that stand just so, and who fills a file may make
 // them stand so. It is for what promises its order of equal items; PartitionSortWithin ends in time.
 #pragma once

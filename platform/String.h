@@ -15,6 +15,9 @@
 // Texts of up to 11 code units stand inside the value; longer ones in a counted block, and a text
 // may be a slice of a larger block.
 //
+// Threads: copies may be read, changed and freed in several threads at once, though they share characters; one value is
+// for one thread at a time, or for many that only read it.
+//
 // Pitfalls:
 //   - Subscripts, Slice and view() count from 0, as C++ does; routines of the library that speak of
 //     positions count from 1.

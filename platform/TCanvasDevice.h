@@ -11,6 +11,8 @@
 // pens are at least 1, what a clear brush or pen would draw is not asked for. Colours arrive as they were
 // given; the device resolves those of the system by ColorToRGB, last of all. All positions are in pixels
 // before the scale.
+//
+// Threads: an object is for one at a time; different objects may be used at once.
 #pragma once
 
 #include <optional>

@@ -12,6 +12,8 @@
 //   tour.Insert(0);
 //   last.GetIndex();                  // 1
 //
+// Threads: all of it belongs to the thread of its window; a program without windows uses it in one thread at a time.
+//
 // Pitfall: items are freed by their collection alone: Delete, Clear, and its end.
 #pragma once
 

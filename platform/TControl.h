@@ -16,6 +16,8 @@
 // Positions are pixels from the left top corner of the control unless told otherwise. A setter that changes what is to
 // be seen calls Invalidate.
 //
+// Threads: all of it belongs to the thread of its window; a program without windows uses it in one thread at a time.
+//
 // Pitfalls:
 //   - Parent, canvas and the objects of events are not owned; whoever frees them first takes them away.
 //   - Without a canvas nothing can be measured or painted: GetCanvas gives nullptr until somebody lends one.

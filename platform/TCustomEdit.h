@@ -15,6 +15,8 @@
 // Places are between code units and count from 0, the place before the first one. Places and lengths that lie outside
 // the text are held to it.
 //
+// Threads: all of it belongs to the thread of its window; a program without windows uses it in one thread at a time.
+//
 // Pitfall: MaxLength holds for what the user types and pastes, not for SetText and SetSelText.
 #pragma once
 

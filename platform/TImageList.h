@@ -9,6 +9,8 @@
 //   images.SetItems(0, u"offen");
 //   images.Draw(canvas, 4, 4, 0);
 //
+// Threads: an object is for one at a time; different objects may be used at once.
+//
 // Pitfall: a list keeps colours and transparency of 32 bits; palettes don't come back.
 #pragma once
 

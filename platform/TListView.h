@@ -19,6 +19,8 @@
 // Column 0 is the caption of an item, column n its sub-item n - 1. Columns and items are the view's own; their
 // references end when they are deleted. Indexes outside raise EListError where nothing else is told.
 //
+// Threads: all of it belongs to the thread of its window; a program without windows uses it in one thread at a time.
+//
 // Pitfall: only vsReport has columns; in the other styles the captions stand one below the other over the whole width.
 #pragma once
 

@@ -9,6 +9,8 @@
 //   box.SetOnPaint(vx::TNotifyEvent::Of<&PaintLegend>());    // called with the box as its sender
 //   box.Paint();
 //
+// Threads: all of it belongs to the thread of its window; a program without windows uses it in one thread at a time.
+//
 // Pitfall: the box fills no ground; what OnPaint leaves out stays as it was.
 #pragma once
 

@@ -13,6 +13,8 @@
 //   taken->GetCaption();                                 // u"nach Monat"
 //   vx::SetShowPopup(before);
 //
+// Threads: all of it belongs to the thread of its window; a program without windows uses it in one thread at a time.
+//
 // Pitfall: unless a program sets it, nobody shows menus, and nothing is taken.
 #pragma once
 

@@ -1,4 +1,6 @@
 // What a document is printed on: pages, one after the other. A PDF file is one, a printer another.
+//
+// Threads: an object is for one at a time; different objects may be used at once.
 #pragma once
 
 #include "platform/Graphics.h"

@@ -8,6 +8,8 @@
 //   waiting.Push(8);
 //   int next = waiting.Pop();    // 7
 //
+// Threads: an object is for one at a time; different objects may be used at once.
+//
 // Pitfalls: the queue keeps no record of ownership, and no lock.
 #pragma once
 

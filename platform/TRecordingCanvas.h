@@ -28,6 +28,8 @@
 //   ascent E, descent E / 4 rounded, so that Tahoma 8 is 14 high; overhang 1 for bold or italic, else 0
 //   width of a code unit: E / 3 rounded for blanks and !'(),-./:;I[]`fijlrt|, E for MWmw, nothing for marks
 //   from U+0300 to U+036F and the second half of a pair, E * 3 / 5 rounded for all others; bold 1 more
+//
+// Threads: an object is for one at a time; different objects may be used at once.
 #pragma once
 
 #include "platform/TCanvas.h"

@@ -17,6 +17,8 @@
 // Columns come before rows. Fixed columns and rows at the left and the top do not scroll; all are fixed where there
 // are fewer than that. Sizes are pixels without the line behind each column and row.
 //
+// Threads: all of it belongs to the thread of its window; a program without windows uses it in one thread at a time.
+//
 // Pitfalls:
 //   - A cell outside the grid reads as empty and is not written, and what a smaller grid loses does not come back.
 //   - Objects beside cells are not owned.

@@ -10,6 +10,8 @@
 //   list.SetTextStr(u"one\r\ntwo\nthree");     // three items
 //   list.SetCommaText(u"one,\"two, too\"");    // two items
 //   vx::String line = list.GetCommaText();     // u"one,\"two, too\""
+//
+// Threads: several may read one at once through its const members; who changes it has to be alone with it.
 #pragma once
 
 #include <exception>

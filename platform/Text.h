@@ -9,6 +9,8 @@
 // Example:
 //   vx::Trim(u"  Straße\t");      // u"Straße"
 //   vx::UpperCase(u"Größe");      // u"GRÖßE": ß has no capital of one unit in this mapping
+//
+// Threads: any number may call these at once.
 #pragma once
 
 #include <cstdint>

@@ -11,6 +11,8 @@
 //   }
 //   widest;                                                 // 37
 //
+// Threads: as a canvas, an object is for one at a time.
+//
 // Pitfall: the bounds are those of the font that the canvas had when they were made. A surface that does not know the
 // advances of letters, or has to shape them, has no bounds, and all texts have to be measured.
 #pragma once

@@ -10,6 +10,8 @@
 //
 // Where the length is known, String::Build fills a text in one go; Concat joins a few pieces. Pitfall: what is added
 // must not be a part of the buffer itself.
+//
+// Threads: an object is for one at a time; different objects may be used at once.
 #pragma once
 
 #include <algorithm>

@@ -19,6 +19,8 @@
 // such delimiters vanish.
 //
 // Characters that end or quote a cell are always below 256: no other code unit is ever a separator.
+//
+// Threads: any number may call these at once.
 #pragma once
 
 #include <span>

@@ -5,6 +5,8 @@
 //   Set<E>        a set of enumeration values, written {camTrim, camBalanceMax}
 //   TCharSet      a set of the code units 0 to 255; a higher code unit is never a member
 //   FunctionRef   a reference to something callable, for arguments; allocates nothing
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <cstdint>

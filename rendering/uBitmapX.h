@@ -14,6 +14,8 @@
 //   auto turned = pixels->Render({vx::bdoRotate90, vx::bdoGray});   // a bitmap of its own, 24 bits
 //   turned->iBitmap->SaveToFile(u"quer.bmp");
 //
+// Threads: an object is for one at a time; different objects may be used at once.
+//
 // Pitfalls: 15 and 16 bits have the first byte of a TRGB, red, in their lowest bits, where files have blue; that is
 // wanted, and writing mirrors it. The fourth byte takes part in comparisons. A whole row (GetRow, SetRow) is
 // faster than its pixels one by one.

@@ -26,6 +26,9 @@
 //
 // Coordinates are cells, the column first; a negative one counts from the end of the table: -1 is the last one.
 //
+// Threads: an object is for one at a time; different objects may be used at once. What is shared by the program, such
+// as the pictures of arrows, is made under a lock.
+//
 // Pitfalls:
 //   - White stands for no background and silver for no stripe colour: a decoration can't ask for either.
 //   - A decoration whose range is changed stays where it is in its list, and a cell is found by its range as it was

@@ -8,6 +8,8 @@
 // Example:
 //   vx::PaintGradient(canvas, rect, 0x00FAF8F7, 1, 0x00F4F2F1);   // the lower half of a column's head
 //   vx::TColor light = vx::ColorAdjustLuma(0x00808080, 30);       // by 3 per cent lighter
+//
+// Threads: an object is for one at a time; different objects may be used at once.
 #pragma once
 
 #include "platform/Graphics.h"

@@ -14,6 +14,8 @@
 // boxes. Each pixel becomes the average of its box. Bounds and cells are in a scale of 6 bits, 0 to 63; averages in
 // one of 8 bits, where only 3, 7, 11 .. 255 occur.
 //
+// Threads: an object is for one at a time; different objects may be used at once.
+//
 // Pitfalls: colours that differ only in the lowest 2 bits are one. With UseTransparent the pixels to be transparent are
 // looked for in the bitmap that is painted on, not in the picture: give a copy of it, or none.
 #pragma once

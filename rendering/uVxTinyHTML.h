@@ -18,6 +18,8 @@
 // "br /"; names in any case. Other tags vanish without effect. Marks may be closed in any order. A size with a sign is
 // added to the one before, times the scale; without a sign it is the size itself.
 //
+// Threads: any number may call these at once, each with a canvas and lines of its own.
+//
 // Pitfalls:
 //   - A line feed breaks a line as <br> does; a carriage return in front of it vanishes, a lone one stays.
 //   - A tag without ">" swallows the rest of the text.

@@ -22,6 +22,9 @@
 // whether a failure opens a dialog as well; the dialogs are warnings with the OK button alone, and within a TMsgDialogs
 // (uMsg.h) they are reported to the message handler instead.
 //
+// Threads: any number may call these at once; dialogs come up in the thread that calls, and reports to the message
+// handler are for the thread that shows dialogs.
+//
 // Pitfalls:
 //   - VxFileIsReadable is true if the file can NOT be read.
 //   - VxForceDirectories shows its dialog always, and refuses a path that is only a drive.

@@ -20,6 +20,8 @@
 // forgiving scan that rejects nothing. Files of other programs, and new ones, are read and written by Xml.h, which
 // keeps names and values as they are and refuses what is no XML.
 //
+// Threads: an object is for one at a time; different objects may be used at once.
+//
 // Pitfalls:
 //   - Names are written in upper case and are compared with regard to case.
 //   - An element ends at its closing tag alone: one without, <a/> and <a x="1" /> too, takes what follows it

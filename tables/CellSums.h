@@ -18,6 +18,8 @@
 // TryStrToHourAmount and TryStrToMoney. EOverflow where the whole sum leaves the range of its type; the order of the
 // cells plays no part.
 //
+// Threads: any number may sum up one table, which nobody changes meanwhile.
+//
 // Pitfalls: a sum with unreadable cells is the sum of the others: look at IsWhole first. Heads and totals are no part
 // of a range unless it includes them: there is no default for From.
 #pragma once

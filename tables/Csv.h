@@ -23,6 +23,8 @@
 // What was written comes back cell for cell when it is read in the same form; what can't is told before anything on the
 // disk changes. What a faulty file holds is read all the same, and the faults are told.
 //
+// Threads: an object is for one at a time; different objects may be used at once.
+//
 // Pitfalls:
 //   - A guess may go wrong: the bytes of a short text in a code page may be good UTF-8 too, and a table of one column
 //   has

@@ -7,6 +7,8 @@
 // Example:
 //   vx::TSaved saved = vx::SaveWhole(table, u"C:\\Daten\\Kassen.txt", vx::ilRefuse);
 //   if (!saved.IsSaved) show(saved.Lost.ToText());  // how many, and the first of them
+//
+// Threads: any number may look at one table, which nobody changes meanwhile.
 #pragma once
 
 #include <cstdint>

@@ -11,6 +11,8 @@
 //   vx::TSaved saved = vx::SaveWhole(table, u"C:\\Daten\\Kassen.tab");
 //   if (!saved.IsSaved) show(saved.Lost.ToText());  // the file is as it was
 //
+// Threads: any number may save one table, which nobody changes meanwhile, into different files.
+//
 // Pitfall: where a form shifts the cells of a row, all cells from there on count as lost.
 #pragma once
 

@@ -21,6 +21,8 @@
 // Sizes are trimmed for the paper as TDecoratorCanvas does it, with the room between the margins. Nothing is kept of
 // the rows but their heights.
 //
+// Threads: an object is for one at a time; different objects may be used at once.
+//
 // Pitfall: the table must not change while there is a printer for it.
 #pragma once
 

@@ -17,6 +17,8 @@
 // Lines end in a line feed; ReplaceFileContent of platform/SafeFiles.h puts the text into a file. Cells stay texts:
 // u"12" is "12".
 //
+// Threads: any number may write one table, which nobody changes meanwhile.
+//
 // Pitfall: Markdown is for reading. It drops blanks at the ends of cells, and line breaks become <br>.
 #pragma once
 

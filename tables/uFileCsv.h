@@ -19,6 +19,9 @@
 //   table.SetCell(2, row, u"Köln");
 //   table.SaveToFile(u"C:\\Daten\\Patienten.csv");       // the extension decides the separator
 //
+// Threads: several may read a table at once through its const members; who changes it has to be alone with it. Copies
+// share rows and texts until one of them changes, and may go to other threads.
+//
 // Pitfalls:
 //   - A blank ends an unquoted cell when files and commatexts are read; writing quotes such cells.
 //   - ".tab" and ".vxt" files lose empty cells when they are read again.

@@ -11,6 +11,8 @@
 //
 // A word has a German text for the screen and a short symbol for storage, at the same index from 0 on.
 // Texts and symbols are matched exactly unless told; what is not found counts as the first entry.
+//
+// Threads: constants, which any number may read.
 #pragma once
 
 #include <array>

@@ -13,6 +13,8 @@
 // Comparisons never fail: a text that is no such value counts 0, false, or no date. Dates and times are
 // compared by their characters where both have the usual form, and read only where they have not.
 //
+// Threads: any number may put the same rows in order, which nobody changes meanwhile.
+//
 // Pitfalls:
 //   - So texts of unlike forms may compare otherwise than their values: u"9:30" stands behind u"10:00".
 //   - A default TSortColumn has the direction 0, and everything is equal for it.

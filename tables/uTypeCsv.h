@@ -21,6 +21,8 @@
 //
 // The type of a column is asked of the decorations, by GetColumnFieldType; a column without one is sorted as text.
 //
+// Threads: as a TFileCsv; its decorations and its grid belong to the thread of the window that shows it.
+//
 // Pitfalls:
 //   - ClearContent deletes rows here, where that of the plain table empties cells.
 //   - Unless a format is told, dates are sorted by u"yyyymmddhhnnss", which reads each cell as a date; u"yyyymmdd"

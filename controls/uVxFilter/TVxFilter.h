@@ -1,4 +1,6 @@
 // The filter bar.
+//
+// Threads: all of it belongs to the thread of its window.
 #pragma once
 
 #include <vector>

@@ -1,4 +1,6 @@
 // How an item of the filter bar tests and shows: the base, and the kinds without a value.
+//
+// Threads: all of it belongs to the thread of its window.
 #pragma once
 
 #include <string_view>

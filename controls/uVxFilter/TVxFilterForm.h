@@ -1,5 +1,7 @@
 // The window that comes up below an item of the filter bar, without a screen: a text to type, a list to choose from,
 // or a list with check boxes.
+//
+// Threads: all of it belongs to the thread of its window.
 #pragma once
 
 #include <vector>

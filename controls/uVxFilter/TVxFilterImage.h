@@ -1,4 +1,6 @@
 // The filters of the bar that test images: cells with the number of an image, or several with commas between.
+//
+// Threads: all of it belongs to the thread of its window.
 #pragma once
 
 #include <vector>

@@ -1,4 +1,6 @@
 // An item of the filter bar, and the list of them.
+//
+// Threads: all of it belongs to the thread of its window.
 #pragma once
 
 #include <memory>

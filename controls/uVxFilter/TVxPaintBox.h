@@ -1,4 +1,6 @@
 // A control that paints itself, with a border if wanted.
+//
+// Threads: all of it belongs to the thread of its window.
 #pragma once
 
 #include "platform/TPaintBox.h"

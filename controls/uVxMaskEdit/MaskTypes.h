@@ -1,4 +1,6 @@
 // The modes of a masked editor, and all that its rules for texts depend on.
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,6 @@
 // The masked editor itself; uVxMaskEdit.h tells what it is for.
+//
+// Threads: all of it belongs to the thread of its window.
 #pragma once
 
 #include <memory>

@@ -21,6 +21,8 @@
 //   \x           x alone
 //   others       themselves alone
 // Letters are those of the Latin, Greek and Cyrillic scripts. A ! or \ at the end of a template is no place.
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include "platform/String.h"

@@ -1,5 +1,7 @@
 // What the topics of this unit share: dates and times as fields, whole days, numbers written backwards and
 // read up to a separator. For this unit only.
+//
+// Threads: each has its own values, and any number may read the same one.
 #pragma once
 
 #include <cmath>

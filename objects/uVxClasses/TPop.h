@@ -5,6 +5,8 @@
 //   int id = pop.PopInt(0);
 //   vx::TDateTime birthday = pop.PopDate(0, true);   // may be missing at the end of the list
 //   if (!pop.iSuccess) return false;                 // some other value was missing
+//
+// Threads: an object is for one at a time; different objects may be used at once.
 #pragma once
 
 #include "objects/uVxClasses/TVxString.h"
