@@ -1,4 +1,5 @@
 #include <tbb/global_control.h>
+#include <tbb/parallel_for.h>
 #include <tbb/task_group.h>
 #include <time.h>
 
@@ -21,6 +22,7 @@ namespace {
 
 constexpr int kWorkers = 2;
 constexpr int kRounds = 7;
+constexpr int kLoopRounds = 51;
 
 // Work of a length that the compiler can't shorten.
 uint64_t Spin(int Steps, uint64_t Seed) {
@@ -168,6 +170,35 @@ void Measure(const char* What, int Count, double Nanoseconds) {
   Report(name + "_settled_processor", times[5], "two_threads", times[6], Count);
 }
 
+// A loop over a range whose bodies take so many nanoseconds, beside the same one in a single thread.
+void MeasureLoop(const char* What, int Count, double Nanoseconds, TBar Bar) {
+  const int steps = StepsOf(Nanoseconds);
+  std::vector<uint64_t> results(static_cast<size_t>(Count)), wanted(results.size());
+  auto into = [steps](std::vector<uint64_t>& Values) {
+    return [&Values, steps](int i) { Values[static_cast<size_t>(i)] = Spin(steps, static_cast<uint64_t>(i)); };
+  };
+  auto alone = [&] {
+    return Time([&, body = into(wanted)] {
+      for (int i = 0; i < Count; ++i) body(i);
+    });
+  };
+  (void)alone();
+  auto checked = [&](auto Run) {
+    std::fill(results.begin(), results.end(), 0);
+    const double time = Time([&] { Run(into(results)); });
+    Expect(results == wanted, What);
+    return time;
+  };
+  const tbb::global_control limit(tbb::global_control::max_allowed_parallelism, kWorkers);
+  TThreadPool pool(kWorkers);
+  const std::vector<double> times = Medians(
+      kLoopRounds, [&] { return checked([&](auto body) { Expect(pool.ForEach(0, Count, body), What); }); },
+      [&] { return checked([&](auto body) { tbb::parallel_for(0, Count, body); }); }, alone);
+  const std::string name = std::string("machinery/loop_") + What;
+  Report(name, times[0], "tbb_parallel_for", times[1], Count, Bar);
+  Report(name, times[0], "one_thread", times[2], Count);
+}
+
 // The processor's time that a pool takes in ten seconds in which it has nothing to do, its workers stopped.
 void MeasureIdle() {
   TSpinData data;
@@ -189,6 +220,9 @@ void MeasureIdle() {
 void RunPool() {
   Measure("1M_jobs_100ns", 1000000, 100);
   Measure("10k_jobs_50us", 10000, 50000);
+  MeasureLoop("1M_bodies_3ns", 1000000, 3, TBar::AtLeast(0.67));
+  MeasureLoop("1M_bodies_30ns", 1000000, 30, TBar::AtLeast(0.67));
+  MeasureLoop("1k_bodies_30us", 1000, 30000, TBar::AtLeast(0.67));
   MeasureIdle();
 }
 
