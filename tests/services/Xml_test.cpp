@@ -46,6 +46,8 @@ TEST(Xml, ReadsWhatIsMeant) {
            {"<?xml version=\"1.0\" encoding=\"windows-1252\"?><a>\x80\xDF</a>", "<a>{€ß}</>"},
            {"<?xml version='1.0' encoding='iso-8859-1'?><a>\x80\xDF</a>", "<a>{\xC2\x80ß}</>"},
            {"\xFF\xFE" + Wide("<?xml version='1.0' encoding='UTF-16'?><a>\xE4</a>", false), "<a>{ä}</>"},
+           {"<?xmlp encoding='iso-8859-1'?><a>ä</a>", "i{xmlp|encoding='iso-8859-1'}<a>{ä}</>"},
+           {"<!DOCTYPE a [<!ENTITY e ''>]><a>&e;</a>", "d{a| [<!ENTITY e ''>]}<a></>"},
            {Wide("<a>\xE4</a>", true), "<a>{ä}</>"},
            {"<!DOCTYPE a PUBLIC 'p' \"s\" [<!ENTITY e '&f;&#38;#60;'><!ENTITY f \"x\n\"><!ENTITY f 'y'>"
             "<!ATTLIST a t NMTOKENS #IMPLIED u (x|y) ' &f; '><!ELEMENT a (b,c)*>]><a t='  p  q '>&e;</a>",

@@ -239,7 +239,7 @@ bool TXmlScanner::TakeAttributeType(bool& IsPlain) {
   for (;;) {
     SkipBlanks();
     const char16_t* const first = FPos;
-    FPos += EndOfXmlToken(FPos) - FPos;
+    FPos += (type.empty() ? EndOfXmlToken(FPos) : EndOfXmlName(FPos)) - FPos;
     if (FPos == first) return Fail(xfName, FPos);
     SkipBlanks();
     if (*FPos == u')') break;

@@ -135,7 +135,7 @@ void DecodePage(std::string_view Bytes, TXmlInput& Input) {
 
 // The name of the encoding in a declaration at the beginning; empty if there is none.
 String DeclaredName(std::string_view Bytes) {
-  if (!Bytes.starts_with("<?xml")) return {};
+  if (!Bytes.starts_with("<?xml") || Bytes.find_first_of(" \t\r\n") != 5) return {};
   Bytes = Bytes.substr(0, Bytes.find("?>"));
   const size_t at = Bytes.find("encoding");
   if (at == Bytes.npos) return {};

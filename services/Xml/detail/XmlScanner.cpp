@@ -63,8 +63,9 @@ bool TXmlScanner::Next() {
       Piece = xpNone;
       return false;
     }
-    const bool isDropped = Piece == xpText && FLimits.Options.Has(xroDropBlanks) && IsBlankText(Text);
-    if (!isDropped) return true;
+    // An entity may stand for nothing.
+    const bool isKept = Piece != xpText || !(FLimits.Options.Has(xroDropBlanks) ? IsBlankText(Text) : Text.empty());
+    if (isKept) return true;
   }
 }
 
