@@ -15,7 +15,8 @@
 //   - a key of one writer has the ticket last acknowledged, or a later one; it is missing only if its last
 //     acknowledged operation or a later one removed it, and an erased section is there only if made again;
 //   - a key of all has a value whose operation had not ended before an acknowledged one of that key began. An
-//     operation that was not acknowledged counts as one that has not ended.
+//     operation that was not acknowledged counts as one that has not ended;
+//   - a number that all count up in one call tells how often that was acknowledged, and no more than it was begun.
 // While a round runs, two keys that are always stored together never differ, and who reloads changed files by itself
 // sees what was acknowledged before.
 #include <signal.h>
@@ -47,13 +48,31 @@ namespace {
 
 using TCount = std::atomic<uint64_t>;
 using TContent = std::map<std::string, std::string>;  // "Section|key" and its value, "Section|" for a section
-enum { Done, Acknowledged, Lost, Damaged, Litter, Kills, Stops, Full, LogLines, Pieces, Broken, Reads, Again, kTotals };
+enum {
+  Done,
+  Acknowledged,
+  Lost,
+  Damaged,
+  Litter,
+  Kills,
+  Stops,
+  Full,
+  LogLines,
+  Pieces,
+  Broken,
+  Reads,
+  Again,
+  Counted,
+  kTotals
+};
 const std::vector<const char*> kTotalNames({"stores done", "acknowledged", "lost", "damaged", "litter", "kills",
                                             "stops", "disk-full", "log-lines", "pieces-of-lines", "broken-lines",
-                                            "contents read", "stores tried again"});
+                                            "contents read", "stores tried again", "counted up"});
 constexpr int kWriters = 8, kSlots = 7, kCommon = 2, kLines = 1 << 17;
 // The keys, and sections behind theirs, that each writer has to itself; "#" is its number.
 const char* const kNames[kSlots] = {"Alle|a#", "Alle|b#", "Alle|c#", "Fach#|x", "Fach#|", "Lade#|x", "Lade#|"};
+
+const char* const kNumber = "Zahl|n";  // which all count up
 
 struct TSlot {
   TCount Acknowledged;   // twice the ticket, and 1 if it was removed
@@ -65,6 +84,7 @@ struct TRound {
   TSlot Slots[kWriters][kSlots];
   TCount Common[kWriters][kCommon];       // of each writer the last acknowledged ticket, and its end in the lower half
   TCount Newest[kCommon];                 // the last acknowledged ticket of all
+  TCount CountsBegun, CountsDone;         // of kNumber
   std::atomic<uint8_t> Lines[2][kLines];  // 1 if acknowledged
 };
 
@@ -130,7 +150,7 @@ bool Parse(const std::string& Bytes, TContent& Content) {
     } else if (line.empty()) {
       section.clear();
     } else if (key == line || !Content.emplace(name, line.substr(key.size() + 1)).second ||
-               (key != "Datum" && key != "Zeit" && Origin(name, Content[name]).Ticket == 0)) {
+               (key != "Datum" && key != "Zeit" && name != kNumber && Origin(name, Content[name]).Ticket == 0)) {
       return false;
     }
   }
@@ -231,9 +251,25 @@ class TWriter {
     if (Kind > 4) Write(*FIni, CommonName(Kind % kCommon), FNumber, FTicket);
   }
 
+  // A change that is not acknowledged may be in the file only if the process was killed.
+  bool CountUp() {
+    TIniChange change = icNotStored;
+    ++Shared->CountsBegun;
+    for (int tries = 0; change == icNotStored && tries < 50 && !Shared->Stop; ++tries) {
+      change = FIni->Change(Section(kNumber), Key(kNumber), [](String& text) {
+        return text = Wide(std::to_string(std::atoi(Latin(text).c_str()) + 1)), true;
+      });
+    }
+    if (change == icStored) ++Shared->CountsDone, ++Totals[Counted];
+    if (change != icStored) --Shared->CountsBegun;
+    ++Totals[Done];
+    return Warnings == 0;
+  }
+
   bool Operate() {
     TFileFaults faults;
     if (Random(20) == 0) faults.LimitSpace(Random(4000));
+    if (Random(10) == 0) return CountUp();
     const unsigned kind = Random(8);
     const bool isTogether = kind == 0 || Random(2) == 0;
     FPending.clear();
@@ -361,6 +397,11 @@ void CheckFiles() {
     const uint64_t last = Shared->Common[origin.Writer][i], newest = Shared->Newest[i], ended = last & 0xFFFFFFFF;
     const bool isGood = origin.Ticket > last >> 32 || (origin.Ticket == last >> 32 && ended >= newest);
     if (newest > 0 && !isGood) Count(Lost, CommonName(i) + " has an old value");
+  }
+  const auto number = content.find(kNumber);
+  const uint64_t counted = number == content.end() ? 0 : std::strtoull(number->second.c_str(), nullptr, 10);
+  if (counted < Shared->CountsDone || counted > Shared->CountsBegun) {
+    Count(Lost, std::to_string(counted) + " counted, not " + std::to_string(Shared->CountsDone));
   }
   for (const auto& entry : std::filesystem::recursive_directory_iterator(Root)) {
     const std::string path = entry.path();
