@@ -246,10 +246,20 @@ void TBitmapDevice::StretchPixels(const TRect& Pixels, const TBitmap& Bitmap, co
 
 // --- texts
 
+TFace* TBitmapDevice::MasksFor(std::u16string_view Text) {
+  if (FFace->Em() * FScale > TFace::LargestMaskEm || !FFace->IsSimple(Text)) return nullptr;
+  if (FScale == 1) return FFace.get();
+  if (FMasksOf != FFace || FMasksScale != FScale) {
+    FMasks = FFace->Scaled(FScale);
+    FMasksOf = FFace;
+    FMasksScale = FScale;
+  }
+  return FMasks->IsSimple(Text) ? FMasks.get() : nullptr;
+}
+
 void TBitmapDevice::Text(const TTextRun& Run) {
-  const bool letters = FScale == 1 && !Run.Upward && FFace->Em() <= TFace::LargestMaskEm && FFace->IsSimple(Run.Text);
-  if (letters) {
-    DrawLetters(Run.Text, Run.Origin, Run.Color);
+  if (TFace* masks = Run.Upward ? nullptr : MasksFor(Run.Text)) {
+    DrawLetters(*masks, Run.Text, Run.Origin, Run.Color);
     if (FStyle.Has(fsUnderline) || FStyle.Has(fsStrikeOut)) {
       for (const TRect& line : TextLines(*FFace, FStyle, Run, TextWidth(Run.Text))) Fill(line, Run.Color);
     }
@@ -262,18 +272,23 @@ void TBitmapDevice::Text(const TTextRun& Run) {
   Overlay(area, [&](cairo_t* cairo) { PaintText(cairo, *FFace, FStyle, Run, false); });
 }
 
-void TBitmapDevice::DrawLetters(std::u16string_view Text, TPoint Origin, TColor Color) {
+// Each letter stands where the advances before the scale lead to.
+void TBitmapDevice::DrawLetters(TFace& Masks, std::u16string_view Text, TPoint Origin, TColor Color) {
   const TRect visible = Visible({0, 0, FBitmap.GetWidth(), FBitmap.GetHeight()});
   const uint32_t rgb = Rgb(Color);
   const TAlphaFormat format = FBitmap.GetAlphaFormat();
   const int bytes = format == afDefined ? 0 : HasWords(FBitmap) ? 4 : FBitmap.GetPixelFormat() == pf24bit ? 3 : 0;
-  int64_t at = Origin.X;
+  const auto pixel = [scale = FScale](int64_t place) {
+    return scale == 1 ? place : static_cast<int64_t>(std::floor(static_cast<double>(place) * scale + 0.5));
+  };
+  const int64_t baseLine = pixel(Origin.Y);
+  int64_t place = Origin.X;
   for (char16_t unit : Text) {
-    const int advance = FFace->Advance(unit);
-    if (at > visible.Right + int64_t{FFace->Em()}) return;
-    if (at + advance + FFace->Em() > visible.Left) {
-      const TGlyph& glyph = FFace->Glyph(unit);
-      const int x = static_cast<int>(at) + glyph.Left, y = Origin.Y + glyph.Top;
+    const int64_t at = pixel(place), advance = FFace->Advance(unit), behind = pixel(place + advance);
+    if (at > visible.Right + int64_t{Masks.Em()}) return;
+    if (behind + Masks.Em() > visible.Left) {
+      const TGlyph& glyph = Masks.Glyph(unit);
+      const int x = static_cast<int>(at) + glyph.Left, y = static_cast<int>(baseLine) + glyph.Top;
       const TRect part = IntersectRect(visible, {x, y, x + glyph.Width, y + glyph.Height});
       if (part.IsEmpty()) {
       } else if (bytes == 4) {
@@ -284,7 +299,7 @@ void TBitmapDevice::DrawLetters(std::u16string_view Text, TPoint Origin, TColor 
         DrawMaskSlowly(glyph, part, x, y, rgb);
       }
     }
-    at += advance;
+    place += advance;
   }
 }
 

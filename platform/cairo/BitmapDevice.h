@@ -38,7 +38,9 @@ class TBitmapDevice final : public TFaceDevice {
   void Overlay(const TRect& Area, F Paint);
   void OverlayTile(const TRect& Pixels, cairo_surface_t* Surface);
   void StretchPixels(const TRect& Pixels, const TBitmap& Bitmap, const TRect& Source, const TColor* Transparent);
-  void DrawLetters(std::u16string_view Text, TPoint Origin, TColor Color);
+  // The face whose masks are those of Text on the bitmap's pixels; nullptr where letters have none.
+  TFace* MasksFor(std::u16string_view Text);
+  void DrawLetters(TFace& Masks, std::u16string_view Text, TPoint Origin, TColor Color);
   template <int Bytes>
   void DrawMask(const TGlyph& Glyph, const TRect& Part, int X, int Y, uint32_t Pixel);
   void DrawMaskSlowly(const TGlyph& Glyph, const TRect& Part, int X, int Y, uint32_t Rgb);
@@ -47,6 +49,9 @@ class TBitmapDevice final : public TFaceDevice {
   bool FClipped = false;
   TRect FClip;  // in pixels of the bitmap
   double FScale = 1;
+  // FFace, as it is behind the scale.
+  std::shared_ptr<TFace> FMasks, FMasksOf;
+  double FMasksScale = 1;
 };
 
 }  // namespace vx::drawing

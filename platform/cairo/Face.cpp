@@ -99,16 +99,20 @@ bool IsSynthesised(FcPattern* Match) noexcept {
          FcPatternGetMatrix(Match, FC_MATRIX, 0, &slant) == FcResultMatch;
 }
 
-using TFaceKey = std::tuple<String, bool, bool, int>;
+}  // namespace
+
 struct TCachedFace {
   std::shared_ptr<TFace> Face;
   uint64_t LastUse = 0;
 };
 struct TFaceCache {
   std::mutex Mutex;
-  std::map<TFaceKey, TCachedFace> Faces;
+  std::map<TFace::TKey, TCachedFace> Faces;
   uint64_t Uses = 0;
 };
+
+namespace {
+
 // Lives until the program's very end, since canvases may do so.
 TFaceCache& Cache() {
   static auto* cache = [] {
@@ -135,19 +139,28 @@ TFontOptions PixelFontOptions() {
 }
 
 std::shared_ptr<TFace> TFace::Of(const TFont& Font) {
-  const int em = std::min(FontPixels(Font), LargestEm);
-  const TFaceKey key{Font.Name, Font.Style.Has(fsBold), Font.Style.Has(fsItalic), em};
+  return Of(TKey{Font.Name, Font.Style.Has(fsBold), Font.Style.Has(fsItalic), std::min(FontPixels(Font), LargestEm)});
+}
+
+std::shared_ptr<TFace> TFace::Scaled(double Scale) const {
+  TKey key = FKey;
+  std::get<int>(key) = std::clamp(static_cast<int>(std::lround(std::min(FEm * Scale, 1.0 * LargestEm))), 1, LargestEm);
+  return Of(key);
+}
+
+std::shared_ptr<TFace> TFace::Of(const TKey& Key) {
   TFaceCache& cache = Cache();
   std::lock_guard lock(cache.Mutex);
-  auto found = cache.Faces.find(key);
+  auto found = cache.Faces.find(Key);
   if (found == cache.Faces.end()) {
     if (cache.Faces.size() >= MostFaces) {
       cache.Faces.erase(std::min_element(cache.Faces.begin(), cache.Faces.end(), [](const auto& a, const auto& b) {
         return a.second.LastUse < b.second.LastUse;
       }));
     }
-    auto face = std::make_shared<TFace>(Font.Name, Font.Style.Has(fsBold), Font.Style.Has(fsItalic), em);
-    found = cache.Faces.emplace(key, TCachedFace{std::move(face)}).first;
+    const auto& [name, bold, italic, em] = Key;
+    auto face = std::make_shared<TFace>(name, bold, italic, em);
+    found = cache.Faces.emplace(Key, TCachedFace{std::move(face)}).first;
   }
   found->second.LastUse = ++cache.Uses;
   return found->second.Face;
@@ -160,7 +173,7 @@ void TFace::FreeUnused() noexcept {
 }
 
 TFace::TFace(const String& Name, bool Bold, bool Italic, int Em)
-    : FEm(Em), FId([] {
+    : FKey(Name, Bold, Italic, Em), FEm(Em), FId([] {
         static std::atomic<uint64_t> made{0};
         return ++made;
       }()) {

@@ -18,6 +18,7 @@
 #include <mutex>
 #include <string>
 #include <string_view>
+#include <tuple>
 #include <vector>
 
 #include "platform/TCanvas.h"
@@ -68,6 +69,8 @@ class TFace {
 
   // The face of the font's name, style and size, from the cache or made.
   static std::shared_ptr<TFace> Of(const TFont& Font);
+  // The same font, so many times as large, in whole pixels.
+  std::shared_ptr<TFace> Scaled(double Scale) const;
   static void FreeUnused() noexcept;
 
   TFace(const String& Name, bool Bold, bool Italic, int Em);
@@ -92,6 +95,7 @@ class TFace {
   const TGlyph& Glyph(char16_t Unit);
 
  private:
+  friend struct TFaceCache;
   static constexpr int kPages = 0x28;
   // What the advances are stored as: 0 is not known yet, kShaped is for shaping, others are kStored higher.
   static constexpr int kShaped = 1;
@@ -112,6 +116,11 @@ class TFace {
   TPage& Page(char16_t Unit);
   void MakeMask(TGlyph& Glyph);
 
+  // As the cache knows a face.
+  using TKey = std::tuple<String, bool, bool, int>;
+  static std::shared_ptr<TFace> Of(const TKey& Key);
+
+  const TKey FKey;
   const int FEm;
   const uint64_t FId;
   TFontMetrics FMetrics;
