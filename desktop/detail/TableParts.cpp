@@ -6,6 +6,7 @@
 #include <algorithm>
 #include <climits>
 
+#include "controls/NightColors.h"
 #include "desktop/QtValues.h"
 #include "tables/uTypeCsv/TCsvView.h"
 
@@ -92,7 +93,7 @@ TGridDrawStates TTableParts::StatesOf(int Col, int Row) const {
 void TTableParts::Paint(const QPaintEvent& Event) {
   Sync();
   const QSize size = Widget.viewport()->size();
-  Picture.SetSize(size, Widget.viewport()->devicePixelRatioF(), false);
+  Picture.SetSize(size, Widget.viewport()->devicePixelRatioF(), IsNight());
   Picture.Refresh([this](TCanvas& canvas, const TRect& area) {
     Painter.Paint(canvas, area, [this](int col, int row) { return StatesOf(col, row); });
   });

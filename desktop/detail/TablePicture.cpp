@@ -3,19 +3,20 @@
 #include <algorithm>
 #include <cmath>
 #include <cstring>
+#include <memory>
 
+#include "controls/NightColors.h"
 #include "desktop/QtValues.h"
 
 namespace vx::detail {
 
 void TTablePicture::SetSize(QSize Size, double Scale, bool IsNight) {
-  if (Size == FSize && Scale == FScale && IsNight == FIsNight && FCanvas) return;
+  if (Size == FSize && Scale == FScale && IsNight == FIsNight && !FImage.isNull()) return;
   FSize = Size;
   FScale = Scale;
   FIsNight = IsNight;
   const auto pixels = [Scale](int size) { return std::max(static_cast<int>(std::ceil(size * Scale)), 1); };
   FImage = QImage();
-  FCanvas.reset();
   FBitmap = TBitmap(pf32bit, pixels(Size.width()), pixels(Size.height()));
   // All pixels are opaque, and say so, as Qt wants it.
   FBitmap.SetAlphaFormat(afPremultiplied);
@@ -24,11 +25,6 @@ void TTablePicture::SetSize(QSize Size, double Scale, bool IsNight) {
   FImage.setDevicePixelRatio(Scale);
   FDirty = QRegion();
   Invalidate();
-}
-
-TCanvas& TTablePicture::GetCanvas() {
-  if (FBitmap.GetEmpty()) SetSize({1, 1}, 1, false);
-  return FBitmap.GetCanvas();
 }
 
 void TTablePicture::Scroll(const QRect& Area, int DX, int DY) {
@@ -60,13 +56,22 @@ void TTablePicture::Scroll(const QRect& Area, int DX, int DY) {
 }
 
 void TTablePicture::Refresh(FunctionRef<void(TCanvas&, const TRect&)> Paint) {
-  TCanvas& canvas = GetCanvas();
-  const TCanvasState saved(canvas);
-  canvas.SetScale(FScale);
+  if (FIsNight) {
+    // A device of its own for each time, as the desktop's colours may have changed.
+    TCanvas night(std::make_unique<TNightDevice>(FBitmap.GetCanvas().GetDevice()));
+    Refresh(night, Paint);
+  } else {
+    Refresh(FBitmap.GetCanvas(), Paint);
+  }
+}
+
+void TTablePicture::Refresh(TCanvas& Canvas, FunctionRef<void(TCanvas&, const TRect&)> Paint) {
+  const TCanvasState saved(Canvas);
+  Canvas.SetScale(FScale);
   // Pieces that lie apart by little are painted as one.
   if (FDirty.rectCount() > 8) FDirty = FDirty.boundingRect();
   FDirty &= QRect(QPoint(), FSize);
-  for (const QRect& rect : FDirty) Paint(canvas, FromQt(rect));
+  for (const QRect& rect : FDirty) Paint(Canvas, FromQt(rect));
   FDirty = QRegion();
 }
 

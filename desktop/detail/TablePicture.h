@@ -7,7 +7,6 @@
 #include <QImage>
 #include <QPainter>
 #include <QRegion>
-#include <memory>
 
 #include "platform/TBitmap.h"
 #include "platform/TCanvas.h"
@@ -28,11 +27,13 @@ class TTablePicture {
   void Refresh(FunctionRef<void(TCanvas& Canvas, const TRect& Area)> Paint);
   void Show(QPainter& Painter, const QRegion& Region) const;
   // Where texts are measured: before the scale.
-  TCanvas& GetCanvas();
+  TCanvas& GetCanvas() { return FMeasuring.GetCanvas(); }
 
  private:
+  void Refresh(TCanvas& Canvas, FunctionRef<void(TCanvas& Canvas, const TRect& Area)> Paint);
+
   TBitmap FBitmap;
-  std::unique_ptr<TCanvas> FCanvas;
+  TBitmap FMeasuring{pf32bit, 1, 1};
   QImage FImage;  // on the pixels of the bitmap
   QRegion FDirty;
   QSize FSize;
