@@ -5,6 +5,7 @@
 //   CopyAsText, CopyAsHtml    the selected cells for the clipboard
 //   PasteText                 a block from the clipboard into cells
 //   FindCell                  the next cell with a text
+//   CellEditorOf, RepairCellText    how cells of each type are changed, and which texts they take
 //
 // Example:
 //   vx::TTypeCsv table;
@@ -26,6 +27,7 @@
 // One thread at a time.
 #pragma once
 
+#include "controls/TableEditing/CellEditing.h"
 #include "controls/TableEditing/TTableHistory.h"
 #include "controls/TableEditing/TTableSelection.h"
 #include "controls/TableEditing/TableBlocks.h"

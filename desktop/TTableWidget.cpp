@@ -29,6 +29,8 @@ TTableWidget::~TTableWidget() = default;
 TTypeCsv* TTableWidget::GetTable() const noexcept { return FParts->Scene.GetTable(); }
 
 void TTableWidget::SetTable(TTypeCsv* Value) {
+  FParts->Editing.Forget();
+  FParts->Editing.History = nullptr;
   FParts->Scene.SetTable(Value);
   FParts->Current = {-1, -1};
   FParts->Mouse.Forget();
@@ -36,6 +38,7 @@ void TTableWidget::SetTable(TTypeCsv* Value) {
   FParts->UpdateBars();
   FParts->Scene.MeasureSample(FParts->Picture.GetCanvas());
   FParts->UpdateBars();
+  FParts->Editing.Sync();
   FParts->Invalidate();
 }
 
@@ -44,6 +47,7 @@ void TTableWidget::TableChanged() {
   FParts->Sync();
   if (!hadRows) FParts->Scene.MeasureSample(FParts->Picture.GetCanvas());
   FParts->UpdateBars();
+  FParts->Editing.Sync();
   FParts->Invalidate();
 }
 
@@ -66,15 +70,48 @@ void TTableWidget::EnsureVisible(int Col, int Row) {
 
 TPoint TTableWidget::GetCurrentCell() const noexcept { return FParts->Current; }
 
-void TTableWidget::SetCurrentCell(TPoint Value) {
-  const TPoint cell = FParts->HasCell(Value) ? Value : TPoint{-1, -1};
-  if (cell == FParts->Current) return;
-  FParts->InvalidateCell(FParts->Current);
-  FParts->Current = cell;
-  FParts->InvalidateCell(cell);
-  if (cell.X >= 0) EnsureVisible(cell.X, cell.Y);
-  emit CurrentCellChanged(cell.X, cell.Y);
+void TTableWidget::SetCurrentCell(TPoint Value) { FParts->Editing.MoveTo(Value.X, Value.Y); }
+
+// --- selection and editing ---
+
+const TTableSelection& TTableWidget::GetSelection() const noexcept { return FParts->Editing.Selection; }
+
+const std::vector<int>& TTableWidget::GetShownColumns() const noexcept { return FParts->Editing.ShownColumns(); }
+
+bool TTableWidget::IsSelected(int Col, int Row) const {
+  return TPoint{Col, Row} == FParts->Current || FParts->Editing.IsSelected(Col, Row);
 }
+
+TTableHistory* TTableWidget::GetHistory() const noexcept { return FParts->Editing.History; }
+
+void TTableWidget::SetHistory(TTableHistory* Value) {
+  FParts->Editing.EndEdit(false);
+  FParts->Editing.History = Value;
+}
+
+void TTableWidget::SetMayEdit(std::function<bool(int Col, int Row)> Value) {
+  FParts->Editing.MayEdit = std::move(Value);
+}
+
+bool TTableWidget::BeginEdit() { return FParts->Editing.BeginEdit(); }
+
+bool TTableWidget::EndEdit(bool Keep) { return FParts->Editing.EndEdit(Keep); }
+
+QWidget* TTableWidget::GetEditor() const noexcept { return FParts->Editing.Editor(); }
+
+void TTableWidget::Undo() { FParts->Editing.Undo(); }
+
+void TTableWidget::Redo() { FParts->Editing.Redo(); }
+
+void TTableWidget::Cut() { FParts->Editing.Cut(); }
+
+void TTableWidget::Copy() { FParts->Editing.Copy(); }
+
+void TTableWidget::Paste() { FParts->Editing.Paste(); }
+
+void TTableWidget::ClearSelected() { FParts->Editing.ClearSelected(); }
+
+bool TTableWidget::FindNext(const String& Text, TFindOptions Options) { return FParts->Editing.Find(Text, Options); }
 
 // --- columns ---
 
@@ -186,12 +223,14 @@ void TTableWidget::mousePressEvent(QMouseEvent* Event) {
   if (FParts->Head.Press(*Event)) return;
   FParts->Mouse.Press(*Event);
   const TPoint cell = CellAt(Event->position().toPoint());
-  if (Event->button() == Qt::LeftButton && cell.X >= 0 && cell.Y >= 0) SetCurrentCell(cell);
+  if (Event->button() == Qt::LeftButton && cell.X >= 0 && cell.Y >= 0) FParts->Editing.Press(*Event, cell);
 }
 
 void TTableWidget::mouseMoveEvent(QMouseEvent* Event) {
   FParts->Sync();
-  if (!FParts->Head.Move(*Event)) FParts->Mouse.Move(Event->position().toPoint());
+  if (FParts->Head.Move(*Event)) return;
+  FParts->Editing.Drag(*Event);
+  FParts->Mouse.Move(Event->position().toPoint());
 }
 
 void TTableWidget::mouseReleaseEvent(QMouseEvent* Event) {
@@ -204,12 +243,34 @@ void TTableWidget::mouseDoubleClickEvent(QMouseEvent* Event) {
   if (FParts->Head.DoubleClick(*Event)) return;
   mousePressEvent(Event);
   const TPoint cell = CellAt(Event->position().toPoint());
-  if (Event->button() == Qt::LeftButton && cell.X >= 0 && cell.Y >= 0) emit CellDoubleClicked(cell.X, cell.Y);
+  if (Event->button() != Qt::LeftButton || cell.X < 0 || cell.Y < 0) return;
+  emit CellDoubleClicked(cell.X, cell.Y);
+  BeginEdit();
+}
+
+void TTableWidget::keyPressEvent(QKeyEvent* Event) {
+  FParts->Sync();
+  const bool leaves = Event->modifiers().testFlag(Qt::ControlModifier) &&
+                      (Event->key() == Qt::Key_Tab || Event->key() == Qt::Key_Backtab);
+  if (leaves) {
+    QAbstractScrollArea::focusNextPrevChild(Event->key() == Qt::Key_Tab);
+  } else if (!FParts->Editing.Key(*Event)) {
+    Event->ignore();  // scrolling is the selection's affair
+  }
+}
+
+// Within a table that can be changed Tab goes from cell to cell.
+bool TTableWidget::focusNextPrevChild(bool IsNext) {
+  return GetHistory() == nullptr && QAbstractScrollArea::focusNextPrevChild(IsNext);
 }
 
 void TTableWidget::contextMenuEvent(QContextMenuEvent* Event) {
   FParts->Sync();
   const TPoint cell = CellAt(Event->pos());
+  if (Event->reason() == QContextMenuEvent::Keyboard && FParts->Current.X >= 0) {
+    const QRect current = CellRect(FParts->Current.X, FParts->Current.Y);
+    return ShowColumnMenu(FParts->Current.X, viewport()->mapToGlobal(current.bottomLeft()));
+  }
   if (!FParts->Scene.IsHead(cell.Y)) {
     QAbstractScrollArea::contextMenuEvent(Event);
     return;

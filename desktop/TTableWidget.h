@@ -18,6 +18,12 @@
 // dragged for another width, and double clicked for the fitting one; with the mouse held down on it, a column is moved.
 // Order, widths and hidden columns are those of the screen alone: the table stays as it is.
 //
+// Keys: arrows, Home, End, page keys and Ctrl with them go, with Shift they select, Ctrl+A selects all, Ctrl+Space and
+// Shift+Space columns and rows; F7 sorts by the column, Shift+F7 offers the grouping of dates, the menu key the
+// columns. In a table that can be changed (SetHistory) F2, a double click or a letter edits the cell, Space turns a box
+// over, Return and Tab keep the text and go on, Escape gives it up; Ctrl+Tab leaves the table. Ctrl with X, C, V, Z and
+// Y, and Delete, are what they are everywhere.
+//
 // Columns and rows are told as the table counts them, wherever they stand on the screen.
 //
 // Pitfalls:
@@ -31,8 +37,11 @@
 #pragma once
 
 #include <QAbstractScrollArea>
+#include <functional>
 #include <memory>
+#include <vector>
 
+#include "controls/TableEditing.h"
 #include "platform/Graphics.h"
 #include "platform/String.h"
 
@@ -42,8 +51,9 @@ class TTypeCsv;
 class TTableScene;
 
 namespace detail {
+class TTableEditing;
 class TTableParts;
-}
+}  // namespace detail
 
 class TTableWidget : public QAbstractScrollArea {
   Q_OBJECT
@@ -68,8 +78,8 @@ class TTableWidget : public QAbstractScrollArea {
   QRect CellRect(int Col, int Row) const;
   // Scrolls no further than needed.
   void EnsureVisible(int Col, int Row);
-  // The cell with the focus; (-1, -1) for none, as at first. Setting it scrolls there, and takes a cell that is not
-  // there for none.
+  // The cell with the focus, the first of the content at first; (-1, -1) if there is none. Setting it selects it alone
+  // and scrolls there; a hidden or fixed cell is not taken.
   TPoint GetCurrentCell() const noexcept;
   void SetCurrentCell(TPoint Value);
 
@@ -93,6 +103,36 @@ class TTableWidget : public QAbstractScrollArea {
   // Offers fitting, hiding and showing of columns, at a place of the screen; Col is the one that is meant, or -1.
   void ShowColumnMenu(int Col, QPoint Global);
 
+  // --- selection ---
+  // By places on the screen, which count the shown columns from the left.
+  const TTableSelection& GetSelection() const noexcept;
+  // The table's columns by these places; until the layout changes.
+  const std::vector<int>& GetShownColumns() const noexcept;
+  bool IsSelected(int Col, int Row) const;
+  // Goes to the next cell with the text (FindCell of controls/TableEditing.h); false if there is none.
+  bool FindNext(const String& Text, TFindOptions Options = {});
+
+  // --- editing ---
+  // Makes the changes of the user and remembers them; not owned. Without one, as at first and after SetTable, nothing
+  // can be changed.
+  TTableHistory* GetHistory() const noexcept;
+  void SetHistory(TTableHistory* Value);
+  // Asked before a cell is changed; empty: all cells may be.
+  void SetMayEdit(std::function<bool(int Col, int Row)> Value);
+  // The masked editor that the type of the current cell asks for. False where the cell can't be edited.
+  bool BeginEdit();
+  // Keep: the text goes into the cell. False if it is no value of the cell's type: Refused tells, and the editor stays.
+  bool EndEdit(bool Keep);
+  // The editor on the cell, the widget's; nullptr for none.
+  QWidget* GetEditor() const noexcept;
+  // What the keys and the window's menus do.
+  void Undo();
+  void Redo();
+  void Cut();
+  void Copy();
+  void Paste();
+  void ClearSelected();
+
   // --- texts ---
   // What stands there while the table has no row of content.
   const String& GetEmptyText() const noexcept;
@@ -110,6 +150,11 @@ class TTableWidget : public QAbstractScrollArea {
   void ButtonClicked(int Col, int Row);
   void CellDoubleClicked(int Col, int Row);
   void CurrentCellChanged(int Col, int Row);
+  void SelectionChanged();
+  // The user has changed cells, also by undoing; GetHistory tells whether the table is another one than was saved.
+  void Edited();
+  // A text that is no value of its cell's type, or what a paste could not put in.
+  void Refused(const QString& Text);
   // The place has changed, in pixels.
   void Scrolled(int X, int Y);
 
@@ -122,6 +167,8 @@ class TTableWidget : public QAbstractScrollArea {
   void mouseMoveEvent(QMouseEvent* Event) override;
   void mouseReleaseEvent(QMouseEvent* Event) override;
   void mouseDoubleClickEvent(QMouseEvent* Event) override;
+  void keyPressEvent(QKeyEvent* Event) override;
+  bool focusNextPrevChild(bool IsNext) override;
   void contextMenuEvent(QContextMenuEvent* Event) override;
   void changeEvent(QEvent* Event) override;
   void focusInEvent(QFocusEvent* Event) override;
@@ -129,6 +176,7 @@ class TTableWidget : public QAbstractScrollArea {
 
  private:
   friend class detail::TTableParts;
+  friend class detail::TTableEditing;
   std::unique_ptr<detail::TTableParts> FParts;
 };
 

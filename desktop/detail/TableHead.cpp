@@ -94,13 +94,7 @@ bool TTableHead::Release(const QMouseEvent& Event) {
   FParts.Widget.viewport()->unsetCursor();
   if (state == hsMoving) Drop();
   TTypeCsv* table = FParts.Scene.GetTable();
-  if (state == hsPressed && cell == FCell && table) {
-    TControl& control = FParts.ControlAt(Event.position().toPoint());
-    table->ClickHead(&control, cell.X, cell.Y, mbLeft, [&] {
-      FParts.Widget.TableChanged();
-      emit FParts.Widget.Sorted(cell.X);
-    });
-  }
+  if (state == hsPressed && cell == FCell && table) Click(cell, mbLeft, Event.position().toPoint());
   FParts.Widget.viewport()->update();
   return true;
 }
@@ -124,10 +118,21 @@ void TTableHead::Menu(QPoint Place, bool WantsColumns) {
     FParts.Widget.ShowColumnMenu(cell.X, FParts.Widget.viewport()->mapToGlobal(Place));
     return;
   }
-  table->ClickHead(&FParts.ControlAt(Place), cell.X, cell.Y, mbRight, [&] {
+  Click(cell, mbRight, Place);
+}
+
+void TTableHead::Click(TPoint Cell, TMouseButton Button, QPoint Place) {
+  FParts.Scene.GetTable()->ClickHead(&FParts.ControlAt(Place), Cell.X, Cell.Y, Button, [&] {
     FParts.Widget.TableChanged();
-    emit FParts.Widget.Sorted(cell.X);
+    emit FParts.Widget.Sorted(Cell.X);
   });
+}
+
+void TTableHead::SortBy(int Col, bool OffersGrouping) {
+  const TTypeCsv* table = FParts.Scene.GetTable();
+  if (table == nullptr || Col < 0 || table->GetContentTop() == 0) return;
+  const TRect cell = FParts.Scene.CellRect(Col, 0);
+  Click({Col, 0}, OffersGrouping ? mbRight : mbLeft, QPoint(cell.Left, cell.Bottom));
 }
 
 void TTableHead::Show(QPainter& Painter) const {

@@ -19,7 +19,7 @@ bool TTableParts::HasCell(TPoint Cell) const {
 
 void TTableParts::Sync() {
   if (!Scene.Sync()) return;
-  if (!HasCell(Current)) Current = {-1, -1};
+  Editing.Sync();
   Mouse.Forget();
   Head.Forget();
   Invalidate();
@@ -64,6 +64,8 @@ void TTableParts::InvalidateRow(int Row) {
 
 void TTableParts::LayoutChanged() {
   UpdateBars();
+  Editing.Sync();
+  Editing.PlaceEditor();
   Invalidate();
   emit Widget.LayoutChanged();
 }
@@ -78,6 +80,7 @@ void TTableParts::Scrolled(int DX, int DY) {
   if (DX != 0) Picture.Scroll({middle.left(), 0, middle.width(), size.height()}, DX, 0);
   if (DY != 0) Picture.Scroll({0, middle.top(), size.width(), middle.height()}, 0, DY);
   Widget.viewport()->update();
+  Editing.PlaceEditor();
   emit Widget.Scrolled(Widget.horizontalScrollBar()->value(), Widget.verticalScrollBar()->value());
 }
 
@@ -85,6 +88,7 @@ TGridDrawStates TTableParts::StatesOf(int Col, int Row) const {
   TGridDrawStates states;
   const TPoint cell{Col, Row};
   if (cell == Current) states.Include(gdFocused);
+  if (Editing.IsSelected(Col, Row)) states.Include(gdSelected);
   if (cell == Mouse.GetHot()) states.Include(gdHotTrack);
   if (cell == Mouse.GetPressed() && cell == Mouse.GetHot()) states.Include(gdPressed);
   return states;

@@ -7,6 +7,7 @@
 #include "controls/TablePainter.h"
 #include "controls/TableScene.h"
 #include "desktop/TTableWidget.h"
+#include "desktop/detail/TableEditing.h"
 #include "desktop/detail/TablePicture.h"
 #include "platform/TControl.h"
 
@@ -32,8 +33,11 @@ class TTableHead {
   // Where a dragged column would go, drawn over the picture.
   void Show(QPainter& Painter) const;
   void Forget() noexcept { FState = hsIdle; }
+  // As a click of the left button on the column's head, or of the right one.
+  void SortBy(int Col, bool OffersGrouping);
 
  private:
+  void Click(TPoint Cell, TMouseButton Button, QPoint Place);
   enum TState { hsIdle, hsPressed, hsSizing, hsMoving };
   // The column whose right edge is near, -1 for none.
   int EdgeAt(QPoint Place) const;
@@ -74,7 +78,8 @@ class TTableMouse {
 
 class TTableParts {
  public:
-  explicit TTableParts(TTableWidget& Owner) : Widget(Owner), Painter(Scene), Head(*this), Mouse(*this) {}
+  explicit TTableParts(TTableWidget& Owner)
+      : Widget(Owner), Painter(Scene), Head(*this), Mouse(*this), Editing(*this) {}
 
   bool HasCell(TPoint Cell) const;
   // In step with the table, and the scroll bars with both.
@@ -100,6 +105,7 @@ class TTableParts {
   TTablePicture Picture;
   TTableHead Head;
   TTableMouse Mouse;
+  TTableEditing Editing;
   TControl Control;
   TPoint Current{-1, -1};
   String EmptyText = u"Keine Zeilen";
