@@ -13,6 +13,7 @@
 #include "objects/uVxClasses.h"
 #include "objects/uVxClassesString.h"
 #include "platform/CodePage.h"
+#include "services/Xml.h"
 #include "services/uVxXml.h"
 
 namespace vx::bench {
@@ -119,6 +120,52 @@ void MeasureXml(const char* What, size_t Units) {
   Report("machinery/write_xml_commatext", write[0], "pugixml", write[4]);
 }
 
+// The strict reader and writer. pugixml keeps all, too; tinyxml2 leaves out texts of blanks alone.
+void MeasureStrictXml(size_t Units) {
+  TVxStringList lines;
+  MakeTree(Units)->GetXmlText(0, lines);
+  const std::string bytes = lines.GetTextStr().ToUtf8();
+  constexpr unsigned kAll = pugi::parse_full | pugi::parse_ws_pcdata;
+  TXmlDocument document;
+  tinyxml2::XMLDocument tinyDoc(true, tinyxml2::PRESERVE_WHITESPACE);
+  pugi::xml_document pugiDoc;
+  size_t pieces = 0, size = 0;
+  auto ours = [&] { return Time([&] { Expect(!ReadXml(document, std::string_view(bytes)), "read"); }); };
+  auto oursPieces = [&] {
+    return Time([&] {
+      TXmlReader reader = TXmlReader::OverBytes(bytes);
+      while (reader.Next()) ++pieces;
+    });
+  };
+  auto tiny = [&] { return Time([&] { Expect(tinyDoc.Parse(bytes.data(), bytes.size()) == 0, "tiny"); }); };
+  auto pugi = [&] {
+    return Time([&] { Expect(bool(pugiDoc.load_buffer(bytes.data(), bytes.size(), kAll)), "pugi"); });
+  };
+  const auto read = Medians(9, ours, oursPieces, tiny, pugi);
+  Report("machinery/read_strict_xml", read[0], "tinyxml2", read[2], 1, TBar::AtLeast(1));
+  Report("machinery/read_strict_xml", read[0], "pugixml", read[3]);
+  Report("machinery/read_strict_xml_pieces", read[1], "pugixml", read[3]);
+  auto oursOut = [&] { return Time([&] { size += WriteXml(document).Bytes.size(); }); };
+  auto tinyOut = [&] {
+    return Time([&] {
+      tinyxml2::XMLPrinter printer(nullptr, true);
+      tinyDoc.Print(&printer);
+      size += static_cast<size_t>(printer.CStrSize());
+    });
+  };
+  auto pugiOut = [&] {
+    return Time([&] {
+      std::ostringstream out;
+      pugiDoc.save(out, "", pugi::format_raw);
+      size += out.str().size();
+    });
+  };
+  const auto write = Medians(9, oursOut, tinyOut, pugiOut);
+  Report("machinery/write_strict_xml", write[0], "tinyxml2", write[1], 1, TBar::AtLeast(1));
+  Report("machinery/write_strict_xml", write[0], "pugixml", write[2]);
+  Expect(pieces > 0 && size > 0, "strict");
+}
+
 void MeasureTemplates() {
   constexpr int kFills = 10000, kHolders = 50;
   String source;
@@ -164,6 +211,7 @@ void RunTexts() {
   MeasureTemplates();
   MeasureXml("0.5 MB", 500000);
   MeasureXml("5 MB", 5000000);
+  for (size_t units : {500000, 5000000}) MeasureStrictXml(units);
 }
 
 }  // namespace vx::bench
