@@ -1,5 +1,6 @@
 // Trees as XML.
 #include <algorithm>
+#include <array>
 #include <utility>
 
 #include "platform/CodePage.h"
@@ -15,6 +16,23 @@ namespace vx {
 namespace {
 
 enum TPlace : uint8_t { plText, plValue, plCData, plComment, plName };
+
+constexpr bool IsPlainAscii(char16_t Unit, TPlace Place) noexcept {
+  if (Unit < u' ') return (Unit == u'\n' || Unit == u'\t') && Place != plValue;
+  if (Place == plCData) return Unit != u']';
+  const bool isMarkup = Unit == u'<' || Unit == u'>' || Unit == u'&' || (Unit == u'"' && Place == plValue);
+  return !isMarkup || Place >= plComment;
+}
+// A bit for each place where the unit can stand as it is.
+constexpr auto kPlainAscii = [] {
+  std::array<uint8_t, 128> places{};
+  for (char16_t unit = 0; unit < 128; ++unit) {
+    for (TPlace place : {plText, plValue, plCData, plComment, plName}) {
+      if (IsPlainAscii(unit, place)) places[unit] = static_cast<uint8_t>(places[unit] | 1 << place);
+    }
+  }
+  return places;
+}();
 
 class TXmlWriter {
  public:
@@ -183,10 +201,7 @@ class TXmlWriter {
       const bool isCharacter = Unit < 0xD800 || (Unit >= 0xE000 && Unit < 0xFFFE);
       return isCharacter && (FIsUnicode || (FPage != nullptr && FPage->CanEncode(Unit)));
     }
-    if (Unit < u' ') return (Unit == u'\n' || Unit == u'\t') && Place != plValue;
-    if (Place == plCData) return Unit != u']';
-    const bool isMarkup = Unit == u'<' || Unit == u'>' || Unit == u'&' || (Unit == u'"' && Place == plValue);
-    return !isMarkup || Place >= plComment;
+    return (kPlainAscii[Unit] >> Place & 1) != 0;
   }
 
   bool PutText(std::u16string_view Text, TPlace Place) {

@@ -1,5 +1,6 @@
 #include "services/Xml/detail/XmlChars.h"
 
+#include <algorithm>
 #include <array>
 #include <string>
 
@@ -62,8 +63,10 @@ const char16_t* EndOfXmlName(const char16_t* First) noexcept { return EndOf(Firs
 const char16_t* EndOfXmlToken(const char16_t* First) noexcept { return EndOf(First, uPart); }
 
 bool IsXmlName(std::u16string_view Text) {
+  const auto isPart = [](char16_t unit) { return unit < 128 && (kAscii[unit] & uPart) != 0; };
+  if (std::ranges::all_of(Text, isPart)) return !Text.empty() && (kAscii[Text[0]] & uStart) != 0;
   const std::u16string text(Text);  // with a unit 0 behind it
-  return !text.empty() && EndOfXmlName(text.c_str()) == text.c_str() + text.size();
+  return EndOfXmlName(text.c_str()) == text.c_str() + text.size();
 }
 
 }  // namespace vx::detail
