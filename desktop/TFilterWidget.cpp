@@ -135,8 +135,9 @@ bool TFilterWidget::event(QEvent* Event) {
 bool TFilterWidget::CanOpen(int Index) const {
   if (Index < 0 || Index >= FBar.GetItems().GetCount()) return false;
   const TVxFilterItem& item = FBar.GetItems().Get(Index);
-  const TFilterType type = item.GetEffectiveType();
-  return item.GetWidth() > 0 && type != ftNone && type != ftData;
+  const TVxFilterCore* core = &item.GetFilterCore();
+  return item.GetWidth() > 0 && dynamic_cast<const TVxFilterNone*>(core) == nullptr &&
+         dynamic_cast<const TVxFilterData*>(core) == nullptr;
 }
 
 void TFilterWidget::SetCurrentItem(int Index) {
