@@ -33,7 +33,6 @@ TEST(TGaugeWidget, MovesWhileTheMainThreadIsBusy) {
   widget.Gauge().SetPosition(40);
   EXPECT_EQ(widget.Count, before + 1) << "no events have run";
   widget.Gauge().SetPosition(60);
-  EXPECT_EQ(widget.Count, before + 1) << "a moment later";
   EXPECT_EQ(widget.BarEnd(), 60);
   widget.hide();
   const int hidden = widget.Count;
