@@ -111,6 +111,12 @@ void TTableColumns::SetHidden(int Col, bool Value) {
   }
 }
 
+void TTableColumns::ShowAll() {
+  std::vector<int> widths(static_cast<size_t>(GetCount()));
+  for (int col = 0; col < GetCount(); ++col) widths[static_cast<size_t>(col)] = GetWidth(col);
+  SetWidths(widths);
+}
+
 void TTableColumns::Move(int From, int To) {
   if (!Has(From) || !Has(To) || From == To) return;
   std::vector<int> order = FOrder;

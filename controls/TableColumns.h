@@ -45,6 +45,7 @@ class TTableColumns {
   void SetWidths(const std::vector<int>& Widths);
   bool GetHidden(int Col) const noexcept { return FHidden.count(Col) != 0; }
   void SetHidden(int Col, bool Value);
+  void ShowAll();
   int CountShown() const noexcept { return GetCount() - static_cast<int>(FHidden.size()); }
   // Both are places.
   void Move(int From, int To);

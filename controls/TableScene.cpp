@@ -80,13 +80,35 @@ bool TTableScene::Sync() {
   if (!isChanged) return false;
   FColumns.SetCount(cols);
   FColumns.SetLine(line);
-  FRows.SetCount(rows);
+  if (rows != FRows.GetCount()) ResetHeights(rows, fixed);
   FFixed = fixed;
   ScrollTo(FOffset);
   return true;
 }
 
 // --- sizes ---
+
+void TTableScene::ResetHeights(int Rows, const TRect& Fixed) {
+  const auto heights = [this](int from, int count) {
+    std::vector<int> result;
+    for (int row = from; row < from + count; ++row) result.push_back(FRows.GetSize(row));
+    return result;
+  };
+  const int count = FRows.GetCount();
+  const std::vector<int> top = heights(0, std::min(FFixed.Top, count));
+  const std::vector<int> bottom = heights(count - std::min(FFixed.Bottom, count), std::min(FFixed.Bottom, count));
+  FRows.Reset(Rows, FRows.GetCommonSize());
+  for (int i = 0; i < std::min(static_cast<int>(top.size()), Fixed.Top); ++i) {
+    FRows.SetSize(i, top[static_cast<size_t>(i)]);
+  }
+  const int same = std::min(static_cast<int>(bottom.size()), Fixed.Bottom);
+  for (int i = 0; i < same; ++i) FRows.SetSize(Rows - 1 - i, bottom[bottom.size() - 1 - static_cast<size_t>(i)]);
+  FRowsFit = false;
+}
+
+void TTableScene::UnfitRows() {
+  if (FRowsFit) ResetHeights(FRows.GetCount(), FFixed);
+}
 
 // Of a sample of Sampled rows and the last ones.
 void TTableScene::TakeHeights(const TTableSizes& Sizes, int Sampled) {
@@ -96,11 +118,29 @@ void TTableScene::TakeHeights(const TTableSizes& Sizes, int Sampled) {
   const int top = std::min(FFixed.Top, Sampled);
   TTableAxis sample;
   sample.SetSizes(std::span(heights).subspan(static_cast<size_t>(top), static_cast<size_t>(Sampled - top)));
+  FRowsFit = false;
   FRows.Reset(FTable->GetCount(), sample.GetCount() > 0 ? sample.GetCommonSize() : kDefaultHeight);
   const int count = static_cast<int>(heights.size());
   for (int i = 0; i < count; ++i) {
     if (i < top) FRows.SetSize(i, heights[static_cast<size_t>(i)]);
     if (i >= Sampled) FRows.SetSize(FTable->GetCount() - count + i, heights[static_cast<size_t>(i)]);
+  }
+}
+
+void TTableScene::MeasureBottom(TCanvas& Canvas) {
+  TDecorationList& list = FTable->GetDecorations();
+  constexpr int mostCols = 1000;
+  const int rows = FTable->GetCount();
+  const auto cell = list.DuplicateHead();
+  for (int row = std::max(rows - FFixed.Bottom, std::min(FFixed.Top, rows)); row < rows; ++row) {
+    int height = list.GetMinRowHeight();
+    for (int col = 0; col < std::min(FColumns.GetCount(), mostCols); ++col) {
+      list.VirtualListForCell(col, row, *cell);
+      const TPoint size =
+          DecoratorCanvas().Calculate(Canvas, FTable->GetCell(col, row), FTable->CellObject(col, row), *cell);
+      height = std::max(height, size.Y);
+    }
+    if (FRows.GetSize(row) > 0 && height > 0) FRows.SetSize(row, height + FColumns.GetLine());
   }
 }
 
@@ -113,6 +153,7 @@ void TTableScene::MeasureSample(TCanvas& Canvas) {
   if (rows.CellRows() == 0) return;
   FColumns.SetWidths(sizes.ColWidths);
   TakeHeights(sizes, rows.First());
+  MeasureBottom(Canvas);
   ScrollTo(FOffset);
 }
 
@@ -138,6 +179,7 @@ void TTableScene::FitRows(TCanvas& Canvas) {
   std::vector<int> heights = FTable->TrimDevice(Canvas, {}).RowHeights;
   for (int& height : heights) height = height > 0 ? height + FColumns.GetLine() : 0;
   FRows.SetSizes(heights);
+  FRowsFit = true;
   ScrollTo(FOffset);
 }
 

@@ -48,8 +48,9 @@ class TTableScene {
   void FitColumns(TCanvas& Canvas);
   // One column by all rows.
   void FitColumn(TCanvas& Canvas, int Col);
-  // Each row as high as it asks for; until the next MeasureSample, or until rows change places.
+  // Each row as high as it asks for, until the next MeasureSample, UnfitRows, or rows that come or go.
   void FitRows(TCanvas& Canvas);
+  void UnfitRows();
   TTableColumns& Columns() noexcept { return FColumns; }
   const TTableColumns& Columns() const noexcept { return FColumns; }
   // With its line.
@@ -79,11 +80,16 @@ class TTableScene {
 
  private:
   void TakeHeights(const TTableSizes& Sizes, int Sampled);
+  // Of the fixed rows at the bottom, whose decorations a sample does not meet.
+  void MeasureBottom(TCanvas& Canvas);
+  // So many rows, those that are fixed as high as before, all others alike.
+  void ResetHeights(int Rows, const TRect& Fixed);
 
   TTypeCsv* FTable = nullptr;
   TTableColumns FColumns;
   TTableAxis FRows;
   TRect FFixed;
+  bool FRowsFit = false;
   TPoint FRoom;
   TOffset FOffset;
 };

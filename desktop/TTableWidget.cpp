@@ -43,7 +43,8 @@ void TTableWidget::SetTable(TTypeCsv* Value) {
 }
 
 void TTableWidget::TableChanged() {
-  const bool hadRows = FParts->Scene.GetRowHeight() > 0 && FParts->Scene.End().Y > 0;
+  const bool hadRows = FParts->Scene.RowsView().Axis.GetCount() > 0;
+  FParts->Scene.UnfitRows();
   FParts->Sync();
   if (!hadRows) FParts->Scene.MeasureSample(FParts->Picture.GetCanvas());
   FParts->UpdateBars();
@@ -190,12 +191,19 @@ void TTableWidget::ShowColumnMenu(int Col, QPoint Global) {
   if (taken == &hide) SetColumnHidden(Col, true);
   if (taken == &fit) FitColumn(Col);
   if (taken == &fitAll) FitColumns();
-  for (int col = 0; taken == &showAll && col < columns.GetCount(); ++col) SetColumnHidden(col, false);
+  if (taken == &showAll) {
+    FParts->Scene.Columns().ShowAll();
+    FParts->LayoutChanged();
+  }
   for (int i = first; i < menu.GetCount(); ++i) {
     const int col = static_cast<int>(menu.GetItems(i).GetTag());
     if (taken == &menu.GetItems(i)) SetColumnHidden(col, !columns.GetHidden(col));
   }
 }
+
+bool TTableWidget::GetShowHover() const noexcept { return FParts->ShowHover; }
+
+void TTableWidget::SetShowHover(bool Value) { FParts->ShowHover = Value; }
 
 const String& TTableWidget::GetEmptyText() const noexcept { return FParts->EmptyText; }
 

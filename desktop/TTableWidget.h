@@ -133,7 +133,10 @@ class TTableWidget : public QAbstractScrollArea {
   void Paste();
   void ClearSelected();
 
-  // --- texts ---
+  // --- looks ---
+  // The row of the content under the mouse is the HoverIndex of the decorations, which mark it. True at first.
+  bool GetShowHover() const noexcept;
+  void SetShowHover(bool Value);
   // What stands there while the table has no row of content.
   const String& GetEmptyText() const noexcept;
   void SetEmptyText(const String& Value);

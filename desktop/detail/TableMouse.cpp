@@ -39,7 +39,8 @@ void TTableMouse::Move(QPoint Place) {
   FParts.InvalidateCell(cell);
   TTypeCsv* table = FParts.Scene.GetTable();
   if (table == nullptr) return;
-  const int hover = cell.Y >= table->GetContentTop() && cell.Y < table->GetContentCount() ? cell.Y : -1;
+  const int hover =
+      FParts.ShowHover && cell.Y >= table->GetContentTop() && cell.Y < table->GetContentCount() ? cell.Y : -1;
   const int last = table->GetDecorations().GetHoverIndex();
   if (hover == last) return;
   table->SetHoverIndex(nullptr, hover);

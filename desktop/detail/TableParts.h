@@ -108,6 +108,7 @@ class TTableParts {
   TTableEditing Editing;
   TControl Control;
   TPoint Current{-1, -1};
+  bool ShowHover = true;
   String EmptyText = u"Keine Zeilen";
 };
 

@@ -108,6 +108,9 @@ TEST(TableScene, MeasuresFixedRowsAndTheFirstOnes) {
   for (int i = 0; i < 3000; ++i) table.AddRow({u"1", i == 2500 ? u"Ein sehr langer Name" : u"Meier"});
   table.AddRow({u"", u"Summe aller Zeilen", u"zu viel"});
   table.GetDecorations().SetFixed(0, 1, 0, 1);
+  TFont large;
+  large.Size = 20;
+  table.GetDecorations().CreateRange(rtRow, -1, 3001, -1, 3001)->SetFont(large);
   TRecordingCanvas canvas;
   TTableScene scene;
   scene.SetRoom({400, 100});
@@ -125,8 +128,12 @@ TEST(TableScene, MeasuresFixedRowsAndTheFirstOnes) {
   EXPECT_EQ(scene.CellAt({cell.Left, cell.Bottom - 1}), (TPoint{1, 2500}));
   EXPECT_EQ(cell.Bottom + 1, scene.MiddleRect().Bottom);
   EXPECT_EQ(table.GetDecorations().GetRowCount(), 3002) << "not that of the sample";
+  const int high = scene.CellRect(0, 3001).Height();
+  EXPECT_GT(high, cell.Height());
+  scene.FitRows(canvas);
   table.ClearContent();
   EXPECT_TRUE(scene.Sync());
+  EXPECT_EQ(scene.CellRect(0, 1).Height(), high) << "goes along with the sum";
   EXPECT_EQ(scene.CellAt({5, cell.Height() + 1}), (TPoint{0, 1}));
 }
 

@@ -2,11 +2,14 @@
 
 #include <gtest/gtest.h>
 
+#include <QPainter>
 #include <QScrollBar>
 #include <QSignalSpy>
 #include <QTest>
+#include <QToolTip>
 
 #include "controls/TableScene.h"
+#include "desktop/detail/TablePicture.h"
 #include "platform/TPopupMenu.h"
 #include "tables/uTypeCsv.h"
 #include "tests/support/Cases.h"
@@ -124,6 +127,98 @@ TEST(TTableWidget, HeadsAreDraggedForWidthsAndPlaces) {
   widget.SetLayout(layout);
   EXPECT_EQ(widget.GetLayout(), layout);
   EXPECT_GT(changed.count(), 4);
+}
+
+TEST(TTableWidget, ButtonsAndToolTips) {
+  TShownTable shown(3);
+  TTableWidget& widget = shown.Widget;
+  TDecoration& button = *shown.Table.GetDecorations().CreateRange(rtCell, 3, 2, 3, 2);
+  button.SetFieldType(vftButton);
+  button.SetFormatString(u"|boSquare||anrufen");
+  QSignalSpy clicked(&widget, &TTableWidget::ButtonClicked);
+  shown.Click(shown.Middle(3, 2));
+  shown.Click(shown.Middle(3, 1));
+  shown.Drag(shown.Middle(3, 2), shown.Middle(1, 2));
+  ASSERT_EQ(clicked.count(), 1) << "down and up on the button alone";
+  EXPECT_EQ(clicked[0], (QList<QVariant>{3, 2}));
+  shown.Table.SetCell(1, 3, u"<b>lang & breit</b>");
+  widget.SetColumnWidth(1, 30);
+  const auto tip = [&](int col, int row) {
+    const QPoint at = shown.Middle(col, row);
+    QHelpEvent event(QEvent::ToolTip, at, widget.viewport()->mapToGlobal(at));
+    QCoreApplication::sendEvent(widget.viewport(), &event);
+    return QToolTip::text().toStdString();
+  };
+  EXPECT_EQ(tip(0, 3), "") << "it fits";
+  EXPECT_NE(tip(1, 3).find("&lt;b&gt;lang &amp; breit&lt;/b&gt;"), std::string::npos);
+  EXPECT_NE(tip(3, 2).find("anrufen"), std::string::npos);
+  QTest::mouseMove(widget.viewport(), shown.Middle(1, 2));
+  EXPECT_EQ(shown.Table.GetDecorations().GetHoverIndex(), 2);
+  EXPECT_TRUE(ShowsTheTruth(widget));
+}
+
+TEST(TTableWidget, TablesOfAnyShape) {
+  TCsvView empty, odd, wide;
+  odd.AddRow({u"a", u"b", u"c"});
+  odd.AddRow({u"x"});
+  odd.AddRow({u"1", u"2", u"3", u"4", u"5"});
+  odd.AddRow(std::span<const String>());
+  wide.AddEmpty(20000);
+  wide.AddEmpty(20000);
+  wide.SetCell(19999, 1, u"letzte");
+  odd.SetCell(2, 2, String::FromUtf8(std::string(1000000, 'w')));
+  TTableWidget widget;
+  widget.resize(300, 200);
+  widget.show();
+  for (TCsvView* table : {&empty, &odd, &wide}) {
+    widget.SetTable(table);
+    EXPECT_TRUE(ShowsTheTruth(widget));
+    widget.EnsureVisible(19999, 1);
+    widget.FitColumns();
+    EXPECT_TRUE(ShowsTheTruth(widget));
+    widget.FitRows();
+    QTest::mouseClick(widget.viewport(), Qt::LeftButton, {}, {5, 5});
+    EXPECT_EQ(widget.GetCurrentCell(), widget.CellAt({5, 5}));
+    table->Clear();
+    EXPECT_TRUE(ShowsTheTruth(widget)) << "rows that have gone are not painted";
+    EXPECT_EQ(widget.GetCurrentCell(), (TPoint{-1, -1}));
+  }
+  widget.SetTable(nullptr);
+  EXPECT_TRUE(ShowsTheTruth(widget));
+}
+
+TEST(TablePicture, ScrollsAtEveryScale) {
+  for (const auto& [scale, dx, dy] :
+       TCases<double, int, int>{{1, 3, -7}, {1.5, -4, 6}, {1.5, 3, 1}, {2, 5, 30}, {1.25, 0, 8}}) {
+    detail::TTablePicture picture;
+    TPoint shift;
+    const auto paint = [&](TCanvas& canvas, const TRect& area) {
+      canvas.SetClip(area);
+      for (int x = -40; x < 120; x += 10) {
+        for (int y = -40; y < 120; y += 10) {
+          canvas.SetBrush({static_cast<TColor>((x + 40) << 8 | (y + 40))});
+          canvas.FillRect({x + shift.X, y + shift.Y, x + shift.X + 10, y + shift.Y + 10});
+        }
+      }
+      canvas.ResetClip();
+    };
+    const auto image = [&] {
+      picture.Refresh(paint);
+      QImage result(80 * 2, 80 * 2, QImage::Format_RGB32);
+      result.setDevicePixelRatio(scale);
+      QPainter painter(&result);
+      picture.Show(painter, QRect(0, 0, 80, 80));
+      painter.end();
+      return result.copy(0, 0, static_cast<int>(80 * scale), static_cast<int>(80 * scale));
+    };
+    picture.SetSize({80, 80}, scale, false);
+    image();
+    shift = {dx, dy};
+    picture.Scroll({0, 0, 80, 80}, dx, dy);
+    const QImage scrolled = image();
+    picture.Invalidate();
+    EXPECT_TRUE(scrolled == image()) << scale;
+  }
 }
 
 }  // namespace
