@@ -200,6 +200,18 @@ if [ -x "$programs/stop_watches" ]; then
   grep -q '^+Sortieren *1$' "$dir/watches" || die "a watch is missing"
 fi
 
+if [ -x "$programs/care_office" ]; then
+  say "A year of a care service: 20,000 visits checked, billed and accounted for, and recomputed by another program"
+  mkdir "$dir/office"
+  "$programs/care_office_data" "$dir/office"
+  "$programs/care_office" "$dir/office" | tee "$dir/office.txt"
+  head -n 4 "$dir/office/konten.csv" "$dir/office/briefe.txt"
+  [ "$(grep -c "csv, " "$dir/office.txt")" = 11 ] || die "planted faults were not found"
+  if command -v python3 >/dev/null; then
+    python3 "$data/../care_office_check.py" "$dir/office" || die "the accounts differ"
+  fi
+fi
+
 if [ -n "$drawings" ]; then
   say "Names in ten scripts, drawn by one routine on a picture, for a printer and as SVG"
   if [ -x "$programs/name_list" ]; then
