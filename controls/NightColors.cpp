@@ -68,9 +68,13 @@ TColor NightGround(TColor Color) noexcept {
   if (IsSystem(Color)) return ColorToRGB(Color);
   if (ColorToRGB(Color) == clWhite) return ColorToRGB(clWindow);
   const TLight light = LightOf(Color);
-  const double lightness = LightnessOf(light.Luminance()), middle = 0.5, window = WindowLightness();
+  const double lightness = LightnessOf(light.Luminance()), window = WindowLightness();
+  constexpr double middle = 0.5, lightest = 0.4, tint = 0.2;
   if (lightness <= middle) return ColorToRGB(Color);
-  return WithLightness(light, window + (1 - lightness) / middle * std::max(middle - 0.1 - window, 0.0));
+  // What has a hue is to be told from the window by it, and so a little lighter than what has none.
+  const auto [least, most] = std::minmax({light.Red, light.Green, light.Blue});
+  const double plain = window + (1 - lightness) / middle * std::max(lightest - window, 0.0);
+  return WithLightness(light, std::min(plain + tint * (most - least) / most, std::max(lightest, plain)));
 }
 
 TColor NightLine(TColor Color) noexcept {
