@@ -169,7 +169,7 @@ bool TTableHistory::DeleteRows(std::span<const int> Rows) {
   std::vector<TVxStringList*> rows;
   for (const int row : Rows) rows.push_back(FTable.GetLines(row));
   std::ranges::sort(rows);
-  rows.erase(std::ranges::unique(rows).begin(), rows.end());
+  rows.erase(std::unique(rows.begin(), rows.end()), rows.end());
   if (rows.empty()) return false;
   const TPlaces places = detail::FindRows(FTable, {rows.begin(), rows.end()});
   OpenStep().AddRows({std::move(rows), {}, true}).TakeOut(FTable, places);

@@ -28,7 +28,7 @@ struct TBlock {
     }
     for (std::vector<int>* places : {&Rows, &Cols}) {
       std::ranges::sort(*places);
-      places->erase(std::ranges::unique(*places).begin(), places->end());
+      places->erase(std::unique(places->begin(), places->end()), places->end());
     }
   }
 
