@@ -72,7 +72,7 @@ double ScrollFrame(QAbstractScrollArea& Area, int Step) {
 }
 
 struct TFrames {
-  double First, Line, Page, Key, Date, Name, Fit;
+  double First, Line, Page, Key, Date, Name, Fit, FitSorted;
 };
 
 // Widths that fill the screen, so that there is no less to paint than there can be.
@@ -107,12 +107,16 @@ TFrames MeasureOurs(TCsvView& Table) {
   }
   result.Key = *std::max_element(keys.begin(), keys.end());
   Expect(Table.GetCount() == Table.GetAllCount(), "all rows are back");
+  const auto fit = [&] {
+    return Time([&] {
+      widget->FitColumns();
+      widget->viewport()->repaint();
+    });
+  };
+  result.Fit = fit();
   result.Date = frame([&] { Table.Sort(kDateCol, 0, TS_NONE, u"yyyymmdd"); });
   result.Name = frame([&] { Table.Sort(kNameCol, 0); });
-  result.Fit = Time([&] {
-    widget->FitColumns();
-    widget->viewport()->repaint();
-  });
+  result.FitSorted = fit();  // rows that lie anywhere in memory
   widget->SetTable(nullptr);
   return result;
 }
@@ -180,6 +184,7 @@ void TellAll(const TFrames& Ours, const TFrames& View, const TFrames& Widget) {
   if (View.Date > 0 || Widget.Name == 0) Tell("sort_date", Ours.Date, View.Date, 0, 500);
   Tell("sort_name", Ours.Name, View.Name, Widget.Name, 500);
   Tell("fit_columns", Ours.Fit, 0, Widget.Fit, 500);
+  if (Widget.Fit == 0 && View.First == 0) Tell("fit_columns_after_sort", Ours.FitSorted, 0, 0, 500);
 }
 
 void MeasureMemory(const TCsvView& Table, double Bare) {
