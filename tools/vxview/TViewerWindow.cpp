@@ -4,23 +4,24 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileDialog>
-#include <QMenuBar>
 #include <QMimeData>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
 #include "desktop/QtValues.h"
+#include "objects/uVxClasses/TVxStringList.h"
 #include "platform/Dialogs.h"
 #include "platform/NumberMasks.h"
 #include "platform/Paths.h"
 #include "platform/Text.h"
 #include "platform/UserMessages.h"
+#include "tools/vxview/SelectionSum.h"
 
 namespace vx::vxview {
 
 namespace {
 
-const String kLayout = u"Spalten", kGeometry = u"Lage", kName = u"Tabellen";
+const String kLayout = u"Spalten", kFilter = u"Filter", kGeometry = u"Lage";
 const QString kFilters = QStringLiteral("Tabellen (*.csv *.txt *.vxt *.tab *.tsv);;Alle Dateien (*)");
 
 bool AsksYes(const String& Text) { return MessageDlg(Text, mtConfirmation, {mbYes, mbNo}) == mrYes; }
@@ -34,6 +35,7 @@ TViewerWindow::TViewerWindow(const String& SettingsPath)
       FFilter(new TFilterWidget),
       FTable(new TTableWidget),
       FLoader(new TTableLoader),
+      FFind(new TFindBar(*FTable)),
       FStatus(new QLabel) {
   constexpr int kLookMilliseconds = 2000;
   auto* centre = new QWidget;
@@ -43,13 +45,24 @@ TViewerWindow::TViewerWindow(const String& SettingsPath)
   column->addWidget(FLoader);
   column->addWidget(FFilter);
   column->addWidget(FTable, 1);
+  column->addWidget(FFind);
   setCentralWidget(centre);
   statusBar()->addPermanentWidget(FStatus, 1);
   setAcceptDrops(true);
   resize(1000, 640);
   restoreGeometry(QByteArray::fromHex(ToQt(FSettings.Read({}, kGeometry)).toLatin1()));
-  MakeActions();
-  connect(FFilter, &TFilterWidget::Filtered, this, &TViewerWindow::UpdateStatus);
+  MakeFileMenu();
+  MakeEditMenu();
+  constexpr int kSumMilliseconds = 60;
+  FStatusTimer.setSingleShot(true);
+  FStatusTimer.setInterval(kSumMilliseconds);
+  connect(&FStatusTimer, &QTimer::timeout, this, &TViewerWindow::UpdateStatus);
+  const auto later = [this] { FStatusTimer.start(); };
+  connect(FFilter, &TFilterWidget::Filtered, this, later);
+  connect(FTable, &TTableWidget::SelectionChanged, this, later);
+  connect(FTable, &TTableWidget::Edited, this, &TViewerWindow::UpdateTitle);
+  connect(FTable, &TTableWidget::Edited, this, later);
+  connect(FTable, &TTableWidget::Refused, this, [this](const QString& text) { statusBar()->showMessage(text, 8000); });
   FLookTimer.setInterval(kLookMilliseconds);
   connect(&FLookTimer, &QTimer::timeout, this, &TViewerWindow::LookAtFile);
   UpdateTitle();
@@ -58,18 +71,6 @@ TViewerWindow::TViewerWindow(const String& SettingsPath)
 TViewerWindow::~TViewerWindow() {
   FFilter->SetTable(nullptr);
   FTable->SetTable(nullptr);
-}
-
-void TViewerWindow::MakeActions() {
-  QMenu* file = menuBar()->addMenu(QStringLiteral("&Datei"));
-  file->addAction(QStringLiteral("Ö&ffnen …"), QKeySequence::Open, this, [this] {
-    const QString path = QFileDialog::getOpenFileName(this, QStringLiteral("Tabelle öffnen"), {}, kFilters);
-    if (!path.isEmpty()) Open(FromQt(path));
-  });
-  file->addAction(QStringLiteral("&Speichern"), QKeySequence::Save, this, [this] { Save(); });
-  file->addAction(QStringLiteral("Speichern &unter …"), QKeySequence::SaveAs, this, [this] { SaveAs(); });
-  file->addSeparator();
-  file->addAction(QStringLiteral("&Beenden"), QKeySequence::Quit, this, &QWidget::close);
 }
 
 // --- opening ---
@@ -112,8 +113,9 @@ void TViewerWindow::Show(const String& Path, TLoadedTable Loaded) {
     ShowWarning(UserMessage(e));
   }
   FTable->SetTable(FView.get());
-  FTable->SetLayout(FSettings.Read(Path, kLayout));
+  FTable->SetHistory(FHistory.get());
   FFilter->SetTable(FTable);
+  TakeRemembered();
   FTable->setFocus();
   FSettings.Opened(Path);
   FLookTimer.start();
@@ -134,10 +136,10 @@ void TViewerWindow::dropEvent(QDropEvent* Event) {
 
 // --- saving ---
 
-bool TViewerWindow::Save() { return FView && SaveTo(FPath, FForm, true); }
+bool TViewerWindow::Save() { return FView && FTable->EndEdit(true) && SaveTo(FPath, FForm, true); }
 
 bool TViewerWindow::SaveAs() {
-  if (!FView) return false;
+  if (!FView || !FTable->EndEdit(true)) return false;
   const QString name = QFileDialog::getSaveFileName(this, QStringLiteral("Tabelle speichern"), ToQt(FPath), kFilters);
   return !name.isEmpty() && SaveTo(FromQt(name), FForm, FromQt(name) == FPath);
 }
@@ -175,6 +177,7 @@ bool TViewerWindow::SaveTo(const String& Path, const TFileForm& Form, bool IsSam
 }
 
 bool TViewerWindow::MayLeave() {
+  if (FTable->GetEditor() && !FTable->EndEdit(true)) return false;
   if (!IsChanged()) return true;
   const TModalResult answer = MessageDlg(
       Concat({u"Die Änderungen an\r\n", FPath, u"\r\nsind nicht gespeichert. Sollen sie gespeichert werden?"}),
@@ -194,7 +197,23 @@ void TViewerWindow::closeEvent(QCloseEvent* Event) {
 // --- what is shown ---
 
 void TViewerWindow::Remember() {
-  if (FView) FSettings.Write(FPath, kLayout, FTable->GetLayout());
+  if (!FView) return;
+  TVxStringList values;
+  TVxFilterItems& items = FFilter->Bar().GetItems();
+  for (int i = 0; i < items.GetCount(); ++i) values.Add(items.Get(i).GetValue());
+  FSettings.Write(FPath, kLayout, FTable->GetLayout());
+  FSettings.Write(FPath, kFilter, values.GetCommatext());
+  FSettings.Store();
+}
+
+void TViewerWindow::TakeRemembered() {
+  FTable->SetLayout(FSettings.Read(FPath, kLayout));
+  TVxStringList values;
+  values.SetCommatext(FSettings.Read(FPath, kFilter));
+  TVxFilterItems& items = FFilter->Bar().GetItems();
+  for (int i = 0; i < std::min(items.GetCount(), values.GetCount()); ++i) {
+    if (!values.Get(i).empty()) items.Get(i).SetValue(values.Get(i));
+  }
 }
 
 void TViewerWindow::UpdateTitle() {
@@ -207,7 +226,9 @@ void TViewerWindow::UpdateStatus() {
   if (!FView) return FStatus->clear();
   const int head = FView->GetContentTop(), shown = FView->GetContentCount() - head;
   const int all = FView->GetAllCount() - head;
-  FStatus->setText(ToQt(Concat({Counted(shown), u" von ", Counted(all), u" Zeilen"})));
+  const String selected = SelectionText(*FView, FTable->GetSelection(), FTable->GetShownColumns());
+  FStatus->setText(
+      ToQt(Concat({Counted(shown), u" von ", Counted(all), u" Zeilen", selected.empty() ? u"" : u"   ", selected})));
 }
 
 // Another program was at the file.

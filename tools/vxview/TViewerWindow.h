@@ -3,11 +3,13 @@
 
 #include <QLabel>
 #include <QMainWindow>
+#include <QTimer>
 #include <memory>
 
 #include "controls/TableEditing.h"
 #include "desktop/TFilterWidget.h"
 #include "desktop/TTableWidget.h"
+#include "tools/vxview/TFindBar.h"
 #include "tools/vxview/TTableLoader.h"
 #include "tools/vxview/ViewerSettings.h"
 
@@ -41,7 +43,9 @@ class TViewerWindow : public QMainWindow {
   void dropEvent(QDropEvent* Event) override;
 
  private:
-  void MakeActions();
+  void MakeFileMenu();
+  void MakeEditMenu();
+  void ShowLastFiles(QMenu& Menu);
   void Load(const String& Path);
   void Show(const String& Path, TLoadedTable Loaded);
   void Failed(const String& Text);
@@ -49,6 +53,9 @@ class TViewerWindow : public QMainWindow {
   bool IsChanged() const noexcept { return FHistory && FHistory->IsChanged(); }
   bool SaveTo(const String& Path, const TFileForm& Form, bool IsSameFile);
   void Remember();
+  void TakeRemembered();
+  void Export();
+  void Print(bool IsPreview);
   void UpdateTitle();
   void UpdateStatus();
   void LookAtFile();
@@ -62,8 +69,9 @@ class TViewerWindow : public QMainWindow {
   TFilterWidget* FFilter;
   TTableWidget* FTable;
   TTableLoader* FLoader;
+  TFindBar* FFind;
   QLabel* FStatus;
-  QTimer FLookTimer;
+  QTimer FLookTimer, FStatusTimer;
 };
 
 }  // namespace vx::vxview
