@@ -202,7 +202,7 @@ TEST(TablePicture, ScrollsAtEveryScale) {
       }
       canvas.ResetClip();
     };
-    const auto image = [&] {
+    const auto image = [&, scale = scale] {
       picture.Refresh(paint);
       QImage result(80 * 2, 80 * 2, QImage::Format_RGB32);
       result.setDevicePixelRatio(scale);

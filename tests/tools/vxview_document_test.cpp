@@ -33,9 +33,12 @@ TEST_F(Document, ComesBackByItsOwnRules) {
 }
 
 TEST_F(Document, TypesAreGuessedOrTold) {
-  const String path = Write("a.csv", "Name,Geboren\r\nA,04.05.1944\r\nB,01.02.1950\r\n");
-  EXPECT_EQ(LoadTable(path, {}, state).View->GetDecorations().VirtualListForCell(1, 1)->Compress()->GetFieldType(),
-            vftDate);
+  const String path = Write("a.csv", "PLZ,Geboren,Grad\r\n53111,04.05.1944,2\r\n01067,01.02.1950,3\r\n");
+  const TLoadedTable plain = LoadTable(path, {}, state);
+  TDecorationList& guessed = plain.View->GetDecorations();
+  for (const auto& [col, type] : TCases<int, TVxFieldType>{{0, vftString}, {1, vftDate}, {2, vftInteger}}) {
+    EXPECT_EQ(guessed.VirtualListForCell(col, 1)->Compress()->GetFieldType(), type) << col;
+  }
   TDecorationList look;
   look.SetTitle(u"Geburtstage");
   Write("a.look", GetSystemCodePage().Encode(look.GetCommatext()));

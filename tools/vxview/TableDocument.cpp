@@ -97,6 +97,17 @@ TVxFieldType TypeOf(const vxtab::TTypeCounts& Counts) {
   return int64_t{most.second} * 100 >= filled * kInHundred ? most.first : vftString;
 }
 
+// Digits that are no numbers: postcodes and the like, which an editor of numbers would rewrite.
+bool HasCodes(const TFileCsv& Table, int Col) {
+  constexpr int kMostDigits = 9;
+  return std::ranges::any_of(Table.Items(), [&](TObject* row) {
+    const auto cells = static_cast<TVxStringList*>(row)->Items();
+    if (static_cast<size_t>(Col) >= cells.size()) return false;
+    const String& cell = cells[static_cast<size_t>(Col)];
+    return cell.size() > kMostDigits || (cell.size() > 1 && cell[0] == u'0');
+  });
+}
+
 // Every column gets the type of its cells, found in some thousand rows from all over the table.
 void GuessTypes(TCsvView& View) {
   constexpr int kMostRows = 4000;
@@ -107,7 +118,7 @@ void GuessTypes(TCsvView& View) {
   const auto counts = vxtab::CountTypes(sample, 0);
   for (int col = 0; col < static_cast<int>(counts.size()); ++col) {
     const TVxFieldType type = TypeOf(counts[static_cast<size_t>(col)]);
-    if (type == vftString) continue;
+    if (type == vftString || (type == vftInteger && HasCodes(sample, col))) continue;
     View.GetDecorations().CreateRange(rtColumn, col, -1, col, -1)->SetFieldType(type);
   }
 }
