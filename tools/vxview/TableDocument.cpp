@@ -132,6 +132,8 @@ void GuessLook(TCsvView& View) {
   options.Include(dloGridLines);
   look.SetOptions(options);
   look.SetZebraLines(2);
+  look.SetMarginHoriz(4);
+  look.SetMarginVerti(2);
   GuessTypes(View);
 }
 

@@ -29,16 +29,22 @@ int main(int argc, char** argv) {
   }
   const QApplication application(argc, argv);
   QApplication::setApplicationName(QStringLiteral("vxview"));
+  QApplication::setApplicationVersion(QStringLiteral(VX_VERSION));
   QCommandLineParser parser;
   parser.setApplicationDescription(QStringLiteral("Zeigt, filtert, sortiert und ändert Tabellen."));
   parser.addHelpOption();
+  parser.addVersionOption();
   parser.addPositionalArgument(QStringLiteral("DATEI"), QStringLiteral("die Tabelle"), QStringLiteral("[DATEI]"));
   const QCommandLineOption picture(QStringLiteral("picture"),
                                    QStringLiteral("Legt ein Bild des Fensters ab und endet."), QStringLiteral("BILD"));
   parser.addOption(picture);
+  const QCommandLineOption settings(QStringLiteral("settings"),
+                                    QStringLiteral("Wo steht, was sich das Programm merkt."), QStringLiteral("INI"));
+  parser.addOption(settings);
   parser.process(application);
   vx::InstallDesktop();
-  vx::vxview::TViewerWindow window(vx::vxview::TViewerSettings::DefaultPath());
+  vx::vxview::TViewerWindow window(parser.isSet(settings) ? vx::FromQt(parser.value(settings))
+                                                          : vx::vxview::TViewerSettings::DefaultPath());
   if (parser.isSet(picture)) {
     QObject::connect(&window, &vx::vxview::TViewerWindow::Settled, [&] {
       QTimer::singleShot(300, [&] { QApplication::exit(window.grab().save(parser.value(picture)) ? 0 : 1); });
