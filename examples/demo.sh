@@ -247,4 +247,17 @@ if [ -n "$drawings" ]; then
   fi
 fi
 
+viewer=$(dirname "$vxtab")/vxview
+if [ -x "$viewer" ] && [ -n "$drawings" ]; then
+  say "The viewer"
+  if [ -n "${DISPLAY:-}${WAYLAND_DISPLAY:-}" ]; then
+    echo "start it: $viewer $data/dienstplan.txt"
+  elif command -v xvfb-run >/dev/null; then
+    xvfb-run -a "$viewer" --settings "$dir/vxview.ini" --picture "$drawings/vxview.png" "$data/dienstplan.txt"
+    echo "in $drawings/vxview.png"
+  else
+    echo "skipped: xvfb-run is missing"
+  fi
+fi
+
 say "All comparisons agree"
