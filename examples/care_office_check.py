@@ -43,8 +43,12 @@ def elapsed(begin, end):
 
 def night(begin, end):
     """Minutes between 20:00 and 6:00, counted one by one as time that passed."""
+    count = elapsed(begin, end)
+    if timedelta(minutes=count) == end - begin:
+        first = begin.hour * 60 + begin.minute
+        return sum(not 360 <= minute % 1440 < 1200 for minute in range(first, first + count))
     minutes, at = 0, begin.replace(tzinfo=ZONE).astimezone(ZoneInfo("UTC"))
-    for _ in range(elapsed(begin, end)):
+    for _ in range(count):
         minutes += not 6 <= at.astimezone(ZONE).hour < 20
         at += timedelta(minutes=1)
     return minutes
