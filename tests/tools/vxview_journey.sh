@@ -37,13 +37,13 @@ cp "$data/dienstplan.txt" "$plan"
 start() {
   "$vxview" --settings "$dir/vxview.ini" "$plan" 2>"$dir/errors" &
   viewer=$!
-  window=$(timeout 20 xdotool search --sync --onlyvisible --name plan.txt | head -1)
+  window=$(timeout 40 xdotool search --sync --onlyvisible --name plan.txt | head -1)
   [ -n "$window" ] || die "no window has come"
   xdotool windowactivate --sync "$window"
-  sleep 1
+  sleep 1.5
 }
 picture() { sleep 0.4; import -window root "$pictures/$1.png"; }
-keys() { for key in "$@"; do xdotool key --window "$window" "$key"; sleep 0.1; done; }
+keys() { for key in "$@"; do xdotool key --window "$window" "$key"; sleep 0.15; done; }
 text() { iconv -f WINDOWS-1252 -t UTF-8 "$1"; }
 
 start
@@ -61,14 +61,14 @@ keys shift+Tab Right Right Right Right
 xdotool type --delay 80 Tim
 picture 5-filtering
 keys Return ctrl+s
-for _ in $(seq 50); do text "$plan" | grep -q '05\.03\.2026' && break; sleep 0.1; done
+for _ in $(seq 200); do text "$plan" | grep -q '05\.03\.2026' && break; sleep 0.1; done
 picture 6-saved
 text "$plan" | grep -q '^05\.03\.2026;' || die "the date is not in the file"
 [ "$(text "$plan" | sed '1d;s/^[^;]*;//' | sort)" = "$(text "$data/dienstplan.txt" | sed '1d;s/^[^;]*;//' | sort)" ] ||
   die "something else than the date was changed"
 [ "$(text "$plan" | grep -c '^05\.03\.2026;')" = 1 ] || die "more than one date was changed"
 xdotool key alt+F4
-for _ in $(seq 50); do kill -0 "$viewer" 2>/dev/null || break; sleep 0.1; done
+for _ in $(seq 200); do kill -0 "$viewer" 2>/dev/null || break; sleep 0.1; done
 kill -0 "$viewer" 2>/dev/null && die "the window did not close"
 viewer=
 grep -q 'plan.txt' "$dir/vxview.ini" || die "the settings do not know the file"
