@@ -234,9 +234,9 @@ void TViewerWindow::UpdateStatus() {
 // Another program was at the file.
 void TViewerWindow::LookAtFile() {
   const TFileStamp stamp = StampOf(FPath);
-  if (!FView || FLoader->IsLoading() || stamp == FStamp || QApplication::activeModalWidget()) return;
-  FStamp = stamp.Size < 0 ? FStamp : stamp;
-  if (stamp.Size < 0) return;
+  const bool isKnown = stamp.Size < 0 || stamp == FStamp || stamp == FDeclined;
+  if (!FView || FLoader->IsLoading() || isKnown || QApplication::activeModalWidget()) return;
+  FDeclined = stamp;  // is not offered again; saving still asks, for FStamp is what was read
   const String text = Concat({u"Die Datei\r\n", FPath,
                               u"\r\nist von einem anderen Programm geändert worden. Soll sie neu gelesen werden?",
                               IsChanged() ? u"\r\n\r\nDie eigenen Änderungen gehen dabei verloren." : u""});

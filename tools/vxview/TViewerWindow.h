@@ -65,7 +65,8 @@ class TViewerWindow : public QMainWindow {
   std::unique_ptr<TTableHistory> FHistory;
   String FPath;
   TFileForm FForm;
-  TFileStamp FStamp;
+  TFileStamp FStamp;     // of what was read or written
+  TFileStamp FDeclined;  // of what another program wrote, when reloading was offered
   TFilterWidget* FFilter;
   TTableWidget* FTable;
   TTableLoader* FLoader;
